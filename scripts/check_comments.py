@@ -1,0 +1,82 @@
+#!/usr/bin/env python3
+"""Lists public declarations of headers that no comment explains, and fails when there is one.
+
+A declaration is explained by a `///` line above it, by `///<` on its line, or by the comment of the block of declarations
+(lines without a blank line between) that it stands in. Overrides, destructors, defaulted and deleted members, friends,
+constructors of the class that its comment describes when they take nothing, and forward declarations need none.
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+EXEMPT = re.compile(
+    r"override|= default|= delete|^friend\b|^using namespace|^virtual ~|^~|^(public|protected|private):|^(class|struct|enum class) \w+;"
+    r"|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b"
+)
+
+
+class Scope:
+    def __init__(self, kind: str, public: bool):
+        self.kind = kind  # namespace, class, enum, other
+        self.public = public
+
+
+def opened(line: str) -> Scope:
+    if re.match(r"(inline )?namespace\b|extern \"C\"", line):
+        return Scope("namespace", not re.match(r"namespace (detail|\{)", line))
+    if re.match(r"(typedef )?enum\b", line):
+        return Scope("enum", True)
+    if re.match(r"class\b|template.*\bclass \w+.*\{$", line):
+        return Scope("class", False)
+    if re.match(r"(typedef )?(struct|union)\b", line):
+        return Scope("class", True)
+    return Scope("other", False)
+
+
+def faults_of(path: pathlib.Path) -> list[str]:
+    faults = []
+    scopes: list[Scope] = []
+    explained = False  # the current block of lines began with a comment
+    statement = ""  # a declaration that goes on over several lines
+    for number, raw in enumerate(path.read_text().splitlines(), 1):
+        line = raw.strip()
+        visible = all(s.kind in ("namespace", "class") and s.public for s in scopes)
+        if not line:
+            if not statement:
+                explained = False
+            continue
+        if line.startswith("///") or line.startswith("/**"):
+            explained = True
+            continue
+        label = re.match(r"(public|protected|private):", line)
+        if label and scopes and scopes[-1].kind == "class":
+            scopes[-1].public = label.group(1) == "public"
+            explained = False
+            continue
+        code = re.sub(r"//.*|\"(\\.|[^\"])*\"", "", line)
+        begins = not statement
+        if visible and begins and not EXEMPT.search(line) and not explained and "///<" not in line and re.search(r"\w", code):
+            faults.append(f"{path}:{number}: {line}")
+        statement = "" if re.search(r"[;{}]\s*$|:$", code) or EXEMPT.match(line) and not code.endswith((",", "(")) else statement + code
+        for char in re.findall(r"[{}]", code):
+            if char == "{":
+                scopes.append(opened(line))
+            elif scopes:
+                scopes.pop()
+        if code.endswith("{") or code.startswith("}"):
+            explained = False if code.endswith("{") else explained
+    return faults
+
+
+def main() -> int:
+    names = subprocess.run(
+        ["git", "ls-files", "-co", "--exclude-standard", "src/*.h", "tools/*.h", "tests/*.h", "bench/*.h"], capture_output=True, text=True
+    ).stdout.split()
+    faults = [fault for name in names for fault in faults_of(pathlib.Path(name))]
+    print("\n".join(faults + [f"public declarations without a comment: {len(faults)}"]))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
