@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "sound_buffer.h"
+
+namespace grub {
+
+/// Makes sounds and plays them. `init` and `shutdown` come from the window's thread, all else from the game thread.
+class AudioDevice {
+public:
+    virtual ~AudioDevice() = default;
+    /// Opens the sound output. False after a message box that names what failed; the game then goes on without sound.
+    virtual bool init() = 0;
+    /// Ends all playing and closes the output. Always true.
+    virtual bool shutdown() = 0;
+    /// Whether the output is open.
+    [[nodiscard]] virtual bool isReady() const = 0;
+    /// An empty sound, for an effect or for music.
+    [[nodiscard]] virtual std::unique_ptr<SoundBuffer> createSound() = 0;
+    [[nodiscard]] virtual std::unique_ptr<SoundBuffer> createMusic() = 0;
+    /// Plays from the start, once or round and round. False when the sound is empty or too many streams play.
+    virtual bool play(SoundBuffer& sound, bool loop) = 0;
+    virtual bool playLooped(SoundBuffer& sound) = 0;
+    /// Ends the playing of one sound. False when it was not playing.
+    virtual bool stop(SoundBuffer& sound) = 0;
+    virtual bool stopMusic(SoundBuffer& sound) = 0;
+};
+
+}  // namespace grub

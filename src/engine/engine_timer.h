@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+namespace grub {
+
+/// What a timer calls when an interval has passed.
+class TimerCallback {
+public:
+    virtual ~TimerCallback() = default;
+    /// Called on the thread that ticks the timer. It may stop the timer or start it again, but not destroy it.
+    virtual void invoke() = 0;
+};
+
+/// A callback that calls `action()`, usually a lambda over a scene.
+template <class Action>
+[[nodiscard]] std::unique_ptr<TimerCallback> makeCallback(Action action) {
+    class Bound final : public TimerCallback {
+    public:
+        explicit Bound(Action bound) : action_(std::move(bound)) {}
+        void invoke() override { action_(); }
+
+    private:
+        Action action_;
+    };
+    return std::make_unique<Bound>(std::move(action));
+}
+
+/// Fires its callback once for every whole interval of the performance counter, catching up after a slow pass. It never
+/// fires by itself: its owner, on the game thread, calls `tick` in each pass of its loop.
+class Timer {
+public:
+    /// Interval in milliseconds. The timer is not running yet.
+    explicit Timer(std::uint32_t intervalMs);
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+    ~Timer();
+
+    /// Runs with this callback from now on; null changes nothing. On a running timer only the callback is replaced: the
+    /// interval that has begun goes on. An interval too short for the counter (0, for one) stops the timer for good.
+    void start(std::unique_ptr<TimerCallback> callback);
+    /// Destroys the callback and forgets the interval that has begun.
+    void stop();
+    /// Fires as often as whole intervals have passed since the last firing; what is left over counts for the next one.
+    void tick();
+    /// Whether `tick` may fire.
+    [[nodiscard]] bool isRunning() const { return callback_ != nullptr; }
+
+private:
+    std::shared_ptr<TimerCallback> callback_;  // shared with the call in progress, which may replace it
+    std::uint32_t period_ = 0;                 // counter ticks
+    const std::uint32_t interval_;             // milliseconds
+    std::uint32_t remainder_ = 0;              // counter ticks beyond the last whole period
+    const std::uint64_t ticksPerMs_;
+    std::int64_t last_ = 0;  // counter when the timer last fired or was started
+};
+
+/// The running timers of the process, in order of their start. Does not own them. Game thread only.
+class TimerList {
+public:
+    /// The one list, made on first use and never destroyed.
+    static TimerList& instance();
+
+    TimerList();
+    TimerList(const TimerList&) = delete;
+    TimerList& operator=(const TimerList&) = delete;
+    ~TimerList();
+
+    /// Appends the timer; without memory for the entry it stays unlisted.
+    void add(Timer& timer);
+    /// Takes out every entry of this timer and tells how many there were.
+    std::size_t remove(const Timer& timer);
+    /// Ticks each timer in list order. The callbacks may start and stop any timer.
+    void tickAll();
+    /// Number of entries.
+    [[nodiscard]] std::size_t size() const { return size_; }
+
+private:
+    struct Node;
+
+    void unlink(Node* node);
+
+    Node* const sentinel_;  // closes the ring: its neighbours are the first and the last entry
+    Node* upcoming_;        // entry that tickAll visits next
+    std::size_t size_ = 0;
+};
+
+}  // namespace grub
