@@ -1,0 +1,331 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// The part of Win32 that the game calls, with its documented meaning, on every platform. Where this layer knowingly
+/// does less than the original, the comment says so. Nothing is declared here that nobody calls (docs/platform.md).
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Types
+
+/// Widths as on Windows: LONG and DWORD have 32 bits, the parameters of a message are as wide as a pointer.
+using BYTE = std::uint8_t;
+using WORD = std::uint16_t;
+using DWORD = std::uint32_t;
+using UINT = std::uint32_t;
+using ULONG = std::uint32_t;
+using LONG = std::int32_t;
+using BOOL = int;
+using ATOM = WORD;
+using HRESULT = LONG;
+using WPARAM = std::uintptr_t;
+using LPARAM = std::intptr_t;
+using LRESULT = std::intptr_t;
+using LONG_PTR = std::intptr_t;
+using LPSTR = char*;
+using LPCSTR = const char*;
+using LPVOID = void*;
+
+inline constexpr BOOL FALSE = 0;
+inline constexpr BOOL TRUE = 1;
+
+/// Handles are opaque: numbers in the clothes of pointers, never reused, so a stale one is refused and not followed.
+using HANDLE = void*;
+using HINSTANCE = struct HINSTANCE__*;
+using HWND = struct HWND__*;
+using HICON = struct HICON__*;
+using HCURSOR = HICON;
+using HBRUSH = struct HBRUSH__*;
+using HMENU = struct HMENU__*;
+using HKEY = struct HKEY__*;
+
+/// What CreateFileA gives on failure; every other call that makes a handle gives null.
+inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_t{-1});
+
+/// Calling conventions of the original; here there is only one.
+#define WINAPI
+#define CALLBACK
+
+/// A result is a failure when its top bit is set.
+constexpr bool FAILED(HRESULT result) { return result < 0; }
+constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
+
+inline constexpr HRESULT S_OK = 0;
+inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
+inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
+
+/// A point and a rectangle in pixels; right and bottom lie outside.
+struct POINT {
+    LONG x, y;
+};
+struct RECT {
+    LONG left, top, right, bottom;
+};
+
+/// A 64-bit number; the original's halves are not offered.
+union LARGE_INTEGER {
+    std::int64_t QuadPart;
+};
+
+/// The low and high half of a 32-bit word.
+constexpr WORD LOWORD(std::uintptr_t value) { return static_cast<WORD>(value & 0xFFFFU); }
+constexpr WORD HIWORD(std::uintptr_t value) { return static_cast<WORD>((value >> 16U) & 0xFFFFU); }
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Windows and messages
+
+/// Handles one message of a window, on the thread that created it.
+using WNDPROC = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+struct WNDCLASSEXA {
+    UINT cbSize;
+    UINT style;
+    WNDPROC lpfnWndProc;
+    int cbClsExtra;
+    int cbWndExtra;
+    HINSTANCE hInstance;
+    HICON hIcon;
+    HCURSOR hCursor;
+    HBRUSH hbrBackground;
+    LPCSTR lpszMenuName;
+    LPCSTR lpszClassName;
+    HICON hIconSm;
+};
+
+/// What WM_CREATE's lParam points at; only the creation parameter is filled with the caller's value, the rest describes
+/// the window as it was asked for.
+struct CREATESTRUCTA {
+    LPVOID lpCreateParams;
+    HINSTANCE hInstance;
+    HMENU hMenu;
+    HWND hwndParent;
+    int cy, cx, y, x;
+    LONG style;
+    LPCSTR lpszName;
+    LPCSTR lpszClass;
+    DWORD dwExStyle;
+};
+
+struct MSG {
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    DWORD time;
+    POINT pt;
+};
+
+/// Class styles. Without CS_DBLCLKS a fast second press is an ordinary press.
+inline constexpr UINT CS_DBLCLKS = 0x0008;
+inline constexpr UINT CS_OWNDC = 0x0020;
+
+/// Window styles. They decide the size of the client area; whether the picture fills the screen is the device's choice.
+inline constexpr DWORD WS_POPUP = 0x80000000U;
+inline constexpr DWORD WS_CAPTION = 0x00C00000U;
+inline constexpr DWORD WS_BORDER = 0x00800000U;
+inline constexpr DWORD WS_SYSMENU = 0x00080000U;
+inline constexpr DWORD WS_MINIMIZEBOX = 0x00020000U;
+inline constexpr DWORD WS_EX_TOPMOST = 0x00000008U;
+
+/// Messages that the layer produces. Middle buttons never arrive.
+inline constexpr UINT WM_CREATE = 0x0001;
+inline constexpr UINT WM_DESTROY = 0x0002;
+inline constexpr UINT WM_PAINT = 0x000F;
+inline constexpr UINT WM_CLOSE = 0x0010;
+inline constexpr UINT WM_QUIT = 0x0012;
+inline constexpr UINT WM_ERASEBKGND = 0x0014;
+inline constexpr UINT WM_KEYDOWN = 0x0100;
+inline constexpr UINT WM_KEYUP = 0x0101;
+inline constexpr UINT WM_SYSKEYDOWN = 0x0104;
+inline constexpr UINT WM_MOUSEMOVE = 0x0200;
+inline constexpr UINT WM_LBUTTONDOWN = 0x0201;
+inline constexpr UINT WM_LBUTTONUP = 0x0202;
+inline constexpr UINT WM_LBUTTONDBLCLK = 0x0203;
+inline constexpr UINT WM_RBUTTONDOWN = 0x0204;
+inline constexpr UINT WM_RBUTTONUP = 0x0205;
+inline constexpr UINT WM_RBUTTONDBLCLK = 0x0206;
+inline constexpr UINT WM_MBUTTONDOWN = 0x0207;
+inline constexpr UINT WM_MBUTTONUP = 0x0208;
+/// From here on the numbers are the program's own.
+inline constexpr UINT WM_USER = 0x0400;
+
+/// Virtual keys that are not a letter or a digit (those are their upper-case ASCII codes).
+inline constexpr UINT VK_RETURN = 0x0D;
+inline constexpr UINT VK_ESCAPE = 0x1B;
+inline constexpr UINT VK_SPACE = 0x20;
+inline constexpr UINT VK_LEFT = 0x25;
+inline constexpr UINT VK_UP = 0x26;
+inline constexpr UINT VK_RIGHT = 0x27;
+inline constexpr UINT VK_DOWN = 0x28;
+
+/// Registers a window class; 0 when it has no name or no procedure. Registering the same name again replaces the class.
+ATOM RegisterClassExA(const WNDCLASSEXA* windowClass);
+/// Creates a hidden window, owned by the calling thread (the one that first used the layer's windows), and sends it
+/// WM_CREATE. `className` is a name or a class atom (MAKEINTRESOURCEA). Sizes are outer sizes in pixels; parent and
+/// menu must be null. Null when the class is unknown, the system refuses, or WM_CREATE answers -1.
+HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
+                     HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter);
+/// Shows the window for SW_SHOW. Whether it was visible before.
+BOOL ShowWindow(HWND window, int command);
+inline constexpr int SW_SHOW = 5;
+/// Destroys a window of the calling thread: answers every waiting SendMessageA with 0, then sends WM_DESTROY.
+BOOL DestroyWindow(HWND window);
+
+/// Takes the next message of the calling thread's windows; waits for one and serves SendMessageA meanwhile. 0 after
+/// PostQuitMessage, -1 when the thread has no window that could ever get a message. The filters are not used.
+BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last);
+/// Calls the window procedure for a message that GetMessageA gave.
+LRESULT DispatchMessageA(const MSG* message);
+/// Queues a message; any thread. FALSE when the window is gone.
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+/// Runs the window procedure on the window's own thread and returns its result; any thread. 0 at once when the window
+/// is gone, also when it goes while the call waits.
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+/// Lets GetMessageA of the calling thread return 0 once the messages queued before are taken.
+void PostQuitMessage(int exitCode);
+/// What a window does with messages it does not care about: Alt+F4 and WM_CLOSE close it, WM_PAINT counts as painted.
+LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+/// Whether the window wants WM_PAINT. `rect`, when not null, receives the client area.
+BOOL GetUpdateRect(HWND window, RECT* rect, BOOL erase);
+/// Marks the window as painted; the rectangle is not looked at.
+BOOL ValidateRect(HWND window, const RECT* rect);
+/// One pointer-sized value kept with the window for its procedure; the only index is GWLP_USERDATA.
+LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value);
+LONG_PTR GetWindowLongPtrA(HWND window, int index);
+inline constexpr int GWLP_USERDATA = -21;
+/// Gives the class of `window` another large icon (index GCL_HICON) and shows it. The previous handle, 0 if none. The
+/// value is as wide as a pointer, so that a handle fits.
+LONG_PTR SetClassLongA(HWND window, int index, LONG_PTR value);
+inline constexpr int GCL_HICON = -14;
+
+/// Sizes in pixels. The screen's are those of the desktop that the window opens on; 0 for an unknown index.
+int GetSystemMetrics(int index);
+inline constexpr int SM_CXSCREEN = 0;
+inline constexpr int SM_CYSCREEN = 1;
+inline constexpr int SM_CYCAPTION = 4;
+inline constexpr int SM_CXBORDER = 5;
+inline constexpr int SM_CYEDGE = 46;
+
+/// A resource's number in the place of its name.
+inline LPCSTR MAKEINTRESOURCEA(WORD id) { return reinterpret_cast<LPCSTR>(std::uintptr_t{id}); }
+inline const LPCSTR IDI_WINLOGO = MAKEINTRESOURCEA(32517);
+inline const LPCSTR IDC_ARROW = MAKEINTRESOURCEA(32512);
+/// An icon that the program offers under a number, or with a null instance a system icon. Null when there is none.
+HICON LoadIconA(HINSTANCE instance, LPCSTR name);
+/// The system's arrow; other cursors are not offered (null).
+HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
+
+/// The character a virtual key gives without modifiers, 0 when it gives none. MAPVK_VK_TO_CHAR is the only kind.
+UINT MapVirtualKeyA(UINT code, UINT kind);
+inline constexpr UINT MAPVK_VK_TO_CHAR = 2;
+
+/// Shows a text with one button, OK, and waits for the answer; any thread, the windows go on being served. Without a
+/// display the text is a line on standard error and counts as answered. Always IDOK.
+int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT style);
+inline constexpr int IDOK = 1;
+inline constexpr UINT MB_OK = 0x0000;
+inline constexpr UINT MB_ICONERROR = 0x0010;
+inline constexpr UINT MB_TASKMODAL = 0x2000;
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Threads and waits
+
+/// A lock that its owner may take again. Must be initialised before use and deleted when nobody holds it.
+struct CRITICAL_SECTION {
+    void* lock;
+};
+void InitializeCriticalSection(CRITICAL_SECTION* section);
+void DeleteCriticalSection(CRITICAL_SECTION* section);
+void EnterCriticalSection(CRITICAL_SECTION* section);
+void LeaveCriticalSection(CRITICAL_SECTION* section);
+
+/// An unnamed event; null attributes and name. The caller closes the handle. Auto-reset events release one wait each.
+HANDLE CreateEventA(void* attributes, BOOL manualReset, BOOL initiallySet, LPCSTR name);
+BOOL SetEvent(HANDLE event);
+BOOL ResetEvent(HANDLE event);
+/// Waits for an event, or for the end of a thread. A thread that owns a window serves SendMessageA meanwhile.
+DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
+inline constexpr DWORD WAIT_OBJECT_0 = 0;
+inline constexpr DWORD WAIT_TIMEOUT = 258;
+inline constexpr DWORD WAIT_FAILED = 0xFFFFFFFFU;
+inline constexpr DWORD INFINITE = 0xFFFFFFFFU;
+/// Gives up a handle of an event, thread or file. The thread itself runs on.
+BOOL CloseHandle(HANDLE handle);
+
+using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID argument);
+/// Starts a thread, or with CREATE_SUSPENDED prepares one that ResumeThread starts; one that is never resumed never
+/// exists. Attributes must be null, the stack size is the system's. Null on failure.
+HANDLE CreateThread(void* attributes, std::size_t stackSize, LPTHREAD_START_ROUTINE routine, LPVOID argument,
+                    DWORD flags, DWORD* threadId);
+inline constexpr DWORD CREATE_SUSPENDED = 0x00000004;
+/// Starts a suspended thread. The suspend count before: 1 if it was suspended, 0 if not, 0xFFFFFFFF on failure.
+DWORD ResumeThread(HANDLE thread);
+/// A number that no other thread of the process has.
+DWORD GetCurrentThreadId();
+/// Gives up the processor for at least this long.
+void Sleep(DWORD milliseconds);
+/// Ends the process at once with written files and no destructors: other threads may still be running.
+[[noreturn]] void ExitProcess(UINT exitCode);
+
+/// A counter that never goes back, and its ticks per second (10 MHz). Always TRUE.
+BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
+BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Files
+
+/// Opens a file; relative paths are those of the working directory, "\" counts as "/". A package ("*.pak") opened for
+/// reading only is also looked for in the data directory. Attributes and template are not used. INVALID_HANDLE_VALUE on
+/// failure.
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, void* security, DWORD disposition, DWORD attributes,
+                   HANDLE templateFile);
+inline constexpr DWORD GENERIC_READ = 0x80000000U;
+inline constexpr DWORD GENERIC_WRITE = 0x40000000U;
+/// Share modes are accepted and not enforced.
+inline constexpr DWORD FILE_SHARE_READ = 0x00000001;
+inline constexpr DWORD FILE_SHARE_WRITE = 0x00000002;
+inline constexpr DWORD CREATE_ALWAYS = 2;
+inline constexpr DWORD OPEN_EXISTING = 3;
+inline constexpr DWORD OPEN_ALWAYS = 4;
+inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x00000080;
+/// Reads at the file pointer and moves it. TRUE with 0 bytes read at the end of the file.
+BOOL ReadFile(HANDLE file, void* buffer, DWORD count, DWORD* read, void* overlapped);
+/// Writes at the file pointer and moves it.
+BOOL WriteFile(HANDLE file, const void* buffer, DWORD count, DWORD* written, void* overlapped);
+/// Moves the file pointer by a signed distance; positions below 4 GiB. The new position, or INVALID_SET_FILE_POINTER.
+/// `distanceHigh` must be null.
+DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD method);
+inline constexpr DWORD FILE_BEGIN = 0;
+inline constexpr DWORD FILE_CURRENT = 1;
+inline constexpr DWORD FILE_END = 2;
+inline constexpr DWORD INVALID_SET_FILE_POINTER = 0xFFFFFFFFU;
+/// Hands what was written to the operating system.
+BOOL FlushFileBuffers(HANDLE file);
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Registry
+
+using REGSAM = DWORD;
+inline const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(std::uintptr_t{0x80000001U});
+inline constexpr REGSAM KEY_READ = 0x00020019;
+inline constexpr REGSAM KEY_ALL_ACCESS = 0x000F003F;
+inline constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
+inline constexpr DWORD REG_BINARY = 3;
+inline constexpr LONG ERROR_SUCCESS = 0;
+inline constexpr LONG ERROR_FILE_NOT_FOUND = 2;
+inline constexpr LONG ERROR_INVALID_HANDLE = 6;
+inline constexpr LONG ERROR_WRITE_FAULT = 29;
+inline constexpr LONG ERROR_MORE_DATA = 234;
+/// Opens an existing key below HKEY_CURRENT_USER, the only root. The caller closes it. Access rights are not enforced.
+LONG RegOpenKeyExA(HKEY root, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
+/// Opens a key, creating it first if need be. Class, attributes and disposition must be null.
+LONG RegCreateKeyExA(HKEY root, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options, REGSAM access,
+                     void* attributes, HKEY* key, DWORD* disposition);
+/// Copies a value into `data`. `size` holds the room in bytes and receives the value's size; ERROR_MORE_DATA when the
+/// value does not fit (nothing is copied). `type` may be null.
+LONG RegQueryValueExA(HKEY key, LPCSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
+/// Stores a value; it is on the disk when this returns, wholly or not at all.
+LONG RegSetValueExA(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
+LONG RegCloseKey(HKEY key);
