@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "rules.h"
+
+namespace grub {
+
+/// How many frames each animation has, for rules that end with an animation. Filled from the loaded strips before a
+/// world is built; a world keeps its own copy.
+class AnimationFrameCounts {
+public:
+    /// 0 for an id without a strip, and for ids outside the table.
+    [[nodiscard]] int of(int id) const { return isId(id) ? counts_[static_cast<std::size_t>(id)] : 0; }
+    /// Ids outside the table are ignored.
+    void set(int id, int count) {
+        if (isId(id)) counts_[static_cast<std::size_t>(id)] = static_cast<std::uint16_t>(count);
+    }
+    /// The same count for every id.
+    static AnimationFrameCounts all(int count) {
+        AnimationFrameCounts counts;
+        counts.counts_.fill(static_cast<std::uint16_t>(count));
+        return counts;
+    }
+
+    friend bool operator==(const AnimationFrameCounts&, const AnimationFrameCounts&) = default;
+
+private:
+    static bool isId(int id) { return id >= 0 && id < kAnimationIds; }
+
+    std::array<std::uint16_t, kAnimationIds> counts_{};
+};
+
+}  // namespace grub

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace grub {
+
+/// Steps that lead out of a cell, as bits. The order of the bits is the order in which the fill takes them, and that
+/// order decides which distances come out.
+enum RouteStep : std::uint8_t { kStepUp = 1, kStepDown = 2, kStepRight = 4, kStepLeft = 8 };
+
+/// Walking distances from the hero, as enemies see them. A depth-first fill with a tolerance, not a shortest path: a
+/// cell that has been reached is entered again only when that saves six steps or more.
+class DistanceField {
+public:
+    /// What `at` gives for a cell that the fill did not reach.
+    static constexpr int kUnreached = -1;
+
+    /// Every cell unreached and without steps.
+    DistanceField(int width, int height);
+
+    /// The steps out of a cell (RouteStep bits). None may lead out of the field.
+    void setSteps(int x, int y, unsigned steps);
+    /// Makes every cell unreached.
+    void reset();
+    /// Fills from a cell that then has distance `distance` (0 to 50000), as far as steps lead. Cells that have a
+    /// distance keep it within the tolerance, as if the same fill had reached them.
+    void fill(int x, int y, int distance);
+    /// kUnreached or the distance.
+    [[nodiscard]] int at(int x, int y) const;
+
+    friend bool operator==(const DistanceField&, const DistanceField&) = default;
+
+private:
+    [[nodiscard]] std::size_t indexOf(int x, int y) const;
+
+    int stride_;
+    // With a border of one cell on each side, so that all four neighbours of a cell can be read without a test.
+    std::vector<std::uint8_t> steps_;
+    std::vector<std::uint16_t> distances_;  // unreached is the largest number: one comparison covers both cases
+};
+
+}  // namespace grub

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+
+#include "actor.h"
+#include "attempt.h"
+#include "play_key.h"
+
+namespace grub {
+
+/// What the hero has been told last. One word, not a set of held keys: the latest key counts.
+enum class HeroCommand : std::uint8_t { None, Left, Right, Up, Down, DigLeft, DigRight };
+
+/// Where he looks; the last horizontal direction asked for.
+enum class Facing : std::uint8_t { Left = 1, Right = 2 };
+
+/// A picture of an animation strip.
+struct AnimationFrame {
+    int animation = 0;
+    int frame = 0;
+
+    friend bool operator==(const AnimationFrame&, const AnimationFrame&) = default;
+};
+
+/// Grub. He walks, climbs, hangs, falls and digs; everything is decided while he stands exactly on a cell, between
+/// cells he can only turn back.
+class Hero : public Actor {
+public:
+    /// Stands on the map's start cell, looking left.
+    explicit Hero(const LevelMap& map);
+
+    void keyDown(PlayKey key);
+    void keyUp(PlayKey key);
+    /// Any key shows that somebody is there.
+    void restartIdleTimer();
+
+    /// One frame of play.
+    void update(Attempt& attempt);
+    /// Chooses the picture of this frame of play, once a frame after `update`. A dig ends here, with its animation.
+    void updatePicture(Attempt& attempt);
+    /// The picture of this frame.
+    [[nodiscard]] AnimationFrame picture() const { return picture_; }
+
+    [[nodiscard]] HeroCommand command() const { return command_; }
+    [[nodiscard]] Facing facing() const { return facing_; }
+    [[nodiscard]] bool isDigging() const { return digging_; }
+
+    friend bool operator==(const Hero&, const Hero&) = default;
+
+private:
+    void takeKeysInReach(Attempt& attempt) const;
+    void arriveAtCell(Attempt& attempt) const;
+    void decide(Attempt& attempt);
+    void turnBack(const LevelMap& map);
+    void obey(Attempt& attempt);
+    void walk(const LevelMap& map, Facing direction);
+    void dig(Attempt& attempt, Facing side);
+    void countIdle(const LevelMap& map);
+    void land(Attempt& attempt, bool wasFalling) const;
+
+    [[nodiscard]] bool hangs(const LevelMap& map, int cx) const;
+    [[nodiscard]] AnimationFrame continued(int animation) const;
+    [[nodiscard]] int sided(int left, int right) const { return facing_ == Facing::Left ? left : right; }
+    [[nodiscard]] AnimationFrame moving(Attempt& attempt) const;
+    [[nodiscard]] AnimationFrame standing(const LevelMap& map) const;
+    [[nodiscard]] AnimationFrame digging(const AnimationFrameCounts& counts);
+
+    HeroCommand command_ = HeroCommand::None;
+    Facing facing_ = Facing::Left;
+    AnimationFrame picture_;
+    int idleTimer_ = kIdleFrames;
+    int turnDelay_ = 0;  // decisions in which he only turns
+    bool digging_ = false;
+    bool idlePlaying_ = false;
+};
+
+}  // namespace grub

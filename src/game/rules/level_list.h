@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "rules.h"
+
+namespace grub {
+
+/// The level files in the order they are played: twenty of the stone world, fifteen of the iron one, fifteen of the
+/// cellar. The order inside a world is not that of the names.
+inline constexpr std::array<std::string_view, kLevelCount> kLevelNames{
+    "levels\\turma\\level01.lvl",  "levels\\turma\\level02.lvl",  "levels\\turma\\level05.lvl",
+    "levels\\turma\\level04.lvl",  "levels\\turma\\level03.lvl",  "levels\\turma\\level06.lvl",
+    "levels\\turma\\level08.lvl",  "levels\\turma\\level09.lvl",  "levels\\turma\\level10.lvl",
+    "levels\\turma\\level11.lvl",  "levels\\turma\\level12.lvl",  "levels\\turma\\level13.lvl",
+    "levels\\turma\\level14.lvl",  "levels\\turma\\level15.lvl",  "levels\\turma\\level16.lvl",
+    "levels\\turma\\level17.lvl",  "levels\\turma\\level19.lvl",  "levels\\turma\\level20.lvl",
+    "levels\\turma\\level21.lvl",  "levels\\turma\\level22.lvl",  "levels\\jelezo\\level01.lvl",
+    "levels\\jelezo\\level02.lvl", "levels\\jelezo\\level03.lvl", "levels\\jelezo\\level04.lvl",
+    "levels\\jelezo\\level05.lvl", "levels\\jelezo\\level06.lvl", "levels\\jelezo\\level07.lvl",
+    "levels\\jelezo\\level08.lvl", "levels\\jelezo\\level09.lvl", "levels\\jelezo\\level10.lvl",
+    "levels\\jelezo\\level11.lvl", "levels\\jelezo\\level12.lvl", "levels\\jelezo\\level13.lvl",
+    "levels\\jelezo\\level14.lvl", "levels\\jelezo\\level15.lvl", "levels\\podval\\level01.lvl",
+    "levels\\podval\\level02.lvl", "levels\\podval\\level03.lvl", "levels\\podval\\level04.lvl",
+    "levels\\podval\\level05.lvl", "levels\\podval\\level06.lvl", "levels\\podval\\level07.lvl",
+    "levels\\podval\\level08.lvl", "levels\\podval\\level09.lvl", "levels\\podval\\level10.lvl",
+    "levels\\podval\\level11.lvl", "levels\\podval\\level12.lvl", "levels\\podval\\level15.lvl",
+    "levels\\podval\\level14.lvl", "levels\\podval\\level13.lvl"};
+
+/// The name of the block table in the levels package.
+inline constexpr std::string_view kBlockTableName = "levels\\typeblok.ini";
+
+}  // namespace grub

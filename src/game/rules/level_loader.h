@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "ini_table.h"
+#include "level_file.h"
+#include "level_map.h"
+#include "resource_source.h"
+#include "sprite_numbers.h"
+
+namespace grub {
+
+/// Builds maps out of level files and the block table. One lives with the level scene; the loader thread adds the
+/// sprite numbers, everything else runs on the thread that builds levels.
+class LevelLoader {
+public:
+    /// `levels` holds the level files and the block table and must outlive the loader.
+    explicit LevelLoader(ResourceSource& levels) : levels_(&levels) {}
+
+    /// Reads the block table, in place of an earlier one. False when there is none: blocks are then all empty.
+    bool loadBlockTypes();
+    /// The picture numbers of the block table; filled while animations are loaded.
+    [[nodiscard]] SpriteNumbers& spriteNumbers() { return spriteNumbers_; }
+
+    /// The map of a level file with all its keys. Nothing for a file that is missing or refused, with one line in
+    /// `reason` that begins with the name.
+    [[nodiscard]] std::optional<LevelMap> load(std::string_view name, std::string& reason) const;
+    /// The same for a level file already read.
+    [[nodiscard]] std::optional<LevelMap> build(const LevelFile& file, std::string& reason) const;
+
+private:
+    ResourceSource* levels_;
+    std::optional<IniTable> blocks_;
+    SpriteNumbers spriteNumbers_;
+};
+
+}  // namespace grub

@@ -1,0 +1,141 @@
+#pragma once
+
+#include <array>
+#include <cassert>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "distance_fill.h"
+#include "map_cell.h"
+#include "world_random.h"
+
+namespace grub {
+
+/// What a query asks about: the cell as it is now, or as routes are planned. A plan takes a dug floor for the floor it
+/// will be again.
+enum class View : bool { Planned = false, Physical = true };
+
+/// An actor, a heart or a decoration that the level file places.
+struct LevelObject {
+    int x = 0;
+    int y = 0;
+    std::uint16_t code = 0;  // object_code.h
+
+    friend bool operator==(const LevelObject&, const LevelObject&) = default;
+};
+
+/// The playing field: cells and what the rules ask about them. A plain value. Queries take any column and row and say
+/// no outside the map, unless they say otherwise; `cellAt` wants a cell inside.
+class LevelMap {
+public:
+    /// The first bytes of a level file, kept as read.
+    using Header = std::array<std::uint8_t, 32>;
+
+    /// Empty cells without keys or objects; 1 to kMaxMapSize columns and rows.
+    LevelMap(int width, int height);
+
+    /// Columns.
+    [[nodiscard]] int width() const { return width_; }
+    /// Rows.
+    [[nodiscard]] int height() const { return height_; }
+    [[nodiscard]] bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < width_ && y < height_; }
+    /// The cell, which must be inside the map.
+    [[nodiscard]] const MapCell& cellAt(int x, int y) const { return cells_[indexOf(x, y)]; }
+    /// The same, to change it. Whoever changes a type calls `routesChanged`, whoever starts an animation `wake`.
+    [[nodiscard]] MapCell& cellAt(int x, int y) { return cells_[indexOf(x, y)]; }
+
+    // What the builder of a map fills in.
+
+    void setHeader(const Header& header) { header_ = header; }
+    [[nodiscard]] const Header& header() const { return header_; }
+    void setHeroStart(CellPosition start) { heroStart_ = start; }
+    [[nodiscard]] CellPosition heroStart() const { return heroStart_; }
+    void addObject(const LevelObject& object) { objects_.push_back(object); }
+    /// In the order of the level file, which is the order of rows.
+    [[nodiscard]] std::span<const LevelObject> objects() const { return objects_; }
+    void addSpawnPoint(CellPosition point) { spawnPoints_.push_back(point); }
+    [[nodiscard]] std::span<const CellPosition> spawnPoints() const { return spawnPoints_; }
+    /// Puts a key into a cell without one.
+    void addKey(int x, int y, std::uint8_t kind);
+
+    // Where actors can go.
+
+    [[nodiscard]] bool isPassable(int x, int y, View view) const;
+    /// Whether an actor in this cell has support. The bottom row always has.
+    [[nodiscard]] bool canStand(int x, int y, View view) const;
+    [[nodiscard]] bool isPipe(int x, int y) const;
+    /// Whether the cell is a floor with room above it.
+    [[nodiscard]] bool isDiggable(int x, int y) const;
+    /// Whether a ladder leads up from here; never from the top row.
+    [[nodiscard]] bool isClimbableLadder(int x, int y, View view) const;
+
+    // Distances from the hero.
+
+    void resetDistances() { distances_.reset(); }
+    /// Adds the distances from (x, y), which gets `distance`. Nothing when no route can pass through that cell.
+    void fillDistances(int x, int y, int distance);
+    /// DistanceField::kUnreached for a cell that no fill has reached.
+    [[nodiscard]] int distanceAt(int x, int y) const { return distances_.at(x, y); }
+    /// Tells that the type of a cell has changed in a way that plans can see.
+    void routesChanged() { routesKnown_ = false; }
+
+    // Chance.
+
+    /// A cell to put a bonus in: a random one, or the first below it where one can stand. Nothing when that cell is
+    /// taken. Draws two numbers.
+    [[nodiscard]] std::optional<CellPosition> randomFreeCell(WorldRandom& random) const;
+    /// Where an enemy comes back; nothing, and no number drawn, on a map without spawn points.
+    [[nodiscard]] std::optional<CellPosition> randomSpawnPoint(WorldRandom& random) const;
+
+    // Keys.
+
+    /// Keys that still lie.
+    [[nodiscard]] int keysRemaining() const { return keysRemaining_; }
+    /// Takes the key out of a cell and remembers that it was taken. False when there is none.
+    bool collectKey(int x, int y);
+    /// Takes the key out of a cell, to come back with the next attempt. False when there is none.
+    bool takeKeyForNow(int x, int y);
+    /// Cells whose keys stay taken in the next attempt, in the order they were taken.
+    [[nodiscard]] std::span<const CellPosition> collectedKeys() const { return collectedKeys_; }
+    [[nodiscard]] bool isKeyCollected(int x, int y) const;
+    void clearCollectedKeys() { collectedKeys_.clear(); }
+    /// Takes away the keys that earlier attempts have collected. Once, before play.
+    void withdrawCollectedKeys(std::span<const CellPosition> collected);
+
+    // Cells whose update would change something. An update that changed nothing will change nothing as long as nobody
+    // breaks the cell and keys lie, so such a cell sleeps: most cells of a map do.
+
+    void wake(int x, int y) { awake_[indexOf(x, y)] = 1; }
+    void sleep(int x, int y) { awake_[indexOf(x, y)] = 0; }
+    /// The first cell that is awake at or after cell number `from` (row by row); cellCount() when there is none.
+    [[nodiscard]] std::size_t nextAwake(std::size_t from) const;
+    [[nodiscard]] std::size_t cellCount() const { return cells_.size(); }
+
+    friend bool operator==(const LevelMap&, const LevelMap&) = default;
+
+private:
+    [[nodiscard]] std::size_t indexOf(int x, int y) const {
+        assert(contains(x, y));
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
+    }
+    [[nodiscard]] unsigned routeStepsFrom(int x, int y) const;
+    void planRoutes();
+
+    int width_;
+    int height_;
+    int keysRemaining_ = 0;
+    bool routesKnown_ = false;
+    Header header_{};
+    CellPosition heroStart_;
+    std::vector<MapCell> cells_;       // row by row
+    std::vector<std::uint8_t> awake_;  // a byte for each cell, so that a search runs over many at once
+    std::vector<LevelObject> objects_;
+    std::vector<CellPosition> spawnPoints_;
+    std::vector<CellPosition> collectedKeys_;
+    DistanceField distances_;
+};
+
+}  // namespace grub

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "animation_frame_counts.h"
+#include "attempt.h"
+#include "hero.h"
+#include "level_map.h"
+#include "loss_cause.h"
+#include "play_key.h"
+#include "rules.h"
+#include "sound_requests.h"
+
+namespace grub {
+
+/// What an attempt at a level starts with.
+struct WorldStart {
+    int score = 0;
+    int lives = kStartLives;
+    int levelIndex = 0;
+    std::uint32_t seed = 0;                   // of the world's own generator
+    std::vector<CellPosition> collectedKeys;  // taken in earlier attempts, still taken
+};
+
+/// How to draw the hero.
+struct HeroPicture {
+    int x = 0;  // pixels in the level
+    int y = 0;
+    int animation = 0;
+    int frame = 0;
+    bool halfTransparent = false;
+};
+
+/// One attempt at a level: map, actors, score, end. A plain value without a window, a sound card or a clock: a copy
+/// plays on by itself, and the same level, seed and keys give the same frames everywhere. Keys and `step` are the only
+/// doors.
+///
+/// A frame is the keys that came, then `step`, then `finishFrame`. Whoever builds a world takes the first step too: it
+/// settles the level, is frame 0, and is not drawn.
+class World {
+public:
+    /// Takes the keys that `start` names off the map.
+    World(LevelMap map, const WorldStart& start, const AnimationFrameCounts& counts);
+
+    /// A key was pressed during play. It also counts as a sign of life.
+    void keyDown(PlayKey key) { hero_.keyDown(key); }
+    /// A key was released; to be told in every state of the game, or the hero would run on.
+    void keyUp(PlayKey key) { hero_.keyUp(key); }
+    /// Any other key: the hero does not grow restless while somebody is there.
+    void restartIdleTimer() { hero_.restartIdleTimer(); }
+
+    /// One frame of the rules. Forgets the sounds of the frame before.
+    void step();
+    /// What drawing advances, once a frame whether anything is drawn or not. `playing` is false in frames that only
+    /// show the level, as behind a dialog: actors then keep their pictures.
+    void finishFrame(bool playing);
+    /// Ends the attempt from outside, as a closed window does. The rules of a later step may name another cause.
+    void end(LossCause cause) { attempt_.end(cause); }
+
+    [[nodiscard]] const LevelMap& map() const { return attempt_.map; }
+    [[nodiscard]] const Hero& hero() const { return hero_; }
+    [[nodiscard]] HeroPicture heroPicture() const;
+    /// What `step` and `finishFrame` of this frame ask for, in order; valid until the next `step`.
+    [[nodiscard]] std::span<const SoundRequest> sounds() const { return attempt_.sounds.all(); }
+
+    /// Number of the last step; -1 before the first, 0 after the one that settles the level.
+    [[nodiscard]] int frame() const { return frame_; }
+    [[nodiscard]] bool ended() const { return attempt_.ended; }
+    /// Why it ended; means something once `ended`.
+    [[nodiscard]] LossCause cause() const { return attempt_.cause; }
+    [[nodiscard]] int score() const { return attempt_.score; }
+    [[nodiscard]] int lives() const { return attempt_.lives; }
+    [[nodiscard]] int levelIndex() const { return attempt_.levelIndex; }
+    [[nodiscard]] int keysRemaining() const { return attempt_.map.keysRemaining(); }
+    /// For the next attempt's WorldStart; empty after a win.
+    [[nodiscard]] std::span<const CellPosition> collectedKeys() const { return attempt_.map.collectedKeys(); }
+    /// State of the world's generator, for traces.
+    [[nodiscard]] std::uint32_t randomState() const { return attempt_.random.state(); }
+
+    friend bool operator==(const World&, const World&) = default;
+
+private:
+    void checkEnd();
+    void checkWin();
+
+    Attempt attempt_;
+    Hero hero_;
+    int frame_ = -1;
+};
+
+}  // namespace grub
