@@ -25,7 +25,6 @@ public:
     [[nodiscard]] std::int32_t getInt(const EngineString& section, const EngineString& key) const;
 
 private:
-    void parseLine(std::string_view line, std::string_view& section);
     void addEntry(const EngineString& fullKey, std::string_view value);
 
     StringMap<EngineString> strings_;

@@ -25,8 +25,8 @@ public:
     [[nodiscard]] SharedBuffer load(const EngineString& name) override;
 
 private:
-    void readDirectory();
-    [[nodiscard]] bool readWhole(const PackageExtent& extent, SharedBuffer& buffer);
+    void readDirectory(const PackageHeader& header);
+    [[nodiscard]] SharedBuffer readWhole(const PackageExtent& extent);
 
     StringMap<PackageExtent> directory_;
     FileStream file_;

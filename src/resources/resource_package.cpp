@@ -1,0 +1,69 @@
+#include "resource_package.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+namespace grub {
+namespace {
+
+constexpr std::uint32_t kBucketCount = 101;
+
+void showError(const char* problem, const EngineString& subject) {
+    const EngineString text = problem + subject;
+    MessageBoxA(nullptr, text.cStr(), "Package resource manager", MB_OK | MB_ICONERROR | MB_TASKMODAL);
+}
+
+/// The name as directories spell it.
+std::string normalised(const EngineString& name) {
+    std::string spelling(name.view());
+    std::replace(spelling.begin(), spelling.end(), '/', '\\');
+    return spelling;
+}
+
+}  // namespace
+
+ResourcePackage::ResourcePackage(const EngineString& path) : directory_(kBucketCount), file_(path, kOpenRead) {
+    std::array<std::uint8_t, kPackageHeaderSize> header{};
+    if (!file_.isOpen()) {
+        showError("Can't open resource package file: ", path);
+    } else if (file_.read(header.data(), kPackageHeaderSize) != kPackageHeaderSize) {
+        showError("Can't read resource package file: ", path);
+    } else if (const auto fields = readPackageHeader(header)) {
+        fileSize_ = file_.size();
+        readDirectory(*fields);
+    }
+}
+
+void ResourcePackage::readDirectory(const PackageHeader& header) {
+    const SharedBuffer bytes = readWhole({.size = header.directorySize, .offset = kPackageHeaderSize});
+    for (const PackageEntry& entry : readPackageDirectory(bytes.bytes(), header.entryCount)) {
+        directory_.insert(entry.name, entry.extent);
+    }
+}
+
+bool ResourcePackage::exists(const EngineString& name) { return directory_.find(normalised(name)) != nullptr; }
+
+SharedBuffer ResourcePackage::load(const EngineString& name) {
+    const PackageExtent* const extent = directory_.find(normalised(name));
+    if (extent == nullptr) {
+        showError("Can't find resource: ", name);
+        return {};
+    }
+    return readWhole(*extent);
+}
+
+/// The bytes at `extent`, or the empty buffer. The size is compared with the file's before memory is taken for it:
+/// a broken entry may claim 4 GiB.
+SharedBuffer ResourcePackage::readWhole(const PackageExtent& extent) {
+    const std::int64_t available = std::max<std::int64_t>(fileSize_ - extent.offset, 0);
+    if (extent.size > available) return {};
+    SharedBuffer buffer = SharedBuffer::create(extent.size);
+    if (buffer.empty()) return {};
+    const std::lock_guard guard(lock_);
+    if (file_.readAt(extent.offset, buffer.writableData(), extent.size) != extent.size) return {};
+    return buffer;
+}
+
+}  // namespace grub
