@@ -1,0 +1,11 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace grub {
+
+/// Adds the commands pack, list, extract and verify. One that fails says so in a line on standard error and throws
+/// CLI::RuntimeError with the exit code 1.
+void addPackCommands(CLI::App& app);
+
+}  // namespace grub

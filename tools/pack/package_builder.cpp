@@ -1,0 +1,101 @@
+#include "package_builder.h"
+
+#include <algorithm>
+
+#include "package_format.h"
+#include "whole_file.h"
+
+namespace grub {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestField = 0xFFFF;           // directory size and entry count have 16 bits
+constexpr std::uint64_t kLargestPackage = 0xFFFFFFFFu;  // offsets have 32
+
+void append(std::vector<std::uint8_t>& bytes, std::uint32_t value, unsigned byteCount) {
+    for (unsigned i = 0; i < byteCount; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+}
+
+std::size_t directorySizeOf(const std::vector<PackItem>& items) {
+    std::size_t size = 0;
+    for (const PackItem& item : items) size += item.name.size() + kEntryOverhead;
+    return std::max<std::size_t>(size, kSmallestDirectorySize);
+}
+
+std::uint64_t dataSizeOf(const std::vector<PackItem>& items) {
+    std::uint64_t size = 0;
+    for (const PackItem& item : items) size += item.bytes.size();
+    return size;
+}
+
+/// A sentence about what the format's fields cannot hold; empty when all fits.
+std::string limitExceededBy(const std::vector<PackItem>& items) {
+    const auto number = [](std::uint64_t value) { return std::to_string(value); };
+    const std::size_t directorySize = directorySizeOf(items);
+    if (items.size() > kLargestField) return number(items.size()) + " entries, a package holds at most 65535";
+    if (directorySize > kLargestField) {
+        return "the directory would take " + number(directorySize) + " bytes (each name and 9), at most 65535 fit";
+    }
+    const std::uint64_t fileSize = kPackageHeaderSize + directorySize + dataSizeOf(items);
+    if (fileSize > kLargestPackage)
+        return "the package would take " + number(fileSize) + " bytes, offsets end at 4 GiB";
+    return {};
+}
+
+std::vector<std::uint8_t> headAndDirectory(const std::vector<PackItem>& items) {
+    const auto directorySize = static_cast<std::uint32_t>(directorySizeOf(items));
+    std::vector<std::uint8_t> bytes;
+    append(bytes, kPackageMagic, 2);
+    append(bytes, directorySize, 2);
+    append(bytes, static_cast<std::uint32_t>(items.size()), 2);
+    std::uint32_t offset = kPackageHeaderSize + directorySize;
+    for (const PackItem& item : items) {
+        const auto size = static_cast<std::uint32_t>(item.bytes.size());
+        bytes.insert(bytes.end(), item.name.begin(), item.name.end());
+        append(bytes, 0, 1);
+        append(bytes, size, 4);
+        append(bytes, offset, 4);
+        offset += size;
+    }
+    bytes.resize(kPackageHeaderSize + directorySize);  // pads the directory of a package without entries
+    return bytes;
+}
+
+}  // namespace
+
+std::optional<std::vector<PackItem>> collectPackItems(const fs::path& directory, std::string& fault) {
+    std::vector<PackItem> items;
+    std::error_code problem;
+    fs::recursive_directory_iterator file(directory, problem);
+    for (; !problem && file != fs::recursive_directory_iterator(); file.increment(problem)) {
+        if (file->is_directory()) continue;
+        PackItem item{.name = file->path().lexically_relative(directory).generic_string(), .bytes = {}};
+        auto bytes = readWholeFile(file->path());
+        if (!bytes || item.name.find('\\') != std::string::npos) {
+            fault =
+                file->path().string() + (bytes ? ": \"\\\" in a file's name separates folders" : ": cannot be read");
+            return std::nullopt;
+        }
+        std::replace(item.name.begin(), item.name.end(), '/', '\\');
+        item.bytes = std::move(*bytes);
+        items.push_back(std::move(item));
+    }
+    if (problem) {
+        fault = directory.string() + ": " + problem.message();
+        return std::nullopt;
+    }
+    return items;
+}
+
+std::optional<std::vector<std::uint8_t>> buildPackage(std::vector<PackItem> items, std::string& fault) {
+    fault = limitExceededBy(items);
+    if (!fault.empty()) return std::nullopt;
+    std::sort(items.begin(), items.end(), [](const PackItem& a, const PackItem& b) { return a.name < b.name; });
+    std::vector<std::uint8_t> bytes = headAndDirectory(items);
+    bytes.reserve(bytes.size() + dataSizeOf(items));
+    for (const PackItem& item : items) bytes.insert(bytes.end(), item.bytes.begin(), item.bytes.end());
+    return bytes;
+}
+
+}  // namespace grub
