@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace grub {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// The bytes of a text.
+[[nodiscard]] Bytes bytesOf(std::string_view text);
+
+/// Builds a good package in memory: entries and their data in the order of `add`. It keeps no rules, so that a test can
+/// also add equal names or names that no tool would write.
+class PackageWriter {
+public:
+    PackageWriter& add(std::string_view name, Bytes data);
+    [[nodiscard]] Bytes package() const;
+
+private:
+    struct Entry {
+        std::string name;
+        Bytes data;
+    };
+    std::vector<Entry> entries_;
+};
+
+/// `value` in `byteCount` bytes, lowest first, at `offset`: for tests that damage one field.
+void put(Bytes& bytes, std::size_t offset, std::uint32_t value, unsigned byteCount);
+
+}  // namespace grub
