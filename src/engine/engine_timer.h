@@ -46,10 +46,16 @@ public:
     void stop();
     /// Fires as often as whole intervals have passed since the last firing; what is left over counts for the next one.
     void tick();
+    /// How long a loop may sleep: milliseconds, rounded up, until `tick` fires again. 0 when that is due or not
+    /// running.
+    [[nodiscard]] std::uint32_t millisecondsUntilDue() const;
     /// Whether `tick` may fire.
     [[nodiscard]] bool isRunning() const { return callback_ != nullptr; }
 
 private:
+    // Counter ticks since the last firing, those left over from it included.
+    [[nodiscard]] std::uint32_t elapsed() const;
+
     std::shared_ptr<TimerCallback> callback_;  // shared with the call in progress, which may replace it
     std::uint32_t period_ = 0;                 // counter ticks
     const std::uint32_t interval_;             // milliseconds

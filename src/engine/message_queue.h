@@ -16,10 +16,10 @@ public:
     /// Drops what is left.
     ~MessageQueue();
 
-    /// Appends another handle to the message. False when there was no memory for the entry.
+    /// Appends another handle to the message. False when there was no memory for the entry or for the message.
     bool push(const SharedRef<SceneMessage>& message);
     /// Takes the oldest message out; the queue must not be empty.
-    [[nodiscard]] SharedRef<SceneMessage> pop();
+    SharedRef<SceneMessage> pop();
     /// Number of messages.
     [[nodiscard]] std::size_t size() const { return size_; }
     [[nodiscard]] bool empty() const { return size_ == 0; }

@@ -1,0 +1,72 @@
+#include "engine_timer.h"
+
+#include <windows.h>
+
+namespace grub {
+
+namespace {
+
+constexpr std::uint32_t kSpeedPercent = 100;  // no timer of the game runs slower or faster than its interval says
+
+std::int64_t counterNow() {
+    LARGE_INTEGER counter{};
+    QueryPerformanceCounter(&counter);
+    return counter.QuadPart;
+}
+
+std::uint64_t counterTicksPerMs() {
+    LARGE_INTEGER frequency{};
+    QueryPerformanceFrequency(&frequency);
+    return static_cast<std::uint64_t>(frequency.QuadPart) / 1000;
+}
+
+std::uint32_t low32(std::int64_t counter) { return static_cast<std::uint32_t>(counter); }
+
+}  // namespace
+
+Timer::Timer(std::uint32_t intervalMs) : interval_(intervalMs), ticksPerMs_(counterTicksPerMs()) {}
+
+Timer::~Timer() { stop(); }
+
+void Timer::start(std::unique_ptr<TimerCallback> callback) {
+    if (!callback) return;
+    const bool wasRunning = isRunning();
+    const std::uint32_t period = kSpeedPercent * interval_ / 100 * static_cast<std::uint32_t>(ticksPerMs_);
+    if (period == 0) return stop();
+    period_ = period;
+    callback_ = std::move(callback);
+    if (wasRunning) return;
+    last_ = counterNow();
+    TimerList::instance().add(*this);
+}
+
+void Timer::stop() {
+    if (!isRunning()) return;
+    TimerList::instance().remove(*this);
+    callback_.reset();
+    remainder_ = 0;
+    period_ = 0;
+}
+
+// 32 bits wrap around; at 10 MHz that is 429 s without a tick, and only then is time lost.
+std::uint32_t Timer::elapsed() const { return remainder_ + (low32(counterNow()) - low32(last_)); }
+
+std::uint32_t Timer::millisecondsUntilDue() const {
+    const std::uint32_t passed = isRunning() ? elapsed() : period_;
+    if (passed >= period_) return 0;
+    return static_cast<std::uint32_t>((period_ - passed + ticksPerMs_ - 1) / ticksPerMs_);
+}
+
+void Timer::tick() {
+    if (!isRunning()) return;
+    const std::uint32_t passed = elapsed();
+    if (passed < period_) return;
+    last_ = counterNow();  // a second reading: what passed since the first one is left out on purpose
+    remainder_ = passed % period_;
+    for (std::uint32_t firings = passed / period_; firings > 0 && callback_; --firings) {
+        const auto invoked = callback_;
+        invoked->invoke();
+    }
+}
+
+}  // namespace grub

@@ -1,0 +1,58 @@
+#include "scene.h"
+
+#include <mutex>
+
+#include "application_base.h"
+#include "engine_services.h"
+#include "engine_timer.h"
+
+namespace grub {
+
+namespace {
+
+constexpr DWORD kMessageWaitMs = 10;  // the longest pass of the default loop without messages
+
+}  // namespace
+
+void Scene::post(const SharedRef<SceneMessage>& message) {
+    {
+        const std::lock_guard guard(queueLock_);
+        queue_.push(message);
+    }
+    wake_.set();
+}
+
+SharedRef<SceneMessage> Scene::takeMessage() {
+    const std::lock_guard guard(queueLock_);
+    if (!queue_.empty()) return queue_.pop();
+    wake_.reset();
+    return {};
+}
+
+void Scene::processMessages() {
+    while (const auto message = takeMessage()) handleMessage(message);
+}
+
+void Scene::draw(bool wholeFrame) {
+    if (!wholeFrame) return;
+    Renderer* const renderer = EngineServices::renderer();
+    if (renderer && renderer->beginFrame()) renderer->endFrame();
+}
+
+void Scene::run() {
+    running_ = true;
+    while (true) {
+        if (waitForMessages(kMessageWaitMs)) processMessages();
+        if (!running_) return;
+        TimerList::instance().tickAll();
+        draw(true);
+    }
+}
+
+bool Scene::switchTo(std::uint32_t id) {
+    if (!ApplicationBase::instance().selectScene(id)) return false;
+    stop();
+    return true;
+}
+
+}  // namespace grub
