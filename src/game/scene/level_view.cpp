@@ -1,0 +1,100 @@
+#include "level_view.h"
+
+#include "object_code.h"
+
+namespace grub {
+namespace {
+
+/// Cells around the screen's top-left one that can show: 800 and 600 pixels and one cell that is partly scrolled away.
+constexpr int kVisibleColumns = 14;
+constexpr int kVisibleRows = 10;
+/// A picture is drawn when its top-left corner lies at most this far, in pixels, beyond the screen's left or top edge.
+constexpr int kBackMargin = 128;
+constexpr int kFrontMargin = 64;
+constexpr int kRightLimit = 801;
+constexpr int kBottomLimit = 601;
+
+// Pictures that no block names.
+constexpr int kKeyPictures[] = {97, 98};  // by key kind
+constexpr int kLongLampPicture = 118;
+constexpr int kShortLampPicture = 119;
+
+class LevelPainter {
+public:
+    LevelPainter(const World& world, const Camera& camera, const AnimationTable& animations, Renderer& renderer)
+        : world_(world), map_(world.map()), camera_(camera), animations_(animations), renderer_(renderer) {}
+
+    void paint() {
+        forVisibleCells(kBackMargin, [this](const MapCell& cell, Position at) { paintBack(cell, at); });
+        paintHero();
+        forVisibleCells(kFrontMargin, [this](const MapCell& cell, Position at) { paintFront(cell, at); });
+    }
+
+private:
+    template <class Paint>
+    void forVisibleCells(int margin, Paint paint) {
+        const int firstColumn = camera_.firstColumn();
+        const int firstRow = camera_.firstRow();
+        for (int y = firstRow; y < firstRow + kVisibleRows && y < map_.height(); ++y)
+            for (int x = firstColumn; x < firstColumn + kVisibleColumns && x < map_.width(); ++x) {
+                const int left = x * kCellSize - camera_.scrollX();
+                const int top = y * kCellSize - camera_.scrollY();
+                if (left >= -margin && left < kRightLimit && top >= -margin && top < kBottomLimit)
+                    paint(map_.cellAt(x, y), at(left, top));
+            }
+    }
+
+    void paintBack(const MapCell& cell, Position at) {
+        if (cell.fonSprite >= 0) paintCurrent(cell.fonSprite, at);
+        if (cell.sprite >= 0) paintFrame(cell.sprite, cell.frame, at);
+        paintLayer(cell.layer3Sprite, at);
+        paintLayer(cell.layer4Sprite, at);
+        paintLayer(cell.layer2Sprite, at);
+        if (cell.keyPresent) paintCurrent(kKeyPictures[cell.keyKind], at);
+    }
+
+    void paintFront(const MapCell& cell, Position at) {
+        paintLayer(cell.layer5Sprite, at);
+        if (cell.code == object_code::kLongLamp) paintCurrent(kLongLampPicture, at);
+        if (cell.code == object_code::kShortLamp) paintCurrent(kShortLampPicture, at);
+    }
+
+    void paintHero() {
+        const HeroPicture picture = world_.heroPicture();
+        const int left = picture.x - camera_.scrollX();
+        const int top = picture.y - camera_.scrollY();
+        paintFrame(picture.animation, picture.frame, at(left, top), picture.halfTransparent ? 0.5F : 1.0F);
+    }
+
+    // Layers name their picture by ids from 1 on; 0 is "no layer".
+    void paintLayer(int animation, Position at) {
+        if (animation > 0) paintCurrent(animation, at);
+    }
+
+    void paintFrame(int animation, int frame, Position at, float opacity = 1.0F) {
+        FrameStrip* strip = animations_.strip(animation);
+        if (!strip) return;
+        strip->setFrame(static_cast<std::uint16_t>(frame));
+        strip->draw(renderer_, at, opacity);
+    }
+
+    void paintCurrent(int animation, Position at) {
+        if (FrameStrip* strip = animations_.strip(animation)) strip->draw(renderer_, at, 1.0F);
+    }
+
+    static Position at(int left, int top) { return {static_cast<std::int16_t>(left), static_cast<std::int16_t>(top)}; }
+
+    const World& world_;
+    const LevelMap& map_;
+    const Camera& camera_;
+    const AnimationTable& animations_;
+    Renderer& renderer_;
+};
+
+}  // namespace
+
+void drawLevel(const World& world, const Camera& camera, const AnimationTable& animations, Renderer& renderer) {
+    LevelPainter(world, camera, animations, renderer).paint();
+}
+
+}  // namespace grub
