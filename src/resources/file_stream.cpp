@@ -1,7 +1,5 @@
 #include "file_stream.h"
 
-#include <utility>
-
 namespace grub {
 namespace {
 
@@ -27,13 +25,11 @@ HANDLE openFile(const EngineString& path, std::uint32_t openFlags) {
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-/// The new position from the start of the file, -1 when the move failed. With a high half the low one is unsigned, so
-/// positions from 2 GiB up work too.
-std::int64_t move(HANDLE file, std::int64_t distance, DWORD method) {
-    LONG high = static_cast<LONG>(distance >> 32);
-    const DWORD low = SetFilePointer(file, static_cast<LONG>(distance & 0xFFFFFFFF), &high, method);
-    if (low == INVALID_SET_FILE_POINTER && high < 0) return -1;
-    return static_cast<std::int64_t>(high) << 32 | low;
+/// The new position from the start of the file, -1 when the move failed. The distance is signed: an absolute position
+/// from 2 GiB up looks negative and is refused.
+std::int64_t move(HANDLE file, std::uint32_t distance, DWORD method) {
+    const DWORD position = SetFilePointer(file, static_cast<LONG>(distance), nullptr, method);
+    return position == INVALID_SET_FILE_POINTER ? -1 : std::int64_t{position};
 }
 
 }  // namespace
@@ -89,7 +85,7 @@ std::int64_t FileStream::size() const {
     if (!isOpen()) return -1;
     const std::int64_t position = move(handle_, 0, FILE_CURRENT);
     const std::int64_t end = move(handle_, 0, FILE_END);
-    if (move(handle_, position, FILE_BEGIN) != position) return -1;
+    if (position < 0 || move(handle_, static_cast<std::uint32_t>(position), FILE_BEGIN) != position) return -1;
     return end;
 }
 

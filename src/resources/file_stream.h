@@ -37,7 +37,7 @@ public:
 
     /// Bytes read from the current position, fewer than `count` at the end of the file; -1 on failure.
     [[nodiscard]] std::int64_t read(void* buffer, std::uint32_t count);
-    /// The same from an absolute position, where the stream then goes on.
+    /// The same from an absolute position below 2 GiB; the stream goes on behind what was read.
     [[nodiscard]] std::int64_t readAt(std::uint32_t position, void* buffer, std::uint32_t count);
     /// Bytes written at the current position; -1 on failure.
     std::int64_t write(const void* buffer, std::uint32_t count);

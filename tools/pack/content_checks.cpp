@@ -5,8 +5,8 @@
 #include <cctype>
 
 #include "byte_reader.h"
+#include "image_decoder.h"
 #include "ini_lines.h"
-#include "picture_check.h"
 
 namespace grub {
 namespace {

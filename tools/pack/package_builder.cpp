@@ -1,6 +1,7 @@
 #include "package_builder.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "package_format.h"
 #include "whole_file.h"
@@ -10,8 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestField = 0xFFFF;           // directory size and entry count have 16 bits
-constexpr std::uint64_t kLargestPackage = 0xFFFFFFFFu;  // offsets have 32
+constexpr std::size_t kLargestField = 0xFFFF;          // directory size and entry count have 16 bits
+constexpr std::uint64_t kLargestPackage = 0x7FFFFFFF;  // the game moves in a file by a signed 32-bit distance
 
 void append(std::vector<std::uint8_t>& bytes, std::uint32_t value, unsigned byteCount) {
     for (unsigned i = 0; i < byteCount; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
@@ -39,7 +40,7 @@ std::string limitExceededBy(const std::vector<PackItem>& items) {
     }
     const std::uint64_t fileSize = kPackageHeaderSize + directorySize + dataSizeOf(items);
     if (fileSize > kLargestPackage)
-        return "the package would take " + number(fileSize) + " bytes, offsets end at 4 GiB";
+        return "the package would take " + number(fileSize) + " bytes, the game reads below 2 GiB";
     return {};
 }
 
