@@ -1,0 +1,32 @@
+#include "menu_shell.h"
+
+#include <utility>
+
+#include "application_base.h"
+#include "level_scene.h"
+#include "scene_ids.h"
+
+namespace grub {
+
+void MenuShell::handleMessage(const SharedRef<SceneMessage>& message) {
+    if (message->type == MessageType::CloseRequest) quit_ = true;
+}
+
+bool MenuShell::enter() {
+    quit_ = !std::exchange(firstVisit_, false);
+    if (quit_) return true;
+    level_.startLoadingPass();
+    level_.requestNewGame(startIndex_);
+    return true;
+}
+
+void MenuShell::run() {
+    processMessages();
+    if (quit_) {
+        level_.stopLoading();  // the renderer goes next, so nobody may be uploading pictures
+    } else {
+        ApplicationBase::instance().selectScene(kLevelSceneId);
+    }
+}
+
+}  // namespace grub

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "scene.h"
+
+namespace grub {
+
+class LevelScene;
+
+/// Scene 2, where the program starts and ends. As long as it has no pages it goes straight on: its first visit starts
+/// the loading of pictures and a new game, its second one, when the game has been left, ends the program.
+class MenuShell final : public Scene {
+public:
+    /// The level scene must outlive the shell. `startIndex` is the level of the new game, 0 to 49.
+    MenuShell(LevelScene& level, int startIndex) : level_(level), startIndex_(startIndex) {}
+
+    /// Only a request to close the window counts; it ends the program.
+    void handleMessage(const SharedRef<SceneMessage>& message) override;
+    bool enter() override;
+    void leave() override {}
+    void run() override;
+
+private:
+    LevelScene& level_;
+    const int startIndex_;
+    bool firstVisit_ = true;
+    bool quit_ = false;
+};
+
+}  // namespace grub

@@ -1,0 +1,73 @@
+#include "own_options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <filesystem>
+
+#include "level_list.h"
+
+namespace grub {
+
+namespace {
+
+constexpr int kWrongUsage = 2;
+constexpr unsigned kScriptSeed = 1;  // any: a script plays the same game each time
+
+bool isLevelFile(const std::string& level) { return level.ends_with(".lvl"); }
+
+// Empty when `level` is a number of the list or names a level file, else what is wrong with it.
+std::string faultOfLevel(const std::string& level) {
+    int number = 0;
+    const char* const end = level.data() + level.size();
+    const auto read = std::from_chars(level.data(), end, number);
+    const bool isNumber = read.ec == std::errc() && read.ptr == end;
+    const bool isListed = isNumber && number >= 1 && number <= static_cast<int>(kLevelNames.size());
+    if (isListed || (isLevelFile(level) && std::filesystem::exists(level))) return {};
+    return "'" + level + "' is neither a level from 1 to 50 nor a level file (.lvl)";
+}
+
+void startAt(const std::string& level, PlayStart& start) {
+    if (isLevelFile(level)) {
+        start.levelFile = level;
+    } else if (!level.empty()) {
+        start.levelIndex = std::stoi(level) - 1;
+    }
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string line;
+    for (const std::string& word : words) line += (line.empty() ? "" : " ") + word;
+    return line;
+}
+
+// Says what CLI11 found; its own exit codes tell help from faults only.
+int reportEnd(const CLI::App& app, const CLI::ParseError& end) { return app.exit(end) == 0 ? 0 : kWrongUsage; }
+
+}  // namespace
+
+OwnOptions readOwnOptions(int argc, const char* const* argv) {
+    OwnOptions options;
+    std::string level;
+    CLI::App app("Grubaway: dig, climb, take the keys and leave.", "grubaway");
+    app.allow_extras();
+    app.add_option("--data", options.dataDirectory, "Directory of the packages")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
+    app.add_option("--level", level, "Level to start with: 1 to 50, or a level file")
+        ->type_name("NAME")
+        ->check(CLI::Validator(faultOfLevel, ""));
+    app.add_option("--script", options.scriptFile, "Play a script, without screen and sound")->type_name("FILE");
+    app.set_version_flag("--version", "grubaway " GRUB_VERSION);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& end) {
+        options.exitCode = reportEnd(app, end);
+    }
+    if (options.exitCode) return options;
+    startAt(level, options.start);
+    if (!options.scriptFile.empty()) options.start.seed = kScriptSeed;
+    options.commandLine = joined(app.remaining());
+    return options;
+}
+
+}  // namespace grub
