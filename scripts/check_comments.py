@@ -2,8 +2,9 @@
 """Lists public declarations of headers that no comment explains, and fails when there is one.
 
 A declaration is explained by a `///` line above it, by `///<` on its line, or by the comment of the block of declarations
-(lines without a blank line between) that it stands in. Overrides, destructors, defaulted and deleted members, friends,
-constructors of the class that its comment describes when they take nothing, and forward declarations need none.
+(lines without a blank line between) that it stands in. The fields of a struct may be explained by the comment of the
+struct. Overrides, destructors, copies and moves, defaulted and deleted members, friends, operator new, delete and
+comparisons, and forward declarations need none.
 """
 import pathlib
 import re
@@ -11,7 +12,7 @@ import subprocess
 import sys
 
 EXEMPT = re.compile(
-    r"override|= default|= delete|^friend\b|^using namespace|^virtual ~|^~|^(public|protected|private):|^(class|struct|enum class) \w+;"
+    r"^\w+\(\);|\boperator(=| new| delete|==|<=>)|\b(\w+)\((const )?\2&|override|= default|= delete|^friend\b|^using namespace|^virtual ~|^~|^(public|protected|private):|^(class|struct|enum class) \w+;"
     r"|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b"
 )
 
@@ -20,6 +21,7 @@ class Scope:
     def __init__(self, kind: str, public: bool):
         self.kind = kind  # namespace, class, enum, other
         self.public = public
+        self.explained = False  # it had a comment of its own
 
 
 def opened(line: str) -> Scope:
@@ -56,12 +58,14 @@ def faults_of(path: pathlib.Path) -> list[str]:
             continue
         code = re.sub(r"//.*|\"(\\.|[^\"])*\"", "", line)
         begins = not statement
-        if visible and begins and not EXEMPT.search(line) and not explained and "///<" not in line and re.search(r"\w", code):
+        field = scopes and scopes[-1].kind == "class" and scopes[-1].explained and "(" not in code and not code.endswith("{")
+        if visible and begins and not EXEMPT.search(line) and not (explained or field) and "///<" not in line and re.search(r"\w", code):
             faults.append(f"{path}:{number}: {line}")
         statement = "" if re.search(r"[;{}]\s*$|:$", code) or EXEMPT.match(line) and not code.endswith((",", "(")) else statement + code
         for char in re.findall(r"[{}]", code):
             if char == "{":
                 scopes.append(opened(line))
+                scopes[-1].explained = explained
             elif scopes:
                 scopes.pop()
         if code.endswith("{") or code.startswith("}"):

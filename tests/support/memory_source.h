@@ -1,0 +1,42 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "resource_source.h"
+
+namespace grub {
+
+/// Named resources in memory, in place of a package. Loads may come from any thread.
+class MemorySource final : public ResourceSource {
+public:
+    /// Adds or replaces a resource.
+    void put(const std::string& name, std::vector<std::uint8_t> bytes) { resources_[name] = std::move(bytes); }
+    void put(const std::string& name, const std::string& text) { resources_[name].assign(text.begin(), text.end()); }
+    /// Takes a resource away.
+    void remove(const std::string& name) { resources_.erase(name); }
+    /// Names that were asked for, found or not, in order.
+    [[nodiscard]] const std::vector<std::string>& loads() const { return loads_; }
+
+    bool exists(const EngineString& name) override { return resources_.contains(name.cStr()); }
+    SharedBuffer load(const EngineString& name) override {
+        const std::lock_guard lock(lock_);
+        loads_.emplace_back(name.cStr());
+        const auto found = resources_.find(name.cStr());
+        if (found == resources_.end()) return {};
+        SharedBuffer buffer = SharedBuffer::create(static_cast<std::uint32_t>(found->second.size()));
+        std::copy(found->second.begin(), found->second.end(), buffer.writableData());
+        return buffer;
+    }
+
+private:
+    std::mutex lock_;
+    std::map<std::string, std::vector<std::uint8_t>> resources_;
+    std::vector<std::string> loads_;
+};
+
+}  // namespace grub
