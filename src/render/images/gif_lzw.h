@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "gif_codes.h"
+
+namespace grub {
+
+/// Why the expansion of an image stopped.
+enum class LzwEnd { EndCode, PictureFull, DataRanOut, Damaged };
+
+/// Expands the LZW data of one GIF image into RGB bytes. It keeps to what a decoder with plain prefix and suffix
+/// tables would do, also where encoders should not go:
+/// - a code is a colour when it is below the number of colours, and not when it is below the clear code;
+/// - the first code, and the first after a clear code, is taken modulo the number of colours and adds no string;
+/// - a code beyond the strings known stands for the string that is just being made, however large it is.
+/// A string normally stands in the output already, since it was put there when it was learnt; so it is copied from
+/// there. Only a string of which that is not sure is walked through the tables.
+class LzwExpander {
+public:
+    /// `minCodeSize` is 1 to 11 bits; `palette` holds R, G, B of 2, 4, 8 ... 256 colours and must live as long as this.
+    LzwExpander(unsigned minCodeSize, std::span<const std::uint8_t> palette, std::span<std::uint8_t> out);
+
+    /// Runs over the data sub-blocks (and whatever follows them) until one of the ends; may be called once.
+    LzwEnd run(std::span<const std::uint8_t> blocks);
+    /// Bytes of the output written so far.
+    [[nodiscard]] std::size_t filled() const { return filled_; }
+
+private:
+    static constexpr std::uint32_t kTableSize = 4096;
+
+    // Pixels that stand together in the output, `start` is in bytes. Length 0: not known to stand there.
+    struct Run {
+        std::uint32_t start = 0;
+        std::uint16_t length = 0;
+        std::uint8_t first = 0;  // colour of the first pixel
+    };
+    // The string of a code: that of `prefix`, then the colour `suffix`.
+    struct Entry {
+        Run run;
+        std::uint8_t suffix = 0;
+        std::uint16_t prefix = 0;
+    };
+
+    [[nodiscard]] std::size_t room() const { return out_.size() - filled_; }
+    void forgetStrings();
+    void putFirst(std::uint32_t code);
+    bool put(std::uint32_t code);
+    void putColour(std::uint32_t colour);
+    void putCopy(std::uint32_t start, std::size_t pixels);
+    bool putByWalking(std::uint32_t code);
+    void learn(std::uint32_t code, Run written);
+
+    const std::uint32_t clear_;
+    const std::uint32_t end_;
+    const std::uint32_t colourCount_;
+    const unsigned firstWidth_;
+    const std::span<const std::uint8_t> palette_;
+    const std::span<std::uint8_t> out_;
+    std::vector<Entry> entries_;  // zeroed once; a clear code leaves the old strings where stray codes may find them
+
+    std::size_t filled_ = 0;
+    unsigned width_ = 0;       // bits of the next code
+    std::uint32_t limit_ = 0;  // the number of strings at which the width grows
+    std::uint32_t next_ = 0;   // the code of the next string
+    bool fresh_ = true;        // the next code is the first, or the first after a clear code
+    std::uint32_t previous_ = 0;
+    Run previousRun_;         // of `previous_`
+    std::uint8_t first_ = 0;  // first colour of what was put last
+};
+
+}  // namespace grub

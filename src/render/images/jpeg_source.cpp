@@ -1,0 +1,49 @@
+#include "jpeg_source.h"
+
+#include <algorithm>
+#include <array>
+
+namespace grub {
+
+namespace {
+
+std::array<JOCTET, 131072> staging;  // 128 KiB
+
+}  // namespace
+
+JpegSource::JpegSource(std::span<const std::uint8_t> file) : jpeg_source_mgr{}, file_(file) {
+    init_source = [](j_decompress_ptr info) { info->src->bytes_in_buffer = 0; };
+    fill_input_buffer = fill;
+    skip_input_data = skip;
+    resync_to_restart = jpeg_resync_to_restart;
+    term_source = [](j_decompress_ptr) {};
+}
+
+void JpegSource::attachTo(jpeg_decompress_struct& info) {
+    rest_ = file_;
+    info.src = this;
+}
+
+// False at the file's end: libjpeg then takes the rest to come later and answers "suspended" to its callers.
+boolean JpegSource::fill(j_decompress_ptr info) {
+    auto& self = static_cast<JpegSource&>(*info->src);
+    const std::size_t count = std::min(self.rest_.size(), staging.size());
+    if (count == 0) return FALSE;
+    std::copy_n(self.rest_.begin(), count, staging.begin());
+    self.rest_ = self.rest_.subspan(count);
+    self.next_input_byte = staging.data();
+    self.bytes_in_buffer = count;
+    return TRUE;
+}
+
+void JpegSource::skip(j_decompress_ptr info, long count) {
+    if (count <= 0) return;
+    auto& self = static_cast<JpegSource&>(*info->src);
+    const auto wanted = static_cast<std::size_t>(count);
+    const std::size_t staged = std::min(wanted, self.bytes_in_buffer);
+    self.next_input_byte += staged;
+    self.bytes_in_buffer -= staged;
+    self.rest_ = self.rest_.subspan(std::min(wanted - staged, self.rest_.size()));
+}
+
+}  // namespace grub
