@@ -4,6 +4,7 @@
 
 #include "actor.h"
 #include "attempt.h"
+#include "hero_animation.h"
 #include "play_key.h"
 
 namespace grub {
@@ -56,12 +57,11 @@ private:
     void walk(const LevelMap& map, Facing direction);
     void dig(Attempt& attempt, Facing side);
     void countIdle(const LevelMap& map);
-    void land(Attempt& attempt, bool wasFalling) const;
 
-    [[nodiscard]] bool hangs(const LevelMap& map, int cx) const;
-    [[nodiscard]] AnimationFrame continued(int animation) const;
     [[nodiscard]] int sided(int left, int right) const { return facing_ == Facing::Left ? left : right; }
-    [[nodiscard]] AnimationFrame moving(Attempt& attempt) const;
+    [[nodiscard]] AnimationFrame continued(int animation) const;
+    [[nodiscard]] AnimationFrame movingSideways(Attempt& attempt) const;
+    [[nodiscard]] AnimationFrame movingUpright(Attempt& attempt) const;
     [[nodiscard]] AnimationFrame standing(const LevelMap& map) const;
     [[nodiscard]] AnimationFrame digging(const AnimationFrameCounts& counts);
 

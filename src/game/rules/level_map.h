@@ -105,14 +105,15 @@ public:
     /// Takes away the keys that earlier attempts have collected. Once, before play.
     void withdrawCollectedKeys(std::span<const CellPosition> collected);
 
-    // Cells whose update would change something. An update that changed nothing will change nothing as long as nobody
-    // breaks the cell and keys lie, so such a cell sleeps: most cells of a map do.
+    // Cells by number, row by row, for the update of all of them. An update that changed nothing will change nothing as
+    // long as nobody breaks the cell and keys lie, so such a cell sleeps; most cells of a map do.
 
-    void wake(int x, int y) { awake_[indexOf(x, y)] = 1; }
-    void sleep(int x, int y) { awake_[indexOf(x, y)] = 0; }
-    /// The first cell that is awake at or after cell number `from` (row by row); cellCount() when there is none.
-    [[nodiscard]] std::size_t nextAwake(std::size_t from) const;
     [[nodiscard]] std::size_t cellCount() const { return cells_.size(); }
+    [[nodiscard]] MapCell& cellNumber(std::size_t number) { return cells_[number]; }
+    /// The first cell that is awake at or after number `from`; `cellCount()` when there is none.
+    [[nodiscard]] std::size_t nextAwake(std::size_t from) const;
+    void sleep(std::size_t number) { awake_[number] = 0; }
+    void wake(int x, int y) { awake_[indexOf(x, y)] = 1; }
 
     friend bool operator==(const LevelMap&, const LevelMap&) = default;
 
@@ -121,8 +122,10 @@ private:
         assert(contains(x, y));
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
     }
+    [[nodiscard]] bool canPlanSideways(int x, int y) const;
     [[nodiscard]] unsigned routeStepsFrom(int x, int y) const;
     void planRoutes();
+    void keyIsGone(MapCell& cell);
 
     int width_;
     int height_;

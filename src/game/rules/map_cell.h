@@ -28,7 +28,7 @@ struct MapCell {
     std::int16_t layer2Sprite = 0;          // drawn third
     std::int16_t layer3Sprite = 0;          // drawn first
     std::int16_t layer4Sprite = 0;          // drawn second
-    std::int16_t layer5Sprite = kNoSprite;  // in front of actors
+    std::int16_t layer5Sprite = 0;          // in front of actors
     std::int16_t frame = 0;                 // of `sprite`
     std::int16_t timer = 0;                 // frames until a broken floor starts to grow back
     std::uint16_t code = 0;                 // what the level file placed here (object_code.h)

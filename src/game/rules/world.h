@@ -54,7 +54,7 @@ public:
     /// One frame of the rules. Forgets the sounds of the frame before.
     void step();
     /// What drawing advances, once a frame whether anything is drawn or not. `playing` is false in frames that only
-    /// show the level, as behind a dialog: actors then keep their pictures.
+    /// show the level, as behind a dialog: actors then keep their pictures and nothing asks for a sound.
     void finishFrame(bool playing);
     /// Ends the attempt from outside, as a closed window does. The rules of a later step may name another cause.
     void end(LossCause cause) { attempt_.end(cause); }

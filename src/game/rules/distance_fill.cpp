@@ -1,0 +1,91 @@
+#include "distance_fill.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cassert>
+
+#include "rules.h"
+
+namespace grub {
+
+namespace {
+
+constexpr std::uint16_t kFar = 0xFFFF;
+constexpr int kLargestStart = 50000;  // so that the longest way, one step for each cell, stays far from kFar
+
+/// A cell that still has steps to take when the fill comes back to it.
+struct Branch {
+    std::uint32_t cell;
+    std::uint32_t steps;
+};
+
+// A cell is on the way at most once, since a longer way never enters it again.
+using Way = std::array<Branch, std::size_t{kMaxMapSize} * kMaxMapSize>;
+
+}  // namespace
+
+DistanceField::DistanceField(int width, int height)
+    : stride_(width + 2),
+      steps_(static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height + 2), 0),
+      distances_(steps_.size(), kFar) {}
+
+std::size_t DistanceField::indexOf(int x, int y) const {
+    return static_cast<std::size_t>(y + 1) * static_cast<std::size_t>(stride_) + static_cast<std::size_t>(x + 1);
+}
+
+void DistanceField::setSteps(int x, int y, unsigned steps) { steps_[indexOf(x, y)] = static_cast<std::uint8_t>(steps); }
+
+void DistanceField::reset() { std::fill(distances_.begin(), distances_.end(), kFar); }
+
+int DistanceField::at(int x, int y) const {
+    const std::uint16_t distance = distances_[indexOf(x, y)];
+    return distance == kFar ? kUnreached : distance;
+}
+
+// The recursion "enter a cell, then each neighbour in turn", with the open branches on a stack of our own. A neighbour
+// that is refused on entering a cell would be refused later too, because distances only become smaller, so it is
+// dropped at once. What is left is asked again when its turn comes, and the last one needs no branch to return to. A
+// cell keeps its distance while it is on the way, so a branch need not store it.
+void DistanceField::fill(int x, int y, int distance) {
+    assert(distance >= 0 && distance <= kLargestStart);
+    const auto stride = static_cast<std::uint32_t>(stride_);
+    const std::array<std::uint32_t, 4> offsets{0U - stride, stride, 1U, 0U - 1U};  // in the order of RouteStep
+    const std::uint8_t* const steps = steps_.data();
+    std::uint16_t* const distances = distances_.data();
+    Way way;  // NOLINT(cppcoreguidelines-pro-type-member-init): only written branches are read
+    std::size_t open = 0;
+
+    auto cell = static_cast<std::uint32_t>(indexOf(x, y));
+    auto length = static_cast<std::uint32_t>(distance);
+    const auto isWorthEntering = [&](std::uint32_t target) {
+        return distances[target] > length + 1 + kDistanceTolerance;
+    };
+    if (distances[cell] <= length + kDistanceTolerance) return;
+
+    for (;;) {
+        distances[cell] = static_cast<std::uint16_t>(length);
+        unsigned left = steps[cell] & (unsigned{isWorthEntering(cell + offsets[0])} * kStepUp |
+                                       unsigned{isWorthEntering(cell + offsets[1])} * kStepDown |
+                                       unsigned{isWorthEntering(cell + offsets[2])} * kStepRight |
+                                       unsigned{isWorthEntering(cell + offsets[3])} * kStepLeft);
+        for (;;) {
+            while (left == 0) {
+                if (open == 0) return;
+                --open;
+                cell = way[open].cell;
+                left = way[open].steps;
+                length = distances[cell];
+            }
+            const std::uint32_t target = cell + offsets[static_cast<std::size_t>(std::countr_zero(left))];
+            left &= left - 1;
+            if (!isWorthEntering(target)) continue;
+            if (left != 0) way[open++] = {cell, left};
+            cell = target;
+            ++length;
+            break;
+        }
+    }
+}
+
+}  // namespace grub

@@ -1,0 +1,177 @@
+#include "hero.h"
+
+#include "rules.h"
+#include "terrain.h"
+
+namespace grub {
+
+Hero::Hero(const LevelMap& map) {
+    setCell(map.heroStart().x, map.heroStart().y);
+    picture_ = {hero_animation::kStandLeft, 0};
+}
+
+void Hero::keyDown(PlayKey key) {
+    restartIdleTimer();
+    switch (key) {
+        case PlayKey::Up: command_ = HeroCommand::Up; break;
+        case PlayKey::Down: command_ = HeroCommand::Down; break;
+        case PlayKey::Left:
+            if (facing_ == Facing::Right && vx == 0) turnDelay_ = kTurnDelay;
+            command_ = HeroCommand::Left;
+            break;
+        case PlayKey::Right:
+            if (facing_ == Facing::Left && vx == 0) turnDelay_ = kTurnDelay;
+            command_ = HeroCommand::Right;
+            break;
+        case PlayKey::Space:
+        case PlayKey::Enter: command_ = facing_ == Facing::Right ? HeroCommand::DigRight : HeroCommand::DigLeft; break;
+        case PlayKey::Z:
+        case PlayKey::A: command_ = HeroCommand::DigLeft; break;
+        case PlayKey::X:
+        case PlayKey::B: command_ = HeroCommand::DigRight; break;
+    }
+}
+
+// A release takes back its own command only. Space and Enter have no release: a tap between cells digs at the next one.
+void Hero::keyUp(PlayKey key) {
+    const auto takeBack = [this](HeroCommand command) {
+        if (command_ == command) command_ = HeroCommand::None;
+    };
+    switch (key) {
+        case PlayKey::Up: return takeBack(HeroCommand::Up);
+        case PlayKey::Down: return takeBack(HeroCommand::Down);
+        case PlayKey::Left: return takeBack(HeroCommand::Left);
+        case PlayKey::Right: return takeBack(HeroCommand::Right);
+        case PlayKey::Z:
+        case PlayKey::A: return takeBack(HeroCommand::DigLeft);
+        case PlayKey::X:
+        case PlayKey::B: return takeBack(HeroCommand::DigRight);
+        case PlayKey::Space:
+        case PlayKey::Enter: return;
+    }
+}
+
+void Hero::restartIdleTimer() {
+    idleTimer_ = kIdleFrames;
+    idlePlaying_ = false;
+}
+
+void Hero::update(Attempt& attempt) {
+    const bool wasFalling = vy > 0;
+    if (isHalfAligned()) takeKeysInReach(attempt);
+    if (isAligned()) arriveAtCell(attempt);
+    decide(attempt);
+    countIdle(attempt.map);
+    move(attempt.map);
+    if (wasFalling && vy == 0) {
+        attempt.sounds.stop(SoundId::Falling);
+        attempt.sounds.play(SoundId::Landing);
+    }
+}
+
+/// Half-way between two cells he takes the keys of both, and they stay taken.
+void Hero::takeKeysInReach(Attempt& attempt) const {
+    const int cx = cellX();
+    const int cy = cellY();
+    const bool betweenRows = x % kCellSize == 0;
+    const CellPosition other = betweenRows ? CellPosition{cx, cy + 1} : CellPosition{cx + 1, cy};
+    for (const CellPosition place : {CellPosition{cx, cy}, other}) {
+        if (attempt.map.collectKey(place.x, place.y)) attempt.rewardKey(place.x, place.y);
+    }
+}
+
+void Hero::arriveAtCell(Attempt& attempt) const {
+    const int cx = cellX();
+    const int cy = cellY();
+    if (attempt.map.takeKeyForNow(cx, cy)) attempt.rewardKey(cx, cy);
+    if (attempt.map.distanceAt(cx, cy) != 0) {
+        attempt.map.resetDistances();
+        attempt.map.fillDistances(cx, cy, 0);
+    }
+}
+
+void Hero::decide(Attempt& attempt) {
+    const LevelMap& map = attempt.map;
+    if (!isAligned() || digging_) return turnBack(map);
+    vx = 0;
+    vy = 0;
+    if (map.canStand(cellX(), cellY(), View::Physical) || map.isPipe(cellX(), cellY())) {
+        obey(attempt);
+    } else {
+        vy = kHeroSpeed;
+    }
+}
+
+/// Between cells. A fall has nothing to climb back on: only on a ladder or a support he can turn up again.
+void Hero::turnBack(const LevelMap& map) {
+    switch (command_) {
+        case HeroCommand::Left:
+            if (vx > 0) vx = -kHeroSpeed;
+            break;
+        case HeroCommand::Right:
+            if (vx < 0) vx = kHeroSpeed;
+            break;
+        case HeroCommand::Up:
+            if (vy > 0 && map.canStand(cellX(), cellY(), View::Physical)) vy = -kHeroSpeed;
+            break;
+        case HeroCommand::Down:
+            if (vy < 0) vy = kHeroSpeed;
+            break;
+        default: break;
+    }
+}
+
+void Hero::obey(Attempt& attempt) {
+    const LevelMap& map = attempt.map;
+    const int cx = cellX();
+    const int cy = cellY();
+    switch (command_) {
+        case HeroCommand::None: return;
+        case HeroCommand::Left: return walk(map, Facing::Left);
+        case HeroCommand::Right: return walk(map, Facing::Right);
+        case HeroCommand::Up:
+            if (map.isClimbableLadder(cx, cy, View::Physical) && map.isPassable(cx, cy - 1, View::Physical))
+                vy = -kHeroSpeed;
+            return;
+        case HeroCommand::Down:
+            if (map.isPassable(cx, cy + 1, View::Physical)) vy = kHeroSpeed;
+            return;
+        case HeroCommand::DigLeft: return dig(attempt, Facing::Left);
+        case HeroCommand::DigRight: return dig(attempt, Facing::Right);
+    }
+}
+
+void Hero::walk(const LevelMap& map, Facing direction) {
+    const int step = direction == Facing::Left ? -1 : 1;
+    facing_ = direction;
+    if (turnDelay_ > 0) {
+        --turnDelay_;
+    } else if (map.isPassable(cellX() + step, cellY(), View::Physical)) {
+        vx = step * kHeroSpeed;
+    }
+}
+
+void Hero::dig(Attempt& attempt, Facing side) {
+    const int column = cellX() + (side == Facing::Left ? -1 : 1);
+    const int row = cellY() + 1;
+    command_ = HeroCommand::None;
+    facing_ = side;
+    if (!attempt.map.isDiggable(column, row)) return;
+    breakFloor(attempt.map, column, row);
+    digging_ = true;
+    attempt.sounds.play(SoundId::Break);
+}
+
+void Hero::countIdle(const LevelMap& map) {
+    if (idleTimer_ < 1) {
+        idlePlaying_ = true;
+        idleTimer_ = kIdleFrames;
+        picture_.frame = 0;
+    } else {
+        --idleTimer_;
+    }
+    const bool onLadder = map.cellAt(cellX(), cellY()).type == BlockType::Ladder;
+    if (vx != 0 || vy != 0 || onLadder || map.isPipe(cellX(), cellY())) idlePlaying_ = false;
+}
+
+}  // namespace grub

@@ -1,0 +1,164 @@
+#include "level_loader.h"
+
+#include <unordered_map>
+
+#include "level_list.h"
+#include "object_code.h"
+#include "rules.h"
+
+namespace grub {
+
+namespace {
+
+constexpr std::uint32_t kBlockTableBuckets = 3000;
+
+/// A section of the block table, its picture numbers already turned into animation ids.
+struct Block {
+    std::optional<BlockType> type;
+    std::optional<std::int16_t> sprite;
+    std::int16_t fireSprite = kNoSprite;
+    std::int16_t rostSprite = kNoSprite;
+    std::int16_t fonSprite = kNoSprite;
+};
+
+/// The blocks of one level, each looked up once.
+class Blocks {
+public:
+    Blocks(const std::optional<IniTable>& table, const SpriteNumbers& numbers) : table_(table), numbers_(numbers) {}
+
+    const Block& operator[](std::uint16_t id) {
+        const auto known = known_.find(id);
+        return known != known_.end() ? known->second : known_.emplace(id, read(id)).first->second;
+    }
+
+private:
+    [[nodiscard]] Block read(std::uint16_t id) const {
+        Block block;
+        if (!table_) return block;
+        const EngineString section(std::string_view(std::to_string(id)));
+        const auto picture = [&](const char* key) { return numbers_.spriteIdOf(table_->getInt(section, key)); };
+        if (table_->has(section, "type")) block.type = blockTypeOf(table_->getInt(section, "type"));
+        if (table_->has(section, "sprite")) block.sprite = picture("sprite");
+        block.fireSprite = picture("spriteFire");
+        block.rostSprite = picture("spriteRost");
+        block.fonSprite = picture("spriteFon");
+        return block;
+    }
+
+    const std::optional<IniTable>& table_;
+    const SpriteNumbers& numbers_;
+    std::unordered_map<std::uint16_t, Block> known_;
+};
+
+/// The animation id of a block that names no picture.
+std::int16_t defaultSprite(BlockType type) {
+    switch (type) {
+        case BlockType::Floor: return 3;
+        case BlockType::Ladder: return 5;
+        case BlockType::Pipe: return 4;
+        case BlockType::Solid: return 2;
+        default: return 0;
+    }
+}
+
+/// What a type means beyond itself: some are only marks on an empty cell.
+void settleType(MapCell& cell) {
+    switch (cell.baseType) {
+        case BlockType::HiddenLadder: cell.type = BlockType::Empty; break;
+        case BlockType::Exit:
+            cell.type = BlockType::Empty;
+            cell.isExit = true;
+            break;
+        case BlockType::SpawnPoint:
+            cell.type = BlockType::Empty;
+            cell.baseType = BlockType::Empty;
+            cell.isSpawnPoint = true;
+            break;
+        default: break;
+    }
+}
+
+void applyBase(MapCell& cell, const Block& block) {
+    cell.type = block.type.value_or(BlockType::Empty);
+    cell.baseType = cell.type;
+    cell.sprite = block.sprite && *block.sprite >= 0 ? *block.sprite : defaultSprite(cell.baseType);
+    cell.baseSprite = cell.sprite;
+    cell.fireSprite = block.fireSprite;
+    cell.rostSprite = block.rostSprite;
+    cell.fonSprite = block.fonSprite;
+    settleType(cell);
+}
+
+/// A layer is an ornament; only on an empty base its block also says how the cell behaves.
+void applyLayer(MapCell& cell, std::int16_t& layerSprite, std::uint16_t id, Blocks& blocks) {
+    if (id == 0) return;
+    const Block& block = blocks[id];
+    layerSprite = block.sprite.value_or(0);
+    if (cell.baseType == BlockType::Empty && block.type) {
+        cell.type = *block.type;
+        cell.baseType = *block.type;
+    }
+}
+
+MapCell makeCell(const CellRecord& record, Blocks& blocks) {
+    MapCell cell;
+    applyBase(cell, blocks[record.base]);
+    applyLayer(cell, cell.layer2Sprite, record.layer2, blocks);
+    applyLayer(cell, cell.layer3Sprite, record.layer3, blocks);
+    applyLayer(cell, cell.layer4Sprite, record.layer4, blocks);
+    applyLayer(cell, cell.layer5Sprite, record.layer5, blocks);
+    settleType(cell);
+    if (cell.baseType == BlockType::Exit) cell.sprite = cell.baseSprite = cell.rostSprite;
+    cell.code = record.code;
+    return cell;
+}
+
+void placeObject(LevelMap& map, int x, int y, std::uint16_t code) {
+    if (code == object_code::kHero) map.setHeroStart({x, y});
+    if (object_code::isObject(code)) map.addObject({x, y, code});
+    if (object_code::isKey(code)) map.addKey(x, y, code == object_code::kKey ? 1 : 0);
+}
+
+}  // namespace
+
+bool LevelLoader::loadBlockTypes() {
+    blocks_.reset();
+    const EngineString name(kBlockTableName);
+    if (!levels_->exists(name)) return false;
+    blocks_.emplace(levels_->load(name), kBlockTableBuckets);
+    return true;
+}
+
+std::optional<LevelMap> LevelLoader::load(std::string_view name, std::string& reason) const {
+    const EngineString resource(name);
+    std::optional<LevelMap> map;
+    if (!levels_->exists(resource)) {
+        reason = "there is no such file";
+    } else if (const auto file = readLevelFile(levels_->load(resource).bytes(), reason)) {
+        map = build(*file, reason);
+    }
+    if (!map) reason = std::string(name) + ": " + reason;
+    return map;
+}
+
+std::optional<LevelMap> LevelLoader::build(const LevelFile& file, std::string& reason) const {
+    LevelMap map(file.width, file.height);
+    map.setHeader(file.header);
+    Blocks blocks(blocks_, spriteNumbers_);
+    auto record = file.records.begin();
+    for (int y = 0; y < file.height; ++y) {
+        for (int x = 0; x < file.width; ++x, ++record) {
+            map.cellAt(x, y) = makeCell(*record, blocks);
+            if (map.cellAt(x, y).isSpawnPoint) map.addSpawnPoint({x, y});
+            placeObject(map, x, y, record->code);
+        }
+    }
+    if (map.spawnPoints().size() > kMaxSpawnPoints) {
+        reason = std::to_string(map.spawnPoints().size()) + " spawn points, at most " +
+                 std::to_string(kMaxSpawnPoints) + " are possible";
+        return std::nullopt;
+    }
+    return map;
+}
+
+}  // namespace grub
