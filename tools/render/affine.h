@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cmath>
+
+namespace grub {
+
+/// A place on the drawing, in design pixels, y down.
+struct Point {
+    double x = 0;
+    double y = 0;
+};
+
+constexpr Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
+constexpr Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
+constexpr Point operator*(Point a, double k) { return {a.x * k, a.y * k}; }
+constexpr Point mix(Point a, Point b, double t) { return a + (b - a) * t; }
+inline double length(Point a) { return std::hypot(a.x, a.y); }
+
+/// x' = xx * x + xy * y + x0, y' = yx * x + yy * y + y0. Each operation acts before those already there, as a drawing
+/// nests.
+struct Affine {
+    double xx = 1;
+    double yx = 0;
+    double xy = 0;
+    double yy = 1;
+    double x0 = 0;
+    double y0 = 0;
+
+    Point apply(Point p) const { return {xx * p.x + xy * p.y + x0, yx * p.x + yy * p.y + y0}; }
+    Affine translated(Point by) const {
+        const Point origin = apply(by);
+        return {xx, yx, xy, yy, origin.x, origin.y};
+    }
+    /// Radians, clockwise as y points down.
+    Affine rotated(double angle) const {
+        const double c = std::cos(angle);
+        const double s = std::sin(angle);
+        return {xx * c + xy * s, yx * c + yy * s, xy * c - xx * s, yy * c - yx * s, x0, y0};
+    }
+    Affine scaled(double sx, double sy) const { return {xx * sx, yx * sx, xy * sy, yy * sy, x0, y0}; }
+    /// Samples a design pixel is long, averaged over directions.
+    double magnification() const { return std::sqrt(std::abs(xx * yy - xy * yx)); }
+};
+
+}  // namespace grub

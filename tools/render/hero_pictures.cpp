@@ -1,0 +1,261 @@
+#include "hero_pictures.h"
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "hero_drawing.h"
+#include "noise.h"
+#include "rig.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+constexpr double kSize = 64;
+constexpr double kMiddle = 32;
+
+/// Pixels a whole cycle of a moving strip covers: eight game frames of 8 px.
+constexpr double kCycle = 64;
+
+constexpr double kPipeAxis = 10;
+
+/// Width of the line round the whole figure, added to the lines of its parts.
+constexpr double kOutline = 0.4;
+
+constexpr double radians(double degrees) { return degrees * std::numbers::pi / 180; }
+
+/// Everything is drawn facing right and turned round, since the files face left.
+Canvas::Placement facingLeft(Canvas& canvas) { return canvas.placed({kSize, 0}, 0, -1, 1); }
+
+/// Body bent about the hips, `squash` shorter and as much wider.
+Canvas::Placement bodyPlaced(Canvas& canvas, double lean, Point shift, double squash = 0) {
+    const Point hips{kMiddle, 50};
+    const Affine place =
+        Affine{}.translated(hips + shift).rotated(lean).scaled(1 + squash, 1 - squash).translated(hips * -1);
+    return canvas.placed({place.x0, place.y0}, lean, 1 + squash, 1 - squash);
+}
+
+// ---- walking
+
+constexpr double kWalkDuty = 0.25;
+
+struct WalkFoot {
+    Point sole;
+    double angle;
+};
+
+WalkFoot walkFoot(double phase) {
+    const Step step = stride(phase, kCycle, kWalkDuty);
+    const double heelUp = 0.95 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
+    const double toeUp = 0.4 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
+    return {{kMiddle + step.x - 1, kGround - 7.5 * step.lift}, heelUp - toeUp};
+}
+
+double walkBob(double phase) { return 0.9 * wave(2 * phase); }
+
+void drawWalk(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = facingLeft(canvas);
+    const double phase = frame.phase();
+    const double bob = walkBob(phase);
+    const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
+    const WalkFoot near = walkFoot(phase);
+    const WalkFoot far = walkFoot(phase + 0.5);
+    drawHeroArm(canvas, {42, 40 + bob}, {43.5 + 6.5 * swing, 44.5 + bob - 2.6 * swing}, -1, Side::Far, 5.6);
+    drawHeroLeg(canvas, {31, 48 + bob}, far.sole, far.angle, Side::Far);
+    drawHeroLeg(canvas, {33, 48 + bob}, near.sole, near.angle, Side::Near);
+    {
+        const auto body = bodyPlaced(canvas, 0.06 + 0.02 * wave(2 * phase + 0.1), {0, bob}, 0.02 * wave(2 * phase));
+        drawHeroBody(canvas, {}, 0.5 * (walkBob(phase - 0.125) - bob));
+    }
+    drawHeroArm(canvas, {25.5, 40.4 + bob}, {25 - 9 * swing, 45.5 + bob + 2.2 * swing}, -1, Side::Near, 5.8);
+    canvas.outline(kOutline);
+}
+
+// ---- climbing: rungs lie every 16 px, at y 8 of the cell
+
+/// Hand or foot on the rungs: down with the ladder for `duty` of the cycle from row `top`, then up again.
+double rungRow(double phase, double duty, double top) {
+    const Step step = stride(phase, kCycle, duty);
+    return top + kCycle * duty / 2 - step.x;
+}
+
+void drawClimbLeg(Canvas& canvas, double hipX, double x, double phase) {
+    const double row = rungRow(phase, 0.25, 38);
+    const double outward = hipX < kMiddle ? -1 : 1;
+    const auto mirrored = outward > 0 ? canvas.placed({2 * kMiddle, 0}, 0, -1, 1) : canvas.placed({0, 0});
+    const double side = kMiddle - std::abs(x - kMiddle);
+    const Point hip{kMiddle - std::abs(hipX - kMiddle), 46};
+    drawHeroLeg(canvas, hip, {side + 1.5, row + 5}, 0.12, Side::Far);
+}
+
+void drawClimb(Canvas& canvas, FrameOf frame) {
+    const double phase = frame.phase();
+    drawClimbLeg(canvas, 26, 24.5, phase + 0.5);
+    drawClimbLeg(canvas, 38, 39.5, phase);
+    const double left = rungRow(phase, 0.375, 8);
+    const double right = rungRow(phase + 0.5, 0.375, 8);
+    {
+        const auto body = bodyPlaced(canvas, 0.0022 * (left - right), {0, 1});
+        drawHeroBack(canvas, 0.3 * wave(2 * phase));
+    }
+    drawHeroArm(canvas, {20.5, 38}, {20.5, left}, -1, Side::Near);
+    drawHeroArm(canvas, {43.5, 38}, {43.5, right}, 1, Side::Near);
+    canvas.outline(kOutline);
+}
+
+// ---- hanging
+
+void drawHang(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = facingLeft(canvas);
+    const double phase = frame.phase();
+    const Step near = stride(phase, kCycle, 0.5);
+    const Step far = stride(phase + 0.5, kCycle, 0.5);
+    const double sway = 0.10 * wave(phase - 0.25 + 0.125);
+    const auto handAt = [](const Step& step) { return Point{kMiddle + step.x, kPipeAxis - 0.6 + 3.4 * step.lift}; };
+    const double x = 24 * sway;
+    drawHeroArm(canvas, {42 + x, 37}, handAt(far), 1, Side::Far);
+    drawHeroArm(canvas, {23 + x, 37}, handAt(near), -1, Side::Near);
+    {
+        const auto hung = canvas.bent({kMiddle, kPipeAxis}, -sway);
+        const auto small = canvas.placed({kMiddle - 0.78 * kMiddle, 13.4}, 0, 0.78, 0.78);
+        const double dangle = 3 * wave(phase + 0.1);
+        drawHeroLeg(canvas, {35, 48}, {36 - dangle, 59.6}, 0.35, Side::Far);
+        drawHeroLeg(canvas, {28.5, 48}, {28 + dangle, 60.2}, 0.45, Side::Near);
+        drawHeroBody(canvas, {.look = {0.9, -0.5}, .mouth = Mouth::Grit, .brow = 0.4});
+    }
+    canvas.outline(kOutline);
+}
+
+// ---- falling
+
+void drawFall(Canvas& canvas, FrameOf frame) {
+    const double phase = frame.phase();
+    const double flail = wave(phase);
+    drawHeroLeg(canvas, {28, 47}, {23.5 - 1.5 * flail, 58 + 1.6 * flail}, 0.35 + 0.2 * flail, Side::Far);
+    drawHeroLeg(canvas, {36, 47}, {41 - 1.5 * flail, 58 - 1.6 * flail}, -0.3 + 0.2 * flail, Side::Near);
+    drawHeroArm(canvas, {21, 38}, {9 - 1.5 * flail, 27 + 5 * flail}, 1, Side::Near, 8.6);
+    drawHeroArm(canvas, {43, 38}, {55 - 1.5 * flail, 27 - 5 * flail}, -1, Side::Near, 8.6);
+    {
+        const auto body = bodyPlaced(canvas, 0.04 * flail, {0, -1}, -0.03);
+        drawHeroBody(canvas, {.look = {0, 0.75}, .mouth = Mouth::Open, .turn = 0, .brow = 1.2},
+                     -2.2 - 0.5 * wave(2 * phase));
+    }
+    canvas.outline(kOutline);
+}
+
+// ---- digging: two pictures of winding up, the hit on picture 4, one of overshoot, the throw, two of settling
+
+struct DigPose {
+    double angle;  // of the spoon, degrees
+    Point grip;
+    double lean;
+    double squash;
+};
+
+constexpr std::array kDig{
+    //      spoon  grip       lean    squash
+    DigPose{25, {43, 42}, 0.00, 0.00},    //
+    DigPose{-25, {42, 39}, -0.06, 0.01},  //
+    DigPose{-72, {43, 34}, -0.14, -0.03}, DigPose{-84, {42, 32}, -0.17, -0.04}, DigPose{64, {46, 41}, 0.16, 0.03},
+    DigPose{70, {46, 42.5}, 0.22, 0.06},  DigPose{38, {42, 43.5}, 0.14, 0.03},  DigPose{-22, {41, 40}, -0.05, -0.02},
+    DigPose{5, {42, 41}, -0.02, -0.01},   DigPose{18, {43, 42}, 0.00, 0.00},
+};
+constexpr int kDigHit = 4;
+
+constexpr Material kEarth = stony(rgb(0xa8674f), 0.4F, 0.1F);
+
+/// Crumbs that the hit throws up; time in pictures since the hit.
+void drawCrumbs(Canvas& canvas, double time) {
+    for (std::uint32_t i = 0; i < 6; ++i) {
+        const double vx = -3.4 + 4.6 * randomShare(i, 1, 5);
+        const double vy = -7.5 - 4 * randomShare(i, 2, 5);
+        const Point at{53 + vx * time, 58 + vy * time + 1.9 * time * time};
+        const double size = 1.4 + 1.2 * randomShare(i, 3, 5);
+        if (at.y > 59 || at.x > 60 || at.y < 4) continue;
+        canvas.part(
+            polygon({{at.x - size, at.y}, {at.x, at.y - size}, {at.x + size, at.y - 0.2}, {at.x + 0.2, at.y + size}},
+                    1),
+            kEarth, {.bevel = 1.6, .line = 0.9, .shadow = 0});
+    }
+}
+
+void drawDig(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = facingLeft(canvas);
+    const DigPose& pose = kDig[static_cast<std::size_t>(frame.index)];
+    const double angle = radians(pose.angle);
+    const Point along{std::cos(angle), std::sin(angle)};
+    const Point upper = pose.grip - along * 9;
+    const bool straining = frame.index >= 2 && frame.index <= 6;
+    drawHeroLeg(canvas, {24.5, 48}, {19.5, kGround}, 0, Side::Far);
+    drawHeroLeg(canvas, {31, 48}, {33, kGround}, 0, Side::Near);
+    const Point lean{14 * std::sin(pose.lean), 0};
+    {
+        const auto body = bodyPlaced(canvas, pose.lean, {-4, 0}, pose.squash);
+        drawHeroBody(
+            canvas, {.look = {0.8, 0.7}, .mouth = straining ? Mouth::Grit : Mouth::Smile, .brow = straining ? -0.6 : 0},
+            0.8 * (frame.index == kDigHit) - 0.8 * (frame.index == kDigHit + 2));
+    }
+    drawHeroArm(canvas, Point{37, 40} + lean, pose.grip, -1, Side::Far, 6.4);
+    drawSpoon(canvas, pose.grip, angle);
+    drawHeroHand(canvas, pose.grip, Side::Far);
+    drawHeroArm(canvas, Point{22, 41} + lean, upper, -1, Side::Near, 7.4);
+    if (frame.index >= kDigHit) drawCrumbs(canvas, 0.35 + frame.index - kDigHit);
+    canvas.outline(kOutline);
+}
+
+// ---- standing
+
+void drawStanding(Canvas& canvas, double breath, const Face& face) {
+    drawHeroArm(canvas, {42.5, 39 - breath}, {45.5, 46}, -1, Side::Far, 5.4);
+    drawHeroLeg(canvas, {28.4, 47.5}, {27, kGround}, 0, Side::Near);
+    drawHeroLeg(canvas, {36, 47.5}, {36.4, kGround}, 0, Side::Near);
+    {
+        const auto body = bodyPlaced(canvas, 0, {0, 0.2 - 0.4 * breath}, -0.012 * breath);
+        drawHeroBody(canvas, face, 0.25 * breath);
+    }
+    drawHeroArm(canvas, {22, 39.5 - breath}, {19, 46.8}, 1, Side::Near, 5.4);
+    canvas.outline(kOutline);
+}
+
+/// One breath of two seconds, a blink, a glance back and up.
+void drawStand(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = facingLeft(canvas);
+    constexpr Keyframe kLid[] = {{14, 0}, {15, 0.6}, {16, 1},   {17, 0.5}, {18, 0},
+                                 {45, 0}, {46, 0.8}, {47, 0.5}, {48, 0}};
+    constexpr Keyframe kGlance[] = {{25, 0}, {28, 1}, {38, 1}, {41, 0}};
+    const double glance = keyed(kGlance, frame.index);
+    const Point look = mix(Point{0.9, 0.1}, Point{-0.85, -0.25}, glance);
+    drawStanding(canvas, 0.6 * wave(frame.phase()),
+                 {.look = look, .lid = keyed(kLid, frame.index), .turn = 3 - 1.6 * glance, .brow = 0.7 * glance});
+}
+
+/// Straight at the viewer, breathing.
+void drawFrontal(Canvas& canvas, FrameOf frame) {
+    drawStanding(canvas, 0.6 * wave(frame.phase()), {.look = {0, 0.1}, .turn = 0});
+}
+
+/// Straight at the viewer, with a blink.
+void drawFrontalBlink(Canvas& canvas, FrameOf frame) {
+    constexpr Keyframe kLid[] = {{1, 0}, {3, 1}, {4, 1}, {6, 0}};
+    drawStanding(canvas, 0.6 * wave(frame.phase()), {.look = {0, 0.1}, .lid = keyed(kLid, frame.index), .turn = 0});
+}
+
+constexpr std::array kPictures{
+    //            name             px  px frames
+    PictureEntry{"grub\\ani_01", 64, 64, 8, Ground::Clear, drawWalk},
+    PictureEntry{"grub\\ani_02", 64, 64, 8, Ground::Clear, drawClimb},
+    PictureEntry{"grub\\ani_03", 64, 64, 6, Ground::Clear, drawFall},
+    PictureEntry{"grub\\ani_04", 64, 64, 8, Ground::Clear, drawHang},
+    PictureEntry{"grub\\ani_05", 64, 64, 10, Ground::Clear, drawDig},
+    PictureEntry{"grub\\ani_06", 64, 64, 8, Ground::Clear, drawFrontal},
+    PictureEntry{"grub\\ani_07", 64, 64, 8, Ground::Clear, drawFrontalBlink},
+    PictureEntry{"grub\\ani_08", 64, 64, 50, Ground::Clear, drawStand},
+};
+
+}  // namespace
+
+std::span<const PictureEntry> heroPictures() { return kPictures; }
+
+}  // namespace grub

@@ -1,0 +1,28 @@
+#include "picture_registry.h"
+
+#include <algorithm>
+#include <span>
+
+#include "hero_pictures.h"
+
+namespace grub {
+
+const std::vector<PictureEntry>& allPictures() {
+    static const std::vector<PictureEntry> pictures = [] {
+        std::vector<PictureEntry> all;
+        for (const std::span<const PictureEntry> group : {heroPictures()}) {
+            all.insert(all.end(), group.begin(), group.end());
+        }
+        return all;
+    }();
+    return pictures;
+}
+
+const PictureEntry* findPicture(std::string_view name) {
+    const auto& all = allPictures();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [name](const PictureEntry& entry) { return entry.name == name; });
+    return found == all.end() ? nullptr : &*found;
+}
+
+}  // namespace grub

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace grub {
+
+/// A finished pixel with straight alpha.
+struct Pixel {
+    std::uint8_t r = 0;
+    std::uint8_t g = 0;
+    std::uint8_t b = 0;
+    std::uint8_t a = 0;
+
+    bool operator==(const Pixel&) const = default;
+};
+
+/// A finished picture, rows top-down.
+struct PixelImage {
+    int width = 0;
+    int height = 0;
+    std::vector<Pixel> pixels;
+
+    PixelImage() = default;
+    PixelImage(int w, int h) : width(w), height(h), pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h)) {}
+
+    Pixel* row(int y) { return pixels.data() + static_cast<std::ptrdiff_t>(y) * width; }
+    const Pixel* row(int y) const { return pixels.data() + static_cast<std::ptrdiff_t>(y) * width; }
+    Pixel& at(int x, int y) { return row(y)[x]; }
+    const Pixel& at(int x, int y) const { return row(y)[x]; }
+    bool operator==(const PixelImage&) const = default;
+};
+
+}  // namespace grub

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace grub {
+
+/// Adds `render` with list, picture, all and sheet. A command that fails prints a line on standard error and throws
+/// CLI::RuntimeError with its exit code.
+void addRenderCommands(CLI::App& app);
+
+}  // namespace grub
