@@ -1,0 +1,127 @@
+#include "back_buffer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "blend.h"
+
+namespace platform {
+
+// One direction of a rectangle: which pixels it covers, and which texel the centre of each of them meets.
+struct BackBuffer::Axis {
+    LONG first;      // covered pixels, cut at the buffer's edges
+    LONG end;        // behind the last
+    float texel;     // texel position at the centre of pixel `first`
+    float perPixel;  // texels from a pixel to the next
+
+    Axis(float low, float high, float lowTexel, float highTexel, int pixels)
+        : first(pixelFrom(low, pixels)), end(pixelFrom(high, pixels)), perPixel((highTexel - lowTexel) / (high - low)) {
+        texel = lowTexel + (static_cast<float>(first) + 0.5F - low) * perPixel;
+    }
+
+    [[nodiscard]] bool empty() const { return first >= end; }
+    [[nodiscard]] LONG texelAt(LONG pixel) const {
+        // A texture coordinate is rounded, so a position meant to be whole may lie just below.
+        constexpr float kRounding = 1.0F / 1024;
+        return static_cast<LONG>(std::floor(texel + static_cast<float>(pixel - first) * perPixel + kRounding));
+    }
+    // Whether each pixel meets the next texel of a texture of this many.
+    [[nodiscard]] bool isOneToOne(UINT texels) const {
+        return std::abs(perPixel - 1.0F) < 1e-5F && texelAt(first) >= 0 && texelAt(end - 1) < static_cast<LONG>(texels);
+    }
+
+private:
+    // The first pixel whose centre is not before `edge`.
+    static LONG pixelFrom(float edge, int pixels) {
+        return static_cast<LONG>(std::ceil(std::clamp(edge - 0.5F, 0.0F, static_cast<float>(pixels))));
+    }
+};
+
+BackBuffer::BackBuffer(int width, int height)
+    : width_(width),
+      height_(height),
+      pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
+      target_(pixman_image_create_bits_no_clear(PIXMAN_x8r8g8b8, width, height, pixels_.data(),
+                                                width * static_cast<int>(sizeof(std::uint32_t)))) {}
+
+void BackBuffer::fill(const D3DRECT& rect, D3DCOLOR colour) {
+    const LONG left = std::max<LONG>(rect.x1, 0);
+    const LONG right = std::min<LONG>(rect.x2, width_);
+    if (left >= right) return;
+    for (LONG y = std::max<LONG>(rect.y1, 0); y < std::min<LONG>(rect.y2, height_); ++y) {
+        std::fill_n(pixelAt(left, y), right - left, colour & 0xFFFFFF);
+    }
+}
+
+bool BackBuffer::draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity) {
+    const auto columns = static_cast<float>(texture.width());
+    const auto rows = static_cast<float>(texture.height());
+    const Axis across(rect.left, rect.right, rect.uLeft * columns, rect.uRight * columns, width_);
+    const Axis down(rect.top, rect.bottom, rect.vTop * rows, rect.vBottom * rows, height_);
+    if (across.empty() || down.empty() || opacity == 0) return true;
+
+    const bool oneToOne = across.isOneToOne(texture.width()) && down.isOneToOne(texture.height());
+    return texture.show([&](const TextureImage& image) {
+        if (oneToOne) {
+            layTexels(image, {across.first, down.first, across.end, down.end}, across.texelAt(across.first),
+                      down.texelAt(down.first), opacity);
+        } else {
+            layStretched(image, texture, across, down, opacity);
+        }
+    });
+}
+
+// Pixel (target.x1, target.y1) meets the texel given, the others follow. Only what is visible costs time.
+void BackBuffer::layTexels(const TextureImage& image, D3DRECT target, LONG texelX, LONG texelY, std::uint8_t opacity) {
+    const LONG toPixelX = target.x1 - texelX;
+    const LONG toPixelY = target.y1 - texelY;
+    const LONG left = std::max(target.x1, image.visible.x1 + toPixelX);
+    const LONG top = std::max(target.y1, image.visible.y1 + toPixelY);
+    const LONG width = std::min(target.x2, image.visible.x2 + toPixelX) - left;
+    const LONG height = std::min(target.y2, image.visible.y2 + toPixelY) - top;
+    if (width <= 0 || height <= 0) return;
+
+    const LONG imageX = left - toPixelX - image.visible.x1;
+    const LONG imageY = top - toPixelY - image.visible.y1;
+    if (image.opaque && opacity == 255) {
+        const std::uint32_t* from = image.pixels + imageY * static_cast<LONG>(image.stride) + imageX;
+        for (LONG y = 0; y < height; ++y, from += image.stride) {
+            std::memcpy(pixelAt(left, top + y), from, static_cast<std::size_t>(width) * sizeof *from);
+        }
+        return;
+    }
+    pixman_image_composite32(PIXMAN_OP_OVER, image.image.get(), maskOf(opacity), target_.get(), imageX, imageY, 0, 0,
+                             left, top, width, height);
+}
+
+// The general case, a pixel at a time: the game draws nothing that needs it.
+void BackBuffer::layStretched(const TextureImage& image, const SoftwareTexture& texture, const Axis& across,
+                              const Axis& down, std::uint8_t opacity) {
+    const auto lastX = static_cast<LONG>(texture.width()) - 1;
+    const auto lastY = static_cast<LONG>(texture.height()) - 1;
+    for (LONG y = down.first; y < down.end; ++y) {
+        const LONG texelY = std::clamp<LONG>(down.texelAt(y), 0, lastY);
+        if (texelY < image.visible.y1 || texelY >= image.visible.y2) continue;
+        const std::uint32_t* const row = image.pixels + (texelY - image.visible.y1) * static_cast<LONG>(image.stride);
+        for (LONG x = across.first; x < across.end; ++x) {
+            const LONG texelX = std::clamp<LONG>(across.texelAt(x), 0, lastX);
+            if (texelX < image.visible.x1 || texelX >= image.visible.x2) continue;
+            std::uint32_t& pixel = *pixelAt(x, y);
+            pixel = laidOver(scaled(row[texelX - image.visible.x1], opacity), pixel) & 0xFFFFFF;
+        }
+    }
+}
+
+pixman_image_t* BackBuffer::maskOf(std::uint8_t opacity) {
+    if (opacity == 255) return nullptr;
+    PixmanImage& mask = masks_[opacity];
+    if (mask == nullptr) {
+        const auto alpha = static_cast<std::uint16_t>(opacity * 0x101);
+        const pixman_color_t colour{alpha, alpha, alpha, alpha};
+        mask.reset(pixman_image_create_solid_fill(&colour));
+    }
+    return mask.get();
+}
+
+}  // namespace platform
