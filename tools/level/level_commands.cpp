@@ -1,0 +1,171 @@
+#include "level_commands.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "block_palette.h"
+#include "block_table.h"
+#include "level_compiler.h"
+#include "level_file.h"
+#include "level_list.h"
+#include "level_loader.h"
+#include "level_picture.h"
+#include "level_text.h"
+#include "loading_list.h"
+#include "picture_book.h"
+#include "whole_file.h"
+
+namespace grub {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// About one bucket for each key of the block table.
+constexpr std::uint32_t kTableBuckets = 3000;
+
+struct Arguments {
+    std::string input;
+    std::string output;
+    std::string blocks;
+    std::string art;
+};
+
+[[noreturn]] void failWith(const std::string& line) {
+    std::fprintf(stderr, "%s\n", line.c_str());
+    throw CLI::RuntimeError(1);
+}
+
+[[noreturn]] void failAt(const std::string& file, const SourceError& error) {
+    failWith(file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ": " + error.message);
+}
+
+Bytes read(const std::string& path) {
+    auto bytes = readWholeFile(path);
+    if (!bytes) failWith(path + ": cannot be read");
+    return std::move(*bytes);
+}
+
+std::string_view textOf(const Bytes& bytes) { return {reinterpret_cast<const char*>(bytes.data()), bytes.size()}; }
+
+void write(const std::string& path, std::span<const std::uint8_t> bytes) {
+    if (!writeWholeFile(path, bytes)) failWith(path + ": cannot be written");
+}
+
+/// The block table that belongs to a level: the one given, else the nearest typeblok.ini in the level's folder or
+/// above.
+std::string blocksFor(const Arguments& arguments) {
+    if (!arguments.blocks.empty()) return arguments.blocks;
+    std::filesystem::path folder = std::filesystem::absolute(arguments.input).parent_path();
+    while (!std::filesystem::exists(folder / "typeblok.ini")) {
+        if (folder == folder.root_path())
+            failWith(arguments.input + ": no typeblok.ini in its folder or above; give --blocks FILE");
+        folder = folder.parent_path();
+    }
+    return (folder / "typeblok.ini").string();
+}
+
+/// A block table in memory, as the one resource of a package.
+class TableSource final : public ResourceSource {
+public:
+    explicit TableSource(Bytes table) : table_(std::move(table)) {}
+
+    [[nodiscard]] bool exists(const EngineString& name) override { return name.view() == kBlockTableName; }
+    [[nodiscard]] SharedBuffer load(const EngineString& name) override {
+        return exists(name) ? buffer() : SharedBuffer();
+    }
+    /// The whole table; a view of bytes that this object owns.
+    [[nodiscard]] SharedBuffer buffer() const {
+        return SharedBuffer::view(table_.data(), static_cast<std::uint32_t>(table_.size()));
+    }
+
+private:
+    Bytes table_;
+};
+
+BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(table.buffer(), kTableBuckets)); }
+
+Bytes compiled(const Arguments& arguments, const TableSource& table) {
+    const Bytes source = read(arguments.input);
+    SourceError error;
+    auto level = compileLevel(textOf(source), paletteOf(table), error);
+    if (!level) failAt(arguments.input, error);
+    return std::move(*level);
+}
+
+LevelFile parsed(const std::string& name, const Bytes& bytes) {
+    std::string reason;
+    auto level = readLevelFile(bytes, reason);
+    if (!level) failWith(name + ": " + reason);
+    return std::move(*level);
+}
+
+void compile(const Arguments& arguments) {
+    write(arguments.output, compiled(arguments, TableSource(read(blocksFor(arguments)))));
+}
+
+void show(const Arguments& arguments) {
+    const LevelFile level = parsed(arguments.input, read(arguments.input));
+    std::fputs(showLevel(level, paletteOf(TableSource(read(blocksFor(arguments))))).c_str(), stdout);
+}
+
+void picture(const Arguments& arguments) {
+    TableSource table(read(blocksFor(arguments)));
+    const bool isSource = std::filesystem::path(arguments.input).extension() == ".txt";
+    const Bytes bytes = isSource ? compiled(arguments, table) : read(arguments.input);
+    LevelLoader loader(table);
+    loader.loadBlockTypes();
+    for (const LoadEntry& entry : loadingList())
+        if (entry.spriteNumber != kNoSpriteNumber)
+            loader.spriteNumbers().addSpriteNumber(entry.spriteNumber, static_cast<std::int16_t>(entry.id));
+    std::string reason;
+    const auto map = loader.build(parsed(arguments.input, bytes), reason);
+    if (!map) failWith(arguments.input + ": " + reason);
+    PictureBook book(arguments.art);
+    if (!writePng(arguments.output, drawLevel(*map, book))) failWith(arguments.output + ": cannot be written");
+}
+
+void blocks(const Arguments& arguments) {
+    const Bytes source = read(arguments.input);
+    SourceError error;
+    const auto packed = packBlockTable(textOf(source), error);
+    if (!packed) failAt(arguments.input, error);
+    write(arguments.output, {reinterpret_cast<const std::uint8_t*>(packed->data()), packed->size()});
+}
+
+}  // namespace
+
+void addLevelCommands(CLI::App& app) {
+    CLI::App* const level = app.add_subcommand("level", "Compile, show and draw levels");
+    level->require_subcommand(1);
+    const auto add = [level](const char* name, const char* purpose, const char* input,
+                             void (*command)(const Arguments&)) {
+        const auto arguments = std::make_shared<Arguments>();
+        CLI::App* const sub = level->add_subcommand(name, purpose);
+        sub->add_option(input, arguments->input, "file to read")->required();
+        sub->callback([=] { command(*arguments); });
+        return std::pair(sub, arguments);
+    };
+    const auto wantOutput = [](const auto& command, const char* name) {
+        command.first->add_option(name, command.second->output, "file to write")->required();
+    };
+    const auto takeBlocks = [](const auto& command) {
+        command.first->add_option("--blocks", command.second->blocks, "block table; else typeblok.ini near the level");
+    };
+
+    const auto compiling = add("compile", "Make the .lvl file of a level source", "SOURCE", compile);
+    wantOutput(compiling, "OUT.lvl");
+    takeBlocks(compiling);
+    takeBlocks(add("show", "Print a .lvl file of any version as a level source", "FILE.lvl", show));
+    const auto drawing = add("picture", "Draw a .lvl file or a level source (.txt)", "FILE", picture);
+    wantOutput(drawing, "OUT.png");
+    takeBlocks(drawing);
+    drawing.first->add_option("--art", drawing.second->art, "folder of rendered pictures; without it plain colours");
+    wantOutput(add("blocks", "Check a block table and give its lines the ends the game wants", "SOURCE.ini", blocks),
+               "OUT.ini");
+}
+
+}  // namespace grub

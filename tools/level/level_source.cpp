@@ -1,0 +1,173 @@
+#include "level_source.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace grub {
+
+namespace {
+
+using Words = std::vector<std::string_view>;
+
+Words split(std::string_view line) {
+    Words words;
+    for (std::size_t at = line.find_first_not_of(" \t"); at != std::string_view::npos;) {
+        const std::size_t end = std::min(line.find_first_of(" \t", at), line.size());
+        words.push_back(line.substr(at, end - at));
+        at = line.find_first_not_of(" \t", end);
+    }
+    return words;
+}
+
+std::string quoted(std::string_view text) {
+    constexpr std::size_t kEnough = 40;  // a message stays on one line whatever the file holds
+    std::string shown = "'";
+    for (const char c : text.substr(0, kEnough)) shown += (c < ' ' || c > '~') ? '?' : c;
+    return shown + (text.size() > kEnough ? "...'" : "'");
+}
+
+std::optional<int> coordinate(std::string_view word) {
+    std::uint16_t value = 0;
+    const auto [end, fault] = std::from_chars(word.data(), word.data() + word.size(), value);
+    if (fault != std::errc() || end != word.data() + word.size()) return std::nullopt;
+    return value;
+}
+
+/// Reads the lines of one source in order. Each handler returns false after it has filled the error.
+class SourceParser {
+public:
+    explicit SourceParser(SourceError& error) : error_(error) {}
+
+    bool read(std::string_view line) {
+        ++line_;
+        return inField_ ? fieldRow(line) : statement(split(line));
+    }
+
+    std::optional<LevelSource> finish() {
+        if (inField_)
+            fail("a line 'end' after the playing field", "the end of the file");
+        else if (source_.field.empty())
+            fail("a playing field between 'field' and 'end'", "none");
+        else if (source_.world.empty())
+            fail("a line 'world NAME'", "none");
+        else
+            return std::move(source_);
+        return std::nullopt;
+    }
+
+private:
+    bool fail(std::string_view wanted, std::string_view found) {
+        error_ = {line_, "wanted " + std::string(wanted) + ", found " + std::string(found)};
+        return false;
+    }
+
+    bool statement(const Words& words) {
+        if (words.empty() || words[0].starts_with(';')) return true;
+        const std::string_view word = words[0];
+        if (word == "title" || word == "idea") return true;  // for people
+        if (word == "world") return world(words);
+        if (word == "legend") return legend(words);
+        if (word == "field") return beginField(words);
+        if (word == "bytes") return freeBytes(words);
+        const auto slot = std::find(kSlotWords.begin(), kSlotWords.end(), word);
+        if (slot != kSlotWords.end())
+            return placement(kAllSlots[static_cast<std::size_t>(slot - kSlotWords.begin())], words);
+        return fail("title, idea, world, legend, field, base, layer2 to layer5, object, bytes or a comment behind ';'",
+                    quoted(word));
+    }
+
+    bool world(const Words& words) {
+        if (words.size() != 2) return fail("'world NAME'", std::to_string(words.size() - 1) + " words after it");
+        source_.world = words[1];
+        source_.worldLine = line_;
+        return true;
+    }
+
+    bool legend(const Words& words) {
+        if (words.size() != 3 || words[1].size() != 1) return fail("'legend CHARACTER BLOCK'", quotedRest(words));
+        const bool isNew = source_.legend.try_emplace(words[1][0], LegendEntry{std::string(words[2]), line_}).second;
+        return isNew || fail("one meaning of each character", "a second one of " + quoted(words[1]));
+    }
+
+    bool beginField(const Words& words) {
+        if (words.size() != 1) return fail("'field' alone in its line", quotedRest(words));
+        if (!source_.field.empty()) return fail("one playing field", "a second one");
+        source_.fieldLine = line_ + 1;
+        inField_ = true;
+        return true;
+    }
+
+    bool fieldRow(std::string_view line) {
+        const std::string_view row = line.substr(0, line.find_last_not_of(" \t") + 1);
+        if (row == "end") {
+            inField_ = false;
+            return !source_.field.empty() || fail("at least one row of the playing field", "'end'");
+        }
+        if (row.empty() || row.size() > kMaxMapSize)
+            return fail("1 to 100 columns", std::to_string(row.size()) + " (is 'end' missing?)");
+        if (!source_.field.empty() && row.size() != source_.field.front().size())
+            return fail(std::to_string(source_.field.front().size()) + " columns as in the first row",
+                        std::to_string(row.size()));
+        if (source_.field.size() == kMaxMapSize) return fail("at most 100 rows", "one more");
+        source_.field.emplace_back(row);
+        return true;
+    }
+
+    bool placement(Slot slot, const Words& words) {
+        if (words.size() < 4 || words.size() % 2 != 0)
+            return fail("'" + std::string(words[0]) + " NAME COLUMN ROW [COLUMN ROW ...]'", quotedRest(words));
+        for (std::size_t i = 2; i < words.size(); i += 2) {
+            const auto column = coordinate(words[i]);
+            const auto row = coordinate(words[i + 1]);
+            if (!column || !row)
+                return fail("a column and a row, counted from 0", quoted(column ? words[i + 1] : words[i]));
+            source_.placements.push_back({slot, std::string(words[1]), *column, *row, line_});
+        }
+        return true;
+    }
+
+    bool freeBytes(const Words& words) {
+        const std::string_view digits = words.size() == 2 ? words[1] : std::string_view();
+        if (digits.size() != 2 * source_.freeBytes.size())
+            return fail("'bytes' and 46 hexadecimal digits", quotedRest(words));
+        for (std::size_t i = 0; i < source_.freeBytes.size(); ++i) {
+            const std::string_view pair = digits.substr(2 * i, 2);
+            const auto [end, fault] = std::from_chars(pair.data(), pair.data() + 2, source_.freeBytes[i], 16);
+            if (fault != std::errc() || end != pair.data() + 2) return fail("hexadecimal digits", quoted(pair));
+        }
+        return true;
+    }
+
+    static std::string quotedRest(const Words& words) {
+        std::string rest;
+        for (std::size_t i = 1; i < words.size(); ++i) rest += (i > 1 ? " " : "") + std::string(words[i]);
+        return rest.empty() ? "nothing" : quoted(rest);
+    }
+
+    SourceError& error_;
+    LevelSource source_;
+    int line_ = 0;
+    bool inField_ = false;
+};
+
+}  // namespace
+
+const FieldCharacter* fieldCharacter(char character) {
+    const auto row = std::find_if(kFieldCharacters.begin(), kFieldCharacters.end(),
+                                  [&](const FieldCharacter& entry) { return entry.character == character; });
+    return row == kFieldCharacters.end() ? nullptr : &*row;
+}
+
+std::optional<LevelSource> parseLevelSource(std::string_view text, SourceError& error) {
+    SourceParser parser(error);
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, end);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (!parser.read(line)) return std::nullopt;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return parser.finish();
+}
+
+}  // namespace grub
