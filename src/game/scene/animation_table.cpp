@@ -31,7 +31,7 @@ bool AnimationTable::addBlockAnimationFile(const EngineString& file, int id, int
 bool AnimationTable::addAnimationImage(const SharedBuffer& image, int id, std::uint16_t frameHeight,
                                        TextureTransform transform, Colour colourKey) {
     if (stopped_ || id < 0 || id >= kAnimationSlots) return false;
-    auto strip = std::make_unique<FrameStrip>(image, frameHeight, static_cast<std::uint32_t>(transform));
+    auto strip = std::make_unique<FrameStrip>(image, frameHeight, transform);
     strip->setColourKey(colourKey);
     if (!strip->acquire()) logLine("The picture of animation %d cannot be decoded.", id);
     // Nobody may hold the strip that stood here: the list names each id once, so there is none.

@@ -56,7 +56,8 @@ void LevelScene::ended() {
     drawWorld();
     score_ = world_->score();
     lives_ = world_->lives();
-    collectedKeys_ = world_->collectedKeys();
+    const auto collected = world_->collectedKeys();
+    collectedKeys_.assign(collected.begin(), collected.end());
     if (world_->cause() == LossCause::Quit) return leaveToShell();
     if (world_->cause() == LossCause::Won) levelIndex_ = nextLevel();
     if (!startLevel(levelIndex_)) return leaveToShell();
