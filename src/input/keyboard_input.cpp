@@ -23,9 +23,8 @@ KeyCode keyCodeOf(std::uint32_t virtualKey) {
 }
 
 void KeyboardInput::postKeyMessage(std::uint32_t virtualKey, std::uint32_t windowsMessage) {
-    constexpr UINT kToCharacter = 2;  // MapVirtualKey's "which character does this key type"
     const auto type = windowsMessage == WM_KEYUP ? MessageType::Released : MessageType::Pressed;
-    const auto character = static_cast<std::uint8_t>(MapVirtualKeyA(virtualKey, kToCharacter) & 0xFF);
+    const auto character = static_cast<std::uint8_t>(MapVirtualKeyA(virtualKey, MAPVK_VK_TO_CHAR) & 0xFF);
     application_.postToCurrentScene(SharedRef<SceneMessage>(new KeyMessage(type, keyCodeOf(virtualKey), character)));
 }
 

@@ -37,6 +37,11 @@ void passMouse(LPARAM position, UINT message) {
     }
 }
 
+HRESULT askDevice(Application& application, HRESULT (D3DRenderer::*question)()) {
+    D3DRenderer* const renderer = application.renderer();
+    return renderer ? (renderer->*question)() : E_FAIL;
+}
+
 LRESULT handle(Application& application, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_DESTROY: PostQuitMessage(0); return 0;
@@ -53,8 +58,8 @@ LRESULT handle(Application& application, HWND window, UINT message, WPARAM wPara
         case WM_RBUTTONUP:
         case WM_RBUTTONDBLCLK: passMouse(lParam, message); return 0;
         case kDestroyWindowMessage: DestroyWindow(window); return 0;
-        case kTestDeviceMessage: return application.renderer()->testCooperativeLevel();
-        case kResetDeviceMessage: return application.renderer()->resetDevice();
+        case D3DRenderer::kTestDeviceMessage: return askDevice(application, &D3DRenderer::testCooperativeLevel);
+        case D3DRenderer::kResetDeviceMessage: return askDevice(application, &D3DRenderer::resetDevice);
         default: return DefWindowProcA(window, message, wParam, lParam);
     }
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace grub {
+
+/// While it lives, the non-throwing heap refuses this many of the thread's requests.
+class RefusingHeap {
+public:
+    explicit RefusingHeap(int refusals);
+    RefusingHeap(const RefusingHeap&) = delete;
+    RefusingHeap& operator=(const RefusingHeap&) = delete;
+    ~RefusingHeap();
+};
+
+}  // namespace grub
