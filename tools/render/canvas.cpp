@@ -135,6 +135,18 @@ void Canvas::flat(const VectorPath& path, Rgb colour, const FlatStyle& style) {
     }
 }
 
+void Canvas::layOver(const Canvas& other, const Mask& where) {
+    for (int y = where.box.y0; y < where.box.y1; ++y) {
+        for (int x = where.box.x0; x < where.box.x1; ++x) {
+            const Sample& over = other.sample(x, y);
+            const float share = where.at(x, y);
+            Sample& under = sample(x, y);
+            under.colour = over.colour * share + under.colour * (1 - over.alpha * share);
+            under.alpha = over.alpha * share + under.alpha * (1 - over.alpha * share);
+        }
+    }
+}
+
 void Canvas::glow(Point centre, double radius, Rgb colour, float strength) {
     const Point c = place_.apply(centre);
     const double r = radius * place_.magnification();

@@ -62,6 +62,15 @@ public:
         return {*this, place_.translated(pivot + shift).rotated(angle).translated(pivot * -1)};
     }
 
+    /// An empty canvas of the same size with the same frame, for what is to be laid over this one in part.
+    Canvas blankCopy() const {
+        Canvas blank(width_, height_, sampling_, scale_, margin_);
+        blank.place_ = place_;
+        return blank;
+    }
+    /// Lays what another canvas of the same size shows inside `where` over this one.
+    void layOver(const Canvas& other, const Mask& where);
+
     /// Where the shape lies, for clipping.
     Mask mask(const VectorPath& path, std::optional<double> stroke = std::nullopt) const;
 

@@ -3,14 +3,18 @@
 #include <algorithm>
 #include <span>
 
+#include "climbing_pictures.h"
+#include "floor_pictures.h"
 #include "hero_pictures.h"
+#include "wall_pictures.h"
 
 namespace grub {
 
 const std::vector<PictureEntry>& allPictures() {
     static const std::vector<PictureEntry> pictures = [] {
         std::vector<PictureEntry> all;
-        for (const std::span<const PictureEntry> group : {heroPictures()}) {
+        for (const std::span<const PictureEntry> group :
+             {heroPictures(), wallPictures(), floorPictures(), climbingPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

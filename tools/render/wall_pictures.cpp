@@ -1,0 +1,159 @@
+#include "wall_pictures.h"
+
+#include <array>
+
+#include "lantern.h"
+#include "masonry.h"
+#include "palette.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+/// The wall stays behind the play: dimmer than its palette.
+constexpr float kDimmed = 0.9F;
+
+/// Rows of stones of half a cell, with no joint on the edge of a cell. Only the first stone lies inside it altogether.
+constexpr Stone kInner{5, 11, 34, 32, 1};
+constexpr std::array kCrossing{Stone{39, 11, 30, 32, 2}, Stone{21, 43, 37, 32, 3}, Stone{58, 43, 27, 32, 4}};
+
+void drawStone(Canvas& canvas, const Stone& stone, Rgb colour) {
+    constexpr double kJoint = 1.3;
+    canvas.part(rectangle(stone.x + kJoint / 2, stone.y + kJoint / 2, stone.width - kJoint, stone.height - kJoint, 4.5),
+                stony(varied(colour, stone.number, 0.05F), 0.8F, 0.09F), {.bevel = 4.5, .line = 0, .shadow = 0});
+}
+
+void drawWall(Canvas& canvas, Rgb inner) {
+    canvas.flat(rectangle(-32, -32, 128, 128), kTurma.backdropMortar);
+    drawJoined(canvas, [&] {
+        for (const Stone& stone : kCrossing) drawStone(canvas, stone, kTurma.backdrop[stone.number % 3]);
+    });
+    drawStone(canvas, kInner, inner);
+}
+
+/// Ends each wall picture: all that was drawn so far steps back.
+void dim(Canvas& canvas) { canvas.shadeRows(0, 1, kDimmed, kDimmed); }
+
+void drawPlain(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[1]);
+    dim(canvas);
+}
+
+void drawLight(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[2] * 1.06F);
+    dim(canvas);
+}
+
+void drawCracked(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[0]);
+    drawCrack(canvas, {{13, 13}, {17, 20}, {15, 26}, {21, 33}, {20, 41}}, 0.8F);
+    drawCrack(canvas, {{17, 20}, {24, 23}, {27, 22}}, 0.6F);
+    dim(canvas);
+}
+
+/// Moss in the joints round the inner stone.
+void drawMossy(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[1]);
+    const Material moss = stony(mix(kTurma.backdrop[0], kTurma.accent, 0.3F), 1.2F, 0.2F);
+    constexpr std::array<Joint, 7> kTufts{Joint{{9, 42}, 3}, {{14, 44}, 3.6}, {{20, 43}, 4},  {{27, 44}, 3},
+                                          {{33, 42.5}, 2.4}, {{17, 40}, 2.4}, {{38, 36}, 1.8}};
+    VectorPath tufts;
+    for (const Joint& tuft : kTufts) tufts.unite(circle(tuft.at, tuft.radius));
+    canvas.part(tufts, moss, {.bevel = 2.5, .line = 0, .shadow = 0.3F});
+    dim(canvas);
+}
+
+/// The inner stone is gone.
+void drawNiche(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[1]);
+    const VectorPath hole = rectangle(kInner.x + 1, kInner.y + 1, kInner.width - 2, kInner.height - 2, 5);
+    canvas.flat(hole, kTurma.backdropMortar * 0.45F);
+    const Mask inHole = canvas.mask(hole);
+    canvas.part(rectangle(3, 37, 40, 10, 4), stony(kTurma.backdrop[0] * 0.9F, 0.8F, 0.1F),
+                {.bevel = 4, .line = 0, .shadow = 0.4F, .clip = &inHole});
+    dim(canvas);
+}
+
+/// Two smaller stones in place of the inner one.
+void drawSplit(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdropMortar);
+    canvas.flat(rectangle(kInner.x, kInner.y, kInner.width, kInner.height), kTurma.backdropMortar);
+    drawStone(canvas, {kInner.x, kInner.y, 34, 15, 7}, kTurma.backdrop[0]);
+    drawStone(canvas, {kInner.x, 26, 15, 17, 8}, kTurma.backdrop[2]);
+    drawStone(canvas, {20, 26, 19, 17, 9}, kTurma.backdrop[1]);
+    dim(canvas);
+}
+
+/// The soft shadow that a floor throws on the wall below it.
+constexpr double kShadowDepth = 34;
+
+void drawShaded(Canvas& canvas, FrameOf frame) {
+    drawPlain(canvas, frame);
+    canvas.shadeRows(0, kShadowDepth, 0.5F, 1);
+}
+
+void drawShadedLight(Canvas& canvas, FrameOf frame) {
+    drawLight(canvas, frame);
+    canvas.shadeRows(0, kShadowDepth, 0.5F, 1);
+}
+
+/// An iron ring with a length of chain.
+void drawRing(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[0]);
+    Material iron = kDarkMetal;
+    iron.base = iron.base * 0.72F;
+    iron.light = iron.light * 0.7F;
+    canvas.part(circle({22, 20}, 4), iron, {.bevel = 3, .line = 0.8});
+    for (const double y : {25.0, 38.0})
+        canvas.part(ellipse({22, y + 4}, 3, 4.8), iron, {.bevel = 1, .line = 0.7, .stroke = 2});
+    canvas.part(polyline({{22, 31.5}, {22, 36.5}}), iron, {.bevel = 1, .line = 0.7, .stroke = 2.2});
+    canvas.part(ring({22, 52}, 7, 4.8), iron, {.bevel = 1.1, .line = 0.8});
+    dim(canvas);
+}
+
+/// A wall lantern. Its light ends inside the cell, so that no edge shows.
+void drawLampWall(Canvas& canvas, Rgb inner) {
+    drawWall(canvas, inner);
+    dim(canvas);
+    canvas.glow({32, 30}, 33, kTurma.glow, 0.62F);
+    drawLantern(canvas, {32, 30});
+}
+
+void drawLampOne(Canvas& canvas, FrameOf) { drawLampWall(canvas, kTurma.backdrop[1]); }
+
+/// A barred slit with lamp light behind it.
+void drawLampTwo(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[1]);
+    dim(canvas);
+    canvas.glow({32, 32}, 33, kTurma.glow, 0.5F);
+    canvas.part(rectangle(17, 16, 30, 32, 6), stony(kTurma.solid[1] * 0.8F, 0.8F, 0.1F, 0.1F), {.bevel = 4});
+    const VectorPath opening = rectangle(22, 21, 20, 22, 3);
+    canvas.flat(opening, rgb(0x8a4a2a));
+    const Mask inside = canvas.mask(opening);
+    canvas.flat(ellipse({32, 44}, 14, 17), kTurma.glow, {.alpha = 0.9F, .clip = &inside});
+    canvas.flat(ellipse({32, 46}, 8, 11), rgb(0xfff2b0), {.alpha = 0.85F, .clip = &inside});
+    for (const double x : {27.0, 32.0, 37.0})
+        canvas.part(rectangle(x - 1.2, 19, 2.4, 26, 1), kDarkMetal, {.bevel = 1.2, .line = 0.7});
+}
+
+constexpr std::array kPictures{
+    //            name                     px  px frames
+    PictureEntry{"steny\\modul", 64, 64, 1, Ground::Joined, drawPlain},
+    PictureEntry{"steny\\modul01", 64, 64, 1, Ground::Joined, drawShaded},
+    PictureEntry{"steny\\modul02", 64, 64, 1, Ground::Joined, drawLight},
+    PictureEntry{"steny\\modul03", 64, 64, 1, Ground::Joined, drawCracked},
+    PictureEntry{"steny\\modul2", 64, 64, 1, Ground::Joined, drawSplit},
+    PictureEntry{"steny\\modul5", 64, 64, 1, Ground::Joined, drawShadedLight},
+    PictureEntry{"steny\\modul6", 64, 64, 1, Ground::Joined, drawMossy},
+    PictureEntry{"steny\\modul8", 64, 64, 1, Ground::Joined, drawNiche},
+    PictureEntry{"steny\\modul9", 64, 64, 1, Ground::Joined, drawRing},
+    PictureEntry{"steny\\modul_lampa1", 64, 64, 1, Ground::Joined, drawLampOne},
+    PictureEntry{"steny\\modul_lampa2", 64, 64, 1, Ground::Joined, drawLampTwo},
+};
+
+}  // namespace
+
+std::span<const PictureEntry> wallPictures() { return kPictures; }
+
+}  // namespace grub
