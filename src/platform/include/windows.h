@@ -212,7 +212,7 @@ inline constexpr int SM_CYEDGE = 46;
 inline LPCSTR MAKEINTRESOURCEA(WORD id) { return reinterpret_cast<LPCSTR>(std::uintptr_t{id}); }
 inline const LPCSTR IDI_WINLOGO = MAKEINTRESOURCEA(32517);
 inline const LPCSTR IDC_ARROW = MAKEINTRESOURCEA(32512);
-/// An icon that the program offers under a number, or with a null instance a system icon. Null when there is none.
+/// An icon that the program offers under a number, or the system icon IDI_WINLOGO. Null when there is none.
 HICON LoadIconA(HINSTANCE instance, LPCSTR name);
 /// The system's arrow; other cursors are not offered (null).
 HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
@@ -256,7 +256,7 @@ BOOL CloseHandle(HANDLE handle);
 
 using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID argument);
 /// Starts a thread, or with CREATE_SUSPENDED prepares one that ResumeThread starts; one that is never resumed never
-/// exists. Attributes must be null, the stack size is the system's. Null on failure.
+/// exists. Attributes must be null, the stack size is the system's, `threadId` is not filled. Null on failure.
 HANDLE CreateThread(void* attributes, std::size_t stackSize, LPTHREAD_START_ROUTINE routine, LPVOID argument,
                     DWORD flags, DWORD* threadId);
 inline constexpr DWORD CREATE_SUSPENDED = 0x00000004;
