@@ -1,0 +1,73 @@
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include "direct_fill.h"
+#include "level_writer.h"
+#include "rules.h"
+
+namespace grub {
+namespace {
+
+/// Floors every second row, with a ladder through them every fourth column.
+Drawing floorsAndLadders(int size) {
+    std::vector<std::string> rows;
+    for (int y = 0; y < size; ++y) {
+        std::string row;
+        for (int x = 0; x < size; ++x) row += x % 4 == 0 ? 'H' : y % 2 == 0 ? '.' : '=';
+        rows.push_back(row);
+    }
+    rows[0][0] = '@';
+    return Drawing(rows);
+}
+
+Drawing onlyLadders(int size) {
+    Drawing drawing(
+        std::vector<std::string>(static_cast<std::size_t>(size), std::string(static_cast<std::size_t>(size), 'H')));
+    drawing.rows[0][0] = '@';
+    return drawing;
+}
+
+bool agree(LevelMap& map, DirectFill& direct, CellPosition start) {
+    map.resetDistances();
+    map.fillDistances(start.x, start.y, 0);
+    direct.reset();
+    direct.fill(start.x, start.y, 0);
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x) {
+            if (map.distanceAt(x, y) != direct.at(x, y)) return false;
+        }
+    }
+    return true;
+}
+
+void distances(benchmark::State& state, bool ours, Drawing (*draw)(int)) {
+    const int size = static_cast<int>(state.range(0));
+    LevelMap map = mapFrom(draw(size));
+    DirectFill direct(map);
+    const CellPosition start{size / 2, size / 2};
+    if (!agree(map, direct, start)) return state.SkipWithError("the distances differ");
+    for (auto _ : state) {
+        if (ours) {
+            map.resetDistances();
+            map.fillDistances(start.x, start.y, 0);
+            benchmark::DoNotOptimize(map.distanceAt(0, 0));
+        } else {
+            direct.reset();
+            direct.fill(start.x, start.y, 0);
+            benchmark::DoNotOptimize(direct.at(0, 0));
+        }
+    }
+}
+
+BENCHMARK_CAPTURE(distances, ours / floors, true, floorsAndLadders)->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(distances, direct / floors, false, floorsAndLadders)
+    ->Arg(30)
+    ->Arg(100)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(distances, ours / ladders, true, onlyLadders)->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(distances, direct / ladders, false, onlyLadders)->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace grub

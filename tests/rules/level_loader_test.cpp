@@ -1,0 +1,215 @@
+#include "level_loader.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <thread>
+
+#include "level_list.h"
+#include "level_writer.h"
+#include "memory_source.h"
+#include "object_code.h"
+#include "rules.h"
+
+namespace grub {
+namespace {
+
+constexpr const char* kBlocks =
+    "[1]\r\ntype=1\r\nsprite=51\r\nspriteFire=88\r\nspriteRost=90\r\nspriteFon=73\r\n"
+    "[2]\r\ntype=1\r\n"
+    "[3]\r\ntype=2\r\n"
+    "[4]\r\ntype=3\r\n"
+    "[5]\r\ntype=5\r\n"
+    "[6]\r\ntype=6\r\nspriteRost=90\r\n"
+    "[7]\r\ntype=4\r\n"
+    "[8]\r\ntype=8\r\nspriteRost=90\r\nsprite=51\r\n"
+    "[9]\r\ntype=9\r\n"
+    "[10]\r\nsprite=51\r\n"   // an ornament without a type
+    "[11]\r\nsprite=999\r\n"  // a picture that nobody has loaded
+    "[12]\r\ntype=77\r\n"
+    "[13]\r\ntype=8\r\n"
+    "[14]\r\nsprite=36\r\n";
+
+class LevelLoaderTest : public testing::Test {
+protected:
+    void SetUp() override {
+        source_.put(std::string(kBlockTableName), kBlocks);
+        ASSERT_TRUE(loader_.loadBlockTypes());
+        SpriteNumbers& numbers = loader_.spriteNumbers();
+        numbers.addSpriteNumber(51, 17);
+        numbers.addSpriteNumber(88, 83);
+        numbers.addSpriteNumber(90, 84);
+        numbers.addSpriteNumber(73, 37);
+        numbers.addSpriteNumber(36, 0);
+    }
+
+    MapCell cellOf(const CellRecord& record) {
+        LevelFile file;
+        file.width = 1;
+        file.height = 1;
+        file.records = {record};
+        std::string reason;
+        const auto map = loader_.build(file, reason);
+        EXPECT_TRUE(map) << reason;
+        return map->cellAt(0, 0);
+    }
+
+    MemorySource source_;
+    LevelLoader loader_{source_};
+};
+
+TEST_F(LevelLoaderTest, TakesPicturesFromTheBlockOrTheDefaultOfItsType) {
+    struct Row {
+        std::uint16_t block;
+        BlockType type;
+        BlockType baseType;
+        int sprite;
+        int rostSprite;
+    };
+    const Row rows[] = {{1, BlockType::Floor, BlockType::Floor, 17, 84},
+                        {2, BlockType::Floor, BlockType::Floor, 3, -1},
+                        {3, BlockType::Ladder, BlockType::Ladder, 5, -1},
+                        {4, BlockType::Pipe, BlockType::Pipe, 4, -1},
+                        {5, BlockType::Solid, BlockType::Solid, 2, -1},
+                        {6, BlockType::Empty, BlockType::HiddenLadder, 0, 84},
+                        {7, BlockType::Inert, BlockType::Inert, 0, -1},
+                        {8, BlockType::Empty, BlockType::Exit, 84, 84},  // the opening's first picture, not its own
+                        {9, BlockType::Empty, BlockType::Empty, 0, -1},
+                        {10, BlockType::Empty, BlockType::Empty, 17, -1},
+                        {11, BlockType::Empty, BlockType::Empty, 0, -1},
+                        {12, BlockType::Inert, BlockType::Inert, 0, -1},
+                        {13, BlockType::Empty, BlockType::Exit, -1, -1},
+                        {500, BlockType::Empty, BlockType::Empty, 0, -1}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.block);
+        const MapCell cell = cellOf({.base = row.block});
+        EXPECT_EQ(cell.type, row.type);
+        EXPECT_EQ(cell.baseType, row.baseType);
+        EXPECT_EQ(cell.sprite, row.sprite);
+        EXPECT_EQ(cell.baseSprite, row.sprite);
+        EXPECT_EQ(cell.rostSprite, row.rostSprite);
+        EXPECT_EQ(cell.isExit, row.baseType == BlockType::Exit);
+        EXPECT_EQ(cell.isSpawnPoint, row.block == 9);
+        EXPECT_EQ(cell.breakState, BreakState::Intact);
+    }
+    const MapCell floor = cellOf({.base = 1});
+    EXPECT_EQ(floor.fireSprite, 83);
+    EXPECT_EQ(floor.fonSprite, 37);
+    EXPECT_EQ(cellOf({.base = 2}).fonSprite, -1);
+}
+
+TEST_F(LevelLoaderTest, LaysLayersOverTheBase) {
+    const MapCell cell = cellOf({.base = 1, .layer2 = 10, .layer3 = 11, .layer4 = 14, .layer5 = 2});
+    EXPECT_EQ(cell.layer2Sprite, 17);
+    EXPECT_EQ(cell.layer3Sprite, -1) << "a picture that is not loaded";
+    EXPECT_EQ(cell.layer4Sprite, 0) << "picture 0 in a layer is never seen";
+    EXPECT_EQ(cell.layer5Sprite, 0) << "a block without a picture";
+    EXPECT_EQ(cellOf({.base = 1}).layer2Sprite, 0);
+}
+
+TEST_F(LevelLoaderTest, LetsALayerGiveATypeToAnEmptyCellOnly) {
+    EXPECT_EQ(cellOf({.base = 10, .layer2 = 3}).type, BlockType::Ladder);
+    EXPECT_EQ(cellOf({.base = 1, .layer2 = 3}).type, BlockType::Floor);
+    EXPECT_EQ(cellOf({.base = 10, .layer3 = 3, .layer5 = 5}).type, BlockType::Ladder) << "the first that has one";
+
+    const MapCell exit = cellOf({.base = 8, .layer2 = 10});
+    EXPECT_TRUE(exit.isExit);
+    EXPECT_EQ(exit.baseType, BlockType::Exit) << "an ornament does not shut the exit";
+    EXPECT_EQ(cellOf({.base = 6, .layer4 = 10}).baseType, BlockType::HiddenLadder);
+
+    const MapCell covered = cellOf({.base = 9, .layer2 = 1});
+    EXPECT_EQ(covered.type, BlockType::Floor) << "a spawn point may lie in a floor";
+    EXPECT_TRUE(covered.isSpawnPoint);
+
+    const MapCell laid = cellOf({.base = 10, .layer2 = 8});
+    EXPECT_TRUE(laid.isExit);
+    EXPECT_EQ(laid.sprite, -1) << "the opening comes from the base block";
+    EXPECT_EQ(cellOf({.base = 10, .layer2 = 6}).type, BlockType::Empty);
+    EXPECT_TRUE(cellOf({.base = 10, .layer3 = 9}).isSpawnPoint);
+}
+
+TEST_F(LevelLoaderTest, PlacesHeroObjectsKeysAndSpawnPoints) {
+    LevelFile file = drawnLevel({"@ d k . s", "l r + @ s"});
+    file.records[3].code = object_code::kHangingKey;
+    file.records[4].code = 0;
+    std::string reason;
+    const auto map = loader_.build(file, reason);
+    ASSERT_TRUE(map) << reason;
+    EXPECT_EQ(map->heroStart(), (CellPosition{3, 1})) << "a later start overrides an earlier one";
+    const std::vector<LevelObject> objects(map->objects().begin(), map->objects().end());
+    EXPECT_EQ(objects, (std::vector<LevelObject>{{1, 0, 9}, {0, 1, 24}, {1, 1, 10}, {2, 1, 27}}));
+    EXPECT_EQ(map->keysRemaining(), 2);
+    EXPECT_EQ(map->cellAt(2, 0).keyKind, 1);
+    EXPECT_EQ(map->cellAt(3, 0).keyKind, 0);
+    EXPECT_EQ(map->cellAt(0, 0).code, 8);
+    ASSERT_EQ(map->spawnPoints().size(), 2U);
+    EXPECT_EQ(map->spawnPoints()[1], (CellPosition{4, 1}));
+}
+
+TEST_F(LevelLoaderTest, ReadsFromThePackageAndNamesWhatItRefuses) {
+    const std::string name(kLevelNames[0]);
+    std::string reason;
+    EXPECT_FALSE(loader_.load(name, reason));
+    EXPECT_EQ(reason, "levels\\turma\\level01.lvl: there is no such file");
+
+    source_.put(name, writeLevelFile(drawnLevel({"@ k", "# #"})));
+    const auto map = loader_.load(name, reason);
+    ASSERT_TRUE(map) << reason;
+    EXPECT_EQ(map->keysRemaining(), 1);
+    EXPECT_EQ(map->header()[20], 4);
+
+    source_.put(name, std::string("short"));
+    EXPECT_FALSE(loader_.load(name, reason));
+    EXPECT_EQ(reason, "levels\\turma\\level01.lvl: shorter than its header of 32 bytes");
+
+    source_.put(name, writeLevelFile(drawnLevel({"@" + std::string(kMaxSpawnPoints + 1, 's')})));
+    EXPECT_FALSE(loader_.load(name, reason));
+    EXPECT_EQ(reason, "levels\\turma\\level01.lvl: 51 spawn points, at most 50 are possible");
+}
+
+TEST_F(LevelLoaderTest, MakesEverythingEmptyWithoutABlockTable) {
+    source_.remove(std::string(kBlockTableName));
+    EXPECT_FALSE(loader_.loadBlockTypes());
+    EXPECT_EQ(cellOf({.base = 1}).type, BlockType::Empty);
+}
+
+TEST(SpriteNumbers, KeepTheFirstOfTwoAndKnowTheirLimit) {
+    SpriteNumbers numbers;
+    EXPECT_EQ(numbers.spriteIdOf(5), -1);
+    numbers.addSpriteNumber(5, 7);
+    numbers.addSpriteNumber(5, 8);
+    EXPECT_EQ(numbers.spriteIdOf(5), 7);
+    for (int i = 0; i < 400; ++i) numbers.addSpriteNumber(1000 + i, static_cast<std::int16_t>(i));
+    EXPECT_EQ(numbers.spriteIdOf(1397), 397);
+    EXPECT_EQ(numbers.spriteIdOf(1398), -1);
+}
+
+TEST(SpriteNumbers, MayGrowWhileALevelIsBuilt) {
+    SpriteNumbers numbers;
+    std::thread loader([&] {
+        for (std::int16_t id = 0; id < 400; ++id) numbers.addSpriteNumber(id, id);
+    });
+    int known = 0;
+    for (int number = 0; known < 400; number = (number + 1) % 400) {
+        const int id = numbers.spriteIdOf(number);
+        ASSERT_TRUE(id == -1 || id == number);
+        known = id == number ? known + 1 : 0;
+    }
+    loader.join();
+    EXPECT_EQ(numbers.spriteIdOf(399), 399);
+}
+
+TEST(LevelList, HasItsSpecialOrder) {
+    EXPECT_EQ(kLevelNames[2], "levels\\turma\\level05.lvl");
+    EXPECT_EQ(kLevelNames[4], "levels\\turma\\level03.lvl");
+    EXPECT_EQ(kLevelNames[15], "levels\\turma\\level17.lvl");
+    EXPECT_EQ(kLevelNames[16], "levels\\turma\\level19.lvl");
+    EXPECT_EQ(kLevelNames[20], "levels\\jelezo\\level01.lvl");
+    EXPECT_EQ(kLevelNames[35], "levels\\podval\\level01.lvl");
+    EXPECT_EQ(kLevelNames[47], "levels\\podval\\level15.lvl");
+    EXPECT_EQ(kLevelNames[49], "levels\\podval\\level13.lvl");
+    EXPECT_EQ(std::set(kLevelNames.begin(), kLevelNames.end()).size(), kLevelCount) << "no level comes twice";
+}
+
+}  // namespace
+}  // namespace grub

@@ -1,0 +1,180 @@
+#include "level_map.h"
+
+#include <gtest/gtest.h>
+
+#include "level_writer.h"
+#include "rules.h"
+#include "terrain.h"
+
+namespace grub {
+namespace {
+
+struct Answer {
+    const char* what;
+    char cell;   // the cell that is asked about
+    char below;  // what lies under it
+    bool passable;
+    bool passablePlanned;
+    bool stands;
+    bool standsPlanned;
+};
+
+const Answer kAnswers[] = {
+    // what                       cell below  enter: now, planned  stand: now, planned
+    {"air over air", '.', '.', true, true, false, false},
+    {"air over a floor", '.', '=', true, true, true, true},
+    {"air over solid", '.', '#', true, true, true, true},
+    {"air over a ladder", '.', 'H', true, true, true, true},
+    {"air over a pipe", '.', '-', true, true, false, false},
+    {"air over a hidden ladder", '.', 'h', true, true, false, false},
+    {"air over an exit", '.', 'E', true, true, false, false},
+    {"a floor", '=', '.', false, false, false, false},
+    {"solid", '#', '.', false, false, false, false},
+    {"a ladder carries who is in it", 'H', '.', true, true, true, true},
+    {"a pipe over air", '-', '.', true, true, false, false},
+    {"an exit", 'E', '.', true, true, false, false},
+    {"a spawn point", 's', '.', true, true, false, false},
+    {"routes do not lead through a hidden ladder", 'h', '.', true, false, false, false},
+};
+
+TEST(LevelMapQueries, KnowWhereOneCanGoAndStand) {
+    for (const Answer& answer : kAnswers) {
+        SCOPED_TRACE(answer.what);
+        const std::string middle{'@', answer.cell};
+        const std::string under{'#', answer.below};
+        const LevelMap map = mapFrom({middle, under, "##"});
+        EXPECT_EQ(map.isPassable(1, 0, View::Physical), answer.passable);
+        EXPECT_EQ(map.isPassable(1, 0, View::Planned), answer.passablePlanned);
+        EXPECT_EQ(map.canStand(1, 0, View::Physical), answer.stands);
+        EXPECT_EQ(map.canStand(1, 0, View::Planned), answer.standsPlanned);
+    }
+}
+
+TEST(LevelMapQueries, TakeADugFloorForAFloorWhenPlanning) {
+    LevelMap map = mapFrom({"@ .", "= .", ". ."});
+    breakFloor(map, 0, 1);
+    EXPECT_FALSE(map.canStand(0, 0, View::Physical));
+    EXPECT_TRUE(map.canStand(0, 0, View::Planned));
+    EXPECT_TRUE(map.isPassable(0, 1, View::Physical));
+    EXPECT_FALSE(map.isPassable(0, 1, View::Planned));
+}
+
+TEST(LevelMapQueries, LetAnOccupiedHoleCarryAndKeepItShut) {
+    LevelMap map = mapFrom({"@", "=", "."});
+    breakFloor(map, 0, 1);
+    map.cellAt(0, 1).holeOccupied = true;
+    EXPECT_TRUE(map.canStand(0, 0, View::Physical));
+    EXPECT_FALSE(map.isPassable(0, 1, View::Physical));
+}
+
+TEST(LevelMapQueries, AnswerNoOutsideTheMap) {
+    const LevelMap map = mapFrom({"@ H", "- ="});
+    for (const View view : {View::Physical, View::Planned}) {
+        for (const CellPosition outside : {CellPosition{-1, 0}, {2, 0}, {0, -1}, {0, 2}}) {
+            EXPECT_FALSE(map.isPassable(outside.x, outside.y, view));
+            EXPECT_FALSE(map.isClimbableLadder(outside.x, outside.y, view));
+        }
+        EXPECT_FALSE(map.canStand(2, 0, view));
+        EXPECT_FALSE(map.canStand(0, -1, view));
+        EXPECT_TRUE(map.canStand(0, 1, view)) << "the bottom row carries";
+        EXPECT_FALSE(map.isClimbableLadder(1, 0, view)) << "nothing leads up from the top row";
+    }
+    EXPECT_FALSE(map.isPipe(-1, 1));
+    EXPECT_FALSE(map.isPipe(2, 1));
+    EXPECT_TRUE(map.isPipe(0, 1));
+    EXPECT_FALSE(map.isDiggable(2, 1));
+}
+
+TEST(LevelMapQueries, DigOnlyFloorsWithRoomAbove) {
+    const LevelMap map = mapFrom({"@ . = H -", "= # = = ="});
+    const bool expected[] = {true, false, false, true, true};
+    for (int x = 0; x < 5; ++x) EXPECT_EQ(map.isDiggable(x, 1), expected[x]) << "column " << x;
+    EXPECT_FALSE(map.isDiggable(2, 0)) << "above the top row is no room";
+}
+
+TEST(LevelMapKeys, AreCountedRememberedAndWithdrawn) {
+    LevelMap map = mapFrom({"@ k k k"});
+    EXPECT_EQ(map.keysRemaining(), 3);
+    EXPECT_TRUE(map.collectKey(1, 0));
+    EXPECT_FALSE(map.collectKey(1, 0)) << "it lies no more";
+    EXPECT_FALSE(map.collectKey(0, 0));
+    EXPECT_FALSE(map.collectKey(4, 0));
+    EXPECT_FALSE(map.collectKey(-1, 0));
+    EXPECT_TRUE(map.takeKeyForNow(2, 0));
+    EXPECT_EQ(map.keysRemaining(), 1);
+    EXPECT_TRUE(map.isKeyCollected(1, 0));
+    EXPECT_FALSE(map.isKeyCollected(2, 0));
+
+    LevelMap again = mapFrom({"@ k k k"});
+    again.withdrawCollectedKeys(map.collectedKeys());
+    EXPECT_EQ(again.keysRemaining(), 2);
+    EXPECT_FALSE(again.cellAt(1, 0).keyPresent);
+    EXPECT_TRUE(again.isKeyCollected(1, 0)) << "a third attempt must know it too";
+}
+
+TEST(LevelMapKeys, BeyondTheMemoryAreTakenAndForgotten) {
+    LevelMap map(100, 2);
+    for (int x = 0; x < 100; ++x) map.addKey(x, 0, 0);
+    map.addKey(0, 1, 0);
+    for (int x = 0; x < 100; ++x) ASSERT_TRUE(map.collectKey(x, 0));
+    EXPECT_TRUE(map.collectKey(0, 1));
+    EXPECT_EQ(map.collectedKeys().size(), kMaxCollectedKeys);
+    EXPECT_FALSE(map.isKeyCollected(0, 1));
+    EXPECT_EQ(map.keysRemaining(), 0);
+}
+
+TEST(RandomFreeCell, FallsToASupportAndRefusesTakenCells) {
+    LevelMap map = mapFrom({"@ . . .", ". . - s", ". = H E"});
+    WorldRandom random(7);
+    bool refused = false;
+    bool accepted = false;
+    for (int i = 0; i < 2000; ++i) {
+        const auto place = map.randomFreeCell(random);
+        refused = refused || !place;
+        if (!place) continue;
+        accepted = true;
+        ASSERT_TRUE(map.contains(place->x, place->y));
+        EXPECT_TRUE(map.canStand(place->x, place->y, View::Physical));
+        EXPECT_EQ(map.cellAt(place->x, place->y).baseType, BlockType::Empty);
+    }
+    EXPECT_TRUE(refused);
+    EXPECT_TRUE(accepted);
+}
+
+TEST(RandomFreeCell, StaysInsideMapsOfEverySize) {
+    for (int size = 1; size <= kMaxMapSize; ++size) {
+        const LevelMap map(size, size);
+        WorldRandom random(static_cast<std::uint32_t>(size));
+        for (int i = 0; i < 500; ++i) {
+            const auto place = map.randomFreeCell(random);
+            ASSERT_TRUE(place) << "an empty map has room everywhere";
+            ASSERT_TRUE(map.contains(place->x, place->y)) << size;
+            ASSERT_EQ(place->y, size - 1) << "only the bottom row of an empty map carries";
+        }
+    }
+}
+
+TEST(RandomSpawnPoint, IsOneOfTheMapsOrNothingWithoutADraw) {
+    WorldRandom random(1);
+    EXPECT_FALSE(mapFrom({"@ ."}).randomSpawnPoint(random));
+    EXPECT_EQ(random, WorldRandom(1));
+
+    const LevelMap map = mapFrom({"@ s s s"});
+    bool seen[4] = {};
+    for (int i = 0; i < 200; ++i) {
+        const auto place = map.randomSpawnPoint(random);
+        ASSERT_TRUE(place);
+        seen[place->x] = true;
+    }
+    EXPECT_FALSE(seen[0]);
+    EXPECT_TRUE(seen[1] && seen[2] && seen[3]);
+}
+
+TEST(WorldRandom, FollowsTheClassicSequence) {
+    WorldRandom random(1);
+    const int expected[] = {41, 18467, 6334, 26500, 19169};
+    for (const int number : expected) EXPECT_EQ(random.next(), number);
+}
+
+}  // namespace
+}  // namespace grub

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "level_writer.h"
+#include "world.h"
+
+namespace grub {
+
+/// A sound that a world asked for, and when.
+struct HeardSound {
+    int frame = 0;
+    SoundRequest request;
+
+    friend bool operator==(const HeardSound&, const HeardSound&) = default;
+};
+
+/// A world on a drawn map, already settled: the next frame is frame 1. Each frame is a step and what drawing advances.
+class DrawnWorld {
+public:
+    DrawnWorld(const Drawing& drawing, const WorldStart& start, const AnimationFrameCounts& counts);
+
+    /// Adds keys to come: "1:+R 7:-R +L" presses Right before the step of frame 1, and before that of frame 7 releases
+    /// it and presses Left. Keys are U D L R Space Enter Z X A B.
+    DrawnWorld& script(std::string_view keys);
+    /// Plays until this frame has been played.
+    DrawnWorld& runTo(int frame);
+    DrawnWorld& run(int frames) { return runTo(world_.frame() + frames); }
+    /// Presses a key, plays so many frames, releases it.
+    DrawnWorld& hold(PlayKey key, int frames);
+
+    /// The world itself, to read it or to do to it what the helpers do not.
+    [[nodiscard]] World& world() { return world_; }
+    [[nodiscard]] int x() const { return world_.hero().x; }
+    [[nodiscard]] int y() const { return world_.hero().y; }
+    /// The cells as they are now, with Grub in the cell of his top left corner.
+    [[nodiscard]] Drawing drawn() const;
+    /// The distances from the hero, a row a line, with "." for cells that were not reached.
+    [[nodiscard]] std::vector<std::string> distances() const;
+    /// In which frames the sound was started.
+    [[nodiscard]] std::vector<int> framesOf(SoundId sound) const;
+    /// Everything that was asked for.
+    [[nodiscard]] const std::vector<HeardSound>& sounds() const { return sounds_; }
+
+private:
+    struct KeyEvent {
+        int frame;
+        bool down;
+        PlayKey key;
+    };
+
+    void playFrame();
+    void listen();
+
+    World world_;
+    std::vector<KeyEvent> events_;  // in the order of frames
+    std::vector<HeardSound> sounds_;
+};
+
+/// A settled world. Every animation has `kDrawnFrames` frames unless `counts` says otherwise.
+inline constexpr int kDrawnFrames = 4;
+[[nodiscard]] DrawnWorld worldFrom(const Drawing& drawing, const WorldStart& start = {},
+                                   const AnimationFrameCounts& counts = AnimationFrameCounts::all(kDrawnFrames));
+
+}  // namespace grub

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <initializer_list>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "level_file.h"
+#include "level_loader.h"
+#include "level_map.h"
+
+namespace grub {
+
+/// A map drawn in characters, a string for each row. Cells may stand apart ("@ . #") or close ("@.#").
+///
+///     @ Grub   . nothing   # solid   = diggable floor   H ladder   h hidden ladder   - pipe   k key   E exit
+///     s spawn point   d dog   l lady   r rat   + heart
+///
+/// A drawing of a world also has _ for a floor that is broken.
+struct Drawing {
+    std::vector<std::string> rows;
+
+    Drawing(std::initializer_list<std::string_view> lines);
+    explicit Drawing(std::vector<std::string> lines);
+
+    friend bool operator==(const Drawing&, const Drawing&) = default;
+    /// Two pictures of a failed comparison stand under each other.
+    friend void PrintTo(const Drawing& drawing, std::ostream* out);
+};
+
+/// The level file of a drawing, for the blocks of `drawnBlockTable`.
+[[nodiscard]] LevelFile drawnLevel(const Drawing& drawing);
+
+/// The block table of drawn levels: floors break with animation 83 and grow back with 84, hidden ladders appear as
+/// picture 5, exits open with animation 99.
+[[nodiscard]] std::string drawnBlockTable();
+/// Gives a loader the sprite numbers of `drawnBlockTable`.
+void addDrawnSpriteNumbers(SpriteNumbers& numbers);
+
+/// The map of a drawing, built the way the game builds it.
+[[nodiscard]] LevelMap mapFrom(const Drawing& drawing);
+
+}  // namespace grub
