@@ -1,0 +1,246 @@
+#include "level_scene.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "bmp_writer.h"
+#include "fake_renderer.h"
+#include "level_list.h"
+#include "level_view.h"
+#include "level_writer.h"
+#include "memory_source.h"
+#include "mouse_message.h"
+#include "recording_scene.h"
+#include "testing.h"
+
+namespace grub {
+namespace {
+
+using platform::testing::HandDrivenClock;
+
+constexpr std::uint32_t kLevel = 1;
+constexpr std::uint32_t kShell = 2;
+
+const Drawing kCorridor{"@ . . . .", "# # # # #"};
+
+Bytes levelFileOf(const Drawing& drawing) { return writeLevelFile(drawnLevel(drawing)); }
+
+SharedRef<SceneMessage> key(MessageType type, KeyCode code) {
+    return SharedRef<SceneMessage>(new KeyMessage(type, code, 0));
+}
+
+/// The level scene as the program runs it, on the test's own thread, with pictures and levels in memory and a clock
+/// that moves while everybody waits. `at(n, what)` does something when the n-th picture is presented; the window is
+/// closed at the last one.
+class LevelSceneTest : public ::testing::Test {
+protected:
+    LevelSceneTest() {
+        for (const LoadEntry& entry : loadingList())
+            data_.put(entry.path(), writeBmp(64, 64 * 2, Bytes(std::size_t{64} * 128 * 3, 9)));
+        levels_.put("levels\\typeblok.ini", drawnBlockTable());
+        putLevel(0, kCorridor);
+        application_.registerScene(kLevel, scene_);
+        application_.registerScene(kShell, shell_);
+        renderer_.onEndFrame = [this] { presented(); };
+        shell_.onRun = [this] { shellVisited_ = true; };
+    }
+
+    void putLevel(int index, const Drawing& drawing) {
+        levels_.put(std::string(kLevelNames[static_cast<std::size_t>(index)]), levelFileOf(drawing));
+    }
+
+    void at(int picture, std::function<void()> what) { actions_.emplace_back(picture, std::move(what)); }
+    void press(KeyCode code) { scene_.post(key(MessageType::Pressed, code)); }
+    void release(KeyCode code) { scene_.post(key(MessageType::Released, code)); }
+    void close() { scene_.post(messageOf(MessageType::CloseRequest)); }
+
+    /// A new game from level `index` until `pictures` have been presented and the window is closed.
+    void playFrom(int index, int pictures) {
+        at(pictures, [this] { close(); });
+        scene_.requestNewGame(index);
+        scene_.startLoadingPass();
+        application_.run(kLevel);
+    }
+
+    HandDrivenClock clock_;
+    platform::testing::MessageBoxRecorder boxes_;
+    FakeRenderer renderer_;
+    MemorySource data_;
+    MemorySource levels_;
+    WindowlessApplication application_;
+    RecordingScene shell_;
+    LevelScene scene_{data_, levels_};
+    bool shellVisited_ = false;
+    int pictures_ = 0;
+
+private:
+    void presented() {
+        ++pictures_;
+        for (const auto& [picture, action] : actions_)
+            if (picture == pictures_) action();
+    }
+
+    std::vector<std::pair<int, std::function<void()>>> actions_;
+};
+
+TEST_F(LevelSceneTest, LoadsBothListsThenBuildsTheLevelAndShowsItBeforePlayBegins) {
+    std::vector<LevelState> states;
+    std::vector<int> frames;
+    for (int picture = 1; picture <= 12; ++picture)
+        at(picture, [&] {
+            states.push_back(scene_.state());
+            frames.push_back(scene_.world() ? scene_.world()->frame() : -1);
+        });
+    playFrom(0, 12);
+    EXPECT_EQ(scene_.animations().frameCounts().of(90), 2) << "the second list was there when the level was built";
+    const auto intro = std::find(states.begin(), states.end(), LevelState::Intro);
+    ASSERT_NE(intro, states.end());
+    const auto built = static_cast<std::size_t>(intro - states.begin());
+    ASSERT_LT(built + 3, frames.size());
+    EXPECT_EQ(frames[built], 0) << "the settling step is taken before the first picture";
+    EXPECT_EQ(frames[built + 1], 0) << "the introduction shows it";
+    EXPECT_EQ(frames[built + 2], 1);
+    EXPECT_EQ(frames[built + 3], 2);
+}
+
+TEST_F(LevelSceneTest, OneHandlerRunsBetweenTwoPresentsFortyMillisecondsApart) {
+    std::vector<std::string> calls;
+    std::vector<std::int64_t> times;
+    renderer_.onBeginFrame = [&] { calls.emplace_back("handler"); };
+    for (int picture = 10; picture < 20; ++picture)
+        at(picture, [&] {
+            calls.emplace_back("present");
+            times.push_back(clock_.now().count());
+        });
+    at(9, [&] { calls.clear(); });
+    playFrom(0, 20);
+    ASSERT_EQ(times.size(), 10U);
+    for (std::size_t i = 1; i < times.size(); ++i) EXPECT_EQ(times[i] - times[i - 1], 40);
+    for (std::size_t i = 0; i + 1 < calls.size(); i += 2) {
+        EXPECT_EQ(calls[i], "handler");
+        EXPECT_EQ(calls[i + 1], "present");
+    }
+}
+
+TEST_F(LevelSceneTest, PlayDoesNotCatchUpAfterASlowPass) {
+    int before = 0;
+    int after = 0;
+    at(12, [&] {
+        before = scene_.world()->frame();
+        clock_.advance(std::chrono::milliseconds(200));
+    });
+    at(13, [&] { after = scene_.world()->frame(); });
+    playFrom(0, 14);
+    EXPECT_EQ(after, before + 1);
+}
+
+TEST_F(LevelSceneTest, KeysSteerTheHeroAndTheirReleaseStopsHim) {
+    int x = -1;
+    at(10, [&] { press(KeyRight); });
+    at(20, [&] { release(KeyRight); });
+    at(40, [&] { x = scene_.world()->hero().x; });
+    playFrom(0, 41);
+    EXPECT_EQ(x, 64) << "three frames to turn, seven of walking, then on to the next cell";
+    EXPECT_EQ(scene_.lastKey(), KeyRight);
+}
+
+TEST_F(LevelSceneTest, AMouseButtonIsNoKey) {
+    // Button 12 has the number of a key.
+    at(10, [&] {
+        scene_.post(SharedRef<SceneMessage>(new MouseMessage(MessageType::Pressed, MouseButton::Right, 10, 10)));
+    });
+    playFrom(0, 14);
+    EXPECT_EQ(scene_.lastKey(), 0U);
+}
+
+TEST_F(LevelSceneTest, EscapeTheKeyCAndAClosedWindowLeadBackToTheShell) {
+    for (const KeyCode code : {KeyEscape, KeyC}) {
+        shellVisited_ = false;
+        const int now = pictures_;
+        at(now + 12, [this, code] { press(code); });
+        playFrom(0, now + 1000);
+        EXPECT_TRUE(shellVisited_);
+        EXPECT_LT(pictures_, now + 20);
+        EXPECT_EQ(scene_.world(), nullptr) << "the level is taken down when the scene is left";
+    }
+}
+
+TEST_F(LevelSceneTest, AWindowClosedWhileNothingIsBuiltLeavesAtOnce) {
+    playFrom(0, 1);
+    EXPECT_TRUE(shellVisited_);
+    EXPECT_LE(pictures_, 2);
+}
+
+TEST_F(LevelSceneTest, AWonLevelLeadsToTheNextOneThatThePackageHolds) {
+    putLevel(0, {"E k @", "# # #"});
+    putLevel(3, kCorridor);
+    std::vector<int> indices;
+    at(9, [&] { press(KeyLeft); });
+    at(60, [&] { indices.push_back(scene_.levelIndex()); });
+    playFrom(0, 61);
+    EXPECT_EQ(indices, std::vector{3});
+}
+
+TEST_F(LevelSceneTest, ALevelThatIsMissingOrBrokenIsReportedAndLeft) {
+    levels_.put(std::string(kLevelNames[0]), Bytes{1, 2, 3});
+    playFrom(0, 1000);
+    EXPECT_TRUE(shellVisited_);
+    EXPECT_LT(pictures_, 20);
+    shellVisited_ = false;
+    const int now = pictures_;
+    playFrom(7, 1000);
+    EXPECT_TRUE(shellVisited_);
+    EXPECT_LT(pictures_, now + 20);
+}
+
+TEST_F(LevelSceneTest, EveryVisitHasItsPicturesAndANewWorld) {
+    for (int visit = 0; visit < 3; ++visit) {
+        const int now = pictures_;
+        std::size_t drawn = 0;
+        bool textures = false;
+        at(now + 12, [&] {
+            drawn = renderer_.drawn.size();
+            textures = scene_.animations().strip(333)->isAcquired();
+        });
+        at(now + 15, [&] { close(); });
+        scene_.requestNewGame(0);
+        if (visit == 0) scene_.startLoadingPass();
+        application_.run(kLevel);
+        EXPECT_GT(drawn, 0U);
+        EXPECT_TRUE(textures);
+        renderer_.drawn.clear();
+    }
+}
+
+TEST_F(LevelSceneTest, ALoaderThatIsStoppedLoadsNothingMore) {
+    for (int round = 0; round < 100; ++round) {
+        LevelScene scene(data_, levels_);
+        scene.startLoadingPass();
+        scene.stopLoading();
+        const int count = scene.animations().count();
+        EXPECT_TRUE(scene.animations().isStopped());
+        EXPECT_EQ(scene.animations().count(), count);
+    }
+}
+
+TEST_F(LevelSceneTest, DrawsBackLayersHeroAndFrontLayersInOrder) {
+    playFrom(0, 14);
+    ASSERT_FALSE(renderer_.drawn.empty());
+    const Texture* hero = nullptr;
+    scene_.enter();
+    scene_.startLevel(0);
+    hero = scene_.animations().strip(333)->texture();
+    renderer_.drawn.clear();
+    drawLevel(*scene_.world(), scene_.camera(), scene_.animations(), renderer_);
+    ASSERT_EQ(renderer_.drawn.size(), 11U) << "ten cells and the hero";
+    EXPECT_EQ(renderer_.drawn.front().x, 0);
+    EXPECT_EQ(renderer_.drawn.front().y, 0);
+    EXPECT_EQ(renderer_.drawn.back().texture, hero);
+    scene_.leave();
+}
+
+}  // namespace
+}  // namespace grub
