@@ -27,16 +27,18 @@ void drawBrick(Canvas& canvas, double x, double y, double width, std::uint32_t n
                 {.bevel = 3.5, .line = 0, .shadow = 0, .clip = clip});
 }
 
-/// The courses over the cell and its neighbours; only bricks inside the cell differ from wear to wear.
-void drawCourses(Canvas& canvas, FloorWear wear, const Mask* clip) {
-    for (std::uint32_t course = 0; course < 3; ++course) {
-        const double offset = course % 2 == 1 ? kBrick / 2 : 0;
+/// The courses over the cell and its neighbours, from course `first` (-1 lies where the cap would).
+void drawCourses(Canvas& canvas, int first, FloorWear wear, const Mask* clip) {
+    for (int course = first; course < 3; ++course) {
+        const bool shifted = (course + 2) % 2 == 1;
         for (int i = -1; i < 4; ++i) {
-            const double x = i * kBrick - offset;
-            const auto inCell = static_cast<std::uint32_t>((i + 2) % 2);
+            const double x = i * kBrick - (shifted ? kBrick / 2 : 0);
+            const int inCell = (i + 2) % 2;
             const bool crossing = x < 0 || x + kBrick > kCellSize;
-            const std::uint32_t own = crossing ? 0 : 10 * static_cast<std::uint32_t>(wear);
-            drawBrick(canvas, x, kFirstCourse + course * kCourse, kBrick, 31 + course * 2 + inCell + own, clip);
+            const int own = crossing ? 0 : 10 * static_cast<int>(wear);
+            const auto number =
+                static_cast<std::uint32_t>(32 + course * 2 + (shifted ? (inCell + 1) % 2 : (i + 2) % 2) + own);
+            drawBrick(canvas, x, kFirstCourse + course * kCourse, kBrick, number, clip);
         }
     }
 }
@@ -51,47 +53,55 @@ void drawCap(Canvas& canvas, const Mask* clip) {
 }
 
 void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
-    switch (wear) {
-        case FloorWear::New: return;
-        case FloorWear::Chipped:
-            drawCrack(canvas, {{21, 1.5}, {23, 5}, {21.5, 8}, {25, 12}, {24, 17}, {28, 23}, {26, 29}}, 0.9F, clip);
-            drawCrack(canvas, {{24, 17}, {19, 21}, {18, 25}}, 0.7F, clip);
-            drawCrack(canvas, {{50, 52}, {45, 56}, {46, 61}}, 0.7F, clip);
-            return;
-        case FloorWear::Mossy: {
-            const Material moss = stony(rgb(0x5c8a5a), 0.9F, 0.15F);
-            VectorPath tufts;
-            for (const Joint& drop :
-                 {Joint{{38, 10}, 3.2}, {{42, 12}, 4}, {{47, 11}, 3.6}, {{51, 10}, 2.6}, {{43, 17}, 2.2}}) {
-                tufts.unite(circle(drop.at, drop.radius));
-            }
-            canvas.part(tufts, moss, {.bevel = 2.4, .line = 0.7, .shadow = 0.3F, .clip = clip});
-            return;
-        }
-    }
+    if (wear == FloorWear::New) return;
+    drawCrack(canvas, {{21, 14}, {24, 19}, {22, 25}, {27, 29}}, 0.8F, clip);
+    drawCrack(canvas, {{24, 19}, {18, 22}, {17, 26}}, 0.6F, clip);
+    drawCrack(canvas, {{50, 49}, {45, 54}, {47, 61}}, 0.7F, clip);
+}
+
+VectorPath floorBody(FloorEnds ends, double top) {
+    const double left = ends.left ? 1.6 : -40;
+    const double right = ends.right ? kCellSize - 1.6 : kCellSize + 40;
+    return rectangle(left, top, right - left, kBottom - top, 3);
 }
 
 }  // namespace
 
 void drawFloor(Canvas& canvas, FloorEnds ends, FloorWear wear) {
-    const double left = ends.left ? 1.6 : -40;
-    const double right = ends.right ? kCellSize - 1.6 : kCellSize + 40;
-    const VectorPath whole = rectangle(left, kCapTop, right - left, kBottom - kCapTop, 2);
+    const VectorPath whole = floorBody(ends, kCapTop);
     canvas.part(whole, stony(kTurma.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
     const Mask inside = canvas.mask(whole);
-    drawCourses(canvas, wear, &inside);
+    drawCourses(canvas, 0, wear, &inside);
+    drawWear(canvas, wear, &inside);
     canvas.shadeRows(16, 64, 1.04F, 0.72F);
     drawCap(canvas, &inside);
-    drawWear(canvas, wear, &inside);
 }
 
-void drawFloorStone(Canvas& canvas, std::size_t index) {
+void drawUnderFloor(Canvas& canvas, FloorWear wear) {
+    const VectorPath whole = floorBody({}, -1);
+    canvas.flat(whole, kTurma.floorMortar * 0.8F);
+    const Mask inside = canvas.mask(whole);
+    drawCourses(canvas, -1, wear, &inside);
+    drawWear(canvas, wear, &inside);
+    canvas.shadeRows(0, 64, 0.86F, 0.66F);
+}
+
+void drawFloorStone(Canvas& canvas, std::size_t index, bool under) {
     const Stone& stone = kFloorStones[index];
-    const bool cap = index < kCapStones;
+    const bool cap = index < kCapStones && !under;
     const double gap = cap ? 1.0 : kJoint;
-    canvas.part(rectangle(stone.x + gap / 2, stone.y + gap / 2, stone.width - gap, stone.height - gap, 3),
-                cap ? capMaterial(stone.number) : brickMaterial(stone.number),
+    Material surface = cap ? capMaterial(stone.number) : brickMaterial(stone.number);
+    if (under) surface = stony(brickColour(stone.number) * 0.84F, 1.1F, 0.12F);
+    canvas.part(rectangle(stone.x + gap / 2, stone.y + gap / 2, stone.width - gap, stone.height - gap, 3), surface,
                 {.bevel = 3.4, .line = 0.9, .shadow = 0.2F});
+}
+
+void drawBrickStub(Canvas& canvas, Point wall, double inward, double reach, std::uint32_t number) {
+    const auto at = [&](double in, double down) { return Point{wall.x + in * inward, wall.y + down}; };
+    canvas.part(polygon({at(-8, 1), at(reach - 1.5, 1), at(reach + 0.6, 5), at(reach - 1, 8.5), at(reach + 1, 12),
+                         at(reach - 1.6, 16), at(-8, 16)},
+                        1.5),
+                stony(brickColour(number) * 0.72F, 0.9F, 0.12F), {.bevel = 2.6, .line = 1, .shadow = 0.3F});
 }
 
 }  // namespace grub

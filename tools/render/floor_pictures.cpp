@@ -1,7 +1,7 @@
 #include "floor_pictures.h"
 
 #include <array>
-#include <cmath>
+#include <vector>
 
 #include "floor_drawing.h"
 #include "noise.h"
@@ -32,22 +32,13 @@ Loosening looseningOf(std::size_t stone, std::uint32_t seed) {
             0.22 * (randomShare(n, 3, seed) - 0.5)};
 }
 
-/// The jagged ends of the bricks that stay in the walls of the hole.
+/// The walls of the hole: every other course is bonded into the neighbour and leaves a broken end.
 void drawStubs(Canvas& canvas, std::uint32_t seed) {
     for (std::uint32_t course = 0; course < 3; ++course) {
-        for (const double side : {0.0, 1.0}) {
-            const auto n = course * 2 + static_cast<std::uint32_t>(side);
-            const double y = 14 + 17 * course;
-            const double reach = 2.5 + 3 * randomShare(n, 4, seed);
-            const double wall = side * kCellSize;
-            const double inward = side > 0 ? -1 : 1;
-            canvas.part(polygon({{wall - 6 * inward, y},
-                                 {wall + reach * inward, y + 1},
-                                 {wall + (reach - 2) * inward, y + 7},
-                                 {wall + (reach + 0.8) * inward, y + 13},
-                                 {wall - 6 * inward, y + 15}},
-                                1.4),
-                        stony(kTurma.floor[n % 3] * 0.8F, 0.8F, 0.12F), {.bevel = 2, .line = 0.9, .shadow = 0.2F});
+        for (const bool right : {false, true}) {
+            const std::uint32_t n = course * 2 + (right ? 1 : 0);
+            const double reach = (course % 2 == 1 ? 5.5 : 2) + 2 * randomShare(n, 4, seed);
+            drawBrickStub(canvas, {right ? kCellSize : 0, 13.0 + 17 * course}, right ? -1 : 1, reach, 32 + n);
         }
     }
 }
@@ -75,7 +66,7 @@ void drawHitCracks(Canvas& canvas) {
     drawCrack(canvas, {{31, 30}, {22, 36}, {20, 44}}, 0.9F);
 }
 
-void drawFallingStones(Canvas& canvas, double time, std::uint32_t seed) {
+void drawFallingStones(Canvas& canvas, double time, std::uint32_t seed, bool under) {
     for (std::size_t i = kFloorStones.size(); i-- > 0;) {
         const Stone& stone = kFloorStones[i];
         const Loosening way = looseningOf(i, seed);
@@ -87,7 +78,7 @@ void drawFallingStones(Canvas& canvas, double time, std::uint32_t seed) {
         const Point shift{way.drift * t, drop};
         const auto tipped = canvas.placed(centre + shift, way.turn * t, size, size);
         const auto back = canvas.placed(centre * -1);
-        drawFloorStone(canvas, i);
+        drawFloorStone(canvas, i, under);
     }
 }
 
@@ -96,79 +87,94 @@ void drawDust(Canvas& canvas, double time, std::uint32_t seed) {
         const double age = time - 0.6 - 0.3 * randomShare(i, 8, seed);
         if (age <= 0 || age > 4.5) continue;
         const Point at{8 + 8 * i + 3 * (randomShare(i, 9, seed) - 0.5), 44 + 14 * randomShare(i, 6, seed) - 4.5 * age};
-        canvas.flat(circle(at, 3.5 + 1.6 * age), rgb(0xe8cdb0), {.alpha = static_cast<float>(0.34 * (1 - age / 4.5))});
+        canvas.halo(at, 7 + 2.4 * age, rgb(0xe8cdb0), static_cast<float>(0.62 * (1 - age / 4.5)));
     }
 }
 
-void drawBreaking(Canvas& canvas, FrameOf frame, FloorEnds ends, std::uint32_t seed) {
+/// What kind of floor cell breaks or grows.
+enum class Storey { Top, Under };
+
+void drawWhole(Canvas& canvas, Storey storey) {
+    storey == Storey::Top ? drawFloor(canvas, {}, FloorWear::New) : drawUnderFloor(canvas, FloorWear::New);
+}
+
+void drawBreaking(Canvas& canvas, FrameOf frame, Storey storey, std::uint32_t seed) {
     if (frame.index == 0) {
-        drawFloor(canvas, ends, FloorWear::New);
+        drawWhole(canvas, storey);
         drawHitCracks(canvas);
         return;
     }
     const double time = frame.index;
     drawStubs(canvas, seed);
     drawRubble(canvas, frame.progress() * 1.1 - 0.35, seed);
-    drawFallingStones(canvas, time, seed);
-    drawDust(canvas, time, seed);
+    drawFallingStones(canvas, time, seed, storey == Storey::Under);
     canvas.outline(0.5);
+    drawDust(canvas, time, seed);
 }
 
-void drawBreakOne(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, {}, 1); }
-void drawBreakTwo(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, {.left = true}, 2); }
-void drawBreakThree(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, {.right = true}, 3); }
-void drawBreakFour(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, {.left = true, .right = true}, 4); }
+void drawBreakTop(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, Storey::Top, 1); }
+void drawBreakUnder(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, Storey::Under, 2); }
+void drawBreakTopOther(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, Storey::Top, 3); }
+void drawBreakUnderOther(Canvas& canvas, FrameOf frame) { drawBreaking(canvas, frame, Storey::Under, 4); }
 
 // ---- growing again: courses rise from below in a warm seam; the last picture is the floor, still glowing
 
 constexpr Rgb kSeam = rgb(0xffd27a);
 
-/// The part of the floor below `row` has grown; a glowing line lies on it and crumbs fly up to it.
-void drawGrown(Canvas& canvas, FrameOf frame, FloorEnds ends) {
-    const double row = 58 - 57 * eased((frame.index + 0.4) / (frame.count - 1));
-    if (row > 1) drawStubs(canvas, 1);
+constexpr int kEdgePoints = 9;
+
+/// Row up to which the floor has grown in this picture; above the cell in the last one.
+double grownRow(FrameOf frame) {
+    return frame.index + 1 < frame.count ? 60 - 58 * eased((frame.index + 0.6) / (frame.count - 0.6)) : -8;
+}
+
+std::vector<Point> grownEdge(double row) {
     std::vector<Point> edge{{-40, row}};
-    for (std::uint32_t i = 0; i <= 8; ++i)
-        edge.push_back({8.0 * i, row + (row > 1 ? 5 * (randomShare(i, 1, 17) - 0.5) : -8)});
-    edge.insert(edge.end(), {{104, row}, {104, 104}, {-40, 104}});
-    Canvas floor(canvas.blankCopy());
-    drawFloor(floor, ends, FloorWear::New);
-    canvas.layOver(floor, canvas.mask(polygon(edge, 1)));
-    if (row <= 1) return;
-    for (std::size_t i = 1; i + 4 < edge.size(); ++i) {
+    for (std::uint32_t i = 0; i < kEdgePoints; ++i) edge.push_back({8.0 * i, row + 5 * (randomShare(i, 1, 17) - 0.5)});
+    edge.push_back({104, row});
+    return edge;
+}
+
+/// The glowing line on top of what has grown, and crumbs that fly up to it.
+void drawSeam(Canvas& canvas, const std::vector<Point>& edge, double row, std::uint32_t picture) {
+    for (std::size_t i = 0; i + 1 < edge.size(); ++i) {
         canvas.flat(polyline({edge[i], edge[i + 1]}), kSeam, {.alpha = 0.9F, .stroke = 2.6});
         canvas.flat(polyline({edge[i], edge[i + 1]}), rgb(0xffffff), {.alpha = 0.8F, .stroke = 1});
     }
     for (std::uint32_t i = 0; i < 7; ++i) {
-        const double height = 3 + 13 * randomShare(i, static_cast<std::uint32_t>(frame.index), 23);
-        const Point at{5 + 8.5 * i, row - height};
-        if (at.y < 3) continue;
-        canvas.flat(circle(at, 1.6 - height * 0.06), kSeam, {.alpha = 0.95F});
+        const double height = 3 + 13 * randomShare(i, picture, 23);
+        if (row - height > 3)
+            canvas.flat(circle({5 + 8.5 * i, row - height}, 1.7 - height * 0.06), kSeam, {.alpha = 0.95F});
     }
 }
 
-/// The seam's light on the bricks.
-void drawSeamGlow(Canvas& canvas, FrameOf frame) {
-    const double row = 58 - 57 * eased((frame.index + 0.4) / (frame.count - 1));
-    const float strength = frame.index + 1 < frame.count ? 0.5F : 0.25F;
-    canvas.glow({32, std::max(row, 4.0)}, 34, kSeam, strength);
+void drawGrowing(Canvas& canvas, FrameOf frame, Storey storey) {
+    const double row = grownRow(frame);
+    if (row < 0) {
+        drawWhole(canvas, storey);
+        canvas.glow({32, 5}, 38, kSeam, 0.3F);
+        return;
+    }
+    drawStubs(canvas, 1);
+    const std::vector<Point> edge = grownEdge(row);
+    std::vector<Point> grown = edge;
+    grown.insert(grown.end(), {{104, 104}, {-40, 104}});
+    Canvas floor = canvas.blankCopy();
+    drawWhole(floor, storey);
+    canvas.layOver(floor, canvas.mask(polygon(grown)));
+    drawSeam(canvas, edge, row, static_cast<std::uint32_t>(frame.index));
+    canvas.glow({32, row}, 34, kSeam, 0.5F);
 }
 
-void drawRegrow(Canvas& canvas, FrameOf frame) {
-    drawGrown(canvas, frame, {});
-    drawSeamGlow(canvas, frame);
-}
-
-void drawRegrowEnds(Canvas& canvas, FrameOf frame) {
-    drawGrown(canvas, frame, {.left = true, .right = true});
-    drawSeamGlow(canvas, frame);
-}
+void drawGrowTop(Canvas& canvas, FrameOf frame) { drawGrowing(canvas, frame, Storey::Top); }
+void drawGrowUnder(Canvas& canvas, FrameOf frame) { drawGrowing(canvas, frame, Storey::Under); }
 
 // ---- floors
 
 void drawMiddle(Canvas& canvas, FrameOf) { drawFloor(canvas, {}, FloorWear::New); }
 void drawChipped(Canvas& canvas, FrameOf) { drawFloor(canvas, {}, FloorWear::Chipped); }
-void drawMossyFloor(Canvas& canvas, FrameOf) { drawFloor(canvas, {}, FloorWear::Mossy); }
+void drawUnder(Canvas& canvas, FrameOf) { drawUnderFloor(canvas, FloorWear::New); }
+void drawUnderChipped(Canvas& canvas, FrameOf) { drawUnderFloor(canvas, FloorWear::Chipped); }
 void drawLeftEnd(Canvas& canvas, FrameOf) { drawFloor(canvas, {.left = true}, FloorWear::New); }
 void drawRightEnd(Canvas& canvas, FrameOf) { drawFloor(canvas, {.right = true}, FloorWear::New); }
 void drawAlone(Canvas& canvas, FrameOf) { drawFloor(canvas, {.left = true, .right = true}, FloorWear::New); }
@@ -186,6 +192,17 @@ void drawBlock(Canvas& canvas, FrameOf) {
         for (const double y : {5.6, 58.4}) canvas.part(circle({x, y}, 2.3), kMetal, {.bevel = 2, .line = 0.7});
     }
     canvas.shadeRows(0, 64, 1.05F, 0.82F);
+}
+
+/// The same with a grating let in.
+void drawGratedBlock(Canvas& canvas, FrameOf frame) {
+    drawBlock(canvas, frame);
+    const VectorPath opening = rectangle(17, 17, 30, 30, 4);
+    canvas.part(opening, stony(rgb(0x23233a), 0, 0), {.bevel = 2, .line = 1});
+    const Mask inside = canvas.mask(opening);
+    for (const double x : {24.0, 32.0, 40.0}) {
+        canvas.part(rectangle(x - 1.9, 14, 3.8, 36, 1), kDarkMetal, {.bevel = 1.9, .line = 0.8, .clip = &inside});
+    }
 }
 
 /// Rough stones laid without pattern; they reach into the neighbours, so that blocks of them join.
@@ -226,23 +243,23 @@ void drawBoulder(Canvas& canvas, FrameOf) {
 constexpr std::array kPictures{
     //            name                     px  px frames
     PictureEntry{"steny\\modul_pol_11a", 64, 64, 1, Ground::Joined, drawMiddle},
-    PictureEntry{"poly\\modul_pol", 64, 64, 1, Ground::Joined, drawMiddle},
-    PictureEntry{"poly\\modul_pol01", 64, 64, 1, Ground::Joined, drawChipped},
-    PictureEntry{"poly\\modul_pol02", 64, 64, 1, Ground::Joined, drawMossyFloor},
+    PictureEntry{"poly\\modul_pol", 64, 64, 1, Ground::Joined, drawChipped},
+    PictureEntry{"poly\\modul_pol06", 64, 64, 1, Ground::Joined, drawMiddle},
     PictureEntry{"poly\\pol_kray1", 64, 64, 1, Ground::Joined, drawLeftEnd},
     PictureEntry{"poly\\pol_kray2", 64, 64, 1, Ground::Joined, drawRightEnd},
     PictureEntry{"poly\\pol_kray3", 64, 64, 1, Ground::Joined, drawAlone},
-    PictureEntry{"poly\\modul_pol03", 64, 64, 1, Ground::Joined, drawLeftEnd},
-    PictureEntry{"poly\\modul_pol06", 64, 64, 1, Ground::Joined, drawRightEnd},
+    PictureEntry{"poly\\modul_pol01", 64, 64, 1, Ground::Joined, drawUnder},
+    PictureEntry{"poly\\modul_pol02", 64, 64, 1, Ground::Joined, drawUnderChipped},
+    PictureEntry{"poly\\modul_pol03", 64, 64, 1, Ground::Joined, drawGratedBlock},
     PictureEntry{"poly\\modul_pol04", 64, 64, 1, Ground::Joined, drawBlock},
     PictureEntry{"poly\\polkam", 64, 64, 1, Ground::Joined, drawRoughWall},
     PictureEntry{"poly\\kam_proz", 64, 64, 1, Ground::Clear, drawBoulder},
-    PictureEntry{"poly\\lom1", 64, 64, 8, Ground::Joined, drawBreakOne},
-    PictureEntry{"poly\\lom2", 64, 64, 8, Ground::Joined, drawBreakTwo},
-    PictureEntry{"poly\\lom3", 64, 64, 8, Ground::Joined, drawBreakThree},
-    PictureEntry{"poly\\lom4", 64, 64, 8, Ground::Joined, drawBreakFour},
-    PictureEntry{"poly\\vosstfull", 64, 64, 8, Ground::Joined, drawRegrow},
-    PictureEntry{"poly\\vossthalf", 64, 64, 8, Ground::Joined, drawRegrowEnds},
+    PictureEntry{"poly\\lom1", 64, 64, 8, Ground::Joined, drawBreakTop},
+    PictureEntry{"poly\\lom2", 64, 64, 8, Ground::Joined, drawBreakUnder},
+    PictureEntry{"poly\\lom3", 64, 64, 8, Ground::Joined, drawBreakTopOther},
+    PictureEntry{"poly\\lom4", 64, 64, 8, Ground::Joined, drawBreakUnderOther},
+    PictureEntry{"poly\\vosstfull", 64, 64, 8, Ground::Joined, drawGrowTop},
+    PictureEntry{"poly\\vossthalf", 64, 64, 8, Ground::Joined, drawGrowUnder},
 };
 
 }  // namespace

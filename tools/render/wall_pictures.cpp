@@ -45,6 +45,17 @@ void drawLight(Canvas& canvas, FrameOf) {
     dim(canvas);
 }
 
+void drawDark(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[1] * 0.88F);
+    dim(canvas);
+}
+
+void drawCrackedLight(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[2]);
+    drawCrack(canvas, {{36, 14}, {29, 18}, {27, 24}, {19, 27}, {17, 33}}, 0.7F);
+    dim(canvas);
+}
+
 void drawCracked(Canvas& canvas, FrameOf) {
     drawWall(canvas, kTurma.backdrop[0]);
     drawCrack(canvas, {{13, 13}, {17, 20}, {15, 26}, {21, 33}, {20, 41}}, 0.8F);
@@ -52,14 +63,19 @@ void drawCracked(Canvas& canvas, FrameOf) {
     dim(canvas);
 }
 
-/// Moss in the joints round the inner stone.
-void drawMossy(Canvas& canvas, FrameOf) {
-    drawWall(canvas, kTurma.backdrop[1]);
-    const Material moss = stony(mix(kTurma.backdrop[0], kTurma.accent, 0.3F), 1.2F, 0.2F);
-    constexpr std::array<Joint, 7> kTufts{Joint{{9, 42}, 3}, {{14, 44}, 3.6}, {{20, 43}, 4},  {{27, 44}, 3},
-                                          {{33, 42.5}, 2.4}, {{17, 40}, 2.4}, {{38, 36}, 1.8}};
+/// Water has run down the inner stone; moss grows where it ends.
+void drawDamp(Canvas& canvas, FrameOf) {
+    drawWall(canvas, kTurma.backdrop[0]);
+    for (const Joint& run : {Joint{{15, 34}, 2.6}, Joint{{21, 30}, 3.4}, Joint{{28, 36}, 2.2}}) {
+        canvas.flat(limb({{{run.at.x, 13}, run.radius * 0.6}, {run.at, run.radius}}), kTurma.backdropMortar * 0.8F,
+                    {.alpha = 0.4F});
+    }
+    const Material moss = stony(mix(kTurma.backdrop[0], kTurma.accent, 0.26F), 1.2F, 0.2F);
     VectorPath tufts;
-    for (const Joint& tuft : kTufts) tufts.unite(circle(tuft.at, tuft.radius));
+    for (const Joint& tuft : {Joint{{9, 41}, 2.6}, Joint{{13, 40}, 3.2}, Joint{{18, 39.5}, 3.6}, Joint{{23, 40.5}, 3},
+                              Joint{{28, 41}, 2.4}, Joint{{17, 36}, 2.2}}) {
+        tufts.unite(circle(tuft.at, tuft.radius));
+    }
     canvas.part(tufts, moss, {.bevel = 2.5, .line = 0, .shadow = 0.3F});
     dim(canvas);
 }
@@ -83,19 +99,6 @@ void drawSplit(Canvas& canvas, FrameOf) {
     drawStone(canvas, {kInner.x, 26, 15, 17, 8}, kTurma.backdrop[2]);
     drawStone(canvas, {20, 26, 19, 17, 9}, kTurma.backdrop[1]);
     dim(canvas);
-}
-
-/// The soft shadow that a floor throws on the wall below it.
-constexpr double kShadowDepth = 34;
-
-void drawShaded(Canvas& canvas, FrameOf frame) {
-    drawPlain(canvas, frame);
-    canvas.shadeRows(0, kShadowDepth, 0.5F, 1);
-}
-
-void drawShadedLight(Canvas& canvas, FrameOf frame) {
-    drawLight(canvas, frame);
-    canvas.shadeRows(0, kShadowDepth, 0.5F, 1);
 }
 
 /// An iron ring with a length of chain.
@@ -140,12 +143,12 @@ void drawLampTwo(Canvas& canvas, FrameOf) {
 constexpr std::array kPictures{
     //            name                     px  px frames
     PictureEntry{"steny\\modul", 64, 64, 1, Ground::Joined, drawPlain},
-    PictureEntry{"steny\\modul01", 64, 64, 1, Ground::Joined, drawShaded},
-    PictureEntry{"steny\\modul02", 64, 64, 1, Ground::Joined, drawLight},
+    PictureEntry{"steny\\modul01", 64, 64, 1, Ground::Joined, drawLight},
+    PictureEntry{"steny\\modul02", 64, 64, 1, Ground::Joined, drawSplit},
     PictureEntry{"steny\\modul03", 64, 64, 1, Ground::Joined, drawCracked},
-    PictureEntry{"steny\\modul2", 64, 64, 1, Ground::Joined, drawSplit},
-    PictureEntry{"steny\\modul5", 64, 64, 1, Ground::Joined, drawShadedLight},
-    PictureEntry{"steny\\modul6", 64, 64, 1, Ground::Joined, drawMossy},
+    PictureEntry{"steny\\modul2", 64, 64, 1, Ground::Joined, drawDamp},
+    PictureEntry{"steny\\modul5", 64, 64, 1, Ground::Joined, drawDark},
+    PictureEntry{"steny\\modul6", 64, 64, 1, Ground::Joined, drawCrackedLight},
     PictureEntry{"steny\\modul8", 64, 64, 1, Ground::Joined, drawNiche},
     PictureEntry{"steny\\modul9", 64, 64, 1, Ground::Joined, drawRing},
     PictureEntry{"steny\\modul_lampa1", 64, 64, 1, Ground::Joined, drawLampOne},
