@@ -29,6 +29,8 @@ public:
     [[nodiscard]] const Block* byName(std::string_view name) const;
     /// The block a level of `world` means by `name`: the world's own, else the one common to all worlds, else null.
     [[nodiscard]] const Block* find(std::string_view world, std::string_view name) const;
+    /// Whether a level can be of this world: it has a wall.
+    [[nodiscard]] bool isWorld(std::string_view name) const { return byName(std::string(name) + ".wall") != nullptr; }
     /// `name`, `name~2`, `name~3` ... of that block, as many as there are without a gap.
     [[nodiscard]] std::vector<const Block*> variants(const Block& first) const;
 

@@ -18,6 +18,9 @@ namespace {
 /// Cells of one placement line; more would not fit 120 columns of text.
 constexpr std::size_t kCellsInLine = 14;
 
+/// The world of a level without a block that has one.
+constexpr std::string_view kFirstWorld = "turma";
+
 /// The character that stands for a cell without an object.
 char characterOf(BlockType type) {
     switch (type) {
@@ -64,15 +67,15 @@ private:
         return palette_.byId(valueIn(recordAt(level_, column, row), Slot::Base));
     }
 
-    /// The world that most named blocks of the level belong to.
+    /// The world that most blocks of the level belong to.
     std::string world() const {
         std::map<std::string, int> counts;
         for (const CellRecord& cell : level_.records)
-            if (const Block* block = palette_.byId(valueIn(cell, Slot::Base));
-                block != nullptr && !worldOf(block->name).empty())
+            if (const Block* block = palette_.byId(cell.base);
+                block != nullptr && palette_.isWorld(worldOf(block->name)))
                 ++counts[std::string(worldOf(block->name))];
         const std::string found = mostFrequent(counts);
-        return found.empty() ? "turma" : found;
+        return found.empty() ? std::string(kFirstWorld) : found;
     }
 
     void drawField() {
@@ -81,7 +84,9 @@ private:
             for (int column = 0; column < level_.width; ++column) {
                 const Block* base = baseAt(column, row);
                 const auto type = base != nullptr ? blockTypeOf(base->type) : BlockType::Empty;
-                line += characterOf(type, valueIn(recordAt(level_, column, row), Slot::Object));
+                const char character = characterOf(type, recordAt(level_, column, row).code);
+                // A world need not have every family; what it lacks is placed below the field.
+                line += palette_.find(draft_.world, fieldCharacter(character)->family) != nullptr ? character : '.';
             }
         }
     }
@@ -95,7 +100,8 @@ private:
                     ++counts[drawn(column, row)][familyOf(base->name)];
         for (const auto& [character, families] : counts) {
             const std::string family = mostFrequent(families);
-            if (family != fieldCharacter(character)->family) draft_.legend[character] = {family, 0};
+            if (family != fieldCharacter(character)->family && palette_.find(draft_.world, family) != nullptr)
+                draft_.legend[character] = {family, 0};
         }
     }
 
