@@ -39,7 +39,7 @@ class LevelSceneTest : public ::testing::Test {
 protected:
     LevelSceneTest() {
         for (const LoadEntry& entry : loadingList())
-            data_.put(entry.path(), writeBmp(64, 64 * 2, Bytes(std::size_t{64} * 128 * 3, 9)));
+            data_.put(entry.path(), writeBmp(1, 64 * 2, Bytes(std::size_t{128} * 3, 9)));
         levels_.put("levels\\typeblok.ini", drawnBlockTable());
         putLevel(0, kCorridor);
         application_.registerScene(kLevel, scene_);
@@ -119,9 +119,10 @@ TEST_F(LevelSceneTest, OneHandlerRunsBetweenTwoPresentsFortyMillisecondsApart) {
     playFrom(0, 20);
     ASSERT_EQ(times.size(), 10U);
     for (std::size_t i = 1; i < times.size(); ++i) EXPECT_EQ(times[i] - times[i - 1], 40);
-    for (std::size_t i = 0; i + 1 < calls.size(); i += 2) {
-        EXPECT_EQ(calls[i], "handler");
-        EXPECT_EQ(calls[i + 1], "present");
+    ASSERT_GE(calls.size(), 2 * times.size());
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        EXPECT_EQ(calls[2 * i], "handler");
+        EXPECT_EQ(calls[2 * i + 1], "present");
     }
 }
 
@@ -229,16 +230,14 @@ TEST_F(LevelSceneTest, ALoaderThatIsStoppedLoadsNothingMore) {
 TEST_F(LevelSceneTest, DrawsBackLayersHeroAndFrontLayersInOrder) {
     playFrom(0, 14);
     ASSERT_FALSE(renderer_.drawn.empty());
-    const Texture* hero = nullptr;
     scene_.enter();
     scene_.startLevel(0);
-    hero = scene_.animations().strip(333)->texture();
     renderer_.drawn.clear();
     drawLevel(*scene_.world(), scene_.camera(), scene_.animations(), renderer_);
     ASSERT_EQ(renderer_.drawn.size(), 11U) << "ten cells and the hero";
     EXPECT_EQ(renderer_.drawn.front().x, 0);
     EXPECT_EQ(renderer_.drawn.front().y, 0);
-    EXPECT_EQ(renderer_.drawn.back().texture, hero);
+    EXPECT_EQ(renderer_.drawn.back().texture, scene_.animations().strip(333)->texture());
     scene_.leave();
 }
 
