@@ -163,11 +163,17 @@ void Canvas::glow(Point centre, double radius, Rgb colour, float strength) {
 }
 
 void Canvas::halo(Point centre, double radius, Rgb colour, float strength) {
+    haloBetween(centre, radius, radius, radius, colour, strength);
+}
+
+void Canvas::haloBetween(Point centre, double side, double up, double down, Rgb colour, float strength) {
     const Point c = place_.apply(centre);
-    const double r = radius * place_.magnification();
+    const double k = place_.magnification();
     for (int y = 0; y < box_.y1; ++y) {
+        const double dy = y + 0.5 - c.y;
+        const double v = dy / (k * (dy < 0 ? up : down));
         for (int x = 0; x < box_.x1; ++x) {
-            const float near = clamp01(static_cast<float>(1 - std::hypot(x + 0.5 - c.x, y + 0.5 - c.y) / r));
+            const float near = clamp01(static_cast<float>(1 - std::hypot((x + 0.5 - c.x) / (k * side), v)));
             if (near > 0) lay(x, y, colour, near * near * strength);
         }
     }

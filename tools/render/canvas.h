@@ -82,6 +82,8 @@ public:
     void glow(Point centre, double radius, Rgb colour, float strength);
     /// Light as a translucent disc of its own, for pictures that lie over others.
     void halo(Point centre, double radius, Rgb colour, float strength);
+    /// A halo that reaches `side` pixels to both sides, `up` and `down`.
+    void haloBetween(Point centre, double side, double up, double down, Rgb colour, float strength);
     /// Multiplies brightness: `above` down to row `y0`, `below` from row `y1` on, evenly between.
     void shadeRows(double y0, double y1, float above, float below, const Mask* clip = nullptr);
     /// A line of `width` around all that has been drawn, under it.

@@ -4,8 +4,11 @@
 #include <span>
 
 #include "climbing_pictures.h"
+#include "decor_pictures.h"
+#include "digit_pictures.h"
 #include "floor_pictures.h"
 #include "hero_pictures.h"
+#include "thing_pictures.h"
 #include "wall_pictures.h"
 
 namespace grub {
@@ -14,7 +17,8 @@ const std::vector<PictureEntry>& allPictures() {
     static const std::vector<PictureEntry> pictures = [] {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
-             {heroPictures(), wallPictures(), floorPictures(), climbingPictures()}) {
+             {heroPictures(), wallPictures(), floorPictures(), climbingPictures(), thingPictures(), decorPictures(),
+              digitPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;
