@@ -1,0 +1,128 @@
+#include "ini_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace grub {
+namespace {
+
+using namespace std::string_view_literals;
+
+/// A table over `text`, which must outlive it no longer than the call: the table keeps copies.
+IniTable tableOf(std::string_view text) {
+    return {
+        SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size())),
+        7};
+}
+
+constexpr const char* kAbsent = nullptr;
+
+/// What a file answers to one question.
+struct IniRule {
+    const char* rule;
+    std::string_view file;
+    const char* section;
+    const char* key;
+    const char* string;  // kAbsent: the table does not have it
+    int number;
+};
+const IniRule kIniRules[] = {
+    {"a plain entry", "[5]\r\ntype=2\r\n", "5", "type", "2", 2},
+    {"the first definition wins", "[5]\r\ntype=2\r\ntype=3\r\n", "5", "type", "2", 2},
+    {"the first string and the first number win apart", "a=abc\r\na=5\r\n", "", "a", "abc", 5},
+    {"a later text leaves the number", "a=2\r\na=x\r\n", "", "a", "2", 2},
+    {"names are case-sensitive", "[a]\r\nkey=1\r\n", "A", "key", kAbsent, -1},
+    // Section and key are glued.
+    {"section 12, key type", "[12]\r\ntype=1\r\n", "12", "type", "1", 1},
+    {"is also section 1, key 2type", "[12]\r\ntype=1\r\n", "1", "2type", "1", 1},
+    {"and an entry before any section", "12type=4\r\n[12]\r\ntype=1\r\n", "12", "type", "4", 4},
+    {"a section goes on when it comes again", "[a]\r\nx=1\r\n[b]\r\nx=2\r\n[a]\r\ny=3\r\n", "a", "y", "3", 3},
+    // Sections.
+    {"blanks belong to the section's name", "[ 5 ]\r\nx=1\r\n", " 5 ", "x", "1", 1},
+    {"the last bracket closes", "[a] ; x]\r\nx=1\r\n", "a] ; x", "x", "1", 1},
+    {"text behind the bracket is dropped", "[a] ; x\r\nx=1\r\n", "a", "x", "1", 1},
+    {"an unclosed header keeps the section", "[a]\r\n[b\r\nx=1\r\n", "a", "x", "1", 1},
+    {"[] goes back to the section without a name", "[a]\r\n[]\r\nx=1\r\n", "", "x", "1", 1},
+    // Trimming: blanks at the line's start, nothing else.
+    {"blanks and tabs before an entry", " \t x=1\r\n", "", "x", "1", 1},
+    {"blanks before a header", "  [a]\r\nx=1\r\n", "a", "x", "1", 1},
+    {"a blank before = belongs to the key", "x =1\r\n", "", "x ", "1", 1},
+    {"so the key without it is absent", "x =1\r\n", "", "x", kAbsent, -1},
+    {"a blank after = belongs to the value", "name= fire\r\n", "", "name", " fire", -1},
+    {"the first = splits", "x=1=2\r\n", "", "x", "1=2", -1},
+    // Ignored lines.
+    {"a comment", ";x=1\r\n", "", ";x", kAbsent, -1},
+    {"a comment after blanks", "  ;x=1\r\n", "", "x", kAbsent, -1},
+    {"no =", "x\r\n", "", "x", kAbsent, -1},
+    {"nothing after =", "x=\r\n", "", "x", kAbsent, -1},
+    {"no key", "=5\r\n", "", "", kAbsent, -1},
+    {"empty and blank lines", "\r\n  \r\nx=1\r\n", "", "x", "1", 1},
+    // Numbers.
+    {"leading zeros", "x=007\r\n", "", "x", "007", 7},
+    {"a sign is no digit", "x=-1\r\n", "", "x", "-1", -1},
+    {"nor is a plus", "x=+5\r\n", "", "x", "+5", -1},
+    {"nor is a trailing blank", "x=5 \r\n", "", "x", "5 ", -1},
+    {"numbers wrap", "x=4294967303\r\n", "", "x", "4294967303", 7},
+    {"even to the value of absence", "x=4294967295\r\n", "", "x", "4294967295", -1},
+    {"a hundred digits wrap harmlessly",
+     "x=10000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000005\r\n", "",
+     "x", "10000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000005", 5},
+    // Line ends.
+    {"a last line without end is lost", "x=1\r\ny=2", "", "y", kAbsent, -1},
+    {"a CR alone does not end it", "y=2\r", "", "y", kAbsent, -1},
+    {"a lone LF ends a line", "x=1\ny=2\n", "", "y", "2", 2},
+    {"a last line behind LF is lost too", "x=1\ny=2", "", "y", kAbsent, -1},
+    {"of CR CR LF one CR stays", "x=1\r\r\n", "", "x", "1\r", -1},
+    {"no bytes", "", "", "", kAbsent, -1},
+};
+
+TEST(IniTable, AnswersAsTheTableOfRulesSays) {
+    for (const IniRule& rule : kIniRules) {
+        SCOPED_TRACE(rule.rule);
+        const IniTable table = tableOf(rule.file);
+        EXPECT_EQ(table.has(rule.section, rule.key), rule.string != kAbsent);
+        EXPECT_STREQ(table.getString(rule.section, rule.key).cStr(), rule.string != kAbsent ? rule.string : "");
+        EXPECT_EQ(table.getInt(rule.section, rule.key), rule.number);
+    }
+}
+
+TEST(IniTable, AnswersTheSameWithoutCr) {
+    for (const IniRule& rule : kIniRules) {
+        if (rule.file.find("\r\r") != std::string_view::npos) continue;
+        SCOPED_TRACE(rule.rule);
+        std::string withoutCr(rule.file);
+        std::erase(withoutCr, '\r');
+        const IniTable table = tableOf(withoutCr);
+        EXPECT_EQ(table.getString(rule.section, rule.key), tableOf(rule.file).getString(rule.section, rule.key));
+        EXPECT_EQ(table.getInt(rule.section, rule.key), rule.number);
+    }
+}
+
+TEST(IniTable, OfAMissingFileKnowsNothing) {
+    const IniTable table(SharedBuffer(), 3000);
+    EXPECT_FALSE(table.has("", ""));
+    EXPECT_EQ(table.getInt("1", "type"), -1);
+}
+
+TEST(IniTable, KeepsEveryEntryWhateverTheNumberOfBuckets) {
+    std::string text;
+    for (int i = 0; i < 500; ++i) text += "[" + std::to_string(i) + "]\ntype=" + std::to_string(i * 3) + "\n";
+    const auto file =
+        SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()));
+    for (const std::uint32_t bucketCount : {0u, 1u, 3000u}) {
+        const IniTable table(file, bucketCount);
+        for (int i = 0; i < 500; ++i) EXPECT_EQ(table.getInt(std::to_string(i).c_str(), "type"), i * 3);
+    }
+}
+
+/// The smallest file that says something, as docs/formats/ini.md prints it.
+TEST(IniFormat, SmallestFileHoldsOneEntry) {
+    const IniTable table = tableOf("\x61\x3D\x31\x0D\x0A"sv);
+    EXPECT_EQ(table.getInt("", "a"), 1);
+}
+
+}  // namespace
+}  // namespace grub
