@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestField = 0xFFFF;          // directory size and entry count have 16 bits
+constexpr std::size_t kLargestDirectory = 0xFFFF;      // directory size and entry count have 16 bits
 constexpr std::uint64_t kLargestPackage = 0x7FFFFFFF;  // the game moves in a file by a signed 32-bit distance
 
 void append(std::vector<std::uint8_t>& bytes, std::uint32_t value, unsigned byteCount) {
@@ -34,8 +34,7 @@ std::uint64_t dataSizeOf(const std::vector<PackItem>& items) {
 std::string limitExceededBy(const std::vector<PackItem>& items) {
     const auto number = [](std::uint64_t value) { return std::to_string(value); };
     const std::size_t directorySize = directorySizeOf(items);
-    if (items.size() > kLargestField) return number(items.size()) + " entries, a package holds at most 65535";
-    if (directorySize > kLargestField) {
+    if (directorySize > kLargestDirectory) {
         return "the directory would take " + number(directorySize) + " bytes (each name and 9), at most 65535 fit";
     }
     const std::uint64_t fileSize = kPackageHeaderSize + directorySize + dataSizeOf(items);
