@@ -86,11 +86,10 @@ HWND enter(const std::shared_ptr<Window>& window) {
     return window->handle;
 }
 
-/// From here on nobody finds the window; whoever waits for it gets 0.
+/// From here on no other thread reaches the window; whoever waits for it gets 0.
 void leave(const std::shared_ptr<Window>& window) {
     const WaitGuard lock(waitLock());
     window->alive = false;
-    std::erase(desktop().windows, window);
     for (auto* call : window->sent) {
         call->done = true;
         releaseAll(call);
@@ -98,6 +97,12 @@ void leave(const std::shared_ptr<Window>& window) {
     window->sent.clear();
     window->posted.clear();
     window->frameArrived = false;
+}
+
+/// From here on the handle means nothing.
+void forget(const std::shared_ptr<Window>& window) {
+    const WaitGuard lock(waitLock());
+    std::erase(desktop().windows, window);
 }
 
 }  // namespace
@@ -184,9 +189,10 @@ BOOL ShowWindow(HWND handle, int command) {
 
 BOOL DestroyWindow(HWND handle) {
     const auto window = platform::windowOf(handle);
-    if (!window || window->owner != GetCurrentThreadId()) return FALSE;
+    if (!window || window->owner != GetCurrentThreadId() || !window->alive) return FALSE;
     platform::leave(window);
-    platform::callProcedure(*window, WM_DESTROY, 0, 0);
+    platform::callProcedure(*window, WM_DESTROY, 0, 0);  // which may still ask for the window's pointer
+    platform::forget(window);
     platform::closeSystemWindow(*window);
     return TRUE;
 }
