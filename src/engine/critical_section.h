@@ -7,6 +7,7 @@ namespace grub {
 /// A critical section as a value; one thread may enter it again. `lock` and `unlock` serve std::lock_guard.
 class CriticalSection {
 public:
+    /// Nobody is inside.
     CriticalSection() { InitializeCriticalSection(&section_); }
     CriticalSection(const CriticalSection&) = delete;
     CriticalSection& operator=(const CriticalSection&) = delete;

@@ -14,6 +14,7 @@ enum class MessageType : std::uint32_t { CloseRequest = 1, Repaint = 2, Pressed 
 
 /// What the window's thread tells a scene. Messages travel in a SharedRef and are not changed once they are posted.
 struct SceneMessage : PoolAllocated<SceneMessage> {
+    /// A message is complete from the start.
     SceneMessage(MessageType messageType, MessageSource messageSource) : type(messageType), source(messageSource) {}
     SceneMessage(const SceneMessage&) = delete;
     SceneMessage& operator=(const SceneMessage&) = delete;

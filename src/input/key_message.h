@@ -30,6 +30,7 @@ struct KeyMessage final : SceneMessage, PoolAllocated<KeyMessage> {
     using PoolAllocated<KeyMessage>::operator new;
     using PoolAllocated<KeyMessage>::operator delete;
 
+    /// The type is Pressed or Released.
     KeyMessage(MessageType messageType, KeyCode code, std::uint8_t keyCharacter)
         : SceneMessage(messageType, MessageSource::Keyboard), keyCode(code), character(keyCharacter) {}
 

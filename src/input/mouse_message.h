@@ -22,6 +22,7 @@ struct MouseMessage final : SceneMessage, PoolAllocated<MouseMessage> {
     using PoolAllocated<MouseMessage>::operator new;
     using PoolAllocated<MouseMessage>::operator delete;
 
+    /// The type is Pressed, Released or MouseMoved.
     MouseMessage(MessageType messageType, MouseButton messageButton, std::int16_t cursorX, std::int16_t cursorY)
         : SceneMessage(messageType, MessageSource::Mouse), button(messageButton), x(cursorX), y(cursorY) {}
 

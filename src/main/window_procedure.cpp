@@ -8,10 +8,12 @@ namespace grub {
 namespace {
 
 Application* applicationOf(HWND window) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a window keeps its pointer as a number
     return reinterpret_cast<Application*>(GetWindowLongPtrA(window, GWLP_USERDATA));
 }
 
 void rememberApplication(HWND window, LPARAM creation) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry pointers as numbers
     const auto* const parameters = reinterpret_cast<const CREATESTRUCTA*>(creation);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(parameters->lpCreateParams));
 }

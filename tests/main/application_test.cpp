@@ -27,8 +27,8 @@ constexpr std::uint32_t kScene = 1;
 struct RunningGame {
     RunningGame() { application.registerScene(kScene, scene); }
 
+    RecordingScene scene;  // outlives the application, which may still be running it
     Application application{nullptr, 800, 600, "Grubaway", true, nullptr};
-    RecordingScene scene;
 };
 
 TEST(ApplicationStart, WithoutAWindowNothingRuns) {

@@ -16,6 +16,7 @@ using SceneLog = std::vector<std::string>;
 /// A scene that writes down what happens to it and does what a test hangs into it. `run` returns when `onRun` does.
 class RecordingScene : public Scene {
 public:
+    /// The name leads each line in the log, which may be null.
     explicit RecordingScene(std::string name = "scene", SceneLog* log = nullptr) : name_(std::move(name)), log_(log) {}
 
     void handleMessage(const SharedRef<SceneMessage>& message) override {
@@ -31,11 +32,13 @@ public:
     /// The default frame loop of every scene.
     void runDefaultLoop() { Scene::run(); }
 
+    /// What was handled, in order; what a test wants to happen in `enter`, `run`, `leave` and after each message.
     std::vector<SharedRef<SceneMessage>> messages;
     std::function<void()> onEnter, onRun, onLeave, onMessage;
 
 private:
-    void write(const char* what, const std::function<void()>& then) {
+    // Takes the action by value: it may hang another one into its place.
+    void write(const char* what, std::function<void()> then) {
         if (log_) log_->push_back(name_ + what);
         if (then) then();
     }
