@@ -50,7 +50,7 @@ void BackBuffer::fill(const D3DRECT& rect, D3DCOLOR colour) {
     const LONG right = std::min<LONG>(rect.x2, width_);
     if (left >= right) return;
     for (LONG y = std::max<LONG>(rect.y1, 0); y < std::min<LONG>(rect.y2, height_); ++y) {
-        std::fill_n(pixelAt(left, y), right - left, colour & 0xFFFFFF);
+        std::fill_n(pixelAt(left, y), right - left, colour);
     }
 }
 
@@ -108,7 +108,7 @@ void BackBuffer::layStretched(const TextureImage& image, const SoftwareTexture& 
             const LONG texelX = std::clamp<LONG>(across.texelAt(x), 0, lastX);
             if (texelX < image.visible.x1 || texelX >= image.visible.x2) continue;
             std::uint32_t& pixel = *pixelAt(x, y);
-            pixel = laidOver(scaled(row[texelX - image.visible.x1], opacity), pixel) & 0xFFFFFF;
+            pixel = laidOver(scaled(row[texelX - image.visible.x1], opacity), pixel);
         }
     }
 }

@@ -24,7 +24,7 @@ struct TexturedRect {
     float vBottom;
 };
 
-/// The picture that the device draws into: 32 bits a pixel, 0x00RRGGBB, rows top-down. Used by one thread at a time.
+/// The picture that the device draws into: 32 bits a pixel, 0xXXRRGGBB, rows top-down. Used by one thread at a time.
 class BackBuffer {
 public:
     /// Black.

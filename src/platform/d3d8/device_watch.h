@@ -18,7 +18,7 @@ public:
     virtual HRESULT called(DeviceFunction function, DWORD first, DWORD second) = 0;
     /// May take abilities away.
     virtual void limit(D3DCAPS8& caps) = 0;
-    /// A finished picture, 0x00RRGGBB, rows top-down.
+    /// A finished picture, 0xXXRRGGBB, rows top-down.
     virtual void presented(std::span<const std::uint32_t> pixels) = 0;
 
 protected:

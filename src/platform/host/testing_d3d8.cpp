@@ -28,6 +28,7 @@ public:
     void presented(std::span<const std::uint32_t> pixels) override {
         const std::lock_guard guard(mutex);
         frame.assign(pixels.begin(), pixels.end());
+        for (std::uint32_t& pixel : frame) pixel &= 0xFFFFFF;  // the top byte means nothing
     }
 
     mutable std::mutex mutex;  // guards everything here

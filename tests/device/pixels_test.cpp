@@ -1,0 +1,164 @@
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "ready_renderer.h"
+
+namespace grub {
+namespace {
+
+constexpr Colour kBackground{40, 90, 160};
+
+std::vector<Texel> randomTexels(std::size_t count, unsigned seed, bool opaque) {
+    std::mt19937 random(seed);
+    const auto byte = [&] { return static_cast<std::uint8_t>(random() & 0xFF); };
+    std::vector<Texel> texels(count);
+    for (Texel& texel : texels) texel = {{byte(), byte(), byte()}, opaque ? std::uint8_t{255} : byte()};
+    return texels;
+}
+
+class Pixels : public ReadyRenderer {};
+
+TEST_F(Pixels, AtWholePositionsTexelsAreShownOneToOneAndCutAtTheEdges) {
+    constexpr int kW = 37;
+    constexpr int kH = 23;
+    const auto texels = randomTexels(kW * kH, 1, true);
+    const auto texture = makeTexture(kW, kH, texels);
+    constexpr std::pair<int, int> kPlaces[] = {{0, 0},     {101, 50},  {-10, 5},   {790, 5},   {5, -7},   {5, 590},
+                                               {-36, -22}, {799, -22}, {-36, 599}, {799, 599}, {763, 577}};
+    for (const auto& [x, y] : kPlaces) {
+        ScreenPixels wanted(rgb(kBackground));
+        for (int i = 0; i < kW * kH; ++i) {
+            wanted.set(x + i % kW, y + i / kW, rgb(texels[static_cast<std::size_t>(i)].colour));
+        }
+        const auto got = frameOver(kBackground, [&, left = x, top = y] {
+            EXPECT_TRUE(renderer.draw(static_cast<std::int16_t>(left), static_cast<std::int16_t>(top), *texture, 1.0F));
+        });
+        EXPECT_TRUE(sameScreen(got, wanted)) << "drawn at " << x << ", " << y;
+    }
+}
+
+TEST_F(Pixels, BlendingStaysWithinTwoOfTheExactFormula) {
+    constexpr int kSize = 256;
+    const auto below = randomTexels(kSize * kSize, 2, true);
+    const auto above = randomTexels(kSize * kSize, 3, false);
+    const auto lower = makeTexture(kSize, kSize, below);
+    const auto upper = makeTexture(kSize, kSize, above);
+    for (const float opacity : {1.0F, 0.9F, 0.5F, 0.25F, 0.1F}) {
+        const auto got = frameOver(kBackground, [&] {
+            renderer.draw(0, 0, *lower, 1.0F);
+            renderer.draw(0, 0, *upper, opacity);
+        });
+        const double factor = std::floor(opacity * 255.0F + 0.5F) / 255.0;
+        double worst = 0;
+        for (int i = 0; i < kSize * kSize; ++i) {
+            const Texel& source = above[static_cast<std::size_t>(i)];
+            const Colour target = below[static_cast<std::size_t>(i)].colour;
+            const double alpha = source.alpha / 255.0 * factor;
+            const auto error = [&](std::uint32_t channel, int from, int to) {
+                return std::abs(channel - (from * alpha + to * (1 - alpha)));
+            };
+            const std::uint32_t pixel = got.at(i % kSize, i / kSize);
+            worst = std::max({worst, error(pixel >> 16, source.colour.r, target.r),
+                              error(pixel >> 8 & 0xFF, source.colour.g, target.g),
+                              error(pixel & 0xFF, source.colour.b, target.b)});
+        }
+        EXPECT_LE(worst, 2.0) << "opacity " << opacity;
+    }
+}
+
+TEST_F(Pixels, BeyondThePictureNothingIsSeen) {
+    constexpr int kW = 100;  // the surface has 128 x 64 texels
+    constexpr int kH = 50;
+    const auto texture = plainTexture(kW, kH, kWhite);
+    for (const int x : {-100, -99, 799, 800}) {
+        ScreenPixels wanted(rgb(kBackground));
+        bool shown = false;
+        const auto got =
+            frameOver(kBackground, [&] { shown = renderer.draw(static_cast<std::int16_t>(x), 7, *texture, 1.0F); });
+        EXPECT_EQ(shown, x == -99 || x == 799);
+        if (shown) {
+            for (int i = 0; i < kW * kH; ++i) wanted.set(x + i % kW, 7 + i / kW, rgb(kWhite));
+        }
+        EXPECT_TRUE(sameScreen(got, wanted)) << "drawn at " << x;
+    }
+}
+
+TEST_F(Pixels, APartIsCutOutOfTheTexture) {
+    constexpr int kW = 40;
+    constexpr int kH = 30;
+    const auto texels = randomTexels(kW * kH, 4, true);
+    const auto texture = makeTexture(kW, kH, texels);
+    ScreenPixels wanted(rgb(kBackground));
+    for (int y = 0; y < 9; ++y) {
+        for (int x = 0; x < 13; ++x) {
+            wanted.set(-3 + x, 20 + y, rgb(texels[static_cast<std::size_t>((y + 11) * kW + x + 17)].colour));
+        }
+    }
+    const auto got =
+        frameOver(kBackground, [&] { EXPECT_TRUE(renderer.drawPart(-3, 20, *texture, 17, 11, 13, 9, 1.0F)); });
+    EXPECT_TRUE(sameScreen(got, wanted));
+}
+
+TEST_F(Pixels, APartBeyondTheSurfaceRepeatsItsEdge) {
+    const std::vector<Texel> texels{{{10, 0, 0}}, {{20, 0, 0}}, {{30, 0, 0}}, {{40, 0, 0}}};
+    const auto texture = makeTexture(2, 2, texels);
+    const auto got = frameOver(kBlack, [&] { EXPECT_TRUE(renderer.drawPart(100, 100, *texture, -2, 1, 6, 3, 1.0F)); });
+    ScreenPixels wanted(0u);
+    for (int y = 0; y < 3; ++y) {
+        for (int x = 0; x < 6; ++x) wanted.set(100 + x, 100 + y, x < 3 ? 30u << 16 : 40u << 16);
+    }
+    EXPECT_TRUE(sameScreen(got, wanted));
+}
+
+TEST_F(Pixels, ASecondPictureInTheSameTextureIsShown) {
+    const auto texture = plainTexture(8, 8, kWhite);
+    frameOver(kBackground, [&] { renderer.draw(0, 0, *texture, 1.0F); });
+    const std::vector<std::uint8_t> blue = [] {
+        std::vector<std::uint8_t> rgb(8 * 8 * 3);
+        for (std::size_t i = 2; i < rgb.size(); i += 3) rgb[i] = 255;
+        return rgb;
+    }();
+    ASSERT_TRUE(texture->upload(blue.data(), TextureTransform::Identity, nullptr));
+    const auto got = frameOver(kBackground, [&] { renderer.draw(0, 0, *texture, 1.0F); });
+    EXPECT_EQ(got.at(3, 3), rgb(kBlue));
+}
+
+TEST_F(Pixels, ADestroyedTextureDoesNotLiveOnInTheNextOne) {
+    constexpr int kRounds = 1000;
+    const auto colourOf = [](int i) {
+        return Colour{static_cast<std::uint8_t>(i & 0xFF), static_cast<std::uint8_t>(i >> 8), 77};
+    };
+    const auto got = frameOver(kBackground, [&] {
+        for (int i = 0; i < kRounds; ++i) {
+            const auto texture = plainTexture(1, 1, colourOf(i));
+            renderer.draw(static_cast<std::int16_t>(i % kScreenWidth), static_cast<std::int16_t>(i / kScreenWidth),
+                          *texture, 1.0F);
+        }
+    });
+    for (int i = 0; i < kRounds; ++i) {
+        ASSERT_EQ(got.at(i % kScreenWidth, i / kScreenWidth), rgb(colourOf(i))) << "texture number " << i;
+    }
+}
+
+TEST_F(Pixels, RectanglesAreFilledAndCutAtTheEdges) {
+    const auto got = frameOver(kBackground, [&] {
+        EXPECT_TRUE(renderer.clearRect(10, 20, 3, 2, kWhite));
+        EXPECT_TRUE(renderer.clearRect(798, 599, 100, 100, kBlue));
+    });
+    ScreenPixels wanted(rgb(kBackground));
+    for (int i = 0; i < 6; ++i) wanted.set(10 + i % 3, 20 + i / 3, rgb(kWhite));
+    wanted.set(798, 599, rgb(kBlue));
+    wanted.set(799, 599, rgb(kBlue));
+    EXPECT_TRUE(sameScreen(got, wanted));
+}
+
+TEST_F(Pixels, AFrameStartsBlack) {
+    frameOver(kBackground, [] {});
+    ASSERT_TRUE(renderer.beginFrame());
+    ASSERT_TRUE(renderer.endFrame());
+    EXPECT_TRUE(sameScreen(ScreenPixels(device.frame()), ScreenPixels(0u)));
+}
+
+}  // namespace
+}  // namespace grub

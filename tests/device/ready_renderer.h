@@ -1,0 +1,102 @@
+#pragma once
+
+#include <d3d8.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "d3d_renderer.h"
+#include "testing.h"
+#include "testing_d3d8.h"
+
+namespace grub {
+
+inline constexpr int kScreenWidth = 800;
+inline constexpr int kScreenHeight = 600;
+
+/// A window whose procedure answers for `renderer`, as the game's does.
+class RendererWindow {
+public:
+    RendererWindow();
+    ~RendererWindow();
+    RendererWindow(const RendererWindow&) = delete;
+    RendererWindow& operator=(const RendererWindow&) = delete;
+
+    [[nodiscard]] HWND handle() const { return handle_; }
+
+    /// Whose device the next message is for; one window exists at a time.
+    static inline D3DRenderer* renderer = nullptr;
+
+private:
+    HWND handle_;
+};
+
+/// What the screen shows, 0x00RRGGBB.
+class ScreenPixels {
+public:
+    explicit ScreenPixels(std::vector<std::uint32_t> pixels) : pixels_(std::move(pixels)) {}
+    /// A screen of one colour, to be drawn on by the test.
+    explicit ScreenPixels(std::uint32_t colour) : pixels_(kScreenWidth * kScreenHeight, colour) {}
+
+    [[nodiscard]] std::uint32_t at(int x, int y) const { return pixels_.at(indexOf(x, y)); }
+    /// Does nothing outside of the screen.
+    void set(int x, int y, std::uint32_t colour) {
+        if (x >= 0 && y >= 0 && x < kScreenWidth && y < kScreenHeight) pixels_.at(indexOf(x, y)) = colour;
+    }
+
+    friend bool operator==(const ScreenPixels&, const ScreenPixels&) = default;
+    /// Prints where two screens differ first, instead of half a million numbers.
+    friend testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted);
+
+private:
+    static std::size_t indexOf(int x, int y) { return static_cast<std::size_t>(y * kScreenWidth + x); }
+
+    std::vector<std::uint32_t> pixels_;
+};
+
+/// One texel: colour and opacity.
+struct Texel {
+    Colour colour;
+    std::uint8_t alpha = 255;
+};
+
+/// 0x00RRGGBB.
+constexpr std::uint32_t rgb(Colour colour) {
+    return std::uint32_t{colour.r} << 16 | std::uint32_t{colour.g} << 8 | colour.b;
+}
+
+/// A renderer on a watched device, in a window on a desktop of 1600 x 1200.
+class ReadyRenderer : public testing::Test {
+protected:
+    ReadyRenderer();
+    ~ReadyRenderer() override;
+
+    void SetUp() override { ASSERT_TRUE(renderer.init()); }
+
+    /// A texture of the renderer; the test owns it.
+    std::unique_ptr<Texture> makeTexture(int width, int height);
+    /// One that shows these texels, row by row.
+    std::unique_ptr<Texture> makeTexture(int width, int height, const std::vector<Texel>& texels,
+                                         TextureTransform transform = TextureTransform::Identity);
+    /// A texture of one opaque colour.
+    std::unique_ptr<Texture> plainTexture(int width, int height, Colour colour);
+
+    /// Draws a frame over `background` and reads it back.
+    template <class Draw>
+    ScreenPixels frameOver(Colour background, Draw draw) {
+        EXPECT_TRUE(renderer.beginFrame());
+        EXPECT_TRUE(renderer.clear(background));
+        draw();
+        EXPECT_TRUE(renderer.endFrame());
+        return ScreenPixels(device.frame());
+    }
+
+    platform::testing::DesktopSize desktop{1600, 1200};
+    platform::testing::DeviceControls device;
+    RendererWindow window;
+    D3DRenderer renderer{window.handle(), kScreenWidth, kScreenHeight, false};
+};
+
+}  // namespace grub
