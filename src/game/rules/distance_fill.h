@@ -15,6 +15,9 @@ class DistanceField {
 public:
     /// What `at` gives for a cell that the fill did not reach.
     static constexpr int kUnreached = -1;
+    /// The largest distance to start from: the longest way, a step for each cell, then stays clear of the number that
+    /// stands for unreached.
+    static constexpr int kLargestStart = 50000;
 
     /// Every cell unreached and without steps.
     DistanceField(int width, int height);
@@ -23,8 +26,8 @@ public:
     void setSteps(int x, int y, unsigned steps);
     /// Makes every cell unreached.
     void reset();
-    /// Fills from a cell that then has distance `distance` (0 to 50000), as far as steps lead. Cells that have a
-    /// distance keep it within the tolerance, as if the same fill had reached them.
+    /// Fills from a cell that then has distance `distance` (0 to kLargestStart), as far as steps lead. Cells that have
+    /// a distance keep it within the tolerance, as if the same fill had reached them.
     void fill(int x, int y, int distance);
     /// kUnreached or the distance.
     [[nodiscard]] int at(int x, int y) const;
