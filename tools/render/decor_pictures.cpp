@@ -61,21 +61,71 @@ void drawTorch(Canvas& canvas, FrameOf frame) {
     canvas.part(rectangle(21.5, 31.6, 21, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
 }
 
+/// A torch that leans from a holder on the wall, facing left as the file does; the other side is its mirror.
+void drawLeaningTorch(Canvas& canvas, FrameOf frame) {
+    canvas.halo({28, 24}, 23, kTurma.glow, 0.5F + 0.05F * static_cast<float>(wave(2 * frame.phase())));
+    canvas.part(rectangle(44, 34, 8, 18, 2.4), kDarkMetal, {.bevel = 3, .line = 1.2});
+    {
+        const auto leaning = canvas.bent({48, 48}, -0.42, {14, 0});
+        canvas.part(limb({{{32, 42}, 3}, {{32, 54}, 2.2}}), kWood, {.bevel = 2.6, .line = 1.2});
+    }
+    const auto upright = canvas.placed({-3, 0});
+    drawFlame(canvas, 2.6 * wave(frame.phase()), 24 + 2 * wave(2 * frame.phase() + 0.1));
+    canvas.part(polygon({{23.5, 33}, {40.5, 33}, {38, 42}, {28, 42}}, 2), kDarkMetal, {.bevel = 3, .line = 1.2});
+    canvas.part(rectangle(22.5, 31.6, 19, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
+}
+
+/// Water that gathers at the top of the cell, falls, and splashes in the last two pictures.
+void drawDrops(Canvas& canvas, FrameOf frame) {
+    const Material water = glossy(material(0x8fd4e8, 0x2f6a9a, 0xf0ffff), 1, 0.5F);
+    constexpr int kFalls = 4;
+    constexpr int kSplashes = 8;
+    const double time = frame.index;
+    if (frame.index < kFalls) {
+        const double size = 1.4 + 0.5 * time;
+        canvas.part(ellipse({32, size + 0.6 * time}, size, size * 1.25), water, {.bevel = 2.4, .line = 0.8});
+    } else if (frame.index < kSplashes) {
+        const double y = 8 + 3.3 * (time - kFalls + 0.5) * (time - kFalls + 0.5) + 2;
+        canvas.part(loop({{32, y - 6},
+                          {33, y - 2},
+                          {34.8, y},
+                          {34.8, y + 2},
+                          {34.8, y + 4},
+                          {33.4, y + 5},
+                          {32, y + 5},
+                          {30.6, y + 5},
+                          {29.2, y + 4},
+                          {29.2, y + 2},
+                          {29.2, y},
+                          {31, y - 2},
+                          {32, y - 6}}),
+                    water, {.bevel = 2.6, .line = 0.8});
+    } else {
+        const double age = time - kSplashes + 1;
+        canvas.flat(ellipse({32, 61}, 4 + 4 * age, 1.2), rgb(0x8fd4e8), {.alpha = 0.5F / static_cast<float>(age)});
+        for (const double side : {-1.0, -0.4, 0.5, 1.0}) {
+            canvas.part(circle({32 + side * (3 + 4 * age), 58 - 4 * age * (1.4 - std::abs(side)) + 2 * age * age},
+                               2.2 - 0.5 * age),
+                        water, {.bevel = 1.6, .line = 0.7});
+        }
+    }
+}
+
 void drawWallLamp(Canvas& canvas, FrameOf) {
-    canvas.halo({32, 32}, 31, kTurma.glow, 0.5F);
-    canvas.part(polyline({{32, 4}, {32, 16}}), kDarkMetal, {.bevel = 1, .line = 1, .stroke = 2.6});
-    drawLantern(canvas, {32, 32});
+    canvas.halo({32, 24}, 23, kTurma.glow, 0.5F);
+    canvas.part(circle({32, 6}, 3.4), kDarkMetal, {.bevel = 2.4, .line = 1});
+    drawLantern(canvas, {32, 24});
 }
 
 /// Light on the wall round a lamp, three cells by two. The lamp hangs in the middle cell of the lower row.
-constexpr Point kLampAt{96, 94};
+constexpr Point kLampAt{96, 88};
 
 template <int Column, int Row>
 void drawLightPool(Canvas& canvas, FrameOf) {
     const Point origin{-kCellSize * Column, -kCellSize * Row};
     // Fades to nothing at all four sides: it reaches farther up and sideways than down.
     const auto cell = canvas.placed(origin + kLampAt, 0, 1, 1);
-    canvas.haloBetween({0, 0}, 94, 92, 34, kTurma.glow, 0.5F);
+    canvas.haloBetween({0, 0}, 94, 87, 39, kTurma.glow, 0.55F);
 }
 
 /// A lamp on a long or a short chain, in front of everything.
@@ -259,6 +309,9 @@ void drawWebRight(Canvas& canvas, FrameOf) { drawWeb(canvas, -1); }
 constexpr std::array kPictures{
     //            name                 px  px frames
     PictureEntry{"fon\\fakel", 64, 64, 8, Ground::Clear, drawTorch},
+    PictureEntry{"kam_left", 64, 64, 8, Ground::Clear, drawLeaningTorch},
+    PictureEntry{"kam_right", 64, 64, 8, Ground::Clear, drawLeaningTorch},
+    PictureEntry{"kapli", 64, 64, 10, Ground::Clear, drawDrops},
     PictureEntry{"fon\\lampa", 64, 64, 1, Ground::Clear, drawWallLamp},
     PictureEntry{"lampalong", 64, 64, 1, Ground::Clear, drawLongLamp},
     PictureEntry{"lampashort", 64, 64, 1, Ground::Clear, drawShortLamp},

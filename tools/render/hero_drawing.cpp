@@ -15,6 +15,7 @@ constexpr Material kTrousers = glossy(material(0x1f6f86, 0x123a5c, 0x4fb0b8), 0.
 constexpr Material kFarTrousers = glossy(material(0x165468, 0x0f2f4c, 0x2f7f90), 0.05F);
 constexpr Material kBoot = glossy(material(0x8a4a2e, 0x46223a, 0xd08a50), 0.5F);
 constexpr Material kFarBoot = glossy(material(0x64362c, 0x351c34, 0x8a5138), 0.2F);
+constexpr Material kHair = glossy(material(0x7a4630, 0x40213a, 0xb07848), 0.3F);
 constexpr Material kHelmet = glossy(material(0xf0592b, 0x9a1f3c, 0xffb066), 0.85F, 0.5F);
 constexpr Material kLamp = glossy(material(0xfff2b0, 0xe0a23a, 0xffffff), 1);
 constexpr Material kBowl = glossy(material(0x8b98ae, 0x59657f, 0xcfd9e6), 0.2F);
@@ -29,19 +30,19 @@ VectorPath bodyShape() {
     return loop({{32, 9},
                  {41, 9},
                  {45, 17},
-                 {45, 26},
-                 {45, 32},
-                 {47.6, 35},
-                 {47.6, 41},
-                 {47.6, 48.6},
-                 {40, 52},
-                 {32, 52},
-                 {24, 52},
-                 {16.4, 48.6},
-                 {16.4, 41},
-                 {16.4, 35},
-                 {19, 32},
-                 {19, 26},
+                 {45, 25},
+                 {45, 31},
+                 {47.4, 34},
+                 {47.4, 39.6},
+                 {47.4, 46.6},
+                 {40, 50},
+                 {32, 50},
+                 {24, 50},
+                 {16.6, 46.6},
+                 {16.6, 39.6},
+                 {16.6, 34},
+                 {19, 31},
+                 {19, 25},
                  {19, 17},
                  {23, 9},
                  {32, 9}});
@@ -69,9 +70,9 @@ void drawTorso(Canvas& canvas) {
     const VectorPath body = bodyShape();
     canvas.part(body, kSkin, {.bevel = 12, .line = 1.2});
     const Mask inBody = canvas.mask(body);
-    canvas.part(belt(35, 30), kShirt, {.bevel = 11, .line = 0.9, .shadow = 0.25F, .clip = &inBody});
-    for (const double y : {39.2, 44.8}) canvas.flat(belt(y, 2.5), kStripe, {.alpha = 0.9F, .clip = &inBody});
-    canvas.shadeRows(42, 53, 1, 0.62F, &inBody);
+    canvas.part(belt(34, 30), kShirt, {.bevel = 11, .line = 0.9, .shadow = 0.25F, .clip = &inBody});
+    for (const double y : {38.0, 43.4}) canvas.flat(belt(y, 2.5), kStripe, {.alpha = 0.9F, .clip = &inBody});
+    canvas.shadeRows(41, 51, 1, 0.62F, &inBody);
 }
 
 void drawEye(Canvas& canvas, Point at, double radius, const Face& face) {
@@ -90,34 +91,48 @@ void drawEye(Canvas& canvas, Point at, double radius, const Face& face) {
 void drawMouth(Canvas& canvas, Mouth mouth, double turn) {
     switch (mouth) {
         case Mouth::Smile:
-            canvas.flat(curve({{29.6 + turn, 33.2}, {31.6 + turn, 36}, {36 + turn, 36}, {37.8 + turn, 32.8}}), kMouth,
-                        {.stroke = 1.3});
+            canvas.flat(curve({{28.6 + turn, 32.2}, {30.6 + turn, 35.4}, {35.6 + turn, 35.6}, {37.8 + turn, 31.6}}),
+                        kMouth, {.stroke = 1.3});
             break;
         case Mouth::Open:
-            canvas.flat(ellipse({33.6 + turn, 34.8}, 2.5, 3), kMouth);
-            canvas.flat(ellipse({33.6 + turn, 36.2}, 1.6, 1.2), rgb(0xd8636a));
+            canvas.flat(ellipse({33 + turn, 33.6}, 2.5, 2.9), kMouth);
+            canvas.flat(ellipse({33 + turn, 35}, 1.6, 1.1), rgb(0xd8636a));
             break;
         case Mouth::Grit:
-            canvas.flat(rectangle(30.2 + turn, 32.8, 7.2, 3.4, 1.4), kMouth);
-            canvas.flat(rectangle(31 + turn, 33.5, 5.6, 1.8, 0.7), rgb(0xffffff));
+            canvas.flat(rectangle(29.4 + turn, 31.8, 7.4, 3.4, 1.4), kMouth);
+            canvas.flat(rectangle(30.2 + turn, 32.5, 5.8, 1.8, 0.7), rgb(0xffffff));
             break;
     }
 }
 
 void drawFace(Canvas& canvas, const Face& face) {
     const double t = face.turn;
-    for (const Point cheek : {Point{24.4 + t, 32.6}, Point{41.6 + t * 0.6, 32.4}}) {
-        canvas.flat(ellipse(cheek, 2.7, 1.8), kBlush, {.alpha = 0.5F});
+    for (const Point cheek : {Point{23.6 + t, 31.4}, Point{41.8 + t * 0.5, 31.2}}) {
+        canvas.flat(ellipse(cheek, 2.6, 1.7), kBlush, {.alpha = 0.5F});
     }
     drawMouth(canvas, face.mouth, t);
-    drawEye(canvas, {37.6 + t * 0.85, 26.4}, 4.7, face);
-    drawEye(canvas, {28.2 + t, 26.4}, 5.1, face);
-    canvas.part(ellipse({34.2 + t * 1.35, 30.4}, 2.8, 2.4), kSkin, {.bevel = 2.4, .line = 0.7, .shadow = 0.25F});
-    const double brow = 21.6 - face.brow;
-    canvas.flat(curve({{25 + t, brow + 0.5}, {26.6 + t, brow - 1.1}, {29 + t, brow - 1.1}, {31 + t, brow}}), kMouth,
-                {.stroke = 1.3});
-    canvas.flat(curve({{35.8 + t, brow}, {37.4 + t, brow - 1.1}, {39 + t, brow - 1}, {40.6 + t, brow + 0.5}}), kMouth,
-                {.stroke = 1.3});
+    drawEye(canvas, {37.4 + t * 0.8, 25.6}, 4.6, face);
+    drawEye(canvas, {28 + t, 25.6}, 5.1, face);
+    canvas.part(ellipse({33.4 + t * 1.4, 29.6}, 2.6, 2.2), kSkin, {.bevel = 2.4, .line = 0.7, .shadow = 0.25F});
+    const double brow = 20.8 - face.brow;
+    canvas.flat(curve({{25 + t, brow + 0.6}, {26.6 + t, brow - 1}, {29 + t, brow - 1}, {31 + t, brow}}), kMouth,
+                {.stroke = 1.2});
+    canvas.flat(curve({{35.6 + t, brow}, {37.2 + t, brow - 1}, {38.8 + t, brow - 1}, {40.4 + t, brow + 0.6}}), kMouth,
+                {.stroke = 1.2});
+}
+
+/// Hair below the helmet: all round the back of the head, or what shows of it behind the cheek.
+void drawHairBehind(Canvas& canvas) {
+    const Mask inBody = canvas.mask(bodyShape());
+    VectorPath hair = rectangle(14, 12, 36, 13.5, 3);
+    for (int i = 0; i < 6; ++i) hair.unite(circle({20.5 + 4.6 * i, 25}, 2.9));
+    canvas.part(hair, kHair, {.bevel = 3, .line = 0.9, .shadow = 0.25F, .clip = &inBody});
+}
+
+void drawHairAtCheek(Canvas& canvas) {
+    const Mask inBody = canvas.mask(bodyShape());
+    canvas.part(limb({{{18.6, 14}, 4}, {{18.8, 24.5}, 3.4}}), kHair,
+                {.bevel = 3, .line = 0.8, .shadow = 0.2F, .clip = &inBody});
 }
 
 void drawHelmetLamp(Canvas& canvas, double turn) {
@@ -196,6 +211,7 @@ void drawBoot(Canvas& canvas, Point sole, double angle, Side side) {
 
 void drawHeroBody(Canvas& canvas, const Face& face, double helmetLag) {
     drawTorso(canvas);
+    if (face.turn > 1) drawHairAtCheek(canvas);
     drawFace(canvas, face);
     const auto late = canvas.placed({0, helmetLag});
     drawHelmet(canvas, face.turn);
@@ -204,6 +220,7 @@ void drawHeroBody(Canvas& canvas, const Face& face, double helmetLag) {
 
 void drawHeroBack(Canvas& canvas, double helmetLag) {
     drawTorso(canvas);
+    drawHairBehind(canvas);
     const auto late = canvas.placed({0, helmetLag});
     drawHelmet(canvas, 0);
 }
@@ -214,6 +231,13 @@ void drawHeroLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side)
     canvas.part(limb({{hip, 4.2}, {knee, 3.9}, {ankle, 3.4}}), side == Side::Near ? kTrousers : kFarTrousers,
                 {.bevel = 3.6, .line = 1.2});
     drawBoot(canvas, sole, angle, side);
+}
+
+void drawHeroLegFromBehind(Canvas& canvas, Point hip, Point sole) {
+    const Point ankle = sole + Point{0, -6};
+    canvas.part(limb({{hip, 4.2}, {ankle, 3.4}}), kTrousers, {.bevel = 3.6, .line = 1.2});
+    canvas.part(rectangle(sole.x - 4.6, sole.y - 8, 9.2, 8, 3.6), kBoot, {.bevel = 3.8, .line = 1.2});
+    canvas.flat(rectangle(sole.x - 4.4, sole.y - 1.7, 8.8, 1.7, 0.8), kSole, {.alpha = 0.8F});
 }
 
 void drawHeroHand(Canvas& canvas, Point at, Side side) {
@@ -232,9 +256,9 @@ void drawHeroArm(Canvas& canvas, Point shoulder, Point hand, double bend, Side s
 
 void drawSpoon(Canvas& canvas, Point grip, double angle) {
     const auto held = canvas.placed(grip, angle);
-    canvas.part(limb({{{-12.5, 0}, 1.9}, {{-9, 0}, 1.4}, {{9, 0}, 1.5}}), kMetal, {.bevel = 1.6, .line = 1.1});
-    canvas.part(ellipse({14.5, 0}, 7.4, 5.8), kMetal, {.bevel = 4.2, .line = 1.2});
-    canvas.part(ellipse({14.7, 0.2}, 4.9, 3.5), kBowl, {.bevel = 3, .line = 0, .shadow = 0});
+    canvas.part(limb({{{-10.5, 0}, 1.9}, {{-8, 0}, 1.4}, {{8, 0}, 1.5}}), kMetal, {.bevel = 1.6, .line = 1.1});
+    canvas.part(ellipse({13.4, 0}, 7.2, 5.8), kMetal, {.bevel = 4.2, .line = 1.2});
+    canvas.part(ellipse({13.6, 0.2}, 4.8, 3.5), kBowl, {.bevel = 3, .line = 0, .shadow = 0});
 }
 
 }  // namespace grub

@@ -11,7 +11,7 @@ enum class Mouth { Smile, Open, Grit };
 
 /// Grub's expression. He is drawn facing right; `turn` moves the features that way (0 = straight at the viewer).
 struct Face {
-    Point look{0.9, 0.1};
+    Point look{0.7, 0.1};
     /// How far the lids are shut, 0 to 1.
     double lid = 0;
     Mouth mouth = Mouth::Smile;
@@ -23,7 +23,7 @@ struct Face {
 /// The row on which soles rest in a cell of 64 rows; the line below it ends at row 61.
 inline constexpr double kGround = 60.6;
 
-/// Body with head, helmet and face, standing in the middle of the cell on hips at y 48. `helmetLag` moves the helmet
+/// Body with head, helmet and face, standing in the middle of the cell on hips at y 46. `helmetLag` moves the helmet
 /// down.
 void drawHeroBody(Canvas& canvas, const Face& face, double helmetLag = 0);
 /// The same from behind.
@@ -31,6 +31,9 @@ void drawHeroBack(Canvas& canvas, double helmetLag = 0);
 
 /// Leg with boot; `sole` is the middle of the sole, `angle` turns the boot (toe up is negative).
 void drawHeroLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side);
+
+/// A leg seen from behind.
+void drawHeroLegFromBehind(Canvas& canvas, Point hip, Point sole);
 
 /// Arm in a short sleeve with a hand. `bend` 1 or -1 chooses where the elbow goes. The bones are of `bone` pixels each,
 /// or just long enough when it is 0.

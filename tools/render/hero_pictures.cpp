@@ -62,14 +62,14 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
     const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
     const WalkFoot near = walkFoot(phase);
     const WalkFoot far = walkFoot(phase + 0.5);
-    drawHeroArm(canvas, {42, 40 + bob}, {43.5 + 6.5 * swing, 44.5 + bob - 2.6 * swing}, -1, Side::Far, 5.6);
-    drawHeroLeg(canvas, {31, 48 + bob}, far.sole, far.angle, Side::Far);
-    drawHeroLeg(canvas, {33, 48 + bob}, near.sole, near.angle, Side::Near);
+    drawHeroArm(canvas, {42, 38.6 + bob}, {43.5 + 6.5 * swing, 43 + bob - 2.6 * swing}, -1, Side::Far, 5.6);
+    drawHeroLeg(canvas, {31, 46.5 + bob}, far.sole, far.angle, Side::Far);
+    drawHeroLeg(canvas, {33, 46.5 + bob}, near.sole, near.angle, Side::Near);
     {
         const auto body = bodyPlaced(canvas, 0.06 + 0.02 * wave(2 * phase + 0.1), {0, bob}, 0.02 * wave(2 * phase));
         drawHeroBody(canvas, {}, 0.5 * (walkBob(phase - 0.125) - bob));
     }
-    drawHeroArm(canvas, {25.5, 40.4 + bob}, {25 - 9 * swing, 45.5 + bob + 2.2 * swing}, -1, Side::Near, 5.8);
+    drawHeroArm(canvas, {25.5, 39 + bob}, {25 - 9 * swing, 44 + bob + 2 * swing}, -1, Side::Near, 5.8);
     canvas.outline(kOutline);
 }
 
@@ -81,27 +81,20 @@ double rungRow(double phase, double duty, double top) {
     return top + kCycle * duty / 2 - step.x;
 }
 
-void drawClimbLeg(Canvas& canvas, double hipX, double x, double phase) {
-    const double row = rungRow(phase, 0.25, 38);
-    const double outward = hipX < kMiddle ? -1 : 1;
-    const auto mirrored = outward > 0 ? canvas.placed({2 * kMiddle, 0}, 0, -1, 1) : canvas.placed({0, 0});
-    const double side = kMiddle - std::abs(x - kMiddle);
-    const Point hip{kMiddle - std::abs(hipX - kMiddle), 46};
-    drawHeroLeg(canvas, hip, {side + 1.5, row + 5}, 0.12, Side::Far);
-}
-
 void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
-    drawClimbLeg(canvas, 26, 24.5, phase + 0.5);
-    drawClimbLeg(canvas, 38, 39.5, phase);
+    // A sole comes to rest a picture after its hand, on the upper side of a rung.
+    constexpr double kTopStep = 45.4;
+    drawHeroLegFromBehind(canvas, {27, 46}, {25.4, rungRow(phase + 0.375, 0.25, kTopStep)});
+    drawHeroLegFromBehind(canvas, {37, 46}, {38.6, rungRow(phase - 0.125, 0.25, kTopStep)});
     const double left = rungRow(phase, 0.375, 8);
     const double right = rungRow(phase + 0.5, 0.375, 8);
     {
         const auto body = bodyPlaced(canvas, 0.0022 * (left - right), {0, 1});
         drawHeroBack(canvas, 0.3 * wave(2 * phase));
     }
-    drawHeroArm(canvas, {20.5, 38}, {20.5, left}, -1, Side::Near);
-    drawHeroArm(canvas, {43.5, 38}, {43.5, right}, 1, Side::Near);
+    drawHeroArm(canvas, {20.5, 37}, {20.5, left}, -1, Side::Near);
+    drawHeroArm(canvas, {43.5, 37}, {43.5, right}, 1, Side::Near);
     canvas.outline(kOutline);
 }
 
@@ -115,14 +108,14 @@ void drawHang(Canvas& canvas, FrameOf frame) {
     const double sway = 0.10 * wave(phase - 0.25 + 0.125);
     const auto handAt = [](const Step& step) { return Point{kMiddle + step.x, kPipeAxis - 0.6 + 3.4 * step.lift}; };
     const double x = 24 * sway;
-    drawHeroArm(canvas, {42 + x, 37}, handAt(far), 1, Side::Far);
-    drawHeroArm(canvas, {23 + x, 37}, handAt(near), -1, Side::Near);
+    drawHeroArm(canvas, {33.5 + x, 35}, handAt(far), 1, Side::Far);
+    drawHeroArm(canvas, {30.5 + x, 35}, handAt(near), -1, Side::Near);
     {
         const auto hung = canvas.bent({kMiddle, kPipeAxis}, -sway);
         const auto small = canvas.placed({kMiddle - 0.78 * kMiddle, 13.4}, 0, 0.78, 0.78);
         const double dangle = 3 * wave(phase + 0.1);
-        drawHeroLeg(canvas, {35, 48}, {36 - dangle, 59.6}, 0.35, Side::Far);
-        drawHeroLeg(canvas, {28.5, 48}, {28 + dangle, 60.2}, 0.45, Side::Near);
+        drawHeroLeg(canvas, {35, 46.5}, {36 - dangle, 59.6}, 0.35, Side::Far);
+        drawHeroLeg(canvas, {28.5, 46.5}, {28 + dangle, 60.2}, 0.45, Side::Near);
         drawHeroBody(canvas, {.look = {0.9, -0.5}, .mouth = Mouth::Grit, .brow = 0.4});
     }
     canvas.outline(kOutline);
@@ -133,12 +126,12 @@ void drawHang(Canvas& canvas, FrameOf frame) {
 void drawFall(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     const double flail = wave(phase);
-    drawHeroLeg(canvas, {28, 47}, {23.5 - 1.5 * flail, 58 + 1.6 * flail}, 0.35 + 0.2 * flail, Side::Far);
-    drawHeroLeg(canvas, {36, 47}, {41 - 1.5 * flail, 58 - 1.6 * flail}, -0.3 + 0.2 * flail, Side::Near);
-    drawHeroArm(canvas, {21, 38}, {9 - 1.5 * flail, 27 + 5 * flail}, 1, Side::Near, 8.6);
-    drawHeroArm(canvas, {43, 38}, {55 - 1.5 * flail, 27 - 5 * flail}, -1, Side::Near, 8.6);
+    drawHeroLeg(canvas, {28, 45.5}, {23.5 - 1.5 * flail, 58 + 1.6 * flail}, 0.35 + 0.2 * flail, Side::Far);
+    drawHeroLeg(canvas, {36, 45.5}, {41 - 1.5 * flail, 58 - 1.6 * flail}, -0.3 + 0.2 * flail, Side::Near);
+    drawHeroArm(canvas, {21, 37}, {9 - 1.5 * flail, 27 + 5 * flail}, 1, Side::Near, 8.6);
+    drawHeroArm(canvas, {43, 37}, {55 - 1.5 * flail, 27 - 5 * flail}, -1, Side::Near, 8.6);
     {
-        const auto body = bodyPlaced(canvas, 0.04 * flail, {0, -1}, -0.03);
+        const auto body = bodyPlaced(canvas, 0.04 * flail, {0, 1.4}, -0.02);
         drawHeroBody(canvas, {.look = {0, 0.75}, .mouth = Mouth::Open, .turn = 0, .brow = 1.2},
                      -2.2 - 0.5 * wave(2 * phase));
     }
@@ -156,11 +149,11 @@ struct DigPose {
 
 constexpr std::array kDig{
     //      spoon  grip       lean    squash
-    DigPose{25, {43, 42}, 0.00, 0.00},    //
-    DigPose{-25, {42, 39}, -0.06, 0.01},  //
-    DigPose{-72, {43, 34}, -0.14, -0.03}, DigPose{-84, {42, 32}, -0.17, -0.04}, DigPose{64, {46, 41}, 0.16, 0.03},
-    DigPose{70, {46, 42.5}, 0.22, 0.06},  DigPose{38, {42, 43.5}, 0.14, 0.03},  DigPose{-22, {41, 40}, -0.05, -0.02},
-    DigPose{5, {42, 41}, -0.02, -0.01},   DigPose{18, {43, 42}, 0.00, 0.00},
+    DigPose{22, {44, 44.5}, 0.00, 0.00},    //
+    DigPose{-30, {43.5, 42}, -0.06, 0.01},  //
+    DigPose{-72, {46.5, 37}, -0.14, -0.03}, DigPose{-86, {46, 35}, -0.17, -0.04},  DigPose{62, {46.5, 43}, 0.16, 0.03},
+    DigPose{66, {46.5, 44}, 0.22, 0.06},    DigPose{30, {43.5, 45.5}, 0.14, 0.03}, DigPose{-24, {43, 43}, -0.05, -0.02},
+    DigPose{4, {43, 44}, -0.02, -0.01},     DigPose{16, {43.5, 44.5}, 0.00, 0.00},
 };
 constexpr int kDigHit = 4;
 
@@ -171,7 +164,7 @@ void drawCrumbs(Canvas& canvas, double time) {
     for (std::uint32_t i = 0; i < 6; ++i) {
         const double vx = -3.4 + 4.6 * randomShare(i, 1, 5);
         const double vy = -7.5 - 4 * randomShare(i, 2, 5);
-        const Point at{53 + vx * time, 58 + vy * time + 1.9 * time * time};
+        const Point at{54 + vx * time, 58 + vy * time + 1.9 * time * time};
         const double size = 1.4 + 1.2 * randomShare(i, 3, 5);
         if (at.y > 59 || at.x > 60 || at.y < 4) continue;
         canvas.part(
@@ -186,10 +179,10 @@ void drawDig(Canvas& canvas, FrameOf frame) {
     const DigPose& pose = kDig[static_cast<std::size_t>(frame.index)];
     const double angle = radians(pose.angle);
     const Point along{std::cos(angle), std::sin(angle)};
-    const Point upper = pose.grip - along * 9;
+    const Point upper = pose.grip - along * 7;
     const bool straining = frame.index >= 2 && frame.index <= 6;
-    drawHeroLeg(canvas, {24.5, 48}, {19.5, kGround}, 0, Side::Far);
-    drawHeroLeg(canvas, {31, 48}, {33, kGround}, 0, Side::Near);
+    drawHeroLeg(canvas, {24.5, 46.5}, {20, kGround}, 0, Side::Far);
+    drawHeroLeg(canvas, {31, 46.5}, {32.5, kGround}, 0, Side::Near);
     const Point lean{14 * std::sin(pose.lean), 0};
     {
         const auto body = bodyPlaced(canvas, pose.lean, {-4, 0}, pose.squash);
@@ -197,25 +190,25 @@ void drawDig(Canvas& canvas, FrameOf frame) {
             canvas, {.look = {0.8, 0.7}, .mouth = straining ? Mouth::Grit : Mouth::Smile, .brow = straining ? -0.6 : 0},
             0.8 * (frame.index == kDigHit) - 0.8 * (frame.index == kDigHit + 2));
     }
-    drawHeroArm(canvas, Point{37, 40} + lean, pose.grip, -1, Side::Far, 6.4);
+    drawHeroArm(canvas, Point{37, 39} + lean, pose.grip, -1, Side::Far, 6.4);
+    if (frame.index >= kDigHit) drawCrumbs(canvas, 0.5 + frame.index - kDigHit);
     drawSpoon(canvas, pose.grip, angle);
     drawHeroHand(canvas, pose.grip, Side::Far);
-    drawHeroArm(canvas, Point{22, 41} + lean, upper, -1, Side::Near, 7.4);
-    if (frame.index >= kDigHit) drawCrumbs(canvas, 0.35 + frame.index - kDigHit);
+    drawHeroArm(canvas, Point{22, 39.6} + lean, upper, -1, Side::Near, 7.4);
     canvas.outline(kOutline);
 }
 
 // ---- standing
 
 void drawStanding(Canvas& canvas, double breath, const Face& face) {
-    drawHeroArm(canvas, {42.5, 39 - breath}, {45.5, 46}, -1, Side::Far, 5.4);
-    drawHeroLeg(canvas, {28.4, 47.5}, {27, kGround}, 0, Side::Near);
-    drawHeroLeg(canvas, {36, 47.5}, {36.4, kGround}, 0, Side::Near);
+    drawHeroArm(canvas, {42.5, 38 - breath}, {45.8, 45}, -1, Side::Far, 5.4);
+    drawHeroLeg(canvas, {28, 46}, {26.6, kGround}, 0, Side::Near);
+    drawHeroLeg(canvas, {36.4, 46}, {37, kGround}, 0, Side::Near);
     {
         const auto body = bodyPlaced(canvas, 0, {0, 0.2 - 0.4 * breath}, -0.012 * breath);
         drawHeroBody(canvas, face, 0.25 * breath);
     }
-    drawHeroArm(canvas, {22, 39.5 - breath}, {19, 46.8}, 1, Side::Near, 5.4);
+    drawHeroArm(canvas, {22, 38.4 - breath}, {18.6, 45.6}, 1, Side::Near, 5.4);
     canvas.outline(kOutline);
 }
 

@@ -129,10 +129,6 @@ void drawLightBehind(Canvas& canvas, const Mask& opening, float open) {
     canvas.flat(ellipse({32, 62}, 24, 50), rgb(0xffc860), {.alpha = 0.9F * open, .clip = &opening});
     canvas.flat(ellipse({32, 64}, 17, 38), rgb(0xffe9a8), {.alpha = 0.9F * open, .clip = &opening});
     canvas.flat(ellipse({32, 66}, 10, 26), rgb(0xfffbe6), {.alpha = 0.95F * open, .clip = &opening});
-    for (int i = 0; i < 4; ++i) {
-        const double y = 56.5 + 2.6 * i;
-        canvas.flat(rectangle(12 - i, y, 40 + 2 * i, 1.1), rgb(0xd89a4a), {.alpha = 0.35F * open, .clip = &opening});
-    }
 }
 
 void drawPlankLeaf(Canvas& canvas, const DoorKind& kind, const Mask& opening) {
