@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <vector>
+
+#include "game_thread.h"
+#include "testing.h"
+
+namespace {
+
+using platform::testing::Call;
+using platform::testing::FailingCall;
+using platform::testing::HandDrivenClock;
+using std::chrono::milliseconds;
+
+struct ScopedEvent {
+    ScopedEvent(bool manualReset, bool initiallySet)
+        : handle(CreateEventA(nullptr, manualReset ? TRUE : FALSE, initiallySet ? TRUE : FALSE, nullptr)) {}
+    ~ScopedEvent() { CloseHandle(handle); }
+    ScopedEvent(const ScopedEvent&) = delete;
+    ScopedEvent& operator=(const ScopedEvent&) = delete;
+    HANDLE handle;
+};
+
+TEST(Events, StayOrFallBackAsTheyWereMade) {
+    struct Row {
+        const char* what;
+        bool manualReset, initiallySet;
+        DWORD firstWait, secondWait;
+    };
+    for (const auto& row : {
+             Row{"manual, set", true, true, WAIT_OBJECT_0, WAIT_OBJECT_0},
+             Row{"manual, not set", true, false, WAIT_TIMEOUT, WAIT_TIMEOUT},
+             Row{"auto, set", false, true, WAIT_OBJECT_0, WAIT_TIMEOUT},
+             Row{"auto, not set", false, false, WAIT_TIMEOUT, WAIT_TIMEOUT},
+         }) {
+        const ScopedEvent event(row.manualReset, row.initiallySet);
+        EXPECT_EQ(WaitForSingleObject(event.handle, 0), row.firstWait) << row.what;
+        EXPECT_EQ(WaitForSingleObject(event.handle, 1), row.secondWait) << row.what;
+        EXPECT_TRUE(SetEvent(event.handle)) << row.what;
+        EXPECT_EQ(WaitForSingleObject(event.handle, 0), WAIT_OBJECT_0) << row.what;
+        EXPECT_TRUE(ResetEvent(event.handle)) << row.what;
+        EXPECT_EQ(WaitForSingleObject(event.handle, 0), WAIT_TIMEOUT) << row.what;
+    }
+}
+
+TEST(Events, RefuseHandlesThatAreNone) {
+    const HANDLE closed = CreateEventA(nullptr, TRUE, TRUE, nullptr);
+    EXPECT_TRUE(CloseHandle(closed));
+    const GameThread thread([] {});
+    for (const HANDLE none : {HANDLE{nullptr}, INVALID_HANDLE_VALUE, closed}) {
+        EXPECT_FALSE(SetEvent(none));
+        EXPECT_FALSE(CloseHandle(none));
+        EXPECT_EQ(WaitForSingleObject(none, INFINITE), WAIT_FAILED);
+    }
+}
+
+/// Lets `count` threads wait for an event and does `act` when all of them do; how many have been released after it.
+int releasedBy(bool manualReset, int count, const std::function<void(HANDLE)>& act) {
+    const HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
+    const ScopedEvent event(manualReset, false);
+    const ScopedEvent end(true, false);
+    std::atomic<int> released{0};
+    std::vector<std::unique_ptr<GameThread>> threads;
+    for (int i = 0; i < count; ++i) {
+        threads.push_back(std::make_unique<GameThread>([&] {
+            WaitForSingleObject(event.handle, INFINITE);
+            ++released;
+            WaitForSingleObject(end.handle, INFINITE);
+        }));
+    }
+    clock.settle();
+    act(event.handle);
+    clock.settle();
+    const int result = released;
+    for (int i = 0; i < count; ++i) SetEvent(event.handle), clock.settle();
+    SetEvent(end.handle);
+    return result;
+}
+
+TEST(Events, AutoResetReleasesOneWaitAndManualResetAll) {
+    EXPECT_EQ(releasedBy(false, 3, SetEvent), 1);
+    EXPECT_EQ(releasedBy(true, 3, SetEvent), 3);
+}
+
+TEST(Events, ReleaseWhoWaitsEvenWhenResetAtOnce) {
+    const auto pulse = [](HANDLE event) {
+        SetEvent(event);
+        ResetEvent(event);
+    };
+    EXPECT_EQ(releasedBy(true, 3, pulse), 3);
+    EXPECT_EQ(releasedBy(false, 3, pulse), 1);
+}
+
+TEST(Waits, EndWhenTheHandDrivenClockReachesTheirTime) {
+    HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
+    const ScopedEvent never(true, false);
+    DWORD ended = WAIT_FAILED;
+    const GameThread thread([&] { ended = WaitForSingleObject(never.handle, 100); });
+    clock.settle();
+    clock.advance(milliseconds(99));
+    clock.settle();
+    EXPECT_FALSE(thread.hasEnded());
+    clock.advance(milliseconds(1));
+    thread.join();
+    EXPECT_EQ(ended, WAIT_TIMEOUT);
+}
+
+TEST(Waits, LetTheClockJumpOnceEveryoneWaits) {
+    const HandDrivenClock clock;
+    std::vector<int> order;
+    const GameThread slow([&] {
+        Sleep(30);
+        order.push_back(static_cast<int>(clock.now().count()));
+        Sleep(40);
+        order.push_back(static_cast<int>(clock.now().count()));
+    });
+    Sleep(50);
+    order.push_back(static_cast<int>(clock.now().count()));
+    slow.join();
+    EXPECT_EQ(order, (std::vector<int>{30, 50, 70}));
+}
+
+TEST(Waits, KeepTheClockStillWhileAThreadWorks) {
+    const HandDrivenClock clock;
+    std::atomic<bool> release{false};
+    std::atomic<std::int64_t> seen{-1};
+    const GameThread busy([&] {
+        while (!release) std::this_thread::yield();
+        seen = clock.now().count();
+    });
+    const GameThread sleeper([] { Sleep(5); });
+    release = true;
+    busy.join();
+    sleeper.join();
+    EXPECT_EQ(seen, 0) << "five milliseconds passed although a thread was not waiting";
+    EXPECT_EQ(clock.now(), milliseconds(5));
+}
+
+TEST(Clock, CountsTenMillionTicksASecondAndNeverGoesBack) {
+    LARGE_INTEGER frequency{};
+    EXPECT_TRUE(QueryPerformanceFrequency(&frequency));
+    EXPECT_EQ(frequency.QuadPart, 10'000'000);
+    LARGE_INTEGER before{};
+    LARGE_INTEGER after{};
+    QueryPerformanceCounter(&before);
+    Sleep(20);
+    QueryPerformanceCounter(&after);
+    EXPECT_GE(after.QuadPart - before.QuadPart, 200'000);
+}
+
+TEST(Clock, ReadsWhatTestsWant) {
+    HandDrivenClock clock;
+    LARGE_INTEGER counter{};
+    clock.setFrequency(3'579'545);
+    clock.setCounter(4'294'967'291);
+    Sleep(1000);
+    QueryPerformanceCounter(&counter);
+    EXPECT_EQ(counter.QuadPart, 4'294'967'291 + 3'579'545);
+    clock.addAtEachReading(7);
+    QueryPerformanceCounter(&counter);
+    QueryPerformanceCounter(&counter);
+    EXPECT_EQ(counter.QuadPart, 4'294'967'291 + 3'579'545 + 7);
+}
+
+DWORD WINAPI setFlag(LPVOID flag) {
+    *static_cast<std::atomic<bool>*>(flag) = true;
+    return 0;
+}
+
+TEST(Threads, StartSuspendedAndReportTheirSuspendCount) {
+    std::atomic<bool> ran{false};
+    const HANDLE thread = CreateThread(nullptr, 0, setFlag, &ran, CREATE_SUSPENDED, nullptr);
+    EXPECT_EQ(WaitForSingleObject(thread, 10), WAIT_TIMEOUT);
+    EXPECT_FALSE(ran);
+    EXPECT_EQ(ResumeThread(thread), 1U);
+    EXPECT_EQ(ResumeThread(thread), 0U);
+    EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_TRUE(ran);
+    EXPECT_FALSE(SetEvent(thread)) << "a thread is no event";
+    CloseHandle(thread);
+    EXPECT_EQ(ResumeThread(thread), 0xFFFFFFFFU);
+}
+
+TEST(Threads, MayBeGivenUpBeforeTheyEverRan) {
+    std::atomic<bool> ran{false};
+    const HANDLE thread = CreateThread(nullptr, 0, setFlag, &ran, CREATE_SUSPENDED, nullptr);
+    EXPECT_TRUE(CloseHandle(thread));
+    EXPECT_FALSE(ran);
+}
+
+TEST(Threads, FailWhereATestWantsIt) {
+    std::atomic<bool> ran{false};
+    const FailingCall afterOne(Call::CreateThread, 1);
+    const HANDLE thread = CreateThread(nullptr, 0, setFlag, &ran, CREATE_SUSPENDED, nullptr);
+    EXPECT_NE(thread, nullptr);
+    EXPECT_EQ(CreateThread(nullptr, 0, setFlag, &ran, CREATE_SUSPENDED, nullptr), nullptr);
+    const FailingCall never(Call::ResumeThread);
+    EXPECT_EQ(ResumeThread(thread), 0xFFFFFFFFU);
+    CloseHandle(thread);
+}
+
+TEST(Threads, HaveNumbersOfTheirOwn) {
+    DWORD other = 0;
+    const GameThread thread([&] { other = GetCurrentThreadId(); });
+    thread.join();
+    EXPECT_NE(other, GetCurrentThreadId());
+    EXPECT_NE(other, 0U);
+}
+
+TEST(CriticalSections, KeepOthersOutAndLetTheirOwnerInAgain) {
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    int counter = 0;
+    const auto count = [&] {
+        for (int i = 0; i < 1000; ++i) {
+            EnterCriticalSection(&section);
+            EnterCriticalSection(&section);
+            ++counter;
+            LeaveCriticalSection(&section);
+            LeaveCriticalSection(&section);
+        }
+    };
+    {
+        const GameThread first(count);
+        const GameThread second(count);
+    }
+    EXPECT_EQ(counter, 2000);
+    DeleteCriticalSection(&section);
+}
+
+TEST(ExitProcessDeathTest, EndsWithTheCodeAndRunsNoDestructors) {
+    struct Loud {
+        ~Loud() { std::fputs("destroyed", stderr); }
+    };
+    const auto leave = [] {
+        static const Loud loud;
+        std::fputs("written", stderr);
+        ExitProcess(7);
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(7), "^written$");
+}
+
+}  // namespace
