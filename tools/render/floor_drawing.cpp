@@ -78,8 +78,8 @@ void drawFloor(Canvas& canvas, FloorEnds ends, FloorWear wear) {
 }
 
 void drawUnderFloor(Canvas& canvas, FloorWear wear) {
-    const VectorPath whole = floorBody({}, -1);
-    canvas.flat(whole, kTurma.floorMortar * 0.8F);
+    const VectorPath whole = floorBody({}, -8);
+    canvas.part(whole, stony(kTurma.floorMortar * 0.8F, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
     const Mask inside = canvas.mask(whole);
     drawCourses(canvas, -1, wear, &inside);
     drawWear(canvas, wear, &inside);

@@ -46,11 +46,17 @@ struct WalkFoot {
     double angle;
 };
 
+/// A boot's toe and heel lie this far from the middle of its sole; turning it must not press either into the ground.
+constexpr double kToe = 8.8;
+constexpr double kHeel = 5.4;
+
 WalkFoot walkFoot(double phase) {
     const Step step = stride(phase, kCycle, kWalkDuty);
     const double heelUp = 0.95 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
     const double toeUp = 0.4 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
-    return {{kMiddle + step.x - 1, kGround - 7.5 * step.lift}, heelUp - toeUp};
+    const double angle = heelUp - toeUp;
+    const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
+    return {{kMiddle + step.x - 1, kGround - 2.5 * step.lift - clearance}, angle};
 }
 
 double walkBob(double phase) { return 0.9 * wave(2 * phase); }
@@ -85,8 +91,9 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     // A sole comes to rest a picture after its hand, on the upper side of a rung.
     constexpr double kTopStep = 45.4;
-    drawHeroLegFromBehind(canvas, {27, 46}, {25.4, rungRow(phase + 0.375, 0.25, kTopStep)});
-    drawHeroLegFromBehind(canvas, {37, 46}, {38.6, rungRow(phase - 0.125, 0.25, kTopStep)});
+    const auto soleRow = [](double at) { return std::min(rungRow(at, 0.25, kTopStep), kGround); };
+    drawHeroLegFromBehind(canvas, {27, 46}, {25.4, soleRow(phase + 0.375)});
+    drawHeroLegFromBehind(canvas, {37, 46}, {38.6, soleRow(phase - 0.125)});
     const double left = rungRow(phase, 0.375, 8);
     const double right = rungRow(phase + 0.5, 0.375, 8);
     {
@@ -114,8 +121,8 @@ void drawHang(Canvas& canvas, FrameOf frame) {
         const auto hung = canvas.bent({kMiddle, kPipeAxis}, -sway);
         const auto small = canvas.placed({kMiddle - 0.78 * kMiddle, 13.4}, 0, 0.78, 0.78);
         const double dangle = 3 * wave(phase + 0.1);
-        drawHeroLeg(canvas, {35, 46.5}, {36 - dangle, 59.6}, 0.35, Side::Far);
-        drawHeroLeg(canvas, {28.5, 46.5}, {28 + dangle, 60.2}, 0.45, Side::Near);
+        drawHeroLeg(canvas, {35, 46.5}, {36 - dangle, 57}, 0.3, Side::Far);
+        drawHeroLeg(canvas, {28.5, 46.5}, {28 + dangle, 57.6}, 0.38, Side::Near);
         drawHeroBody(canvas, {.look = {0.9, -0.5}, .mouth = Mouth::Grit, .brow = 0.4});
     }
     canvas.outline(kOutline);
@@ -126,8 +133,8 @@ void drawHang(Canvas& canvas, FrameOf frame) {
 void drawFall(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     const double flail = wave(phase);
-    drawHeroLeg(canvas, {28, 45.5}, {23.5 - 1.5 * flail, 58 + 1.6 * flail}, 0.35 + 0.2 * flail, Side::Far);
-    drawHeroLeg(canvas, {36, 45.5}, {41 - 1.5 * flail, 58 - 1.6 * flail}, -0.3 + 0.2 * flail, Side::Near);
+    drawHeroLeg(canvas, {28, 45.5}, {23.5 - 1.5 * flail, 56.2 + 1.6 * flail}, 0.16 + 0.2 * flail, Side::Far);
+    drawHeroLeg(canvas, {36, 45.5}, {41 - 1.5 * flail, 57.4 - 1.6 * flail}, -0.24 + 0.2 * flail, Side::Near);
     drawHeroArm(canvas, {21, 37}, {9 - 1.5 * flail, 27 + 5 * flail}, 1, Side::Near, 8.6);
     drawHeroArm(canvas, {43, 37}, {55 - 1.5 * flail, 27 - 5 * flail}, -1, Side::Near, 8.6);
     {
@@ -148,12 +155,17 @@ struct DigPose {
 };
 
 constexpr std::array kDig{
-    //      spoon  grip       lean    squash
-    DigPose{22, {44, 44.5}, 0.00, 0.00},    //
-    DigPose{-30, {43.5, 42}, -0.06, 0.01},  //
-    DigPose{-72, {46.5, 37}, -0.14, -0.03}, DigPose{-86, {46, 35}, -0.17, -0.04},  DigPose{62, {46.5, 43}, 0.16, 0.03},
-    DigPose{66, {46.5, 44}, 0.22, 0.06},    DigPose{30, {43.5, 45.5}, 0.14, 0.03}, DigPose{-24, {43, 43}, -0.05, -0.02},
-    DigPose{4, {43, 44}, -0.02, -0.01},     DigPose{16, {43.5, 44.5}, 0.00, 0.00},
+    //      spoon  grip          lean    squash
+    DigPose{22, {40.5, 44.5}, 0.00, 0.00},   //
+    DigPose{-30, {41, 42}, -0.06, 0.01},     //
+    DigPose{-72, {44, 37}, -0.14, -0.03},    //
+    DigPose{-86, {43.5, 35}, -0.17, -0.04},  //
+    DigPose{62, {44.5, 42}, 0.16, 0.03},     //
+    DigPose{66, {44.5, 42.5}, 0.22, 0.06},   //
+    DigPose{30, {40.5, 45.5}, 0.14, 0.03},   //
+    DigPose{-24, {40.5, 43}, -0.05, -0.02},  //
+    DigPose{4, {39.5, 44}, -0.02, -0.01},    //
+    DigPose{16, {40, 44.5}, 0.00, 0.00},
 };
 constexpr int kDigHit = 4;
 
@@ -164,7 +176,7 @@ void drawCrumbs(Canvas& canvas, double time) {
     for (std::uint32_t i = 0; i < 6; ++i) {
         const double vx = -3.4 + 4.6 * randomShare(i, 1, 5);
         const double vy = -7.5 - 4 * randomShare(i, 2, 5);
-        const Point at{54 + vx * time, 58 + vy * time + 1.9 * time * time};
+        const Point at{52 + vx * time, 58 + vy * time + 1.9 * time * time};
         const double size = 1.4 + 1.2 * randomShare(i, 3, 5);
         if (at.y > 59 || at.x > 60 || at.y < 4) continue;
         canvas.part(
@@ -181,20 +193,20 @@ void drawDig(Canvas& canvas, FrameOf frame) {
     const Point along{std::cos(angle), std::sin(angle)};
     const Point upper = pose.grip - along * 7;
     const bool straining = frame.index >= 2 && frame.index <= 6;
-    drawHeroLeg(canvas, {24.5, 46.5}, {20, kGround}, 0, Side::Far);
-    drawHeroLeg(canvas, {31, 46.5}, {32.5, kGround}, 0, Side::Near);
+    drawHeroLeg(canvas, {22.5, 46.5}, {18, kGround}, 0, Side::Far);
+    drawHeroLeg(canvas, {29, 46.5}, {30.5, kGround}, 0, Side::Near);
     const Point lean{14 * std::sin(pose.lean), 0};
     {
-        const auto body = bodyPlaced(canvas, pose.lean, {-4, 0}, pose.squash);
+        const auto body = bodyPlaced(canvas, pose.lean, {-6, 0}, pose.squash);
         drawHeroBody(
             canvas, {.look = {0.8, 0.7}, .mouth = straining ? Mouth::Grit : Mouth::Smile, .brow = straining ? -0.6 : 0},
             0.8 * (frame.index == kDigHit) - 0.8 * (frame.index == kDigHit + 2));
     }
-    drawHeroArm(canvas, Point{37, 39} + lean, pose.grip, -1, Side::Far, 6.4);
+    drawHeroArm(canvas, Point{35, 39} + lean, pose.grip, -1, Side::Far, 6.4);
     if (frame.index >= kDigHit) drawCrumbs(canvas, 0.5 + frame.index - kDigHit);
     drawSpoon(canvas, pose.grip, angle);
     drawHeroHand(canvas, pose.grip, Side::Far);
-    drawHeroArm(canvas, Point{22, 39.6} + lean, upper, -1, Side::Near, 7.4);
+    drawHeroArm(canvas, Point{20, 39.6} + lean, upper, -1, Side::Near, 7.4);
     canvas.outline(kOutline);
 }
 

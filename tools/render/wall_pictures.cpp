@@ -20,8 +20,10 @@ constexpr std::array kCrossing{Stone{39, 11, 30, 32, 2}, Stone{21, 43, 37, 32, 3
 
 void drawStone(Canvas& canvas, const Stone& stone, Rgb colour) {
     constexpr double kJoint = 1.3;
+    Material surface = stony(varied(colour, stone.number, 0.05F), 0.75F, 0.09F, 0);
+    surface.light = mix(surface.base, surface.light, 0.4F);
     canvas.part(rectangle(stone.x + kJoint / 2, stone.y + kJoint / 2, stone.width - kJoint, stone.height - kJoint, 4.5),
-                stony(varied(colour, stone.number, 0.05F), 0.8F, 0.09F), {.bevel = 4.5, .line = 0, .shadow = 0});
+                surface, {.bevel = 4.5, .line = 0, .shadow = 0});
 }
 
 void drawWall(Canvas& canvas, Rgb inner) {
@@ -91,13 +93,12 @@ void drawNiche(Canvas& canvas, FrameOf) {
     dim(canvas);
 }
 
-/// Two smaller stones in place of the inner one.
+/// Two narrower stones in place of the inner one.
 void drawSplit(Canvas& canvas, FrameOf) {
     drawWall(canvas, kTurma.backdropMortar);
     canvas.flat(rectangle(kInner.x, kInner.y, kInner.width, kInner.height), kTurma.backdropMortar);
-    drawStone(canvas, {kInner.x, kInner.y, 34, 15, 7}, kTurma.backdrop[0]);
-    drawStone(canvas, {kInner.x, 26, 15, 17, 8}, kTurma.backdrop[2]);
-    drawStone(canvas, {20, 26, 19, 17, 9}, kTurma.backdrop[1]);
+    drawStone(canvas, {kInner.x, kInner.y, 20, kInner.height, 7}, kTurma.backdrop[0]);
+    drawStone(canvas, {kInner.x + 20, kInner.y, 14, kInner.height, 8}, kTurma.backdrop[1]);
     dim(canvas);
 }
 

@@ -1,0 +1,488 @@
+// The renderer of pictures: what its strips promise to the game, and the steps of the shader on their own.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <map>
+#include <numeric>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "blur.h"
+#include "bmp_file.h"
+#include "distance_field.h"
+#include "noise.h"
+#include "picture_registry.h"
+#include "render_commands.h"
+#include "rig.h"
+#include "shapes.h"
+#include "strip.h"
+
+namespace grub {
+namespace {
+
+const PictureEntry& entryOf(std::string_view name) {
+    const PictureEntry* entry = findPicture(name);
+    EXPECT_NE(entry, nullptr) << name;
+    return entry != nullptr ? *entry : allPictures().front();
+}
+
+/// Strips are drawn once for all tests.
+const PixelImage& stripOf(const PictureEntry& entry) {
+    static std::map<std::string_view, PixelImage> strips;
+    const auto known = strips.find(entry.name);
+    return known != strips.end() ? known->second : strips.emplace(entry.name, renderStrip(entry)).first->second;
+}
+
+PixelImage frameOf(std::string_view name, int frame = 0) {
+    const PictureEntry& entry = entryOf(name);
+    PixelImage image(entry.width, entry.frameHeight);
+    const auto size = static_cast<std::ptrdiff_t>(image.pixels.size());
+    std::copy_n(stripOf(entry).pixels.begin() + frame * size, size, image.pixels.begin());
+    return image;
+}
+
+/// CIE lightness, 0 to 100.
+double lightness(const Pixel& p) {
+    const auto linear = [](std::uint8_t v) {
+        const double c = v / 255.0;
+        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const double y = 0.2126 * linear(p.r) + 0.7152 * linear(p.g) + 0.0722 * linear(p.b);
+    return y > 0.008856 ? 116 * std::cbrt(y) - 16 : 903.3 * y;
+}
+
+struct Spread {
+    double mean = 0;
+    double deviation = 0;
+};
+
+/// Lightness of the pixels of rows [from, to) that are more than half opaque.
+Spread lightnessOf(const PixelImage& image, int from = 0, int to = 64) {
+    std::vector<double> values;
+    for (int y = from; y < to; ++y) {
+        for (int x = 0; x < image.width; ++x) {
+            if (image.at(x, y).a > 127) values.push_back(lightness(image.at(x, y)));
+        }
+    }
+    const double count = static_cast<double>(values.size());
+    const double mean = std::accumulate(values.begin(), values.end(), 0.0) / count;
+    double squares = 0;
+    for (const double v : values) squares += (v - mean) * (v - mean);
+    return {mean, std::sqrt(squares / count)};
+}
+
+int lowestRow(const PixelImage& image) {
+    for (int y = image.height - 1; y >= 0; --y) {
+        for (int x = 0; x < image.width; ++x) {
+            if (image.at(x, y).a > 127) return y;
+        }
+    }
+    return -1;
+}
+
+/// Mean column of what lies in the rows [from, to).
+double middleColumn(const PixelImage& image, int from, int to) {
+    double weight = 0;
+    double sum = 0;
+    for (int y = from; y < to; ++y) {
+        for (int x = 0; x < image.width; ++x) {
+            weight += image.at(x, y).a;
+            sum += image.at(x, y).a * (x + 0.5);
+        }
+    }
+    return sum / weight;
+}
+
+int opaqueOnBorder(const PixelImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height; ++y) {
+        for (int x = 0; x < image.width; ++x) {
+            const bool border = x == 0 || y == 0 || x == image.width - 1 || y == image.height - 1;
+            if (border && image.at(x, y).a > 127) ++count;
+        }
+    }
+    return count;
+}
+
+double difference(const Pixel& a, const Pixel& b) {
+    return std::abs(a.r - b.r) + std::abs(a.g - b.g) + std::abs(a.b - b.b);
+}
+
+double difference(const PixelImage& a, const PixelImage& b) {
+    double sum = 0;
+    for (std::size_t i = 0; i < a.pixels.size(); ++i)
+        sum += difference(a.pixels[i], b.pixels[i]) + std::abs(a.pixels[i].a - b.pixels[i].a);
+    return sum;
+}
+
+// ---- all pictures
+
+TEST(Pictures, HaveNamesOfTheirOwn) {
+    std::set<std::string_view> names;
+    for (const PictureEntry& entry : allPictures()) {
+        EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
+        EXPECT_EQ(findPicture(entry.name), &entry);
+    }
+    EXPECT_GE(names.size(), 80U);
+    EXPECT_EQ(findPicture("grub\\nobody"), nullptr);
+}
+
+TEST(Pictures, FillTheirStripsAndShowSomething) {
+    for (const PictureEntry& entry : allPictures()) {
+        const PixelImage& strip = stripOf(entry);
+        ASSERT_EQ(strip.width, entry.width) << entry.name;
+        ASSERT_EQ(strip.height, entry.frameHeight * entry.frames) << entry.name;
+        for (int frame = 0; frame < entry.frames; ++frame) {
+            const auto first =
+                strip.pixels.begin() + static_cast<std::ptrdiff_t>(frame) * entry.width * entry.frameHeight;
+            const auto visible =
+                std::count_if(first, first + entry.width * entry.frameHeight, [](const Pixel& p) { return p.a > 0; });
+            EXPECT_GT(visible, 8) << entry.name << " picture " << frame;
+        }
+    }
+}
+
+struct CountRow {
+    const char* name;
+    int frames;
+};
+
+TEST(Pictures, CountAsTheRulesOfMovementWant) {
+    const CountRow rows[] = {{"grub\\ani_01", 8},
+                             {"grub\\ani_02", 8},
+                             {"grub\\ani_03", 6},
+                             {"grub\\ani_04", 8},
+                             {"grub\\ani_05", 10},
+                             {"grub\\ani_06", 8},
+                             {"grub\\ani_07", 8},
+                             {"grub\\ani_08", 50},
+                             {"poly\\lom1", 8},
+                             {"poly\\lom2", 8},
+                             {"poly\\vosstfull", 8},
+                             {"poly\\vossthalf", 8},
+                             {"dveri\\door_a", 10},
+                             {"dveri\\door_d", 10},
+                             {"fon\\fakel", 8},
+                             {"kapli", 10},
+                             {"key", 1},
+                             {"font_for_score", 10},
+                             {"c_imp", 10},
+                             {"c_small", 10}};
+    for (const CountRow& row : rows) EXPECT_EQ(entryOf(row.name).frames, row.frames) << row.name;
+}
+
+TEST(Pictures, ComeOutTheSameEveryTime) {
+    for (const char* name : {"grub\\ani_05", "steny\\modul2", "poly\\lom1", "dveri\\door_c"}) {
+        EXPECT_EQ(bmpBytes(renderStrip(entryOf(name))), bmpBytes(renderStrip(entryOf(name)))) << name;
+    }
+}
+
+TEST(Pictures, OfFiguresAndThingsStayInsideTheirCell) {
+    for (const char* name : {"grub\\ani_01", "grub\\ani_02", "grub\\ani_03", "grub\\ani_04", "grub\\ani_05",
+                             "grub\\ani_08", "key", "key_h", "fon\\fakel", "fon\\window", "fon\\skull"}) {
+        const PictureEntry& entry = entryOf(name);
+        for (int frame = 0; frame < entry.frames; ++frame) {
+            EXPECT_EQ(opaqueOnBorder(frameOf(name, frame)), 0) << name << " picture " << frame;
+        }
+    }
+}
+
+TEST(Pictures, OfWallsAndFloorsFillTheirCell) {
+    for (const char* name : {"steny\\modul", "steny\\modul01", "steny\\modul9", "poly\\modul_pol04", "poly\\polkam",
+                             "poly\\modul_pol01"}) {
+        const PixelImage image = frameOf(name);
+        const auto clear =
+            std::count_if(image.pixels.begin(), image.pixels.end(), [](const Pixel& p) { return p.a != 255; });
+        EXPECT_EQ(clear, 0) << name;
+    }
+}
+
+// ---- Grub's movement
+
+TEST(GrubsFeet, StandOnOneRow) {
+    for (int frame = 0; frame < 50; frame += 7) EXPECT_EQ(lowestRow(frameOf("grub\\ani_08", frame)), 61) << frame;
+    for (int frame = 0; frame < 10; ++frame) EXPECT_GE(lowestRow(frameOf("grub\\ani_05", frame)), 61) << frame;
+    for (const int onGround : {0, 1, 2, 4, 5, 6})
+        EXPECT_EQ(lowestRow(frameOf("grub\\ani_01", onGround)), 61) << onGround;
+    for (const int inFlight : {3, 7}) EXPECT_LT(lowestRow(frameOf("grub\\ani_01", inFlight)), 61) << inFlight;
+}
+
+TEST(GrubsFeet, GoBackAsFastAsTheGroundPasses) {
+    for (const int first : {0, 1, 4, 5}) {
+        const double before = middleColumn(frameOf("grub\\ani_01", first), 60, 62);
+        const double after = middleColumn(frameOf("grub\\ani_01", first + 1), 60, 62);
+        EXPECT_NEAR(after - before, 8, 1) << "he faces left, so a foot on the ground moves right; picture " << first;
+    }
+}
+
+TEST(GrubsHands, HoldThePipe) {
+    for (int frame = 0; frame < 8; ++frame) {
+        const PixelImage image = frameOf("grub\\ani_04", frame);
+        int held = 0;
+        for (int x = 0; x < 64; ++x) held += image.at(x, 10).a > 127 ? 1 : 0;
+        EXPECT_GE(held, 6) << "no hand at the axis in picture " << frame;
+    }
+}
+
+TEST(GrubsCycles, CloseWithoutAJump) {
+    for (const char* name : {"grub\\ani_01", "grub\\ani_02", "grub\\ani_03", "grub\\ani_04", "grub\\ani_08"}) {
+        const PictureEntry& entry = entryOf(name);
+        std::vector<PixelImage> frames;
+        for (int i = 0; i < entry.frames; ++i) frames.push_back(frameOf(name, i));
+        double largest = 0;
+        for (std::size_t i = 0; i + 1 < frames.size(); ++i)
+            largest = std::max(largest, difference(frames[i], frames[i + 1]));
+        EXPECT_LE(difference(frames.back(), frames.front()), 1.3 * largest) << name;
+        EXPECT_GT(largest, 0) << name;
+    }
+}
+
+TEST(GrubsWalk, KeepsHisMassInPlace) {
+    double least = 64;
+    double most = 0;
+    for (int frame = 0; frame < 8; ++frame) {
+        const double middle = middleColumn(frameOf("grub\\ani_01", frame), 0, 64);
+        least = std::min(least, middle);
+        most = std::max(most, middle);
+    }
+    EXPECT_LE(most - least, 3);
+}
+
+// ---- brightness
+
+TEST(Brightness, ClimbsFromWallToWhatMatters) {
+    const Spread wall = lightnessOf(frameOf("steny\\modul"));
+    EXPECT_GE(wall.mean, 18);
+    EXPECT_LE(wall.mean, 26);
+    EXPECT_LE(wall.deviation, 9);
+    const PixelImage floor = frameOf("steny\\modul_pol_11a");
+    const double face = lightnessOf(floor, 18, 62).mean;
+    const double cap = lightnessOf(floor, 2, 12).mean;
+    const double solid = lightnessOf(frameOf("poly\\modul_pol04")).mean;
+    const double ladder = lightnessOf(frameOf("lesenki\\modul_lestn")).mean;
+    EXPECT_GT(face, wall.mean + 10);
+    EXPECT_GT(solid, face);
+    EXPECT_GT(ladder, face + 5);
+    EXPECT_GT(cap, face + 20);
+    EXPECT_GT(lightnessOf(frameOf("key")).mean, wall.mean + 25);
+    EXPECT_NEAR(lightnessOf(frameOf("grub\\ani_08")).mean, 50, 8);
+}
+
+TEST(Walls, JoinWithoutSeamsInAnyMixture) {
+    const char* names[] = {"steny\\modul",   "steny\\modul01", "steny\\modul02",
+                           "steny\\modul03", "steny\\modul2",  "steny\\modul9"};
+    const PixelImage plain = frameOf(names[0]);
+    double inner = 0;
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 63; ++x) inner += difference(plain.at(x, y), plain.at(x + 1, y)) / 63;
+    }
+    for (const char* name : names) {
+        const PixelImage other = frameOf(name);
+        double across = 0;
+        double down = 0;
+        for (int i = 0; i < 64; ++i) {
+            across += difference(plain.at(63, i), other.at(0, i));
+            down += difference(plain.at(i, 63), other.at(i, 0));
+        }
+        EXPECT_LE(across, 1.5 * inner) << name;
+        EXPECT_LE(down, 1.5 * inner) << name;
+    }
+}
+
+TEST(Doors, ShowRedWhileShutAndGreenAsTheyOpen) {
+    for (const char* name : {"dveri\\door_a", "dveri\\door_b", "dveri\\door_c", "dveri\\door_d"}) {
+        const Pixel shut = frameOf(name, 0).at(32, 8);
+        const Pixel open = frameOf(name, 9).at(32, 8);
+        EXPECT_GT(shut.r, shut.g + 40) << name;
+        EXPECT_GT(open.g, open.r + 40) << name;
+        EXPECT_GT(lightness(frameOf(name, 9).at(32, 58)), 70) << name << " shows no light";
+    }
+}
+
+TEST(Digits, DifferFromOneAnother) {
+    for (const char* name : {"font_for_score", "c_imp", "c_small"}) {
+        for (int a = 0; a < 10; ++a) {
+            for (int b = 0; b < a; ++b)
+                EXPECT_GT(difference(frameOf(name, a), frameOf(name, b)), 300) << name << ' ' << a << ' ' << b;
+        }
+    }
+}
+
+// ---- files
+
+TEST(BmpFile, IsWrittenByteForByte) {
+    PixelImage image(1, 2);
+    image.at(0, 0) = {1, 2, 3, 4};
+    image.at(0, 1) = {5, 6, 7, 8};
+    const std::vector<std::uint8_t> expected = {
+        'B', 'M', 62, 0, 0, 0, 0, 0, 0,  0,  54, 0, 0,  0,          // file header: size, offset
+        40,  0,   0,  0, 1, 0, 0, 0, 2,  0,  0,  0, 1,  0,  32, 0,  // size of this header, width, height, planes, bits
+        0,   0,   0,  0, 8, 0, 0, 0, 19, 11, 0,  0, 19, 11, 0,  0,  // compression, bytes of pixels, resolution
+        0,   0,   0,  0, 0, 0, 0, 0,                                // no palette
+        7,   6,   5,  8, 3, 2, 1, 4};                               // lowest row first, blue first
+    EXPECT_EQ(bmpBytes(image), expected);
+}
+
+TEST(Strips, GiveClearPixelsTheNearestColour) {
+    PixelImage image(5, 1);
+    image.at(0, 0) = {10, 20, 30, 255};
+    image.at(4, 0) = {50, 60, 70, 1};
+    spreadColours(image);
+    EXPECT_EQ(image.at(1, 0), (Pixel{10, 20, 30, 0}));
+    EXPECT_EQ(image.at(3, 0), (Pixel{50, 60, 70, 0}));
+    EXPECT_EQ(image.at(4, 0), (Pixel{50, 60, 70, 1}));
+    const PixelImage walk = frameOf("grub\\ani_01");
+    EXPECT_TRUE(std::any_of(walk.pixels.begin(), walk.pixels.end(),
+                            [](const Pixel& p) { return p.a == 0 && p.r + p.g + p.b > 0; }));
+}
+
+int runRender(std::vector<std::string> arguments) {
+    CLI::App app;
+    addRenderCommands(app);
+    std::reverse(arguments.begin(), arguments.end());
+    try {
+        app.parse(arguments);
+    } catch (const CLI::RuntimeError& error) {
+        return error.get_exit_code();
+    }
+    return 0;
+}
+
+TEST(RenderCommands, ReportANameNobodyKnowsAndAPlaceNobodyCanWriteTo) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(runRender({"render", "picture", "grub\\nobody", "x.bmp"}), 1);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("grub\\nobody"));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(runRender({"render", "picture", "c_small", "/dev/null/x.bmp"}), 1);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("/dev/null/x.bmp"));
+}
+
+TEST(RenderCommands, ListEveryName) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(runRender({"render", "list"}), 0);
+    const std::string list = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\n')), allPictures().size());
+    EXPECT_THAT(list, testing::HasSubstr("grub\\ani_01\n"));
+}
+
+// ---- the steps of the shader
+
+TEST(DistanceField, IsTheTrueDistanceToTheOtherSide) {
+    constexpr int kWidth = 23;
+    constexpr int kHeight = 17;
+    for (std::uint32_t seed = 0; seed < 8; ++seed) {
+        FloatPlane plane(kWidth, kHeight);
+        for (int y = 0; y < kHeight; ++y) {
+            for (int x = 0; x < kWidth; ++x) {
+                plane.at(x, y) = randomShare(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y), seed) < 0.9F
+                                     ? 1.0F
+                                     : 0.0F;
+            }
+        }
+        const FloatPlane field = distanceField(plane, DistanceFrom::Inside);
+        for (int y = 0; y < kHeight; ++y) {
+            for (int x = 0; x < kWidth; ++x) {
+                double nearest = plane.at(x, y) > 0.5F ? 1e9 : 0;
+                for (int v = 0; v < kHeight && nearest > 0; ++v) {
+                    for (int u = 0; u < kWidth; ++u) {
+                        if (plane.at(u, v) <= 0.5F) nearest = std::min(nearest, std::hypot(u - x, v - y));
+                    }
+                }
+                ASSERT_NEAR(field.at(x, y), nearest, 1e-4) << seed << ": " << x << ',' << y;
+            }
+        }
+    }
+}
+
+TEST(Blur, KeepsTheSumAndHasTheWidthAskedFor) {
+    for (const double sigma : {1.0, 2.5, 6.0}) {
+        FloatPlane plane(81, 81);
+        plane.at(40, 40) = 1;
+        const FloatPlane soft = blurred(plane, sigma);
+        double sum = 0;
+        double variance = 0;
+        for (int y = 0; y < 81; ++y) {
+            for (int x = 0; x < 81; ++x) {
+                sum += soft.at(x, y);
+                variance += soft.at(x, y) * static_cast<float>((x - 40) * (x - 40));
+            }
+        }
+        EXPECT_NEAR(sum, 1, 1e-3);
+        EXPECT_NEAR(std::sqrt(variance), sigma, 0.25) << sigma;
+    }
+}
+
+TEST(Noise, RepeatsAfterItsPeriodAndStaysInRange) {
+    for (double y = 0; y < 64; y += 7.3) {
+        for (double x = 0; x < 64; x += 5.9) {
+            const float here = tileableNoise(x, y, 64, 28, 3);
+            EXPECT_NEAR(here, tileableNoise(x + 64, y - 64, 64, 28, 3), 1e-4);
+            EXPECT_GE(here, 0);
+            EXPECT_LT(here, 1);
+        }
+    }
+    EXPECT_NE(hashOf(1, 2, 3), hashOf(2, 1, 3));
+    EXPECT_NE(hashOf(1, 2, 3), hashOf(1, 2, 4));
+}
+
+TEST(Rig, BendsALimbWithoutStretchingItsBones) {
+    const Point root{3, 4};
+    for (const Point tip : {Point{12, 9}, Point{3, 15}, Point{-4, 0}}) {
+        for (const double side : {-1.0, 1.0}) {
+            const Point joint = jointOf(root, tip, 7, 8, side);
+            EXPECT_NEAR(length(joint - root), 7, 1e-6);
+            EXPECT_NEAR(length(joint - tip), 8, 1e-6);
+        }
+    }
+    EXPECT_NEAR(length(jointOf({0, 0}, {100, 0}, 7, 8, 1)), 7, 1e-6) << "out of reach it points at the tip";
+}
+
+TEST(Rig, StepsWithTheGroundAndMeetsItAtItsSpeed) {
+    constexpr double kLength = 64;
+    constexpr double kDuty = 0.25;
+    constexpr double kTick = 1e-4;
+    const auto speed = [](double phase) {
+        return (stride(phase + kTick, kLength, kDuty).x - stride(phase, kLength, kDuty).x) / kTick;
+    };
+    for (const double phase : {0.01, 0.1, 0.2, 0.9999 - kTick, 0.2502})
+        EXPECT_NEAR(speed(phase), -kLength, 0.5) << phase;
+    EXPECT_NEAR(stride(0, kLength, kDuty).x, kLength * kDuty / 2, 1e-9);
+    EXPECT_EQ(stride(0.1, kLength, kDuty).lift, 0);
+    EXPECT_GT(stride(0.6, kLength, kDuty).lift, 0.9);
+}
+
+TEST(Canvas, AveragesItsSamplesAndCutsItsMarginOff) {
+    Canvas canvas(4, 4, 4, 1, 3);
+    canvas.flat(rectangle(0, 0, 2.5, 4), rgb(0xff8040));
+    const PixelImage image = canvas.picture();
+    EXPECT_EQ(image.at(1, 2), (Pixel{255, 128, 64, 255}));
+    EXPECT_EQ(image.at(2, 2), (Pixel{255, 128, 64, 128}));
+    EXPECT_EQ(image.at(3, 2).a, 0);
+}
+
+TEST(Canvas, LightsBothSidesOfAnEggAlike) {
+    Canvas canvas(64, 64);
+    canvas.part(ellipse({32, 32}, 18, 24), material(rgb(0x808080)), {.bevel = 16, .line = 0});
+    const PixelImage egg = canvas.picture();
+    const auto column = [&](int from, int to) {
+        double sum = 0;
+        int count = 0;
+        for (int y = 16; y < 48; ++y) {
+            for (int x = from; x < to; ++x) {
+                if (egg.at(x, y).a < 255) continue;
+                sum += lightness(egg.at(x, y));
+                ++count;
+            }
+        }
+        return sum / count;
+    };
+    EXPECT_NEAR(column(14, 32), column(32, 50), 3);
+}
+
+}  // namespace
+}  // namespace grub
