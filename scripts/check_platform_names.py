@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Finds names that the platform layer declares and nobody calls, and names that docs/platform.md does not list.
 
-Callers are the game's folders, the tools, and tests and benchmarks of other folders; the layer itself and its own tests
-do not count. Exit code 1 and one line for each finding.
+Callers are the game's folders, the tools, and the tests and benchmarks of other folders; the layer itself and its own
+tests do not count. A constant that the layer gives as a result or sends as a message needs no caller. Exit code 1 and
+one line for each finding. With --write it writes the table of docs/platform.md anew instead.
 """
 
 import re
@@ -11,59 +12,93 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 HEADERS = sorted((ROOT / "src/platform/include").glob("*.h"))
-TABLE = ROOT / "docs/platform.md"
-CALLERS = ("src", "tools", "tests", "bench", "fuzz")
+DOCUMENT = ROOT / "docs/platform.md"
+TABLE_START = "<!-- table: scripts/check_platform_names.py --write -->\n"
+CALLERS = ("src", "tools", "bench", "tests")
 LAYER = ("src/platform/", "tests/platform/")
+TESTS = ("tests", "fuzz")
 
-# Names that only other declarations need: the type of a parameter, a field or a base.
-DECLARATIONS = (
-    re.compile(r"^\s*using (\w+) =", re.M),
-    re.compile(r"^\s*(?:struct|union|enum class|enum|class) (\w+)[^;]*\{", re.M),
-    re.compile(r"^\s*inline (?:constexpr|const) (?:[\w:]+\s+)*?(\w+)(?:\[\])? = ", re.M),
-    re.compile(r"^\s*(?:\[\[\w+\]\] |constexpr |inline )*[\w:*]+[ *]+\*?(\w+)\([^;{]*\)(?: const)?(?: = 0)?\s*[;{]", re.M),
-    re.compile(r"^#define (\w+)", re.M),
-)
-
-
-def without_comments(text):
-    return re.sub(r"//[^\n]*|/\*.*?\*/", "", text, flags=re.S)
+TYPE = re.compile(r"^\s*(?:using (\w+) =|(?:struct|union|class) (\w+)[^;{]*\{)", re.M)
+CONSTANT = re.compile(r"^\s*inline (?:constexpr|const) (?:[\w:]+\s+)*?(\w+)(?:\[\])? = ", re.M)
+FUNCTION = re.compile(
+    r"^\s*(?:\[\[\w+\]\] |constexpr |inline |virtual )*[\w:*]+[ *]+(\w+)\([^;{]*\)(?: const)?(?: = 0)?\s*[;{]", re.M)
+ENUMERATION = re.compile(r"\benum (?:class )?\w+[^;{]*\{([^}]*)\}")
+MACRO = re.compile(r"^#define (\w+)", re.M)
 
 
-def declared_in(header):
-    text = without_comments(header.read_text())
-    names = {name for pattern in DECLARATIONS for name in pattern.findall(text)}
-    return {name for name in names if not name.endswith("_")}
+def code_of(path):
+    """The text of a file without comments."""
+    return re.sub(r"//[^\n]*|/\*.*?\*/", "", path.read_text(errors="replace"), flags=re.S)
 
 
-def words_of(path):
-    return set(re.findall(r"\w+", without_comments(path.read_text(errors="replace"))))
+def declared_in(text):
+    """Names in the order of their declaration."""
+    found = [(m.start(), name) for p in (TYPE, CONSTANT, FUNCTION, MACRO) for m in p.finditer(text)
+             for name in m.groups() if name]
+    for enumeration in ENUMERATION.finditer(text):
+        found += [(enumeration.start(1) + m.start(), m.group(1))
+                  for m in re.finditer(r"(?:^|,)\s*(\w+)", enumeration.group(1))]
+    return list(dict.fromkeys(name for _, name in sorted(found) if not name.endswith("_")))
 
 
-def caller_files():
-    for folder in CALLERS:
-        for path in sorted((ROOT / folder).rglob("*")):
-            inside_layer = str(path.relative_to(ROOT)).startswith(LAYER)
-            if path.suffix in (".h", ".cpp") and not inside_layer:
-                yield path
+def sources(folders):
+    for folder in folders:
+        yield from (p for p in sorted((ROOT / folder).rglob("*")) if p.suffix in (".h", ".cpp"))
 
 
-def needed_by_headers(name):
-    """Whether another declaration uses the name, as a parameter's type for example."""
-    return sum(len(re.findall(rf"\b{name}\b", without_comments(h.read_text()))) for h in HEADERS) > 1
+def users(folders, inside_layer):
+    """For each word, the files of these folders that use it."""
+    result = {}
+    for path in sources(folders):
+        name = str(path.relative_to(ROOT))
+        if inside_layer is None or name.startswith(LAYER) == inside_layer:
+            for word in set(re.findall(r"\w+", code_of(path))):
+                result.setdefault(word, []).append(name)
+    return result
+
+
+def given_by_layer():
+    """Constants that the layer's sources return or store: results and messages."""
+    layer = "".join(code_of(p) for p in sources(["src/platform"]) if p.parent.name != "include")
+    return set(re.findall(r"(?:return|[?:=(,{])\s*(\w+)", layer))
+
+
+def table():
+    callers = users(CALLERS, inside_layer=False)
+    tests = users(TESTS, inside_layer=None)
+    rows = []
+    for header in HEADERS:
+        rows.append(f"\n### {header.name}\n\n| name | called by | covered by |\n|---|---|---|\n")
+        for name in declared_in(code_of(header)):
+            by = sorted({str(Path(f).parent) for f in callers.get(name, []) if f.startswith(("src", "tools", "bench"))})
+            covered = sorted({Path(f).stem for f in tests.get(name, [])})
+            rows.append(f"| `{name}` | {', '.join(by)} | {', '.join(covered[:4])} |\n")
+    return "".join(rows)
+
+
+def findings():
+    callers = users(CALLERS, inside_layer=False)
+    given = given_by_layer()
+    headers = "".join(code_of(h) for h in HEADERS)
+    listed = set(re.findall(r"^\| `(\w+)`", DOCUMENT.read_text(), re.M))
+    for header in HEADERS:
+        for name in declared_in(code_of(header)):
+            needed_by_others = len(re.findall(rf"\b{name}\b", headers)) > 1  # a parameter's type, a value's part
+            is_result = name in given and re.search(rf"{name}\b[^;()]* = ", headers)
+            if name not in callers and not needed_by_others and not is_result:
+                yield f"{header.name}: nobody calls {name}"
+            if name not in listed:
+                yield f"{header.name}: {DOCUMENT.name} does not list {name}; run scripts/check_platform_names.py --write"
 
 
 def main():
-    called = set().union(*(words_of(path) for path in caller_files()))
-    listed = set(re.findall(r"`(\w+)`", TABLE.read_text())) if TABLE.exists() else set()
-    findings = []
-    for header in HEADERS:
-        for name in sorted(declared_in(header)):
-            if name not in called and not needed_by_headers(name):
-                findings.append(f"{header.name}: nobody calls {name}")
-            if name not in listed:
-                findings.append(f"{header.name}: {TABLE.relative_to(ROOT)} does not list {name}")
-    print("\n".join(findings) if findings else "every declared name is called and listed")
-    return 1 if findings else 0
+    if "--write" in sys.argv:
+        prose = DOCUMENT.read_text().split(TABLE_START)[0]
+        DOCUMENT.write_text(prose + TABLE_START + table())
+        return 0
+    found = list(findings())
+    print("\n".join(found) if found else "every declared name is called and listed")
+    return 1 if found else 0
 
 
 if __name__ == "__main__":

@@ -101,7 +101,7 @@ TEST(SendMessage, WakesAWaitingLoopWithoutDelay) {
 void liveAndDieUnderFire(int round, bool handDriven) {
     std::unique_ptr<platform::testing::HandDrivenClock> clock;
     if (handDriven) clock = std::make_unique<platform::testing::HandDrivenClock>();
-    const TestWindow window(adding);
+    const TestWindow window(adding, 80, 60);  // small: the time is to go into messages, not into pixels
     const HWND handle = window.handle();
     std::atomic<bool> stop{false};
     std::atomic<int> wrong{0};
@@ -112,7 +112,7 @@ void liveAndDieUnderFire(int round, bool handDriven) {
             if (sum != 5 + i && sum != 0) ++wrong;
             if (sum == 0) break;
             platform::showFrame(handle, picture.data(), 4, 4, 16);
-            if (thread == 0 && i == round % 7) platform::setFullScreen(handle, round % 2 == 0);
+            if (thread == 0 && i == 1 && round % 10 == 0) platform::setFullScreen(handle, true);
             if (thread == 0 && i == round % 11) PostMessageA(handle, kEnd, 0, 0);
         }
     };

@@ -7,7 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// A window of 800 x 600 whose procedure is a function object; anything it answers nothing to gets default processing.
+/// A window (800 x 600 if nothing else is said) whose procedure is a function object; anything it answers nothing to
+/// gets default processing.
 class TestWindow {
 public:
     struct Heard {
@@ -17,18 +18,18 @@ public:
     };
     using Procedure = std::function<LRESULT(HWND, const Heard&)>;
 
-    explicit TestWindow(Procedure procedure = defaultProcedure, UINT classStyle = CS_OWNDC | CS_DBLCLKS)
+    explicit TestWindow(Procedure procedure = defaultProcedure, int width = 800, int height = 600)
         : procedure_(std::move(procedure)) {
         WNDCLASSEXA about{};
         about.cbSize = sizeof about;
-        about.style = classStyle;
+        about.style = CS_OWNDC | CS_DBLCLKS;
         about.lpfnWndProc = dispatch;
         about.lpszClassName = "TestWindowClass";
         const ATOM atom = RegisterClassExA(&about);
         constexpr DWORD kStyle = WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
         const int side = GetSystemMetrics(SM_CYEDGE) + GetSystemMetrics(SM_CXBORDER);
-        handle_ = CreateWindowExA(0, MAKEINTRESOURCEA(atom), "Test", kStyle, 10, 10, 800 + 2 * side,
-                                  600 + GetSystemMetrics(SM_CYCAPTION) + 2 * side, nullptr, nullptr, nullptr, this);
+        handle_ = CreateWindowExA(0, MAKEINTRESOURCEA(atom), "Test", kStyle, 10, 10, width + 2 * side,
+                                  height + GetSystemMetrics(SM_CYCAPTION) + 2 * side, nullptr, nullptr, nullptr, this);
     }
     ~TestWindow() {
         DestroyWindow(handle_);
@@ -49,20 +50,17 @@ public:
         return result;
     }
 
-    /// Everything heard while the messages that are on their way now are handled.
+    /// Everything heard while the messages that are on their way now are handled, a paint message last.
     std::vector<Heard> pump() {
         constexpr UINT kEnd = WM_USER + 999;
         heard_.clear();
-        bool ended = false;
         // The first marker comes before what the system still has to report, the second after it.
-        for (int marker = 0; marker < 2; ++marker, ended = false) {
+        for (int marker = 0; marker < 2; ++marker) {
             PostMessageA(handle_, kEnd, 0, 0);
-            MSG message;
-            while (!ended && GetMessageA(&message, nullptr, 0, 0) > 0) {
-                ended = message.message == kEnd;
-                if (!ended) DispatchMessageA(&message);
+            while (dispatchOne() != kEnd) {
             }
         }
+        if (GetUpdateRect(handle_, nullptr, FALSE) != FALSE) dispatchOne();
         return heard_;
     }
 
@@ -72,6 +70,13 @@ public:
     }
 
 private:
+    static UINT dispatchOne() {
+        MSG message;
+        GetMessageA(&message, nullptr, 0, 0);
+        DispatchMessageA(&message);
+        return message.message;
+    }
+
     static LRESULT CALLBACK dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_CREATE) {
             const auto* creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);

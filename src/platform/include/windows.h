@@ -68,10 +68,6 @@ union LARGE_INTEGER {
     std::int64_t QuadPart;
 };
 
-/// The low and high half of a 32-bit word.
-constexpr WORD LOWORD(std::uintptr_t value) { return static_cast<WORD>(value & 0xFFFFU); }
-constexpr WORD HIWORD(std::uintptr_t value) { return static_cast<WORD>((value >> 16U) & 0xFFFFU); }
-
 // ---------------------------------------------------------------------------------------------------------------------
 // Windows and messages
 
