@@ -2,8 +2,8 @@
 """Lists public declarations of headers that no comment explains, and fails when there is one.
 
 A declaration is explained by a `///` line above it, by `///<` on its line, or by the comment of the block of declarations
-(lines without a blank line between) that it stands in. The fields of a struct may be explained by the comment of the
-struct. Overrides, destructors, copies and moves, defaulted and deleted members, friends, operator new, delete and
+(lines without a blank line between) that it stands in. The comment of a class or struct also explains its fields and its
+first block, where the constructors stand. Overrides, destructors, copies and moves, defaulted and deleted members, friends, operator new, delete and
 comparisons, and forward declarations need none.
 """
 import pathlib
@@ -12,7 +12,7 @@ import subprocess
 import sys
 
 EXEMPT = re.compile(
-    r"^\w+\(\);|\boperator(=| new| delete|==|<=>)|\b(\w+)\((const )?\2&|override|= default|= delete|^friend\b|^using namespace|^virtual ~|^~|^(public|protected|private):|^(class|struct|enum class) \w+;"
+    r"^\w+\(\);|\boperator(=| new| delete|==|<=>|\(\))|^inline [^(]*\w::~?\w+\(|\b(\w+)\((const )?\2&|override|= default|= delete|^friend\b|^using namespace|^virtual ~|^~|^(public|protected|private):|^(class|struct|enum class) \w+;"
     r"|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b"
 )
 
@@ -36,12 +36,23 @@ def opened(line: str) -> Scope:
     return Scope("other", False)
 
 
+def whole_statement(lines: list[str], first: int) -> str:
+    """A declaration with its continuation lines."""
+    joined = ""
+    for line in lines[first : first + 6]:
+        joined += line.strip() + " "
+        if re.search(r"[;{}]\s*$", line):
+            break
+    return joined
+
+
 def faults_of(path: pathlib.Path) -> list[str]:
     faults = []
+    lines = path.read_text().splitlines()
     scopes: list[Scope] = []
     explained = False  # the current block of lines began with a comment
     statement = ""  # a declaration that goes on over several lines
-    for number, raw in enumerate(path.read_text().splitlines(), 1):
+    for number, raw in enumerate(lines, 1):
         line = raw.strip()
         visible = all(s.kind in ("namespace", "class") and s.public for s in scopes)
         if not line:
@@ -54,12 +65,12 @@ def faults_of(path: pathlib.Path) -> list[str]:
         label = re.match(r"(public|protected|private):", line)
         if label and scopes and scopes[-1].kind == "class":
             scopes[-1].public = label.group(1) == "public"
-            explained = False
+            explained = scopes[-1].explained
             continue
         code = re.sub(r"//.*|\"(\\.|[^\"])*\"", "", line)
         begins = not statement
         field = scopes and scopes[-1].kind == "class" and scopes[-1].explained and "(" not in code and not code.endswith("{")
-        if visible and begins and not EXEMPT.search(line) and not (explained or field) and "///<" not in line and re.search(r"\w", code):
+        if visible and begins and not EXEMPT.search(whole_statement(lines, number - 1)) and not (explained or field) and "///<" not in line and re.search(r"\w", code):
             faults.append(f"{path}:{number}: {line}")
         statement = "" if re.search(r"[;{}]\s*$|:$", code) or EXEMPT.match(line) and not code.endswith((",", "(")) else statement + code
         for char in re.findall(r"[{}]", code):
@@ -67,9 +78,9 @@ def faults_of(path: pathlib.Path) -> list[str]:
                 scopes.append(opened(line))
                 scopes[-1].explained = explained
             elif scopes:
-                scopes.pop()
-        if code.endswith("{") or code.startswith("}"):
-            explained = False if code.endswith("{") else explained
+                explained = scopes.pop().explained
+        if code.endswith("{") and scopes[-1].kind != "class":
+            explained = False
     return faults
 
 
