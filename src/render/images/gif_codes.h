@@ -29,12 +29,26 @@ public:
 private:
     // Takes in as many bytes as fit. False when fewer than `wanted` bits can be had.
     bool refill(unsigned wanted) {
+        if (blockEnd_ - cursor_ >= 8) {
+            takeEight();
+            return true;
+        }
         while (bitCount_ <= 56) {
             if (cursor_ == blockEnd_ && !openBlock()) return bitCount_ >= wanted;
             bits_ |= std::uint64_t{*cursor_++} << bitCount_;
             bitCount_ += 8;
         }
         return true;
+    }
+
+    // Eight bytes at once. Those that do not fit are not counted and come again, onto the same bits.
+    void takeEight() {
+        std::uint64_t bytes = 0;
+        for (unsigned i = 0; i < 8; ++i) bytes |= std::uint64_t{cursor_[i]} << 8 * i;
+        bits_ |= bytes << bitCount_;
+        const unsigned taken = (63 - bitCount_) / 8;
+        cursor_ += taken;
+        bitCount_ += taken * 8;
     }
 
     // Steps over a length byte. A block that the file cuts short counts with what there is of it.

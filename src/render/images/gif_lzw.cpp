@@ -7,17 +7,7 @@ namespace grub {
 
 namespace {
 
-constexpr std::size_t kPixel = 3;    // bytes
-constexpr std::size_t kStride = 16;  // bytes copied at once
-
-// Copies `size` bytes to a place behind them, and up to kStride - 1 more.
-void copyGenerously(std::uint8_t* to, const std::uint8_t* from, std::size_t size) {
-    for (std::size_t done = 0; done < size; done += kStride) {
-        std::array<std::uint8_t, kStride> piece;
-        std::memcpy(piece.data(), from + done, kStride);
-        std::memcpy(to + done, piece.data(), kStride);
-    }
-}
+constexpr std::size_t kPixel = 3;  // bytes
 
 }  // namespace
 
@@ -26,9 +16,13 @@ LzwExpander::LzwExpander(unsigned minCodeSize, std::span<const std::uint8_t> pal
       end_(clear_ + 1),
       colourCount_(static_cast<std::uint32_t>(palette.size() / kPixel)),
       firstWidth_(minCodeSize + 1),
-      palette_(palette),
       out_(out),
-      entries_(kTableSize) {}
+      entries_(kTableSize) {
+    std::copy(palette.begin(), palette.end(), palette_.begin());
+    for (std::uint32_t colour = 0; colour < colourCount_; ++colour) {
+        entries_[colour].run = {palette_.data() + colour * kPixel, 1, static_cast<std::uint8_t>(colour)};
+    }
+}
 
 LzwEnd LzwExpander::run(std::span<const std::uint8_t> blocks) {
     GifCodeReader codes(blocks);
@@ -60,29 +54,25 @@ void LzwExpander::putFirst(std::uint32_t code) {
     first_ = static_cast<std::uint8_t>(code & (colourCount_ - 1));
     previous_ = code;
     const bool isColour = code < colourCount_;
-    previousRun_ = {static_cast<std::uint32_t>(filled_), static_cast<std::uint16_t>(isColour ? 1 : 0), first_};
+    previousRun_ = {out_.data() + filled_, isColour ? 1u : 0u, first_};
     putColour(first_);
 }
 
 // Puts the string of a code and learns a new one. False when the walk through the tables does not end.
 bool LzwExpander::put(std::uint32_t code) {
-    Run written{static_cast<std::uint32_t>(filled_), 1, 0};
-    if (code < colourCount_) {
-        written.first = static_cast<std::uint8_t>(code);
-        putColour(code);
-    } else if (code < next_ && entries_[code].run.length != 0) {
+    Run written{out_.data() + filled_, 0, 0};
+    if (code < next_ && entries_[code].run.length != 0) {
         const Run& run = entries_[code].run;
         written.length = run.length;
         written.first = run.first;
-        putCopy(run.start, run.length);
-    } else if (code == next_ && previousRun_.length != 0) {
-        written.length = static_cast<std::uint16_t>(previousRun_.length + 1);
+        putCopy(run);
+    } else if (code >= next_ && previousRun_.length != 0) {
+        written.length = previousRun_.length + 1;
         written.first = previousRun_.first;
-        putCopy(previousRun_.start, previousRun_.length);
+        putCopy(previousRun_);
         putColour(first_);
     } else {
         if (!putByWalking(code)) return false;
-        written.length = 0;
         written.first = first_;
     }
     first_ = written.first;
@@ -90,20 +80,20 @@ bool LzwExpander::put(std::uint32_t code) {
     return true;
 }
 
-void LzwExpander::putColour(std::uint32_t colour) {
-    if (room() < kPixel) return;
-    std::memcpy(out_.data() + filled_, palette_.data() + colour * kPixel, kPixel);
-    filled_ += kPixel;
-}
-
-void LzwExpander::putCopy(std::uint32_t start, std::size_t pixels) {
-    const std::size_t size = std::min(pixels * kPixel, room());
+// Copies what fits; a piece may reach beyond the run where there is room, since what it spoils there comes later.
+void LzwExpander::putCopy(const Run& run) {
     std::uint8_t* const to = out_.data() + filled_;
-    const std::uint8_t* const from = out_.data() + start;
-    if (room() - size >= kStride) {
-        copyGenerously(to, from, size);
-    } else {
-        std::memcpy(to, from, size);
+    const std::size_t size = run.length * kPixel;
+    if (room() < size + kPiece) {
+        const std::size_t fitting = std::min(size, room());
+        std::memcpy(to, run.at, fitting);
+        filled_ += fitting;
+        return;
+    }
+    for (std::size_t done = 0; done < size; done += kPiece) {
+        std::array<std::uint8_t, kPiece> piece;
+        std::memcpy(piece.data(), run.at + done, kPiece);
+        std::memcpy(to + done, piece.data(), kPiece);
     }
     filled_ += size;
 }
@@ -135,14 +125,20 @@ void LzwExpander::learn(std::uint32_t code, Run written) {
         Entry& entry = entries_[next_];
         entry.prefix = static_cast<std::uint16_t>(previous_);
         entry.suffix = written.first;
-        entry.run = previousRun_;
-        const bool sideBySide = previousRun_.start + previousRun_.length * kPixel == written.start;
-        entry.run.length =
-            static_cast<std::uint16_t>(sideBySide && previousRun_.length != 0 ? previousRun_.length + 1 : 0);
-        // A code that was not yet known at all is not the string that was put for it.
-        if (code > next_ || (code == next_ && entry.run.length == 0)) written.length = 0;
+        const bool sideBySide =
+            previousRun_.length != 0 && previousRun_.at + previousRun_.length * kPixel == written.at;
+        if (next_ >= colourCount_) {  // a colour keeps its place
+            entry.run.at = previousRun_.at;
+            entry.run.length = sideBySide ? previousRun_.length + 1 : 0;
+            entry.run.first = previousRun_.first;
+        }
+        // A code that was not yet known means what was put for it only when it is that of the new string.
+        const bool isNewString = code == next_ && code >= colourCount_ && sideBySide;
+        if (code >= next_ && !isNewString) written.length = 0;
         previous_ = code;
-        previousRun_ = written;
+        previousRun_.at = written.at;
+        previousRun_.length = written.length;
+        previousRun_.first = written.first;
         ++next_;
     }
     if (next_ >= limit_ && width_ < 12) {

@@ -15,14 +15,14 @@ enum class LzwEnd { EndCode, PictureFull, DataRanOut, Damaged };
 
 /// Expands the LZW data of one GIF image into RGB bytes. It keeps to what a decoder with plain prefix and suffix
 /// tables would do, also where encoders should not go:
-/// - a code is a colour when it is below the number of colours, and not when it is below the clear code;
+/// - a known code is a colour when it is below the number of colours, and not when it is below the clear code;
 /// - the first code, and the first after a clear code, is taken modulo the number of colours and adds no string;
 /// - a code beyond the strings known stands for the string that is just being made, however large it is.
 /// A string normally stands in the output already, since it was put there when it was learnt; so it is copied from
-/// there. Only a string of which that is not sure is walked through the tables.
+/// there, as a colour is from the palette. Only a string of which that is not sure is walked through the tables.
 class LzwExpander {
 public:
-    /// `minCodeSize` is 1 to 11 bits; `palette` holds R, G, B of 2, 4, 8 ... 256 colours and must live as long as this.
+    /// `minCodeSize` is 1 to 11 bits; `palette` holds R, G, B of 2, 4, 8 ... 256 colours.
     LzwExpander(unsigned minCodeSize, std::span<const std::uint8_t> palette, std::span<std::uint8_t> out);
 
     /// Runs over the data sub-blocks (and whatever follows them) until one of the ends; may be called once.
@@ -33,25 +33,28 @@ public:
 private:
     static constexpr std::uint32_t kTableSize = 4096;
 
-    // Pixels that stand together in the output, `start` is in bytes. Length 0: not known to stand there.
+    // Bytes copied at once, so that short strings need no loop.
+    static constexpr std::size_t kPiece = 16;
+
+    // Pixels that stand together in the output, or a colour in the palette. Length 0: it is not known where they stand.
     struct Run {
-        std::uint32_t start = 0;
-        std::uint16_t length = 0;
-        std::uint8_t first = 0;  // colour of the first pixel
+        const std::uint8_t* at = nullptr;
+        std::uint32_t length = 0;  // pixels
+        std::uint8_t first = 0;    // colour of the first one
     };
     // The string of a code: that of `prefix`, then the colour `suffix`.
     struct Entry {
         Run run;
-        std::uint8_t suffix = 0;
         std::uint16_t prefix = 0;
+        std::uint8_t suffix = 0;
     };
 
     [[nodiscard]] std::size_t room() const { return out_.size() - filled_; }
     void forgetStrings();
     void putFirst(std::uint32_t code);
     bool put(std::uint32_t code);
-    void putColour(std::uint32_t colour);
-    void putCopy(std::uint32_t start, std::size_t pixels);
+    void putCopy(const Run& run);
+    void putColour(std::uint32_t colour) { putCopy(entries_[colour].run); }
     bool putByWalking(std::uint32_t code);
     void learn(std::uint32_t code, Run written);
 
@@ -59,7 +62,7 @@ private:
     const std::uint32_t end_;
     const std::uint32_t colourCount_;
     const unsigned firstWidth_;
-    const std::span<const std::uint8_t> palette_;
+    std::array<std::uint8_t, 256 * 3 + kPiece> palette_{};
     const std::span<std::uint8_t> out_;
     std::vector<Entry> entries_;  // zeroed once; a clear code leaves the old strings where stray codes may find them
 

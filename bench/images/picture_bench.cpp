@@ -1,0 +1,111 @@
+// Our decoders beside the libraries that a user could have taken: same files from memory, same pixels, proven first.
+#include <benchmark/benchmark.h>
+
+#include "bmp_writer.h"
+#include "gif_writer.h"
+#include "image_decoder.h"
+#include "jpeg_writer.h"
+#include "peer_decoders.h"
+
+namespace grub {
+namespace {
+
+// A strip of a character's walk is about this large; a background is 800 x 600.
+constexpr unsigned kWidth = 512;
+constexpr unsigned kHeight = 512;
+
+Bytes smoothRgb() {
+    Bytes rgb;
+    const Bytes speckles = noise(kWidth * kHeight, 24, 1);
+    for (unsigned y = 0; y < kHeight; ++y) {
+        for (unsigned x = 0; x < kWidth; ++x) {
+            const unsigned speckle = speckles[y * kWidth + x];
+            for (const unsigned value : {x / 4, y / 4, (x + y) / 8}) {
+                rgb.push_back(static_cast<std::uint8_t>(value + speckle));
+            }
+        }
+    }
+    return rgb;
+}
+
+const Bytes& gif() {
+    static const Bytes file = writeGif(kWidth, kHeight, drawnIndices(kWidth, kHeight, 256, 1), noise(768, 256, 2));
+    return file;
+}
+const Bytes& noisyGif() {
+    static const Bytes file = writeGif(kWidth, kHeight, noise(kWidth * kHeight, 256, 3), noise(768, 256, 2));
+    return file;
+}
+const Bytes& flatGif() {
+    static const Bytes file = writeGif(kWidth, kHeight, Bytes(kWidth * kHeight, 5), noise(768, 256, 2));
+    return file;
+}
+const Bytes& tileGif() {
+    static const Bytes file = writeGif(64, 64, drawnIndices(64, 64, 64, 1), noise(192, 256, 2));
+    return file;
+}
+const Bytes& bmp24() {
+    static const Bytes file = writeBmp(kWidth, kHeight, smoothRgb());
+    return file;
+}
+const Bytes& bmp32() {
+    static const Bytes file = writeBmp(kWidth, kHeight, smoothRgb(), noise(kWidth * kHeight, 256, 4));
+    return file;
+}
+const Bytes& jpeg() {
+    static const Bytes file = writeJpeg(kWidth, kHeight, smoothRgb());
+    return file;
+}
+
+SharedBuffer decodeWithOurs(const Bytes& file) {
+    const auto decoder = createImageDecoder(SharedBuffer::view(file.data(), static_cast<std::uint32_t>(file.size())));
+    SharedBuffer rgb;
+    SharedBuffer alpha;
+    if (!decoder->decode(rgb, alpha)) return {};
+    return rgb;
+}
+
+bool agree(const SharedBuffer& ours, const RgbPixels& peer) {
+    return !ours.empty() && peer != nullptr && std::equal(ours.bytes().begin(), ours.bytes().end(), peer.get());
+}
+
+bool agree(const SharedBuffer& ours, const SdlSurface& peer) {
+    const std::size_t rowBytes = std::size_t{kWidth} * 3;
+    if (peer == nullptr || ours.size() != rowBytes * kHeight) return false;
+    for (std::size_t y = 0; y < kHeight; ++y) {
+        const auto* row = static_cast<const std::uint8_t*>(peer->pixels) + y * static_cast<std::size_t>(peer->pitch);
+        if (!std::equal(row, row + rowBytes, ours.data() + y * rowBytes)) return false;
+    }
+    return true;
+}
+
+// Times `timed` on a file for which ours and the peer's answers are equal.
+template <class Timed, class Peer>
+void decodePicture(benchmark::State& state, const Bytes& (*file)(), Timed timed, Peer peer) {
+    const SharedBuffer ours = decodeWithOurs(file());
+    if (!agree(ours, peer(file()))) return state.SkipWithError("the pictures differ");
+    for (auto _ : state) benchmark::DoNotOptimize(timed(file()));
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * ours.size());
+}
+
+void compare(const char* thing, const char* peerName, const Bytes& (*file)(), auto peer) {
+    const std::string prefix = std::string(thing) + "/";
+    benchmark::RegisterBenchmark((prefix + "ours").c_str(),
+                                 [=](benchmark::State& state) { decodePicture(state, file, decodeWithOurs, peer); });
+    benchmark::RegisterBenchmark((prefix + peerName).c_str(),
+                                 [=](benchmark::State& state) { decodePicture(state, file, peer, peer); });
+}
+
+const bool kRegistered = [] {
+    compare("gif", "giflib", gif, decodeWithGiflib);
+    compare("gif_noise", "giflib", noisyGif, decodeWithGiflib);
+    compare("gif_flat", "giflib", flatGif, decodeWithGiflib);
+    compare("gif_tile", "giflib", tileGif, decodeWithGiflib);
+    compare("bmp24", "sdl", bmp24, decodeWithSdl);
+    compare("bmp32", "sdl", bmp32, decodeWithSdl);
+    compare("jpeg", "libjpeg", jpeg, decodeWithLibjpeg);
+    return true;
+}();
+
+}  // namespace
+}  // namespace grub

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+
+#include "picture_bytes.h"
+
+namespace grub {
+
+/// Where the fields of a BMP file lie, for tests that damage one.
+inline constexpr std::size_t kBmpPixelOffset = 10;
+inline constexpr std::size_t kBmpWidth = 18;
+inline constexpr std::size_t kBmpHeight = 22;
+inline constexpr std::size_t kBmpBitCount = 28;
+inline constexpr std::size_t kBmpCompression = 30;
+inline constexpr std::size_t kBmpHeaders = 54;
+
+/// A BMP file with this header and these stored rows (bottom-up, B first, padded), whatever they are.
+[[nodiscard]] inline Bytes bmpFile(std::uint32_t width, std::uint32_t height, unsigned bitCount, const Bytes& rows) {
+    Bytes file{'B', 'M'};
+    append(file, static_cast<std::uint32_t>(kBmpHeaders + rows.size()), 4);
+    append(file, 0, 4);
+    append(file, kBmpHeaders, 4);
+    append(file, 40, 4);  // size of the information header
+    append(file, width, 4);
+    append(file, height, 4);
+    append(file, 1, 2);  // planes
+    append(file, bitCount, 2);
+    append(file, 0, 4);   // compression
+    append(file, 0, 20);  // image size, resolution, colours
+    file.insert(file.end(), rows.begin(), rows.end());
+    return file;
+}
+
+/// A good BMP of 24 bits, or of 32 when `alpha` is not empty, from top-down R, G, B and alpha bytes.
+[[nodiscard]] inline Bytes writeBmp(unsigned width, unsigned height, const Bytes& rgb, const Bytes& alpha = {}) {
+    Bytes rows;
+    for (unsigned y = height; y-- > 0;) {
+        for (unsigned x = 0; x < width; ++x) {
+            const std::size_t pixel = std::size_t{y} * width + x;
+            rows.insert(rows.end(), {rgb[pixel * 3 + 2], rgb[pixel * 3 + 1], rgb[pixel * 3]});
+            if (!alpha.empty()) rows.push_back(alpha[pixel]);
+        }
+        while (rows.size() % 4 != 0) rows.push_back(0);
+    }
+    return bmpFile(width, height, alpha.empty() ? 24 : 32, rows);
+}
+
+}  // namespace grub

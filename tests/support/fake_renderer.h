@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "engine_services.h"
+#include "picture_bytes.h"
+#include "renderer.h"
+#include "texture.h"
+
+namespace grub {
+
+class FakeRenderer;
+
+/// A texture that remembers what it was given.
+class FakeTexture final : public Texture {
+public:
+    FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height);
+    ~FakeTexture() override;
+
+    [[nodiscard]] Texture* clone() const override { return nullptr; }
+    [[nodiscard]] bool isValid() const override { return true; }
+    bool upload(const std::uint8_t* rgb, TextureTransform transform, const std::uint8_t* alpha) override;
+    void setColourKey(Colour key) override { keys.push_back(key); }
+    [[nodiscard]] std::uint16_t width() const override { return width_; }
+    [[nodiscard]] std::uint16_t height() const override { return height_; }
+
+    Bytes uploadedRgb;
+    Bytes uploadedAlpha;
+    TextureTransform uploadedTransform = TextureTransform::Identity;
+    std::size_t keysBeforeUpload = 0;
+    std::vector<Colour> keys;  ///< in the order in which they were set
+
+private:
+    FakeRenderer& renderer_;
+    const std::uint16_t width_;
+    const std::uint16_t height_;
+};
+
+/// A renderer that draws nothing and records everything. It is the program's renderer as long as it lives.
+class FakeRenderer final : public Renderer {
+public:
+    struct Drawn {
+        std::int16_t x;
+        std::int16_t y;
+        const Texture* texture;
+        float opacity;
+    };
+
+    FakeRenderer() { EngineServices::installRenderer(this); }
+    FakeRenderer(const FakeRenderer&) = delete;
+    FakeRenderer& operator=(const FakeRenderer&) = delete;
+    ~FakeRenderer() override { EngineServices::installRenderer(nullptr); }
+
+    bool init() override { return true; }
+    bool shutdown() override { return true; }
+    [[nodiscard]] bool isReady() const override { return ready; }
+    [[nodiscard]] Texture* createTexture(std::uint16_t width, std::uint16_t height) override {
+        return ready ? new FakeTexture(*this, width, height) : nullptr;
+    }
+    bool beginFrame() override { return onBeginFrame ? onBeginFrame(), true : true; }
+    bool endFrame() override { return onEndFrame ? onEndFrame(), true : true; }
+    bool clearRect(std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, Colour) override { return true; }
+    bool clear(Colour) override { return true; }
+    bool drawPart(std::int16_t x, std::int16_t y, const Texture& texture, std::int16_t, std::int16_t, std::uint16_t,
+                  std::uint16_t, float alpha) override {
+        return draw(x, y, texture, alpha);
+    }
+    bool draw(std::int16_t x, std::int16_t y, const Texture& texture, float alpha) override {
+        drawn.push_back({x, y, &texture, alpha});
+        return true;
+    }
+
+    bool ready = true;                   ///< false: no texture is made
+    int uploadsLeft = 1000000;           ///< the uploads after these fail
+    std::vector<FakeTexture*> textures;  ///< that exist, oldest first
+    std::vector<Drawn> drawn;            ///< everything drawn so far
+    std::function<void()> onBeginFrame, onEndFrame;
+};
+
+inline FakeTexture::FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height)
+    : renderer_(renderer), width_(width), height_(height) {
+    renderer_.textures.push_back(this);
+}
+
+inline FakeTexture::~FakeTexture() { std::erase(renderer_.textures, this); }
+
+inline bool FakeTexture::upload(const std::uint8_t* rgb, TextureTransform transform, const std::uint8_t* alpha) {
+    if (renderer_.uploadsLeft-- <= 0) return false;
+    const std::size_t pixels = std::size_t{width_} * height_;
+    uploadedRgb.assign(rgb, rgb + pixels * 3);
+    if (alpha != nullptr) uploadedAlpha.assign(alpha, alpha + pixels);
+    uploadedTransform = transform;
+    keysBeforeUpload = keys.size();
+    return true;
+}
+
+}  // namespace grub

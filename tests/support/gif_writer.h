@@ -1,0 +1,154 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <utility>
+
+#include "picture_bytes.h"
+
+namespace grub {
+
+/// Packs LZW codes, lowest bit first, and widens them exactly as a decoder does that reads them.
+class GifCodePacker {
+public:
+    explicit GifCodePacker(unsigned minCodeSize) : minCodeSize_(minCodeSize) { forget(); }
+
+    /// Appends a code; the clear code takes effect.
+    void put(std::uint32_t code) {
+        bits_ |= std::uint64_t{code} << bitCount_;
+        bitCount_ += width_;
+        for (; bitCount_ >= 8; bitCount_ -= 8, bits_ >>= 8) packed_.push_back(static_cast<std::uint8_t>(bits_));
+        if (code == clear()) return forget();
+        if (std::exchange(fresh_, false)) return;
+        if (next_ < limit_) ++next_;
+        if (next_ >= limit_ && width_ < 12) {
+            ++width_;
+            limit_ *= 2;
+        }
+    }
+    [[nodiscard]] std::uint32_t clear() const { return 1u << minCodeSize_; }
+    [[nodiscard]] std::uint32_t end() const { return clear() + 1; }
+    /// Everything so far, the last byte filled up with zero bits.
+    [[nodiscard]] Bytes packed() const {
+        Bytes bytes = packed_;
+        if (bitCount_ > 0) bytes.push_back(static_cast<std::uint8_t>(bits_));
+        return bytes;
+    }
+
+private:
+    void forget() {
+        width_ = minCodeSize_ + 1;
+        limit_ = 1u << width_;
+        next_ = clear() + 2;
+        fresh_ = true;
+    }
+
+    unsigned minCodeSize_;
+    Bytes packed_;
+    std::uint64_t bits_ = 0;
+    unsigned bitCount_ = 0;
+    unsigned width_ = 0;
+    std::uint32_t limit_ = 0;
+    std::uint32_t next_ = 0;
+    bool fresh_ = true;
+};
+
+/// What of a GIF file can vary. The image data are sub-blocks' content, as `GifCodePacker` and `lzwOf` make it.
+struct GifParts {
+    unsigned width = 0;
+    unsigned height = 0;
+    unsigned minCodeSize = 0;
+    Bytes data{};
+    Bytes globalTable{};  ///< R, G, B of 2, 4, 8 ... 256 colours, or nothing
+    Bytes localTable{};
+    Bytes extensions{};        ///< blocks between the global table and the image
+    unsigned blockSize = 255;  ///< bytes in each sub-block
+    unsigned imageWidth = 0;   ///< 0: as the screen
+    unsigned imageHeight = 0;
+    bool interlaced = false;
+};
+
+/// The bits that announce a colour table: 0 without one.
+[[nodiscard]] inline std::uint8_t gifTableFlags(const Bytes& table) {
+    if (table.empty()) return 0;
+    unsigned exponent = 0;
+    while (std::size_t{2} << exponent < table.size() / 3) ++exponent;
+    return static_cast<std::uint8_t>(0x80 | exponent);
+}
+
+/// The file of these parts, with trailer.
+[[nodiscard]] inline Bytes gifFile(const GifParts& parts) {
+    Bytes file{'G', 'I', 'F', '8', '9', 'a'};
+    const auto appendAll = [&file](const Bytes& bytes) { file.insert(file.end(), bytes.begin(), bytes.end()); };
+    append(file, parts.width, 2);
+    append(file, parts.height, 2);
+    file.push_back(gifTableFlags(parts.globalTable));
+    append(file, 0, 2);  // background colour, aspect ratio
+    appendAll(parts.globalTable);
+    appendAll(parts.extensions);
+    file.push_back(0x2C);
+    append(file, 0, 4);  // left, top
+    append(file, parts.imageWidth != 0 ? parts.imageWidth : parts.width, 2);
+    append(file, parts.imageHeight != 0 ? parts.imageHeight : parts.height, 2);
+    file.push_back(static_cast<std::uint8_t>(gifTableFlags(parts.localTable) | (parts.interlaced ? 0x40 : 0)));
+    appendAll(parts.localTable);
+    append(file, parts.minCodeSize, 1);
+    for (std::size_t at = 0; at < parts.data.size(); at += parts.blockSize) {
+        const std::size_t length = std::min<std::size_t>(parts.blockSize, parts.data.size() - at);
+        append(file, static_cast<std::uint32_t>(length), 1);
+        file.insert(file.end(), parts.data.begin() + static_cast<std::ptrdiff_t>(at),
+                    parts.data.begin() + static_cast<std::ptrdiff_t>(at + length));
+    }
+    append(file, 0x3B00, 2);  // last sub-block, trailer
+    return file;
+}
+
+/// The codes of `indices`, as a usual encoder writes them: a clear code, then the longest strings that are known. With
+/// `clearWhenFull` the 4096 strings are forgotten when they are complete, else they stay in use to the end.
+[[nodiscard]] inline Bytes lzwOf(const Bytes& indices, unsigned minCodeSize, bool clearWhenFull) {
+    GifCodePacker packer(minCodeSize);
+    std::map<std::pair<std::uint32_t, std::uint8_t>, std::uint32_t> strings;
+    packer.put(packer.clear());
+    std::uint32_t current = indices.at(0);
+    for (std::size_t i = 1; i < indices.size(); ++i) {
+        const auto found = strings.find({current, indices[i]});
+        if (found != strings.end()) {
+            current = found->second;
+            continue;
+        }
+        packer.put(current);
+        const auto next = static_cast<std::uint32_t>(packer.clear() + 2 + strings.size());
+        if (next < 4096) strings[{current, indices[i]}] = next;
+        if (next == 4095 && clearWhenFull) {
+            packer.put(packer.clear());
+            strings.clear();
+        }
+        current = indices[i];
+    }
+    packer.put(current);
+    packer.put(packer.end());
+    return packer.packed();
+}
+
+/// A good GIF of `indices` into `table`, with as many code bits as the table has colours (at least 2).
+[[nodiscard]] inline Bytes writeGif(unsigned width, unsigned height, const Bytes& indices, const Bytes& table) {
+    unsigned minCodeSize = 2;
+    while (std::size_t{1} << minCodeSize < table.size() / 3) ++minCodeSize;
+    return gifFile({.width = width,
+                    .height = height,
+                    .minCodeSize = minCodeSize,
+                    .data = lzwOf(indices, minCodeSize, true),
+                    .globalTable = table});
+}
+
+/// R, G, B of every index: what a decoder should give.
+[[nodiscard]] inline Bytes coloured(const Bytes& indices, const Bytes& table) {
+    Bytes rgb;
+    rgb.reserve(indices.size() * 3);
+    for (const std::size_t index : indices) {
+        rgb.insert(rgb.end(), {table.at(index * 3), table.at(index * 3 + 1), table.at(index * 3 + 2)});
+    }
+    return rgb;
+}
+
+}  // namespace grub

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <random>
+#include <span>
+#include <vector>
+
+#include "shared_buffer.h"
+
+namespace grub {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// A copy of the bytes in a block of exactly their size, so that a sanitizer sees any read beyond it.
+[[nodiscard]] inline SharedBuffer bufferOf(std::span<const std::uint8_t> bytes) {
+    SharedBuffer buffer = SharedBuffer::create(static_cast<std::uint32_t>(bytes.size()));
+    std::copy(bytes.begin(), bytes.end(), buffer.writableData());
+    return buffer;
+}
+
+/// The bytes of a buffer, for comparing and printing.
+[[nodiscard]] inline Bytes bytesOf(const SharedBuffer& buffer) {
+    return Bytes(buffer.bytes().begin(), buffer.bytes().end());
+}
+
+/// `count` bytes below `limit`; the same for the same seed.
+[[nodiscard]] inline Bytes noise(std::size_t count, unsigned limit, unsigned seed) {
+    std::mt19937 random(seed);
+    Bytes bytes(count);
+    for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() % limit);
+    return bytes;
+}
+
+/// `width` x `height` bytes below `limit` with the runs and repeats of a drawn picture: slopes of eight pixels, a few
+/// of them speckled.
+[[nodiscard]] inline Bytes drawnIndices(unsigned width, unsigned height, unsigned limit, unsigned seed) {
+    std::mt19937 random(seed);
+    Bytes bytes;
+    bytes.reserve(std::size_t{width} * height);
+    for (unsigned y = 0; y < height; ++y) {
+        for (unsigned x = 0; x < width; ++x) {
+            const unsigned speckle = random() % 16 == 0 ? random() % 4 : 0;
+            bytes.push_back(static_cast<std::uint8_t>((x / 8 + y / 8 * 3 + (x + y) / 64 + speckle) % limit));
+        }
+    }
+    return bytes;
+}
+
+/// Appends `value` in `byteCount` bytes, lowest first.
+inline void append(Bytes& bytes, std::uint32_t value, unsigned byteCount) {
+    for (; byteCount > 0; --byteCount, value >>= 8) bytes.push_back(static_cast<std::uint8_t>(value));
+}
+
+}  // namespace grub

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+
+#include "gif_lzw.h"
+#include "picture_bytes.h"
+
+namespace grub {
+
+/// What the expansion of a GIF image should give: colour indices, at most `room` of them, and why it stopped.
+struct PlainPixels {
+    Bytes indices;
+    LzwEnd end = LzwEnd::PictureFull;
+};
+
+/// Expands LZW data the plain way, with a prefix table, a suffix table and a stack, one bit at a time: slow, and
+/// simple enough to be trusted. `packed` is the data without sub-blocks; `colourCount` is a power of two.
+[[nodiscard]] inline PlainPixels expandPlainly(const Bytes& packed, unsigned minCodeSize, unsigned colourCount,
+                                               std::size_t room) {
+    const unsigned clear = 1u << minCodeSize;
+    std::array<unsigned, 4096> prefix{};
+    std::array<unsigned, 4096> suffix{};
+    PlainPixels result;
+    unsigned width = 0, limit = 0, next = 0, previous = 0, first = 0;
+    bool fresh = true;
+    const auto forget = [&] {
+        width = minCodeSize + 1;
+        limit = 1u << width;
+        next = clear + 2;
+        fresh = true;
+    };
+    forget();
+    for (std::size_t bit = 0; result.indices.size() < room;) {
+        if (bit + width > packed.size() * 8) {
+            result.end = LzwEnd::DataRanOut;
+            return result;
+        }
+        unsigned code = 0;
+        for (unsigned i = 0; i < width; ++i, ++bit) code |= (packed[bit / 8] >> bit % 8 & 1u) << i;
+        if (code == clear + 1) {
+            result.end = LzwEnd::EndCode;
+            return result;
+        }
+        if (code == clear) {
+            forget();
+            continue;
+        }
+        if (fresh) {
+            fresh = false;
+            previous = code;
+            first = code & (colourCount - 1);
+            result.indices.push_back(static_cast<std::uint8_t>(first));
+            continue;
+        }
+        Bytes stack;
+        unsigned k = code;
+        if (k >= next) {
+            stack.push_back(static_cast<std::uint8_t>(first));
+            k = previous;
+        }
+        while (k > colourCount - 1) {
+            if (stack.size() == 4096) {
+                result.end = LzwEnd::Damaged;
+                return result;
+            }
+            stack.push_back(static_cast<std::uint8_t>(suffix[k]));
+            k = prefix[k];
+        }
+        first = k;
+        stack.push_back(static_cast<std::uint8_t>(k));
+        result.indices.insert(result.indices.end(), stack.rbegin(), stack.rend());
+        if (next < limit) {
+            prefix[next] = previous;
+            suffix[next] = first;
+            ++next;
+            previous = code;
+        }
+        if (next >= limit && width < 12) {
+            ++width;
+            limit *= 2;
+        }
+    }
+    result.indices.resize(room);
+    return result;
+}
+
+}  // namespace grub
