@@ -69,7 +69,8 @@ TEST(SharedBufferCopies, MayComeAndGoInSeveralThreads) {
     int sums[2] = {0, 0};
     const auto copyOften = [copy = shared](int& sum) {
         for (int i = 0; i < kRounds; ++i) {
-            const SharedBuffer another = copy;
+            SharedBuffer another;
+            another = copy;
             sum += another.bytes()[0];
         }
     };

@@ -98,6 +98,7 @@ TEST_F(PackCommands, FailureIsALineThatNamesTheFile) {
 
 TEST(PackageBuilder, HoldsADirectoryOf65535BytesAndRefusesMore) {
     std::vector<PackItem> items;
+    items.reserve(257);
     for (int i = 0; i < 257; ++i) items.push_back({std::to_string(1000 + i) + std::string(242, 'x'), {}});  // 255 each
     std::string fault;
     EXPECT_TRUE(buildPackage(items, fault)) << fault;
