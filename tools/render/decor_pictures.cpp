@@ -63,16 +63,15 @@ void drawTorch(Canvas& canvas, FrameOf frame) {
 
 /// A torch that leans from a holder on the wall, facing left as the file does; the other side is its mirror.
 void drawLeaningTorch(Canvas& canvas, FrameOf frame) {
-    canvas.halo({28, 24}, 23, kTurma.glow, 0.5F + 0.05F * static_cast<float>(wave(2 * frame.phase())));
-    canvas.part(rectangle(44, 34, 8, 18, 2.4), kDarkMetal, {.bevel = 3, .line = 1.2});
-    {
-        const auto leaning = canvas.bent({48, 48}, -0.42, {14, 0});
-        canvas.part(limb({{{32, 42}, 3}, {{32, 54}, 2.2}}), kWood, {.bevel = 2.6, .line = 1.2});
-    }
-    const auto upright = canvas.placed({-3, 0});
-    drawFlame(canvas, 2.6 * wave(frame.phase()), 24 + 2 * wave(2 * frame.phase() + 0.1));
-    canvas.part(polygon({{23.5, 33}, {40.5, 33}, {38, 42}, {28, 42}}, 2), kDarkMetal, {.bevel = 3, .line = 1.2});
-    canvas.part(rectangle(22.5, 31.6, 19, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
+    const double phase = frame.phase();
+    canvas.halo({27, 25}, 25, kTurma.glow, 0.5F + 0.05F * static_cast<float>(wave(2 * phase)));
+    canvas.part(rectangle(42, 43, 7, 17, 2.4), kDarkMetal, {.bevel = 3, .line = 1.2});
+    canvas.part(limb({{{31, 41}, 3.2}, {{46, 56}, 2.2}}), kWood, {.bevel = 2.8, .line = 1.2});
+    canvas.part(rectangle(36.5, 47, 9, 5, 2), kDarkMetal, {.bevel = 2.2, .line = 1});
+    const auto aside = canvas.placed({-4, 2});
+    drawFlame(canvas, 2.6 * wave(phase), 24 + 2 * wave(2 * phase + 0.1));
+    canvas.part(polygon({{23, 33}, {41, 33}, {39.5, 42}, {30, 43.5}}, 2), kDarkMetal, {.bevel = 3, .line = 1.2});
+    canvas.part(rectangle(22, 31.6, 20, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
 }
 
 /// Water that gathers at the top of the cell, falls, and splashes in the last two pictures.
@@ -157,7 +156,7 @@ void drawFaintShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 22, 0.45F
 // ---- on the wall
 
 void drawWindow(Canvas& canvas, FrameOf) {
-    canvas.part(rectangle(10, 7, 44, 47, 5), stony(kTurma.solid[1] * 0.86F, 0.8F, 0.1F, 0.1F),
+    canvas.part(rectangle(10, 7, 44, 47, 5), stony(kTurma.solid[1] * 0.74F, 0.8F, 0.1F, 0.05F),
                 {.bevel = 4, .line = 1.2});
     const VectorPath opening = rectangle(16.5, 13, 31, 35, 3);
     canvas.flat(opening, rgb(0x0e1430));
@@ -169,8 +168,8 @@ void drawWindow(Canvas& canvas, FrameOf) {
         canvas.flat(circle(star, 0.9), rgb(0xdfe6ff), {.alpha = 0.9F, .clip = &sky});
     }
     for (const double x : {24.0, 32.0, 40.0})
-        canvas.part(rectangle(x - 1.7, 11, 3.4, 39, 1), kMetal, {.bevel = 1.8, .line = 0.9});
-    canvas.part(rectangle(8, 51, 48, 6.5, 2), stony(kTurma.solid[0] * 0.9F, 0.8F, 0.1F, 0.2F),
+        canvas.part(rectangle(x - 1.7, 11, 3.4, 39, 1), kDarkMetal, {.bevel = 1.8, .line = 0.9});
+    canvas.part(rectangle(8, 51, 48, 6.5, 2), stony(kTurma.solid[0] * 0.78F, 0.8F, 0.1F, 0.1F),
                 {.bevel = 2.6, .line = 1.1});
 }
 

@@ -181,31 +181,35 @@ void drawAlone(Canvas& canvas, FrameOf) { drawFloor(canvas, {.left = true, .righ
 
 // ---- what cannot be dug
 
-/// A dressed block with iron corners.
+/// A dressed block with iron studs under a slab to walk on.
 void drawBlock(Canvas& canvas, FrameOf) {
-    const Material edge = stony(kTurma.solid[0], 1.1F, 0.12F, 0.2F);
-    const Material panel = stony(kTurma.solid[1], 1.1F, 0.12F, 0.1F);
+    const Material edge = stony(kTurma.solid[0] * 0.94F, 1.1F, 0.12F, 0.2F);
+    const Material panel = stony(kTurma.solid[1] * 0.94F, 1.1F, 0.12F, 0.1F);
+    const Material slab = stony(mix(kTurma.solid[0], rgb(0xe8e6f0), 0.42F), 0.6F, 0.08F, 0.2F);
     canvas.flat(rectangle(-40, -40, 144, 144), rgb(0x2a2a3e));
-    canvas.part(rectangle(1, 1, 62, 62, 5), edge, {.bevel = 5, .line = 0, .shadow = 0});
-    canvas.part(rectangle(10, 10, 44, 44, 6), panel, {.bevel = 3, .line = 0.9, .shadow = 0.3F});
-    for (const double x : {5.6, 58.4}) {
-        for (const double y : {5.6, 58.4}) canvas.part(circle({x, y}, 2.3), kMetal, {.bevel = 2, .line = 0.7});
+    canvas.part(rectangle(1, 8, 62, 55, 5), edge, {.bevel = 5, .line = 0, .shadow = 0});
+    canvas.part(rectangle(10, 19, 44, 36, 6), panel, {.bevel = 3, .line = 0.9, .shadow = 0.3F});
+    for (const double x : {5.8, 58.2}) {
+        for (const double y : {17.5, 58.2}) canvas.part(circle({x, y}, 2.1), kMetal, {.bevel = 2, .line = 0.7});
     }
-    canvas.shadeRows(0, 64, 1.05F, 0.82F);
+    canvas.shadeRows(8, 64, 1.02F, 0.82F);
+    canvas.flat(rectangle(-40, 11, 144, 3.5), rgb(0x1a1020), {.alpha = 0.38F});
+    canvas.part(rectangle(0.5, 0.9, 63, 11, 2.6), slab, {.bevel = 3.4, .line = 0.9, .shadow = 0});
 }
 
 /// The same with a grating let in.
 void drawGratedBlock(Canvas& canvas, FrameOf frame) {
     drawBlock(canvas, frame);
-    const VectorPath opening = rectangle(17, 17, 30, 30, 4);
+    const VectorPath opening = rectangle(17, 23, 30, 27, 4);
     canvas.part(opening, stony(rgb(0x23233a), 0, 0), {.bevel = 2, .line = 1});
     const Mask inside = canvas.mask(opening);
     for (const double x : {24.0, 32.0, 40.0}) {
-        canvas.part(rectangle(x - 1.9, 14, 3.8, 36, 1), kDarkMetal, {.bevel = 1.9, .line = 0.8, .clip = &inside});
+        canvas.part(rectangle(x - 1.9, 20, 3.8, 34, 1), kDarkMetal, {.bevel = 1.9, .line = 0.8, .clip = &inside});
     }
 }
 
-/// Rough stones laid without pattern; they reach into the neighbours, so that blocks of them join.
+/// Rough stones laid without pattern, the bulk below the blocks that are walked on; they reach into the neighbours, so
+/// that blocks of them join.
 void drawRoughWall(Canvas& canvas, FrameOf) {
     constexpr std::array kStones{Stone{-8, 2, 36, 28, 1}, Stone{28, 0, 28, 34, 2}, Stone{-16, 30, 30, 33, 3},
                                  Stone{14, 32, 34, 31, 4}};
@@ -213,11 +217,10 @@ void drawRoughWall(Canvas& canvas, FrameOf) {
     drawJoined(canvas, [&] {
         for (const Stone& s : kStones) {
             canvas.part(rectangle(s.x + 0.8, s.y + 0.8, s.width - 1.6, s.height - 1.6, 8),
-                        stony(varied(kTurma.solid[s.number % 2], s.number, 0.06F), 1.5F, 0.14F),
+                        stony(varied(kTurma.solid[s.number % 2] * 0.8F, s.number, 0.06F), 1.4F, 0.13F),
                         {.bevel = 7, .line = 0, .shadow = 0});
         }
     });
-    canvas.shadeRows(0, 64, 1.06F, 0.84F);
 }
 
 /// A single boulder, the wall showing at its corners.

@@ -185,7 +185,7 @@ const DoorKind& doorKind(std::size_t index) {
         DoorKind{doorStone(kTurma.solid[0]), planks(0x8a4f34, 0x48263a, 0xc98450), false, false},
         DoorKind{doorStone(kTurma.solid[1]), planks(0x6b3d3a, 0x351f36, 0xa8705a), false, true},
         DoorKind{doorStone(kTurma.solid[0]), kDarkMetal, true, false},
-        DoorKind{doorStone(kTurma.solid[1]), glossy(material(0x9aa6b8, 0x434d6b, 0xe0e8f4), 0.8F), true, true},
+        DoorKind{doorStone(kTurma.solid[1]), glossy(material(0x8a6f4a, 0x40303a, 0xd8b070), 0.7F), true, true},
     };
     return kKinds[index];
 }
