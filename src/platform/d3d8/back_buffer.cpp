@@ -47,11 +47,12 @@ BackBuffer::BackBuffer(int width, int height)
 
 void BackBuffer::fill(const D3DRECT& rect, D3DCOLOR colour) {
     const LONG left = std::max<LONG>(rect.x1, 0);
-    const LONG right = std::min<LONG>(rect.x2, width_);
-    if (left >= right) return;
-    for (LONG y = std::max<LONG>(rect.y1, 0); y < std::min<LONG>(rect.y2, height_); ++y) {
-        std::fill_n(pixelAt(left, y), right - left, colour);
-    }
+    const LONG top = std::max<LONG>(rect.y1, 0);
+    const LONG width = std::min<LONG>(rect.x2, width_) - left;
+    const LONG height = std::min<LONG>(rect.y2, height_) - top;
+    if (width <= 0 || height <= 0) return;
+    constexpr int kBitsPerPixel = 32;
+    pixman_fill(pixels_.data(), width_, kBitsPerPixel, left, top, width, height, colour);
 }
 
 bool BackBuffer::draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity) {
