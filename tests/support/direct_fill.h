@@ -13,12 +13,13 @@ namespace grub {
 /// cell for cell, and what it must be faster than.
 class DirectFill {
 public:
+    /// The map must outlive this; changes of it count at once.
     explicit DirectFill(const LevelMap& map)
         : map_(map),
           distances_(static_cast<std::size_t>(map.width()) * static_cast<std::size_t>(map.height()), kNone) {}
 
+    /// As LevelMap::resetDistances and fillDistances.
     void reset() { std::ranges::fill(distances_, kNone); }
-
     void fill(int x, int y, int distance) {  // NOLINT(misc-no-recursion)
         if (!map_.isPassable(x, y, View::Planned)) return;
         int& known = distances_[indexOf(x, y)];

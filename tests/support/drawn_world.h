@@ -21,6 +21,7 @@ struct HeardSound {
 /// A world on a drawn map, already settled: the next frame is frame 1. Each frame is a step and what drawing advances.
 class DrawnWorld {
 public:
+    /// See worldFrom.
     DrawnWorld(const Drawing& drawing, const WorldStart& start, const AnimationFrameCounts& counts);
 
     /// Adds keys to come: "1:+R 7:-R +L" presses Right before the step of frame 1, and before that of frame 7 releases

@@ -21,6 +21,7 @@ namespace grub {
 struct Drawing {
     std::vector<std::string> rows;
 
+    /// Blanks between cells are left out.
     Drawing(std::initializer_list<std::string_view> lines);
     explicit Drawing(std::vector<std::string> lines);
 

@@ -15,6 +15,7 @@ struct Actor {
     int vx = 0;  // pixels a frame
     int vy = 0;
 
+    /// Puts him exactly on a cell.
     void setCell(int cx, int cy) {
         x = cx * kCellSize;
         y = cy * kCellSize;

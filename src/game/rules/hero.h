@@ -30,6 +30,7 @@ public:
     /// Stands on the map's start cell, looking left.
     explicit Hero(const LevelMap& map);
 
+    /// A press gives a command and arms the delay of a turn; a release takes back its own command.
     void keyDown(PlayKey key);
     void keyUp(PlayKey key);
     /// Any key shows that somebody is there.
@@ -42,6 +43,7 @@ public:
     /// The picture of this frame.
     [[nodiscard]] AnimationFrame picture() const { return picture_; }
 
+    /// For traces and tests.
     [[nodiscard]] HeroCommand command() const { return command_; }
     [[nodiscard]] Facing facing() const { return facing_; }
     [[nodiscard]] bool isDigging() const { return digging_; }

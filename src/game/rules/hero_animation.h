@@ -2,7 +2,7 @@
 
 namespace grub::hero_animation {
 
-// Animation ids of the hero's strips.
+/// Animation ids of the hero's strips; what a strip shows stands in its name.
 inline constexpr int kWalkLeft = 1;
 inline constexpr int kWalkRight = 76;
 inline constexpr int kHangLeft = 77;

@@ -47,8 +47,7 @@ public:
     /// The same, to change it. Whoever changes a type calls `routesChanged`, whoever starts an animation `wake`.
     [[nodiscard]] MapCell& cellAt(int x, int y) { return cells_[indexOf(x, y)]; }
 
-    // What the builder of a map fills in.
-
+    /// What the builder of a map fills in: the file's header, where the hero starts, and what lies and waits where.
     void setHeader(const Header& header) { header_ = header; }
     [[nodiscard]] const Header& header() const { return header_; }
     void setHeroStart(CellPosition start) { heroStart_ = start; }
@@ -61,8 +60,7 @@ public:
     /// Puts a key into a cell without one.
     void addKey(int x, int y, std::uint8_t kind);
 
-    // Where actors can go.
-
+    /// Whether an actor can enter the cell.
     [[nodiscard]] bool isPassable(int x, int y, View view) const;
     /// Whether an actor in this cell has support. The bottom row always has.
     [[nodiscard]] bool canStand(int x, int y, View view) const;
@@ -72,8 +70,7 @@ public:
     /// Whether a ladder leads up from here; never from the top row.
     [[nodiscard]] bool isClimbableLadder(int x, int y, View view) const;
 
-    // Distances from the hero.
-
+    /// Forgets all distances from the hero.
     void resetDistances() { distances_.reset(); }
     /// Adds the distances from (x, y), which gets `distance`. Nothing when no route can pass through that cell.
     void fillDistances(int x, int y, int distance);
@@ -82,15 +79,11 @@ public:
     /// Tells that the type of a cell has changed in a way that plans can see.
     void routesChanged() { routesKnown_ = false; }
 
-    // Chance.
-
     /// A cell to put a bonus in: a random one, or the first below it where one can stand. Nothing when that cell is
     /// taken. Draws two numbers.
     [[nodiscard]] std::optional<CellPosition> randomFreeCell(WorldRandom& random) const;
     /// Where an enemy comes back; nothing, and no number drawn, on a map without spawn points.
     [[nodiscard]] std::optional<CellPosition> randomSpawnPoint(WorldRandom& random) const;
-
-    // Keys.
 
     /// Keys that still lie.
     [[nodiscard]] int keysRemaining() const { return keysRemaining_; }
@@ -105,9 +98,8 @@ public:
     /// Takes away the keys that earlier attempts have collected. Once, before play.
     void withdrawCollectedKeys(std::span<const CellPosition> collected);
 
-    // Cells by number, row by row, for the update of all of them. An update that changed nothing will change nothing as
-    // long as nobody breaks the cell and keys lie, so such a cell sleeps; most cells of a map do.
-
+    /// Cells by number, row by row, for the update of all of them. An update that changed nothing will change nothing
+    /// as long as nobody breaks the cell and keys lie, so such a cell sleeps; most cells of a map do.
     [[nodiscard]] std::size_t cellCount() const { return cells_.size(); }
     [[nodiscard]] MapCell& cellNumber(std::size_t number) { return cells_[number]; }
     /// The first cell that is awake at or after number `from`; `cellCount()` when there is none.

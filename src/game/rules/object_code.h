@@ -7,6 +7,7 @@ namespace grub {
 /// What a level file places in a cell. Other codes are kept with the cell and place nothing.
 namespace object_code {
 
+/// The codes. Keys hang in one picture and lie in another; a lamp is drawn in front of its cell.
 inline constexpr std::uint16_t kHero = 8;
 inline constexpr std::uint16_t kDog = 9;
 inline constexpr std::uint16_t kRat = 10;

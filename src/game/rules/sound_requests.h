@@ -24,9 +24,12 @@ struct SoundRequest {
 /// cannot be heard twice, and so the list can never be full.
 class SoundRequests {
 public:
+    /// Starts the list of a new frame.
     void clear() { count_ = 0; }
+    /// Asks to start a sound, or to silence it.
     void play(SoundId sound) { add({sound, SoundRequest::Action::Play}); }
     void stop(SoundId sound) { add({sound, SoundRequest::Action::Stop}); }
+    /// Valid until the list changes.
     [[nodiscard]] std::span<const SoundRequest> all() const { return {requests_.data(), count_}; }
 
     friend bool operator==(const SoundRequests& a, const SoundRequests& b) {

@@ -59,6 +59,7 @@ public:
     /// Ends the attempt from outside, as a closed window does. The rules of a later step may name another cause.
     void end(LossCause cause) { attempt_.end(cause); }
 
+    /// What there is to draw: cells and actors as they are after the last step.
     [[nodiscard]] const LevelMap& map() const { return attempt_.map; }
     [[nodiscard]] const Hero& hero() const { return hero_; }
     [[nodiscard]] HeroPicture heroPicture() const;

@@ -11,6 +11,7 @@ public:
     /// The largest number that `next` gives.
     static constexpr int kMax = 32767;
 
+    /// The sequence of this seed; equal seeds give equal numbers everywhere.
     explicit WorldRandom(std::uint32_t seed) : state_(seed) {}
 
     /// 0 to kMax.
