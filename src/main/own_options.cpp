@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <cstdio>
 #include <filesystem>
 
 #include "level_list.h"
@@ -41,7 +42,11 @@ std::string joined(const std::vector<std::string>& words) {
 }
 
 // Says what CLI11 found; its own exit codes tell help from faults only.
-int reportEnd(const CLI::App& app, const CLI::ParseError& end) { return app.exit(end) == 0 ? 0 : kWrongUsage; }
+int reportEnd(const CLI::App& app, const CLI::ParseError& end) {
+    if (end.get_exit_code() == 0) return app.exit(end);
+    std::fprintf(stderr, "grubaway: %s\n", end.what());
+    return kWrongUsage;
+}
 
 }  // namespace
 
@@ -52,7 +57,7 @@ OwnOptions readOwnOptions(int argc, const char* const* argv) {
     app.allow_extras();
     app.add_option("--data", options.dataDirectory, "Directory of the packages")
         ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
+        ->check(CLI::ExistingDirectory.description(""));
     app.add_option("--level", level, "Level to start with: 1 to 50, or a level file")
         ->type_name("NAME")
         ->check(CLI::Validator(faultOfLevel, ""));

@@ -13,10 +13,10 @@ namespace {
 using testing::ElementsAre;
 using Log = std::vector<std::string>;
 
-class FakeRenderer final : public Renderer {
+class LoggingRenderer final : public Renderer {
 public:
-    FakeRenderer(Log& log, bool begins = true) : log_(log), begins_(begins) {}
-    ~FakeRenderer() override { log_.push_back("renderer destroyed"); }
+    LoggingRenderer(Log& log, bool begins = true) : log_(log), begins_(begins) {}
+    ~LoggingRenderer() override { log_.push_back("renderer destroyed"); }
     bool init() override { return true; }
     bool shutdown() override { return write("renderer shut down"); }
     [[nodiscard]] bool isReady() const override { return true; }
@@ -79,7 +79,7 @@ void installAll(Renderer& renderer, Log& log) {
 
 TEST(EngineServices, ShutDownFromTheKeyboardToTheRendererWhichIsOnlyUnhooked) {
     Log log;
-    FakeRenderer renderer(log);
+    LoggingRenderer renderer(log);
     installAll(renderer, log);
     EXPECT_EQ(EngineServices::renderer(), &renderer);
     EngineServices::shutdown();
@@ -95,8 +95,8 @@ TEST(EngineServices, ShutDownFromTheKeyboardToTheRendererWhichIsOnlyUnhooked) {
 
 TEST(EngineServices, InstallingIntoAnOccupiedSlotDestroysAllButTheRenderer) {
     Log log;
-    FakeRenderer first(log);
-    FakeRenderer second(log);
+    LoggingRenderer first(log);
+    LoggingRenderer second(log);
     Log ignored;
     installAll(first, log);
     installAll(second, ignored);
@@ -109,13 +109,13 @@ TEST(SceneDraw, PresentsAWholeFrameUnlessItCannotBegin) {
     Log log;
     RecordingScene scene;
     scene.draw(true);  // without a renderer: nothing
-    FakeRenderer ready(log);
+    LoggingRenderer ready(log);
     EngineServices::installRenderer(&ready);
     scene.draw(false);
     scene.draw(true);
     EXPECT_THAT(log, ElementsAre("begin", "end"));
 
-    FakeRenderer refusing(log, false);
+    LoggingRenderer refusing(log, false);
     EngineServices::installRenderer(&refusing);
     scene.draw(true);
     EXPECT_THAT(log, ElementsAre("begin", "end", "begin"));

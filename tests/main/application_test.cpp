@@ -11,6 +11,7 @@
 #include "mouse_message.h"
 #include "recording_scene.h"
 #include "testing.h"
+#include "testing_d3d8.h"
 #include "window_procedure.h"
 
 namespace grub {
@@ -57,6 +58,17 @@ TEST(ApplicationStart, AGameThreadThatDoesNotStartEndsTheRun) {
     RunningGame game;
     EXPECT_FALSE(game.application.run(kScene));
     EXPECT_EQ(EngineServices::renderer(), nullptr);
+}
+
+TEST(ApplicationStart, WithoutARendererTheProcessEndsWithOne) {
+    const auto startWithoutDevice = [] {
+        platform::testing::DeviceControls device;
+        device.fail(platform::DeviceFunction::CreateDevice, D3DERR_NOTAVAILABLE);
+        RunningGame game;
+        game.application.run(kScene);
+    };
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_EXIT(startWithoutDevice(), testing::ExitedWithCode(1), "DirectX error: .*D3DERR_NOTAVAILABLE");
 }
 
 TEST(ApplicationRun, ScenesFindTheServicesOnAThreadOfTheirOwn) {

@@ -10,11 +10,11 @@
 #include "level_file.h"
 #include "level_list.h"
 #include "log_file.h"
+#include "scene_ids.h"
 
 namespace grub {
 namespace {
 
-constexpr std::uint32_t kShellScene = 2;
 /// A pass of the frame loop waits at most this long for the loader while pictures are still missing.
 constexpr DWORD kLoaderWaitMs = 20;
 
@@ -144,7 +144,7 @@ std::optional<LevelMap> LevelScene::loadMap(int index) {
 }
 
 void LevelScene::leaveToShell() {
-    ApplicationBase::instance().selectScene(kShellScene);
+    ApplicationBase::instance().selectScene(kMenuShellId);
     quit_ = true;
 }
 
