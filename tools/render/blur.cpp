@@ -23,14 +23,15 @@ std::array<int, 3> boxRadii(double sigma) {
 void boxRows(FloatPlane& plane, int radius) {
     const int width = plane.width();
     const float weight = 1.0F / static_cast<float>(2 * radius + 1);
-    std::vector<float> line(static_cast<std::size_t>(width + 2 * radius + 1));
+    const auto reach = static_cast<std::size_t>(2 * radius);
+    std::vector<float> line(static_cast<std::size_t>(width) + reach);
     for (int y = 0; y < plane.height(); ++y) {
         float* row = plane.row(y);
         std::copy(row, row + width, line.begin() + radius);
         float sum = 0;
-        for (int i = 0; i < 2 * radius; ++i) sum += line[static_cast<std::size_t>(i)];
+        for (std::size_t i = 0; i < reach; ++i) sum += line[i];
         for (int x = 0; x < width; ++x) {
-            sum += line[static_cast<std::size_t>(x + 2 * radius)];
+            sum += line[static_cast<std::size_t>(x) + reach];
             row[x] = sum * weight;
             sum -= line[static_cast<std::size_t>(x)];
         }

@@ -36,7 +36,7 @@ void cut(Mask& mask, const Mask* clip) {
     }
 }
 
-std::uint8_t byteOf(float value) { return static_cast<std::uint8_t>(clamp01(value) * 255.0F + 0.5F); }
+std::uint8_t byteOf(float value) { return static_cast<std::uint8_t>(std::lround(clamp01(value) * 255.0F)); }
 
 }  // namespace
 

@@ -98,10 +98,11 @@ private:
         float alpha = 0;
     };
 
-    Sample& sample(int x, int y) {
-        return samples_[static_cast<std::size_t>(y) * static_cast<std::size_t>(box_.x1) + static_cast<std::size_t>(x)];
+    std::size_t indexOf(int x, int y) const {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(box_.x1) + static_cast<std::size_t>(x);
     }
-    const Sample& sample(int x, int y) const { return const_cast<Canvas*>(this)->sample(x, y); }
+    Sample& sample(int x, int y) { return samples_[indexOf(x, y)]; }
+    const Sample& sample(int x, int y) const { return samples_[indexOf(x, y)]; }
     void lay(int x, int y, Rgb colour, float alpha);
     double lineSamples(double width) const;
     Point designPoint(int x, int y) const;

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kRungEvery = 16;
 constexpr double kFirstRung = 8;
+constexpr int kRungs = 4;
 constexpr double kLeftRail = 13.8;
 constexpr double kRightRail = 50.2;
 constexpr double kRailWidth = 7.4;
@@ -29,7 +30,8 @@ Material ladderWood(Rgb colour) {
 
 /// Rungs of the cell between rails that run from `top` to `bottom`.
 void drawLadder(Canvas& canvas, const Material& wood, double top, double bottom) {
-    for (double y = kFirstRung - kRungEvery; y < kCellSize + kRungEvery; y += kRungEvery) {
+    for (int rung = -1; rung <= kRungs; ++rung) {
+        const double y = kFirstRung + rung * kRungEvery;
         if (y < top || y > bottom) continue;
         canvas.part(rectangle(13, y - 2.6, 38, 5.2, 2.4), wood, {.bevel = 2.6, .line = 1.3, .shadow = 0.45F});
     }
@@ -37,7 +39,8 @@ void drawLadder(Canvas& canvas, const Material& wood, double top, double bottom)
         canvas.part(rectangle(x - kRailWidth / 2, top, kRailWidth, bottom - top, 2.4), wood,
                     {.bevel = 3.7, .line = 1.4, .shadow = 0.4F});
     }
-    for (double y = kFirstRung - kRungEvery; y < kCellSize + kRungEvery; y += kRungEvery) {
+    for (int rung = -1; rung <= kRungs; ++rung) {
+        const double y = kFirstRung + rung * kRungEvery;
         if (y < top || y > bottom) continue;
         for (const double x : {kLeftRail, kRightRail})
             canvas.part(circle({x, y}, 1.5), kMetal, {.bevel = 1.4, .line = 0.6, .shadow = 0.2F});

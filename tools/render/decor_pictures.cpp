@@ -130,8 +130,8 @@ void drawLightPool(Canvas& canvas, FrameOf) {
 /// A lamp on a long or a short chain, in front of everything.
 void drawHangingLamp(Canvas& canvas, double length) {
     canvas.halo({32, length + 14}, 19, kTurma.glow, 0.4F);
-    for (double y = -2; y < length - 5; y += 6) {
-        canvas.part(ellipse({32, y + 3}, 1.7, 3.3), kDarkMetal,
+    for (int link = 0; link * 6 < length - 3; ++link) {
+        canvas.part(ellipse({32, 1.0 + 6 * link}, 1.7, 3.3), kDarkMetal,
                     {.bevel = 0.8, .line = 0.7, .shadow = 0, .stroke = 1.4});
     }
     drawLantern(canvas, {32, length + 14});
@@ -144,7 +144,8 @@ void drawShortLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 12); }
 /// The shadow of `depth` rows below an edge at the top.
 void drawShadowBelow(Canvas& canvas, double depth, float strength) {
     constexpr double kStep = 0.25;
-    for (double y = -16; y < depth; y += kStep) {
+    for (int step = -64; step * kStep < depth; ++step) {
+        const double y = step * kStep;
         const double share = y < 0 ? 1 : std::pow(1 - y / depth, 1.4);
         canvas.flat(rectangle(-16, y, 96, kStep), rgb(0x0c0818), {.alpha = strength * static_cast<float>(share)});
     }

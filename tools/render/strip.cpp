@@ -35,7 +35,9 @@ PixelImage renderStrip(const PictureEntry& entry) {
 void spreadColours(PixelImage& image) {
     std::vector<Box> ring;  // the pixels coloured last, each as a box of one
     std::vector<bool> coloured(image.pixels.size());
-    const auto index = [&](int x, int y) { return static_cast<std::size_t>(y * image.width + x); };
+    const auto index = [&](int x, int y) {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width) + static_cast<std::size_t>(x);
+    };
     for (int y = 0; y < image.height; ++y) {
         for (int x = 0; x < image.width; ++x) {
             if (image.at(x, y).a == 0) continue;
