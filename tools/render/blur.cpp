@@ -23,7 +23,7 @@ std::array<int, 3> boxRadii(double sigma) {
 void boxRows(FloatPlane& plane, int radius) {
     const int width = plane.width();
     const float weight = 1.0F / static_cast<float>(2 * radius + 1);
-    const auto reach = static_cast<std::size_t>(2 * radius);
+    const std::size_t reach = 2 * static_cast<std::size_t>(radius);
     std::vector<float> line(static_cast<std::size_t>(width) + reach);
     for (int y = 0; y < plane.height(); ++y) {
         float* row = plane.row(y);

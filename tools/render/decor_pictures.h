@@ -6,7 +6,7 @@
 
 namespace grub {
 
-/// What dresses the first world and changes no rule: lights, furniture, bones, cobwebs, the shadow under floors.
+/// What dresses the first world and changes no rule: windows, furniture, bones, cobwebs, dripping water.
 std::span<const PictureEntry> decorPictures();
 
 }  // namespace grub

@@ -8,6 +8,7 @@
 #include "digit_pictures.h"
 #include "floor_pictures.h"
 #include "hero_pictures.h"
+#include "light_pictures.h"
 #include "thing_pictures.h"
 #include "wall_pictures.h"
 
@@ -17,8 +18,8 @@ const std::vector<PictureEntry>& allPictures() {
     static const std::vector<PictureEntry> pictures = [] {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
-             {heroPictures(), wallPictures(), floorPictures(), climbingPictures(), thingPictures(), decorPictures(),
-              digitPictures()}) {
+             {heroPictures(), wallPictures(), floorPictures(), climbingPictures(), thingPictures(), lightPictures(),
+              decorPictures(), digitPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;
