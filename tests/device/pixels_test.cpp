@@ -9,10 +9,10 @@ namespace {
 
 constexpr Colour kBackground{40, 90, 160};
 
-std::vector<Texel> randomTexels(std::size_t count, unsigned seed, bool opaque) {
+std::vector<Texel> randomTexels(int count, unsigned seed, bool opaque) {
     std::mt19937 random(seed);
     const auto byte = [&] { return static_cast<std::uint8_t>(random() & 0xFF); };
-    std::vector<Texel> texels(count);
+    std::vector<Texel> texels(static_cast<std::size_t>(count));
     for (Texel& texel : texels) texel = {{byte(), byte(), byte()}, opaque ? std::uint8_t{255} : byte()};
     return texels;
 }
@@ -92,7 +92,8 @@ TEST_F(Pixels, APartIsCutOutOfTheTexture) {
     ScreenPixels wanted(rgb(kBackground));
     for (int y = 0; y < 9; ++y) {
         for (int x = 0; x < 13; ++x) {
-            wanted.set(-3 + x, 20 + y, rgb(texels[static_cast<std::size_t>((y + 11) * kW + x + 17)].colour));
+            const int texel = (y + 11) * kW + x + 17;
+            wanted.set(-3 + x, 20 + y, rgb(texels[static_cast<std::size_t>(texel)].colour));
         }
     }
     const auto got =
@@ -115,7 +116,7 @@ TEST_F(Pixels, ASecondPictureInTheSameTextureIsShown) {
     const auto texture = plainTexture(8, 8, kWhite);
     frameOver(kBackground, [&] { renderer.draw(0, 0, *texture, 1.0F); });
     const std::vector<std::uint8_t> blue = [] {
-        std::vector<std::uint8_t> rgb(8 * 8 * 3);
+        std::vector<std::uint8_t> rgb(std::size_t{8} * 8 * 3);
         for (std::size_t i = 2; i < rgb.size(); i += 3) rgb[i] = 255;
         return rgb;
     }();

@@ -63,7 +63,9 @@ std::unique_ptr<Texture> ReadyRenderer::makeTexture(int width, int height, const
 }
 
 std::unique_ptr<Texture> ReadyRenderer::plainTexture(int width, int height, Colour colour) {
-    return makeTexture(width, height, std::vector<Texel>(static_cast<std::size_t>(width * height), Texel{colour}));
+    return makeTexture(
+        width, height,
+        std::vector<Texel>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Texel{colour}));
 }
 
 }  // namespace grub

@@ -13,6 +13,7 @@
 
 namespace grub {
 
+/// The game's picture.
 inline constexpr int kScreenWidth = 800;
 inline constexpr int kScreenHeight = 600;
 
@@ -24,6 +25,7 @@ public:
     RendererWindow(const RendererWindow&) = delete;
     RendererWindow& operator=(const RendererWindow&) = delete;
 
+    /// Lives as long as this object.
     [[nodiscard]] HWND handle() const { return handle_; }
 
     /// Whose device the next message is for; one window exists at a time.
@@ -38,8 +40,9 @@ class ScreenPixels {
 public:
     explicit ScreenPixels(std::vector<std::uint32_t> pixels) : pixels_(std::move(pixels)) {}
     /// A screen of one colour, to be drawn on by the test.
-    explicit ScreenPixels(std::uint32_t colour) : pixels_(kScreenWidth * kScreenHeight, colour) {}
+    explicit ScreenPixels(std::uint32_t colour) : pixels_(std::size_t{kScreenWidth} * kScreenHeight, colour) {}
 
+    /// Only inside of the screen.
     [[nodiscard]] std::uint32_t at(int x, int y) const { return pixels_.at(indexOf(x, y)); }
     /// Does nothing outside of the screen.
     void set(int x, int y, std::uint32_t colour) {
@@ -51,7 +54,9 @@ public:
     friend testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted);
 
 private:
-    static std::size_t indexOf(int x, int y) { return static_cast<std::size_t>(y * kScreenWidth + x); }
+    static std::size_t indexOf(int x, int y) {
+        return static_cast<std::size_t>(y) * kScreenWidth + static_cast<std::size_t>(x);
+    }
 
     std::vector<std::uint32_t> pixels_;
 };
@@ -69,9 +74,11 @@ constexpr std::uint32_t rgb(Colour colour) {
 
 /// A renderer on a watched device, in a window on a desktop of 1600 x 1200.
 class ReadyRenderer : public testing::Test {
+public:
+    ~ReadyRenderer() override;
+
 protected:
     ReadyRenderer();
-    ~ReadyRenderer() override;
 
     void SetUp() override { ASSERT_TRUE(renderer.init()); }
 

@@ -56,7 +56,7 @@ TEST_F(SoftwareDevice, TexturesKeepTheirBitsAndLockOnce) {
         ASSERT_EQ(texture->LockRect(0, &locked, nullptr, 0), D3D_OK);
         EXPECT_EQ(locked.Pitch, 8 * bytes);
         EXPECT_EQ(texture->LockRect(0, &locked, nullptr, 0), D3DERR_INVALIDCALL);
-        std::memset(locked.pBits, 0x5A, static_cast<std::size_t>(16 * bytes));
+        std::memset(locked.pBits, 0x5A, 16 * static_cast<std::size_t>(bytes));
         EXPECT_EQ(texture->UnlockRect(0), D3D_OK);
         EXPECT_EQ(texture->UnlockRect(0), D3DERR_INVALIDCALL);
         ASSERT_EQ(texture->LockRect(0, &locked, nullptr, D3DLOCK_NO_DIRTY_UPDATE), D3D_OK);

@@ -41,7 +41,7 @@ TEST_F(TextureThreads, ATextureThatIsWrittenIsShownWholeOrNotAtAll) {
     const auto texture = plainTexture(64, 64, kBlack);
     const std::jthread loader([&](const std::stop_token& stop) {
         for (unsigned i = 0; !stop.stop_requested(); ++i) {
-            const std::vector<std::uint8_t> grey(64 * 64 * 3, static_cast<std::uint8_t>(i));
+            const std::vector<std::uint8_t> grey(std::size_t{64} * 64 * 3, static_cast<std::uint8_t>(i));
             EXPECT_TRUE(texture->upload(grey.data(), TextureTransform::Identity, nullptr));
         }
     });

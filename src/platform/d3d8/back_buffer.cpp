@@ -86,7 +86,7 @@ void BackBuffer::layTexels(const TextureImage& image, D3DRECT target, LONG texel
     const LONG imageX = left - toPixelX - image.visible.x1;
     const LONG imageY = top - toPixelY - image.visible.y1;
     if (image.opaque && opacity == 255) {
-        const std::uint32_t* from = image.pixels + imageY * static_cast<LONG>(image.stride) + imageX;
+        const std::uint32_t* from = image.pixels + std::ptrdiff_t{imageY} * image.stride + imageX;
         for (LONG y = 0; y < height; ++y, from += image.stride) {
             std::memcpy(pixelAt(left, top + y), from, static_cast<std::size_t>(width) * sizeof *from);
         }
@@ -104,7 +104,7 @@ void BackBuffer::layStretched(const TextureImage& image, const SoftwareTexture& 
     for (LONG y = down.first; y < down.end; ++y) {
         const LONG texelY = std::clamp<LONG>(down.texelAt(y), 0, lastY);
         if (texelY < image.visible.y1 || texelY >= image.visible.y2) continue;
-        const std::uint32_t* const row = image.pixels + (texelY - image.visible.y1) * static_cast<LONG>(image.stride);
+        const std::uint32_t* const row = image.pixels + std::ptrdiff_t{texelY - image.visible.y1} * image.stride;
         for (LONG x = across.first; x < across.end; ++x) {
             const LONG texelX = std::clamp<LONG>(across.texelAt(x), 0, lastX);
             if (texelX < image.visible.x1 || texelX >= image.visible.x2) continue;

@@ -36,6 +36,7 @@ public:
     /// the texture its edge goes on. False when memory ran out.
     bool draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity);
 
+    /// What has been drawn so far; the rows follow each other without a gap.
     [[nodiscard]] int width() const { return width_; }
     [[nodiscard]] int height() const { return height_; }
     [[nodiscard]] std::span<const std::uint32_t> pixels() const { return pixels_; }
@@ -47,7 +48,7 @@ private:
     void layStretched(const TextureImage& image, const SoftwareTexture& texture, const Axis& across, const Axis& down,
                       std::uint8_t opacity);
     pixman_image_t* maskOf(std::uint8_t opacity);
-    std::uint32_t* pixelAt(LONG x, LONG y) { return pixels_.data() + y * width_ + x; }
+    std::uint32_t* pixelAt(LONG x, LONG y) { return pixels_.data() + std::ptrdiff_t{y} * width_ + x; }
 
     const int width_;
     const int height_;

@@ -13,6 +13,7 @@ class ComObject : public Interface {
 public:
     ComObject(const ComObject&) = delete;
     ComObject& operator=(const ComObject&) = delete;
+    virtual ~ComObject() = default;
 
     ULONG AddRef() override { return references_.fetch_add(1, std::memory_order_relaxed) + 1; }
 
@@ -24,7 +25,6 @@ public:
 
 protected:
     ComObject() = default;
-    virtual ~ComObject() = default;
 
 private:
     std::atomic<ULONG> references_{1};

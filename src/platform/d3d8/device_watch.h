@@ -13,6 +13,11 @@ namespace platform {
 /// Sees every call of the Direct3D layer before it acts. Called from whatever thread makes the call.
 class DeviceWatch {
 public:
+    DeviceWatch() = default;
+    DeviceWatch(const DeviceWatch&) = delete;
+    DeviceWatch& operator=(const DeviceWatch&) = delete;
+    virtual ~DeviceWatch() = default;
+
     /// A negative answer becomes the result of the call, which then does nothing. `first` and `second` are the two
     /// arguments that tell most about the call.
     virtual HRESULT called(DeviceFunction function, DWORD first, DWORD second) = 0;
@@ -20,9 +25,6 @@ public:
     virtual void limit(D3DCAPS8& caps) = 0;
     /// A finished picture, 0xXXRRGGBB, rows top-down.
     virtual void presented(std::span<const std::uint32_t> pixels) = 0;
-
-protected:
-    ~DeviceWatch() = default;
 };
 
 /// The watch of this moment, null outside of tests.

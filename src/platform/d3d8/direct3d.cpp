@@ -65,8 +65,6 @@ public:
     }
 
 private:
-    ~SoftwareDirect3D() override = default;
-
     static bool isOurs(UINT adapter, D3DDEVTYPE type) {
         return adapter == D3DADAPTER_DEFAULT && type == D3DDEVTYPE_HAL;
     }

@@ -46,8 +46,6 @@ private:
         DWORD layout = 0;
     };
 
-    ~SoftwareDevice() override = default;
-
     [[nodiscard]] bool canDraw();
 
     const HWND window_;

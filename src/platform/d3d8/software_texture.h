@@ -22,6 +22,7 @@ public:
     HRESULT LockRect(UINT level, D3DLOCKED_RECT* locked, const RECT* rect, DWORD flags) override;
     HRESULT UnlockRect(UINT level) override;
 
+    /// Texels.
     [[nodiscard]] UINT width() const { return width_; }
     [[nodiscard]] UINT height() const { return height_; }
 
@@ -39,7 +40,6 @@ public:
 
 private:
     SoftwareTexture(UINT width, UINT height, D3DFORMAT format, HeapArray<std::uint8_t> bits);
-    ~SoftwareTexture() override = default;
 
     [[nodiscard]] UINT bytesPerTexel() const { return format_ == D3DFMT_A8R8G8B8 ? 4 : 2; }
     [[nodiscard]] UINT pitch() const { return width_ * bytesPerTexel(); }

@@ -36,8 +36,6 @@ public:
     [[nodiscard]] std::optional<QuadVertices> quad(UINT first) const;
 
 private:
-    ~SoftwareVertices() override = default;
-
     std::vector<BYTE> bytes_;
     bool locked_ = false;
 };

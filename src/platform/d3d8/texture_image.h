@@ -41,6 +41,7 @@ struct TextureImage {
     PixmanImage image;                      ///< the same pixels; null when nothing is visible
     HeapArray<std::uint32_t> copy;          ///< owns the pixels, unless they are those of the texture
 
+    /// Whether drawing it would change nothing.
     [[nodiscard]] bool empty() const { return visible.x1 >= visible.x2; }
 };
 

@@ -42,7 +42,7 @@ enum D3DPRIMITIVETYPE : DWORD { D3DPT_TRIANGLELIST = 4 };
 enum D3DPOOL : DWORD { D3DPOOL_MANAGED = 1 };
 enum D3DSWAPEFFECT : DWORD { D3DSWAPEFFECT_DISCARD = 1 };
 enum D3DZBUFFERTYPE : DWORD { D3DZB_FALSE = 0 };
-enum D3DMULTISAMPLE_TYPE : DWORD { D3DMULTISAMPLE_NONE = 0 };
+enum D3DMULTISAMPLE_TYPE : DWORD {};  // only 0, none, is used
 
 /// States of the whole pipeline; the value is the number of the state.
 enum D3DRENDERSTATETYPE : DWORD {

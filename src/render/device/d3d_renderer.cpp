@@ -18,7 +18,8 @@ D3DCOLOR opaque(Colour colour) { return 0xFF000000U | D3DCOLOR{colour.r} << 16 |
 DWORD alphaByte(float alpha) {
     if (alpha >= 1.0F) return 255;
     if (alpha <= 0.0F) return 0;
-    return static_cast<DWORD>(alpha * 255.0F + 0.5F);
+    const float raised = alpha * 255.0F + 0.5F;
+    return static_cast<DWORD>(raised);
 }
 
 // Texels lie on pixels when the corners lie on the pixels' centres.
