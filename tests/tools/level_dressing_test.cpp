@@ -28,16 +28,20 @@ std::vector<int> row(const LevelFile& level, int y, Slot slot = Slot::Base) {
 using Ids = std::vector<int>;
 
 TEST(LevelDressing, EndsOfFloorsStandInAirAndNowhereElse) {
-    const Ids ids = row(dressed(sourceOf(".##.#.H##X")), 0);
+    const Ids ids = row(dressed(sourceOf("..........\n.##.#.H##X")), 1);
     EXPECT_EQ(Ids(ids.begin() + 1, ids.begin() + 3), (Ids{11, 12}));  // left and right end
     EXPECT_EQ(ids[4], 13);                                            // both
     EXPECT_EQ(Ids(ids.begin() + 7, ids.begin() + 9), (Ids{10, 10}));  // a ladder and a block carry the floor on
-    EXPECT_EQ(row(dressed(sourceOf("##")), 0), (Ids{10, 10}));        // so does the level's edge
+    EXPECT_EQ(row(dressed(sourceOf("..\n##")), 1), (Ids{10, 10}));    // so does the level's edge
 }
 
 TEST(LevelDressing, FloorsBelowMasonryHaveNoCap) {
     const Ids ids = row(dressed(sourceOf("#X..\n###.")), 1);
     EXPECT_EQ(Ids(ids.begin(), ids.begin() + 3), (Ids{14, 14, 12}));
+}
+
+TEST(LevelDressing, TheFirstRowLooksAsIfMasonryWentOnAboveIt) {
+    EXPECT_EQ(row(dressed(sourceOf("##.\n...")), 0)[0], 14);
 }
 
 TEST(LevelDressing, PipesHaveEndsAndAJointInEveryThirdColumn) {

@@ -139,14 +139,13 @@ private:
         const BlockType type = typeAt(column, row);
         if (isMasonry(type)) return masonryShape(column, row);
         if (isRungs(type))
-            return endsShape(row > 0 && !isRungs(typeAt(column, row - 1)),
-                             row + 1 < level_.height && !isRungs(typeAt(column, row + 1)), "top", "foot");
+            return endsShape(!isRungs(typeAt(column, row - 1)), !isRungs(typeAt(column, row + 1)), "top", "foot");
         if (type == BlockType::Pipe) return pipeShape(column, row);
         return {};
     }
 
     std::string_view masonryShape(int column, int row) {
-        if (row > 0 && isMasonry(typeAt(column, row - 1))) return "under";
+        if (isMasonry(typeAt(column, row - 1))) return "under";
         const auto goesOn = [this, row](int x) { return isMasonry(typeAt(x, row)) || isRungs(typeAt(x, row)); };
         return endsShape(!goesOn(column - 1), !goesOn(column + 1), "left", "right");
     }

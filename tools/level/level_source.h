@@ -61,8 +61,8 @@ inline constexpr std::array kObjectNames{
     ObjectName{"longlamp", object_code::kLongLamp},
     ObjectName{"shortlamp", object_code::kShortLamp},
     ObjectName{"drops", object_code::kDrops},
-    ObjectName{"torch", object_code::kStonesLeft},
-    ObjectName{"torch2", object_code::kStonesRight},
+    ObjectName{"torchleft", object_code::kStonesLeft},
+    ObjectName{"torchright", object_code::kStonesRight},
 };
 
 /// The row of `kFieldCharacters` for a character; null if a level has to say in its legend what it means.
