@@ -125,8 +125,8 @@ TEST(MouseMessages, ReachTheWindowInPixelsOfThePictureAtAnySize) {
         ASSERT_TRUE(heardAny(heard, WM_LBUTTONDBLCLK)) << width;
         for (const auto& one : heard) {
             if (one.message != WM_LBUTTONDBLCLK) continue;
-            EXPECT_NEAR(one.lParam & 0xFFFF, 123, 1) << width;  // a smaller window skips columns
-            EXPECT_NEAR(one.lParam >> 16, 45, 1) << width;
+            EXPECT_NEAR(static_cast<int>(one.lParam & 0xFFFF), 123, 1) << width;  // a smaller window skips columns
+            EXPECT_NEAR(static_cast<int>(one.lParam >> 16), 45, 1) << width;
         }
     }
 }
