@@ -140,6 +140,10 @@ void leaveParticipants() {
     Waits::all().jumpIfAllWait();
 }
 
+void recheckWaits() {
+    for (Wait* wait : Waits::all().list) wait->wake_.notify_one();
+}
+
 void setHandTime(std::int64_t time) { Waits::all().moveTime(time); }
 
 void waitUntilOthersWait(WaitGuard& lock) {

@@ -35,6 +35,7 @@ private:
     friend bool releaseOne(const void* object);
     friend void releaseAll(const void* object);
     friend void callThread(DWORD thread);
+    friend void recheckWaits();
     friend class Waits;
 
     [[nodiscard]] bool mayGoOn() const;
@@ -69,6 +70,8 @@ void adoptParticipation();
 
 /// Sets the hand-driven time and wakes the waits whose time has come. Under the wait lock.
 void setHandTime(std::int64_t time);
+/// Lets all waits look at the clock again, because it has been exchanged. Under the wait lock.
+void recheckWaits();
 /// Sleeps in real time until every other participant waits for something that has not come. Under the wait lock.
 void waitUntilOthersWait(WaitGuard& lock);
 

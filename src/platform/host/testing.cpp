@@ -37,7 +37,11 @@ HandDrivenClock::HandDrivenClock(Moves moves) {
 }
 
 HandDrivenClock::~HandDrivenClock() {
-    handClock().inUse = false;
+    {
+        const WaitGuard lock(waitLock());
+        handClock().inUse = false;
+        recheckWaits();  // finite ones end now: their time means nothing to the system's clock
+    }
     leaveParticipants();
 }
 

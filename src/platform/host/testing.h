@@ -13,8 +13,9 @@
 /// Controls for tests and scripts. The RAII ones undo what they did; at most one of each kind exists at a time.
 namespace platform::testing {
 
-/// Replaces the clock by one that tests move. It starts at 0 ticks of 10 MHz. Sleep and finite waits end when this
-/// clock reaches their time. Threads made by CreateThread and the thread that made the clock count as participants.
+/// Replaces the clock by one that tests move; make it before other threads wait. It starts at 0 ticks of 10 MHz. Sleep
+/// and finite waits end when this clock reaches their time, or with the clock. Threads made by CreateThread and the
+/// thread that made the clock count as participants.
 class HandDrivenClock {
 public:
     enum class Moves {
