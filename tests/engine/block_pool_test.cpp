@@ -36,7 +36,7 @@ TEST(BlockPool, BlocksOfSeveralChunksKeepTheirBytesApart) {
 TEST(BlockPool, AFreshChunkIsHandedOutFromItsStart) {
     BlockPool pool(kBlockSize);
     std::byte* const first = bytesAt(pool.allocate());
-    for (int i = 1; i < 32; ++i) EXPECT_EQ(pool.allocate(), first + i * static_cast<int>(kBlockSize)) << i;
+    for (std::size_t i = 1; i < 32; ++i) EXPECT_EQ(pool.allocate(), first + i * kBlockSize) << i;
 }
 
 TEST(BlockPool, FreedBlocksComeBackLastFirst) {

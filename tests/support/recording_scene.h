@@ -37,10 +37,10 @@ public:
     std::function<void()> onEnter, onRun, onLeave, onMessage;
 
 private:
-    // Takes the action by value: it may hang another one into its place.
-    void write(const char* what, std::function<void()> then) {
+    void write(const char* what, const std::function<void()>& then) {
         if (log_) log_->push_back(name_ + what);
-        if (then) then();
+        const auto action = then;  // NOLINT(performance-unnecessary-copy-initialization): it may replace itself
+        if (action) action();
     }
 
     std::string name_;
