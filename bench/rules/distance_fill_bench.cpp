@@ -42,11 +42,17 @@ bool agree(LevelMap& map, DirectFill& direct, CellPosition start) {
     return true;
 }
 
-void distances(benchmark::State& state, bool ours, Drawing (*draw)(int)) {
-    const int size = static_cast<int>(state.range(0));
-    LevelMap map = mapFrom(draw(size));
+/// Arguments: whether the map is nothing but ladders, and its columns and rows.
+void maps(benchmark::internal::Benchmark* bench) {
+    bench->ArgNames({"onlyLadders", "size"})->Unit(benchmark::kMicrosecond);
+    for (const int ladders : {0, 1}) bench->Args({ladders, 30})->Args({ladders, 100});
+}
+
+void distances(benchmark::State& state, bool ours) {
+    const int size = static_cast<int>(state.range(1));
+    LevelMap map = mapFrom(state.range(0) != 0 ? onlyLadders(size) : floorsAndLadders(size));
     DirectFill direct(map);
-    const CellPosition start{size / 2, size / 2};
+    const CellPosition start{size / 2, size / 4 * 2};  // in an even row: on a floor, not in it
     if (!agree(map, direct, start)) return state.SkipWithError("the distances differ");
     for (auto _ : state) {
         if (ours) {
@@ -60,14 +66,8 @@ void distances(benchmark::State& state, bool ours, Drawing (*draw)(int)) {
         }
     }
 }
-
-BENCHMARK_CAPTURE(distances, ours / floors, true, floorsAndLadders)->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(distances, direct / floors, false, floorsAndLadders)
-    ->Arg(30)
-    ->Arg(100)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(distances, ours / ladders, true, onlyLadders)->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(distances, direct / ladders, false, onlyLadders)->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(distances, ours, true)->Apply(maps);
+BENCHMARK_CAPTURE(distances, direct, false)->Apply(maps);
 
 }  // namespace
 }  // namespace grub
