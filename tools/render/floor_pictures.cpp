@@ -28,7 +28,7 @@ Loosening looseningOf(std::size_t stone, std::uint32_t seed) {
     const auto n = static_cast<std::uint32_t>(stone);
     const double middle = kFloorStones[stone].x + kFloorStones[stone].width / 2 - kCellSize / 2;
     const double depth = kFloorStones[stone].y / kCellSize;
-    return {0.8 + 1.8 * depth + 0.7 * randomShare(n, 1, seed), -0.05 * middle + 2 * (randomShare(n, 2, seed) - 0.5),
+    return {0.35 + 1.8 * depth + 0.7 * randomShare(n, 1, seed), -0.05 * middle + 2 * (randomShare(n, 2, seed) - 0.5),
             0.22 * (randomShare(n, 3, seed) - 0.5)};
 }
 
@@ -43,18 +43,19 @@ void drawStubs(Canvas& canvas, std::uint32_t seed) {
     }
 }
 
-/// Rubble on the ground of the hole, `share` of it.
-void drawRubble(Canvas& canvas, double share, std::uint32_t seed) {
-    for (std::uint32_t i = 0; i < 9; ++i) {
-        if (randomShare(i, 7, seed) > share) continue;
-        const double size = 1.8 + 2 * randomShare(i, 5, seed);
-        const Point at{5 + 6.6 * i, 62 - size * 0.7};
-        canvas.part(polygon({{at.x - size, at.y + size * 0.6},
-                             {at.x - size * 0.4, at.y - size},
-                             {at.x + size, at.y - size * 0.3},
-                             {at.x + size * 0.7, at.y + size * 0.7}},
-                            1.2),
-                    stony(kTurma.floor[i % 3] * 0.85F, 0.4F, 0.1F), {.bevel = 1.8, .line = 0.9, .shadow = 0.2F});
+/// Crumbs that fall out of the broken ends and through the hole, until the last picture.
+void drawCrumbs(Canvas& canvas, double time, std::uint32_t seed) {
+    for (std::uint32_t i = 0; i < 10; ++i) {
+        const double age = time - 2.2 - 1.6 * randomShare(i, 7, seed);
+        const double size = 2.6 - 0.35 * age + 0.6 * randomShare(i, 5, seed);
+        const Point at{7 + 5.5 * i, 24 + 20 * randomShare(i, 6, seed) + 1.6 * age * age};
+        if (age <= 0 || time > 6.5 || size < 0.9 || at.y > 60) continue;
+        canvas.part(polygon({{at.x - size, at.y + size * 0.5},
+                             {at.x - size * 0.3, at.y - size},
+                             {at.x + size, at.y},
+                             {at.x + size * 0.4, at.y + size * 0.8}},
+                            1),
+                    stony(kTurma.floor[i % 3] * 0.9F, 0.3F, 0.1F), {.bevel = 1.6, .line = 0.9, .shadow = 0});
     }
 }
 
@@ -72,8 +73,8 @@ void drawFallingStones(Canvas& canvas, double time, std::uint32_t seed, bool und
         const Loosening way = looseningOf(i, seed);
         const double t = std::max(0.0, time - way.start);
         const double drop = kGravity * t * t;
-        const double size = std::max(0.0, 1 - 0.14 * t);
-        if (stone.y + drop > 56 + 0.2 * stone.height || size < 0.35) continue;
+        const double size = std::max(0.0, 1 - 0.17 * t);
+        if (stone.y + drop > 60 || size < 0.4) continue;
         const Point centre{stone.x + stone.width / 2, stone.y + stone.height / 2};
         const Point shift{way.drift * t, drop};
         const auto tipped = canvas.placed(centre + shift, way.turn * t, size, size);
@@ -84,7 +85,7 @@ void drawFallingStones(Canvas& canvas, double time, std::uint32_t seed, bool und
 
 void drawDust(Canvas& canvas, double time, std::uint32_t seed) {
     for (std::uint32_t i = 0; i < 7; ++i) {
-        const double age = time - 0.6 - 0.3 * randomShare(i, 8, seed);
+        const double age = time - 1.7 - 0.5 * randomShare(i, 8, seed);
         if (age <= 0 || age > 4.5) continue;
         const Point at{8 + 8 * i + 3 * (randomShare(i, 9, seed) - 0.5), 44 + 14 * randomShare(i, 6, seed) - 4.5 * age};
         canvas.halo(at, 7 + 2.4 * age, rgb(0xe8cdb0), static_cast<float>(0.62 * (1 - age / 4.5)));
@@ -106,7 +107,7 @@ void drawBreaking(Canvas& canvas, FrameOf frame, Storey storey, std::uint32_t se
     }
     const double time = frame.index;
     drawStubs(canvas, seed);
-    drawRubble(canvas, frame.progress() * 1.1 - 0.35, seed);
+    drawCrumbs(canvas, time, seed);
     drawFallingStones(canvas, time, seed, storey == Storey::Under);
     canvas.outline(0.5);
     drawDust(canvas, time, seed);
