@@ -13,13 +13,14 @@ namespace {
 // A strip of a character's walk is about this large; a background is 800 x 600.
 constexpr unsigned kWidth = 512;
 constexpr unsigned kHeight = 512;
+constexpr std::size_t kPixels = std::size_t{kWidth} * kHeight;
 
 Bytes smoothRgb() {
     Bytes rgb;
-    const Bytes speckles = noise(kWidth * kHeight, 24, 1);
+    const Bytes speckles = noise(kPixels, 24, 1);
     for (unsigned y = 0; y < kHeight; ++y) {
         for (unsigned x = 0; x < kWidth; ++x) {
-            const unsigned speckle = speckles[y * kWidth + x];
+            const unsigned speckle = speckles[std::size_t{y} * kWidth + x];
             for (const unsigned value : {x / 4, y / 4, (x + y) / 8}) {
                 rgb.push_back(static_cast<std::uint8_t>(value + speckle));
             }
@@ -33,11 +34,11 @@ const Bytes& gif() {
     return file;
 }
 const Bytes& noisyGif() {
-    static const Bytes file = writeGif(kWidth, kHeight, noise(kWidth * kHeight, 256, 3), noise(768, 256, 2));
+    static const Bytes file = writeGif(kWidth, kHeight, noise(kPixels, 256, 3), noise(768, 256, 2));
     return file;
 }
 const Bytes& flatGif() {
-    static const Bytes file = writeGif(kWidth, kHeight, Bytes(kWidth * kHeight, 5), noise(768, 256, 2));
+    static const Bytes file = writeGif(kWidth, kHeight, Bytes(kPixels, 5), noise(768, 256, 2));
     return file;
 }
 const Bytes& tileGif() {
@@ -49,7 +50,7 @@ const Bytes& bmp24() {
     return file;
 }
 const Bytes& bmp32() {
-    static const Bytes file = writeBmp(kWidth, kHeight, smoothRgb(), noise(kWidth * kHeight, 256, 4));
+    static const Bytes file = writeBmp(kWidth, kHeight, smoothRgb(), noise(kPixels, 256, 4));
     return file;
 }
 const Bytes& jpeg() {

@@ -113,9 +113,9 @@ TEST(BmpDecoder, RefusesEveryCutFile) {
 }
 
 TEST(BmpDecoder, ReadsRowsOf32BitsThatAreLongerThanAStride) {
-    const unsigned width = 16385;  // 65540 bytes a row
+    const std::size_t width = 16385;  // 65540 bytes a row
     const Bytes rgb = noise(width * 2 * 3, 256, 1);
-    const auto result = decoded(writeBmp(width, 2, rgb, Bytes(width * 2, 9)));
+    const auto result = decoded(writeBmp(static_cast<unsigned>(width), 2, rgb, Bytes(width * 2, 9)));
     EXPECT_TRUE(result.done);
     EXPECT_TRUE(result.rgb == rgb);
 }

@@ -66,7 +66,7 @@ TEST(GifDecoder, WritesPixelsInStoredOrderWhateverTheImagesPlace) {
     const auto result = decoded(gifFile(parts));
     EXPECT_TRUE(result.done);
     Bytes expected = coloured(kIndices, kFourColours);
-    expected.resize(5 * 4 * 3, 0);
+    expected.resize(60, 0);
     EXPECT_EQ(result.rgb, expected) << "then black";
 }
 
@@ -134,7 +134,7 @@ TEST(GifDecoder, KeepsToTheRulesOfItsCodes) {
 }
 
 TEST(GifDecoder, KeepsAFullTableUntilAClearCode) {
-    const Bytes indices = noise(256 * 256, 256, 1);
+    const Bytes indices = noise(std::size_t{256} * 256, 256, 1);
     for (const bool clearWhenFull : {true, false}) {
         const auto result = decoded(gifFile({.width = 256,
                                              .height = 256,

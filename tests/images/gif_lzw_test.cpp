@@ -84,7 +84,7 @@ TEST(LzwExpander, EndsAWalkThatGoesRoundInARing) {
     for (const unsigned code : {256u, 260u, 300u}) packer.put(code);
     for (unsigned i = 0; i < 60; ++i) packer.put(i == 40 ? 260 : i % 2);
     packer.put(300);
-    Bytes out(3 * 100000);
+    Bytes out(300000);
     const Bytes palette(6, 1);
     LzwExpander expander(8, palette, out);
     const auto packed = packer.packed();

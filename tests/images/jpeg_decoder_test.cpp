@@ -55,7 +55,7 @@ TEST(JpegDecoder, GivesWhatLibjpegGives) {
 }
 
 TEST(JpegDecoder, ReadsFilesLargerThanTheStagingBuffer) {
-    const Bytes file = writeJpeg(500, 400, noise(500 * 400 * 3, 256, 1), {.quality = 100});
+    const Bytes file = writeJpeg(500, 400, noise(std::size_t{500} * 400 * 3, 256, 1), {.quality = 100});
     ASSERT_GT(file.size(), 2u * 131072);
     EXPECT_TRUE(decoded(file).rgb == readJpegPlainly(file));
 }
@@ -133,7 +133,7 @@ TEST(JpegDecoder, GivesUpOnFilesOfManyScans) {
 
 TEST(JpegDecoder, LetsThreadsTakeTurns) {
     const Bytes first = goodJpeg();
-    const Bytes second = writeJpeg(64, 64, noise(64 * 64 * 3, 256, 2));
+    const Bytes second = writeJpeg(64, 64, noise(std::size_t{64} * 64 * 3, 256, 2));
     const auto decodeOften = [](const Bytes& file) {
         const Bytes expected = readJpegPlainly(file);
         for (int i = 0; i < 50; ++i) EXPECT_TRUE(decoded(file).rgb == expected);

@@ -8,13 +8,15 @@
 namespace grub {
 namespace {
 
+constexpr std::size_t kFramePixels = std::size_t{64} * 64;
 constexpr auto kIdentity = TextureTransform::Identity;
 
 // `frames` frames of 64 x 64 pixels, all bytes of frame i are 10 * (i + 1); then `restRows` rows of 255.
 Bytes stripRgb(unsigned frames, unsigned restRows) {
     Bytes rgb;
-    for (unsigned i = 0; i < frames; ++i) rgb.insert(rgb.end(), 64 * 64 * 3, static_cast<std::uint8_t>(10 * (i + 1)));
-    rgb.insert(rgb.end(), restRows * 64 * 3, 255);
+    for (unsigned i = 0; i < frames; ++i)
+        rgb.insert(rgb.end(), kFramePixels * 3, static_cast<std::uint8_t>(10 * (i + 1)));
+    rgb.insert(rgb.end(), std::size_t{restRows} * 64 * 3, 255);
     return rgb;
 }
 
@@ -22,7 +24,7 @@ SharedBuffer strip(unsigned frames, unsigned restRows = 0) {
     return bufferOf(writeBmp(64, frames * 64 + restRows, stripRgb(frames, restRows)));
 }
 
-Bytes frameRgb(unsigned index) { return Bytes(64 * 64 * 3, static_cast<std::uint8_t>(10 * (index + 1))); }
+Bytes frameRgb(unsigned index) { return Bytes(kFramePixels * 3, static_cast<std::uint8_t>(10 * (index + 1))); }
 
 TEST(FrameStrip, UsesWholeFramesOnly) {
     FakeRenderer renderer;
@@ -51,12 +53,12 @@ TEST(FrameStrip, TransformsEachFrameAndKeepsTheirOrder) {
 
 TEST(FrameStrip, CutsTheAlphaPlaneToo) {
     FakeRenderer renderer;
-    Bytes alpha(64 * 64, 1);
-    alpha.insert(alpha.end(), 64 * 64, 2);
+    Bytes alpha(kFramePixels, 1);
+    alpha.insert(alpha.end(), kFramePixels, 2);
     FrameStrip frames(bufferOf(writeBmp(64, 128, stripRgb(2, 0), alpha)), 64);
     ASSERT_TRUE(frames.acquire());
-    EXPECT_TRUE(renderer.textures[0]->uploadedAlpha == Bytes(64 * 64, 1));
-    EXPECT_TRUE(renderer.textures[1]->uploadedAlpha == Bytes(64 * 64, 2));
+    EXPECT_TRUE(renderer.textures[0]->uploadedAlpha == Bytes(kFramePixels, 1));
+    EXPECT_TRUE(renderer.textures[1]->uploadedAlpha == Bytes(kFramePixels, 2));
 }
 
 TEST(FrameStrip, IgnoresFramesItDoesNotHave) {
@@ -83,7 +85,8 @@ TEST(FrameStrip, HasNothingToShowWithoutAFrame) {
     FakeRenderer renderer;
     for (const unsigned frameHeight : {0u, 41u, 65535u}) {
         SCOPED_TRACE(frameHeight);
-        FrameStrip frames(bufferOf(writeBmp(64, 40, Bytes(64 * 40 * 3, 1))), static_cast<std::uint16_t>(frameHeight));
+        FrameStrip frames(bufferOf(writeBmp(64, 40, Bytes(std::size_t{64} * 40 * 3, 1))),
+                          static_cast<std::uint16_t>(frameHeight));
         EXPECT_EQ(frames.frameCount(), 0);
         EXPECT_TRUE(frames.acquire()) << "there was nothing that could fail";
         EXPECT_TRUE(frames.isAcquired());

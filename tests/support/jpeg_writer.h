@@ -40,7 +40,7 @@ struct JpegKind {
     }
     jpeg_finish_compress(&info);
     jpeg_destroy_compress(&info);
-    const Bytes file(memory, memory + size);
+    Bytes file(memory, memory + size);
     std::free(memory);
     return file;
 }

@@ -26,10 +26,10 @@ private:
     /// Leaves the reader before the image data; false, with the fault noted, when there is no usable image.
     bool readImageHeader();
 
-    ByteReader reader_;                            // at the next unread byte
-    std::uint32_t colourCount_ = 0;                // of the table in force: 2 to 256, 0 without a table
-    std::array<std::uint8_t, 256 * 3> palette_{};  // R, G, B
-    unsigned minCodeSize_ = 0;                     // bits
+    ByteReader reader_;                                         // at the next unread byte
+    std::uint32_t colourCount_ = 0;                             // of the table in force: 2 to 256, 0 without a table
+    std::array<std::uint8_t, std::size_t{256} * 3> palette_{};  // R, G, B
+    unsigned minCodeSize_ = 0;                                  // bits
 };
 
 }  // namespace grub

@@ -62,7 +62,7 @@ private:
     const std::uint32_t end_;
     const std::uint32_t colourCount_;
     const unsigned firstWidth_;
-    std::array<std::uint8_t, 256 * 3 + kPiece> palette_{};
+    std::array<std::uint8_t, std::size_t{256} * 3 + kPiece> palette_{};
     const std::span<std::uint8_t> out_;
     std::vector<Entry> entries_;  // zeroed once; a clear code leaves the old strings where stray codes may find them
 
