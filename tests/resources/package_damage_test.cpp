@@ -2,6 +2,8 @@
 #include <testing.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <fstream>
 #include <string>
 #include <utility>
 
@@ -61,6 +63,15 @@ const PackageFault kFaults[] = {
 };
 // clang-format on
 
+/// The most address space this process has had at once, in KiB.
+long peakAddressSpace() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmPeak:")) return std::stol(line.substr(7));
+    }
+    return 0;
+}
+
 class PackageDamage : public testing::Test {
 protected:
     /// Those of "a", "b", "c" that load with three bytes.
@@ -96,6 +107,19 @@ TEST_F(PackageDamage, CostsWhatTheTableSays) {
         ASSERT_EQ(boxes.size(), fault.cannotRead ? 1u : 0u);
         for (const auto& box : boxes) EXPECT_EQ(box.text, "Can't read resource package file: " + path);
     }
+}
+
+TEST_F(PackageDamage, TakesNoMemoryForWhatTheFileCannotHold) {
+    Bytes bytes = goodPackage();
+    put(bytes, kSizeOfB, 0x20000000, 4);  // 512 MiB, which any system would hand out
+    const std::string path = scratch_.write("broken.pak", bytes);
+    const auto loadInFreshProcess = [&] {  // other tests have raised the peak of this one
+        ResourcePackage package(path.c_str());
+        const long before = peakAddressSpace();
+        const bool refused = package.load("b").empty();
+        std::exit(before > 0 && refused && peakAddressSpace() - before < 128 * 1024 ? 0 : 1);
+    };
+    EXPECT_EXIT(loadInFreshProcess(), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(PackageDamage, OfAnyByteNeverGivesMoreThanTheFileHolds) {
