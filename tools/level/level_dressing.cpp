@@ -111,9 +111,7 @@ private:
         return all;
     }
 
-    const Block*& family(int column, int row) {
-        return families_[static_cast<std::size_t>(row * level_.width + column)];
-    }
+    const Block*& family(int column, int row) { return families_[indexIn(level_, column, row)]; }
 
     /// The type at a cell, or that of the nearest cell inside: what meets the level's edge looks as if it went on.
     BlockType typeAt(int column, int row) {

@@ -34,12 +34,17 @@ inline constexpr std::array<std::uint16_t CellRecord::*, kAllSlots.size()> kSlot
     return record.*kSlotMembers[static_cast<std::size_t>(slot)];
 }
 
+/// Where the records of a level have the cell of a column and row.
+[[nodiscard]] inline std::size_t indexIn(const LevelFile& level, int column, int row) {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(level.width) + static_cast<std::size_t>(column);
+}
+
 /// The record of a column and row that lie inside the level.
 [[nodiscard]] inline CellRecord& recordAt(LevelFile& level, int column, int row) {
-    return level.records[static_cast<std::size_t>(row * level.width + column)];
+    return level.records[indexIn(level, column, row)];
 }
 [[nodiscard]] inline const CellRecord& recordAt(const LevelFile& level, int column, int row) {
-    return level.records[static_cast<std::size_t>(row * level.width + column)];
+    return level.records[indexIn(level, column, row)];
 }
 
 /// A level of empty cells.
