@@ -21,7 +21,8 @@ TESTS = ("tests", "fuzz")
 TYPE = re.compile(r"^\s*(?:using (\w+) =|(?:struct|union|class) (\w+)[^;{]*\{)", re.M)
 CONSTANT = re.compile(r"^\s*inline (?:constexpr|const) (?:[\w:]+\s+)*?(\w+)(?:\[\])? = ", re.M)
 FUNCTION = re.compile(
-    r"^\s*(?:\[\[\w+\]\] |constexpr |inline |virtual )*[\w:*]+[ *]+(\w+)\([^;{]*\)(?: const)?(?: = 0)?\s*[;{]", re.M)
+    r"^\s*(?:\[\[\w+\]\] |(?:const|constexpr|inline|virtual) )*"
+    r"[\w:*]+[ *]+(\w+)\([^;{]*\)(?: const)?(?: = 0)?\s*[;{]", re.M)
 ENUMERATION = re.compile(r"\benum (?:class )?\w+[^;{]*\{([^}]*)\}")
 MACRO = re.compile(r"^#define (\w+)", re.M)
 
