@@ -2,7 +2,6 @@
 
 #include <SDL.h>
 
-#include <cstdio>
 #include <cstring>
 #include <utility>
 
@@ -23,8 +22,6 @@ void copyRows(testing::Picture& picture, const std::uint32_t* xrgb, int strideBy
 }
 
 }  // namespace
-
-void Presenter::RendererCloser::operator()(SDL_Renderer* renderer) const { SDL_DestroyRenderer(renderer); }
 
 void Presenter::TextureCloser::operator()(SDL_Texture* texture) const { SDL_DestroyTexture(texture); }
 
@@ -75,61 +72,53 @@ PictureArea Presenter::area(SDL_Window& window) const {
     return PictureArea::fit(width, height, shown_.width, shown_.height);
 }
 
-bool Presenter::openRenderer(SDL_Window& window) {
-    if (renderer_ || refused_) return renderer_ != nullptr;
-    renderer_.reset(SDL_CreateRenderer(&window, -1, 0));
-    if (!renderer_) renderer_.reset(SDL_CreateRenderer(&window, -1, SDL_RENDERER_SOFTWARE));
-    refused_ = renderer_ == nullptr;
-    if (refused_) std::fprintf(stderr, "video: the window cannot show pictures: %s\n", SDL_GetError());
-    return !refused_;
-}
-
 bool Presenter::openTexture() {
     if (texture_ && textureWidth_ == shown_.width && textureHeight_ == shown_.height) return true;
     textureWidth_ = shown_.width;
     textureHeight_ = shown_.height;
-    texture_.reset(SDL_CreateTexture(renderer_.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING,
-                                     textureWidth_, textureHeight_));
+    texture_.reset(SDL_CreateTexture(renderer_, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING, textureWidth_,
+                                     textureHeight_));
     if (texture_) SDL_SetTextureBlendMode(texture_.get(), SDL_BLENDMODE_NONE);
     return texture_ != nullptr;
 }
 
 void Presenter::show(SDL_Window& window) {
-    if (!openRenderer(window) || !openTexture()) return;
+    renderer_ = SDL_GetRenderer(&window);
+    if (renderer_ == nullptr || !openTexture()) return;
     // Uploaded each time: a driver may have lost the texture together with the window's contents.
     SDL_UpdateTexture(texture_.get(), nullptr, shown_.pixels.data(), shown_.width * 4);
     int width = 0;
     int height = 0;
-    SDL_GetRendererOutputSize(renderer_.get(), &width, &height);
+    SDL_GetRendererOutputSize(renderer_, &width, &height);
     const auto area = PictureArea::fit(width, height, shown_.width, shown_.height);
     SDL_SetTextureScaleMode(texture_.get(), area.isWholeFactor() ? SDL_ScaleModeNearest : SDL_ScaleModeLinear);
-    SDL_SetRenderDrawColor(renderer_.get(), 0, 0, 0, SDL_ALPHA_OPAQUE);
-    SDL_RenderClear(renderer_.get());
+    SDL_SetRenderDrawColor(renderer_, 0, 0, 0, SDL_ALPHA_OPAQUE);
+    SDL_RenderClear(renderer_);
     const SDL_Rect place{area.x, area.y, area.width, area.height};
-    SDL_RenderCopy(renderer_.get(), texture_.get(), nullptr, &place);
-    SDL_RenderPresent(renderer_.get());
+    SDL_RenderCopy(renderer_, texture_.get(), nullptr, &place);
+    SDL_RenderPresent(renderer_);
 }
 
 testing::Picture Presenter::readBack() {
     testing::Picture picture;
-    if (!renderer_) return picture;
-    SDL_GetRendererOutputSize(renderer_.get(), &picture.width, &picture.height);
+    if (renderer_ == nullptr) return picture;
+    SDL_GetRendererOutputSize(renderer_, &picture.width, &picture.height);
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
-    SDL_RenderReadPixels(renderer_.get(), nullptr, SDL_PIXELFORMAT_ARGB8888, picture.pixels.data(), picture.width * 4);
+    SDL_RenderReadPixels(renderer_, nullptr, SDL_PIXELFORMAT_ARGB8888, picture.pixels.data(), picture.width * 4);
     for (auto& pixel : picture.pixels) pixel |= kOpaque;
     return picture;
 }
 
 void Presenter::blacken() {
-    if (!renderer_) return;
-    SDL_SetRenderDrawColor(renderer_.get(), 0, 0, 0, SDL_ALPHA_OPAQUE);
-    SDL_RenderClear(renderer_.get());
-    SDL_RenderPresent(renderer_.get());
+    if (renderer_ == nullptr) return;
+    SDL_SetRenderDrawColor(renderer_, 0, 0, 0, SDL_ALPHA_OPAQUE);
+    SDL_RenderClear(renderer_);
+    SDL_RenderPresent(renderer_);
 }
 
 void Presenter::close() {
     texture_.reset();
-    renderer_.reset();
+    renderer_ = nullptr;
 }
 
 }  // namespace platform

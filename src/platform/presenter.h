@@ -45,13 +45,9 @@ public:
 
 private:
     bool takeFresh();
-    bool openRenderer(SDL_Window& window);
     bool openTexture();
     void show(SDL_Window& window);
 
-    struct RendererCloser {
-        void operator()(SDL_Renderer* renderer) const;
-    };
     struct TextureCloser {
         void operator()(SDL_Texture* texture) const;
     };
@@ -62,11 +58,10 @@ private:
     bool fresh_ = false;
     std::uint64_t count_ = 0;
 
-    std::unique_ptr<SDL_Renderer, RendererCloser> renderer_;
+    SDL_Renderer* renderer_ = nullptr;  // the window's; null until a picture is shown
     std::unique_ptr<SDL_Texture, TextureCloser> texture_;
     int textureWidth_ = 0;
     int textureHeight_ = 0;
-    bool refused_ = false;  // no renderer came up: said once, not tried again
 };
 
 }  // namespace platform

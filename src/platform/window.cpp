@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "faults.h"
+#include "system_window.h"
 #include "video.h"
 #include "window_frames.h"
 
@@ -60,22 +61,19 @@ FrameSize frameOf(DWORD style) {
     return {side, side + GetSystemMetrics(SM_CYCAPTION)};
 }
 
-/// The window of the system, hidden; it can always be enlarged, since the picture is scaled.
+/// The window of the system for the client area that the game counts on.
 SDL_Window* openSystemWindow(Window& window) {
     const auto& wanted = window.creation;
     const auto [side, top] = frameOf(static_cast<DWORD>(wanted.style));
     window.windowedWidth = std::max(1, wanted.cx - 2 * side);
     window.windowedHeight = std::max(1, wanted.cy - top - side);
-    auto* system = SDL_CreateWindow(wanted.lpszName, wanted.x + side, wanted.y + top, window.windowedWidth,
-                                    window.windowedHeight, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
-    SDL_StopTextInput();  // an input method would swallow keys
-    return system;
+    return takeSystemWindow(wanted.lpszName, wanted.x + side, wanted.y + top, window.windowedWidth,
+                            window.windowedHeight);
 }
 
 void closeSystemWindow(Window& window) {
     window.presenter.close();
-    SDL_DestroyWindow(window.system);
-    window.system = nullptr;
+    giveBackSystemWindow(std::exchange(window.system, nullptr));
 }
 
 HWND enter(const std::shared_ptr<Window>& window) {

@@ -109,9 +109,10 @@ TEST(MapVirtualKey, GivesTheCharacterWithoutModifiers) {
         UINT virtualKey, character;
     };
     for (const auto& [virtualKey, character] :
-         {Row{'A', 0x41}, Row{'Z', 0x5A}, Row{'0', '0'}, Row{VK_SPACE, ' '}, Row{VK_RETURN, '\r'}, Row{VK_UP, 0},
-          Row{VK_LEFT, 0}, Row{0x60, '0'}, Row{0x69, '9'}, Row{0x6A, '*'}, Row{0x6C, 0}, Row{0x6E, '.'}, Row{0x6F, '/'},
-          Row{0x70, 0}, Row{0xBA, ';'}, Row{0xDE, '\''}, Row{0x10, 0}, Row{0xFFFF, 0}}) {
+         {Row{'A', 0x41}, Row{'Z', 0x5A},  Row{'0', '0'},   Row{VK_SPACE, ' '}, Row{VK_RETURN, '\r'},
+          Row{VK_UP, 0},  Row{VK_LEFT, 0}, Row{0x60, '0'},  Row{0x69, '9'},     Row{0x6A, '*'},
+          Row{0x6B, '+'}, Row{0x6C, 0},    Row{0x6D, '-'},  Row{0x6E, '.'},     Row{0x6F, '/'},
+          Row{0x70, 0},   Row{0xBA, ';'},  Row{0xDE, '\''}, Row{0x10, 0},       Row{0xFFFF, 0}}) {
         EXPECT_EQ(MapVirtualKeyA(virtualKey, MAPVK_VK_TO_CHAR), character) << virtualKey;
     }
     EXPECT_EQ(MapVirtualKeyA('A', 0), 0U);

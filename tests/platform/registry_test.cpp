@@ -105,8 +105,10 @@ TEST_F(Registry, KeepsTheOldFileWhenWritingFails) {
 }
 
 TEST_F(Registry, SkipsLinesItDoesNotUnderstandAndKeepsTheRest) {
-    for (const std::string bad : {"K\tV\t3", "K\tV\tx\t00", "K\tV\t3\t0", "K\tV\t3\t0g", "\tV\t3\t00", "K\tV\t3\t00\t",
-                                  "K\tV\t99999999999\t00", "", std::string("\0\xff\t\t\t", 5).c_str()}) {
+    const std::vector<std::string> badLines{"K\tV\t3",          "K\tV\tx\t00",   "K\tV\t3\t0", "K\tV\t3\t0g",
+                                            "\tV\t3\t00",       "K\tV\t3\t00\t", "",           "K\tV\t99999999999\t00",
+                                            {"\0\xff\t\t\t", 5}};
+    for (const auto& bad : badLines) {
         const std::string text = bad + "\nGOOD\tV\t3\t0a\n";
         scratch_.write("registry.txt", {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
         const auto keys = platform::loadRegistry(platform::registryFile());
