@@ -29,6 +29,8 @@ std::optional<PlayKey> playKeyOf(KeyCode code) {
 
 void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
     if (message->type == MessageType::CloseRequest) return endAttempt(LossCause::Quit);
+    // Any key and any mouse button shows that somebody is there.
+    if (message->type == MessageType::Pressed && world_) world_->restartIdleTimer();
     if (message->source != MessageSource::Keyboard) return;
     const auto& key = static_cast<const KeyMessage&>(*message);
     if (message->type == MessageType::Pressed) keyDown(key);
@@ -37,9 +39,7 @@ void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
 
 void LevelScene::keyDown(const KeyMessage& key) {
     lastKey_ = key.keyCode;
-    if (!world_) return;
-    world_->restartIdleTimer();
-    if (state_ != LevelState::Playing) return;
+    if (!world_ || state_ != LevelState::Playing) return;
     if (const auto steering = playKeyOf(key.keyCode)) world_->keyDown(*steering);
     if (key.keyCode == KeyEscape || key.keyCode == KeyC) openGameMenu();
 }

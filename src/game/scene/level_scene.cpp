@@ -98,6 +98,7 @@ void LevelScene::presentFrame() {
 void LevelScene::sleepUntilDue() { waitForMessages(std::max<DWORD>(1, gameTimer_->millisecondsUntilDue())); }
 
 void LevelScene::startLoadingPass() {
+    animations_.stopLoading(false);
     loader_.start([this](int step) { loadStep(step); });
 }
 

@@ -48,7 +48,7 @@ public:
     void setLevelFile(std::string path) { levelFile_ = std::move(path); }
     /// Starts the loader thread on the first list of pictures, or on the second once the first is there.
     void startLoadingPass();
-    /// Tells the loader to stop and waits until it has; nothing is loaded any more.
+    /// Tells the loader to stop and waits until it has; nothing is loaded any more until a pass is started again.
     void stopLoading();
 
     /// Builds a level and shows it settled; a level that cannot be built is reported in the log and gives false.
@@ -77,6 +77,7 @@ private:
     void intro();
     void playing();
     void ended();
+    void updateCamera();
     void drawWorld();
 
     void loadStep(int step);

@@ -64,9 +64,13 @@ void LevelScene::ended() {
     state_ = LevelState::Intro;
 }
 
-void LevelScene::drawWorld() {
+void LevelScene::updateCamera() {
     const Hero& hero = world_->hero();
     camera_.follow(hero.x, hero.y, world_->map().width(), world_->map().height());
+}
+
+void LevelScene::drawWorld() {
+    updateCamera();
     drawLevel(*world_, camera_, animations_, *EngineServices::renderer());
 }
 

@@ -1,0 +1,127 @@
+#include "level_view.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "bmp_writer.h"
+#include "fake_renderer.h"
+#include "level_writer.h"
+#include "memory_source.h"
+#include "object_code.h"
+
+namespace grub {
+namespace {
+
+/// A level whose cells draw nothing until a test says what they draw; every animation has two frames.
+class LevelViewTest : public ::testing::Test {
+protected:
+    LevelViewTest() {
+        source_.put("two.bmp", writeBmp(1, 64 * 2, Bytes(std::size_t{128} * 3, 9)));
+        for (const int id : {0, 10, 12, 13, 14, 15, 97, 98, 118, 119, 333})
+            table_.addAnimationFile("two.bmp", id, 64, TextureTransform::Identity, kBlue);
+    }
+
+    static LevelMap bareMap(int columns, int rows) {
+        LevelMap map(columns, rows);
+        for (int y = 0; y < rows; ++y)
+            for (int x = 0; x < columns; ++x) map.cellAt(x, y).sprite = kNoSprite;
+        return map;
+    }
+
+    void draw(const LevelMap& map, const Camera& camera = {}) {
+        renderer_.drawn.clear();
+        drawLevel(World(map, {}, AnimationFrameCounts::all(2)), camera, table_, renderer_);
+    }
+
+    /// The animations that were drawn, in order; -1 for one that was not drawn in its current frame.
+    std::vector<int> drawnAnimations() const {
+        std::vector<int> ids;
+        for (const auto& drawn : renderer_.drawn) {
+            int found = -1;
+            for (int id = 0; id < kAnimationSlots; ++id)
+                if (table_.strip(id) && table_.strip(id)->texture() == drawn.texture) found = id;
+            ids.push_back(found);
+        }
+        return ids;
+    }
+
+    /// How many cells were drawn; the hero came last.
+    std::size_t drawnCells() const { return renderer_.drawn.size() - 1; }
+
+    FakeRenderer renderer_;
+    MemorySource source_;
+    SpriteNumbers numbers_;
+    AnimationTable table_{source_, numbers_};
+};
+
+TEST_F(LevelViewTest, ACellIsDrawnBackToFrontWithTheHeroBetween) {
+    LevelMap map = bareMap(3, 2);
+    MapCell& cell = map.cellAt(1, 1);
+    cell.fonSprite = 10;
+    cell.sprite = 0;
+    cell.frame = 1;
+    cell.layer2Sprite = 12;
+    cell.layer3Sprite = 13;
+    cell.layer4Sprite = 14;
+    cell.layer5Sprite = 15;
+    map.addKey(1, 1, 1);
+    cell.code = object_code::kLongLamp;
+    draw(map);
+    EXPECT_EQ(drawnAnimations(), (std::vector{10, 0, 13, 14, 12, 98, 333, 15, 118}));
+    EXPECT_EQ(table_.strip(0)->frame(), 1) << "only the cell's own picture follows the cell's frame";
+    EXPECT_EQ(table_.strip(10)->frame(), 0);
+    EXPECT_EQ(renderer_.drawn[0].x, 64);
+    EXPECT_EQ(renderer_.drawn[0].y, 64);
+}
+
+TEST_F(LevelViewTest, TheOtherKeyAndTheOtherLampHaveTheirOwnPictures) {
+    LevelMap map = bareMap(2, 1);
+    map.addKey(1, 0, 0);
+    map.cellAt(1, 0).code = object_code::kShortLamp;
+    draw(map);
+    EXPECT_EQ(drawnAnimations(), (std::vector{97, 333, 119}));
+}
+
+TEST_F(LevelViewTest, PictureZeroIsAWallButNoLayerAndNoPictureIsNothing) {
+    LevelMap map = bareMap(4, 1);
+    map.cellAt(0, 0).sprite = 0;
+    map.cellAt(1, 0).fonSprite = 0;
+    map.cellAt(2, 0).layer2Sprite = kNoSprite;
+    map.cellAt(2, 0).layer5Sprite = kNoSprite;
+    map.cellAt(3, 0).sprite = 77;  // has no strip
+    draw(map);
+    EXPECT_EQ(drawnAnimations(), (std::vector{0, 0, 333}));
+}
+
+TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
+    struct Row {
+        const char* what;
+        int heroX;
+        int heroY;
+        std::size_t cells;
+        int left;
+        int top;
+    };
+    constexpr Row kRows[] = {
+        {"the corner: 832 pixels are 13 columns, 640 are 10 rows", 0, 0, 13 * 10, 0, 0},
+        {"scrolled by almost a cell: a column more", 544 + 511, 344 + 319, 14 * 10, -63, -63},
+        {"scrolled by 8 and 36: the next column would begin beyond the edge", 1000, 700, 13 * 10, -8, -36},
+        {"the far corner: 1120 and 744 are scrolled", 1900, 1200, 13 * 9, -32, -40},
+    };
+    LevelMap map = bareMap(30, 20);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 30; ++x) map.cellAt(x, y).sprite = 0;
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.what);
+        Camera camera;
+        camera.follow(row.heroX, row.heroY, map.width(), map.height());
+        draw(map, camera);
+        EXPECT_EQ(drawnCells(), row.cells);
+        EXPECT_EQ(renderer_.drawn.front().x, row.left);
+        EXPECT_EQ(renderer_.drawn.front().y, row.top);
+    }
+}
+
+}  // namespace
+}  // namespace grub
