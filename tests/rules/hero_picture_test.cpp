@@ -93,6 +93,41 @@ TEST(HeroPicture, FreezesWhenTheAttemptHasEnded) {
     EXPECT_EQ(world.world().heroPicture().frame, before.frame);
 }
 
+// A strip of seven frames: after five seconds without a key it starts over, one frame on.
+TEST(HeroIdle, StartsOverAfterFiveSecondsWithoutAKey) {
+    auto counts = AnimationFrameCounts::all(kDrawnFrames);
+    counts.set(kStandLeft, 7);
+    auto alone = worldFrom({"@ .", "# #"}, {}, counts);
+    EXPECT_EQ(alone.runTo(124).world().heroPicture().frame, 124 % 7);
+    EXPECT_EQ(alone.runTo(125).world().heroPicture().frame, 1);
+    EXPECT_EQ(alone.runTo(126).world().heroPicture().frame, 2);
+
+    auto played = worldFrom({"@ .", "# #"}, {}, counts);
+    played.script("10:+U");
+    EXPECT_EQ(played.runTo(134).world().heroPicture().frame, 134 % 7);
+    EXPECT_EQ(played.runTo(135).world().heroPicture().frame, 1);
+}
+
+TEST(HeroIdle, GoesOnWhenTheAttemptHasEnded) {
+    auto world = worldFrom({"@ .", "# #"});
+    world.runTo(126);
+    world.world().end(LossCause::Quit);
+    EXPECT_EQ(world.runTo(127).world().heroPicture().frame, 3);
+    EXPECT_EQ(world.runTo(128).world().heroPicture().frame, 0);
+    EXPECT_EQ(world.runTo(130).world().heroPicture().frame, 0) << "then he stands still with everything else";
+}
+
+TEST(HeroIdle, IsNotForLaddersAndPipes) {
+    auto counts = AnimationFrameCounts::all(kDrawnFrames);
+    counts.set(kClimb, 6);
+    auto ladder = worldFrom({"@", "H", "#"}, {}, counts);
+    ladder.script("1:+D 4:-D").runTo(126);
+    EXPECT_EQ(ladder.world().heroPicture().animation, kClimb);
+    auto pipe = worldFrom({"@ - .", "# . ."});
+    pipe.script("1:+R 12:-R").runTo(127);
+    EXPECT_EQ(pipe.world().heroPicture().animation, kHangRight);
+}
+
 TEST(HeroSteps, AreHeardOnceForEachRoundOfTheAnimation) {
     auto walk = worldFrom({"@ . .", "# # #"});
     walk.script("1:+R").runTo(15);
