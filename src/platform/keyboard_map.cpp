@@ -145,7 +145,7 @@ bool isSameName(std::string_view a, std::string_view b) {
 
 /// The numeric pad's digits and signs, from 0x60.
 UINT padCharacter(UINT virtualKey) {
-    constexpr std::string_view kCharacters = "0123456789*+\0-./";
+    constexpr std::string_view kCharacters("0123456789*+\0-./", 16);  // counted, since a NUL stands among them
     return static_cast<unsigned char>(kCharacters[virtualKey - 0x60]);
 }
 
