@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+
+#include <algorithm>
 
 #include "bmp_writer.h"
 #include "decoded.h"
@@ -110,6 +113,25 @@ TEST(BmpDecoder, RefusesEveryCutFile) {
         }
         ASSERT_TRUE(decoded(good).done);
     }
+}
+
+TEST(BmpDecoder, RefusesPixelsWhoseBytesCannotBeCounted) {
+    // 2 bytes a pixel fit into a file of 32 bits, 3 bytes a pixel would wrap around. Untouched pages cost no memory.
+    const std::uint32_t width = 32000;
+    const std::uint32_t height = 65000;
+    const std::size_t size = kBmpHeaders + std::size_t{width} * height * 2;
+    void* const pages = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    const Bytes header = bmpFile(width, height, 16, {});
+    auto* const bytes = static_cast<std::uint8_t*>(pages);
+    std::copy(header.begin(), header.end(), bytes);
+    SharedBuffer rgb = bufferOf(kOld);
+    SharedBuffer alpha;
+    const auto decoder = createImageDecoder(SharedBuffer::view(bytes, static_cast<std::uint32_t>(size)));
+    EXPECT_FALSE(decoder->decode(rgb, alpha));
+    EXPECT_EQ(decoder->fault(), "no memory for the pixels");
+    EXPECT_EQ(bytesOf(rgb), kOld);
+    munmap(pages, size);
 }
 
 TEST(BmpDecoder, ReadsRowsOf32BitsThatAreLongerThanAStride) {

@@ -1,5 +1,6 @@
 #include "image_decoder.h"
 
+#include <limits>
 #include <utility>
 
 #include "bmp_decoder.h"
@@ -32,7 +33,9 @@ bool ImageDecoder::refuse(std::string fault) {
 }
 
 SharedBuffer ImageDecoder::createRgb() {
-    auto rgb = SharedBuffer::create(rowBytes(height_));
+    const std::uint64_t size = std::uint64_t{3} * width_ * height_;  // a BMP of 16 bits, tripled, can pass 4 GiB
+    SharedBuffer rgb;
+    if (size <= std::numeric_limits<std::uint32_t>::max()) rgb = SharedBuffer::create(static_cast<std::uint32_t>(size));
     if (rgb.empty()) refuse("no memory for the pixels");
     return rgb;
 }
