@@ -32,7 +32,9 @@ bool Picture::acquire() {
         return true;
     }
     const auto pixels = decodeSource();
-    if (!pixels || !makeTextures(*pixels)) {
+    if (!pixels) return false;
+    if (!makeTextures(*pixels)) {
+        fault_ = "the renderer has no texture for it";
         dropTextures();
         return false;
     }
@@ -45,10 +47,12 @@ bool Picture::release() {
     return true;
 }
 
-std::optional<Picture::Pixels> Picture::decodeSource() const {
+std::optional<Picture::Pixels> Picture::decodeSource() {
     const auto decoder = createImageDecoder(source_);
     Pixels pixels;
-    if (decoder == nullptr || !decoder->decode(pixels.rgb, pixels.alpha)) return std::nullopt;
+    const bool decoded = decoder != nullptr && decoder->decode(pixels.rgb, pixels.alpha);
+    fault_ = decoder != nullptr ? decoder->fault() : "neither BMP, GIF nor JPEG";
+    if (!decoded) return std::nullopt;
     return pixels;
 }
 

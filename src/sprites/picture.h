@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "block_pool.h"
 #include "colour.h"
@@ -40,6 +41,9 @@ public:
     /// What `draw` shows, or null. Belongs to the picture.
     [[nodiscard]] virtual const Texture* texture() const { return texture_.get(); }
 
+    /// What the last first `acquire` met, in a few words: why it failed, or what is lost of a damaged image that is
+    /// shown as far as it goes. Empty when all is well.
+    [[nodiscard]] const std::string& fault() const { return fault_; }
     /// Size in pixels, of one frame in a strip.
     [[nodiscard]] std::uint16_t width() const { return width_; }
     [[nodiscard]] std::uint16_t height() const { return height_; }
@@ -63,7 +67,7 @@ protected:
 
 private:
     void readSize();
-    [[nodiscard]] std::optional<Pixels> decodeSource() const;
+    [[nodiscard]] std::optional<Pixels> decodeSource();
 
     std::unique_ptr<Texture> texture_;
     std::uint16_t width_ = 0;
@@ -72,6 +76,7 @@ private:
     TextureTransform uploadFlags_ = TextureTransform::Identity;
     std::optional<Colour> colourKey_;
     std::uint32_t useCount_ = 0;
+    std::string fault_;
 };
 
 }  // namespace grub

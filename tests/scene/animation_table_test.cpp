@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 #include "bmp_writer.h"
 #include "fake_renderer.h"
 #include "memory_source.h"
+#include "scratch_directory.h"
 
 namespace grub {
 namespace {
@@ -66,6 +69,22 @@ TEST_F(AnimationTableTest, APictureThatCannotBeDecodedShowsNothing) {
     EXPECT_TRUE(table_.addAnimationImage(bufferOf({'n', 'o'}), 1, 64, TextureTransform::Identity, kBrown));
     EXPECT_EQ(table_.frameCounts().of(1), 0);
     EXPECT_FALSE(table_.strip(1)->isAcquired());
+}
+
+TEST_F(AnimationTableTest, DamagedPicturesAreNamedInTheLog) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";  // a process of its own, since a process has one log
+    const auto addPictures = [this] {
+        {
+            const ScratchDirectory directory;
+            std::filesystem::current_path(directory.path());
+            table_.addAnimationImage(bufferOf(stripFile(1)), 6, 64, TextureTransform::Identity, kBrown);
+            table_.addAnimationImage(bufferOf({'n', 'o'}), 7, 64, TextureTransform::Identity, kBrown);
+            const Bytes log = directory.read("nimbo.log");
+            std::fwrite(log.data(), 1, log.size(), stderr);
+        }
+        std::exit(0);
+    };
+    EXPECT_EXIT(addPictures(), testing::ExitedWithCode(0), "^The picture of animation 7: neither BMP, GIF nor JPEG\n$");
 }
 
 TEST_F(AnimationTableTest, IdsOutsideTheTableAreRefused) {

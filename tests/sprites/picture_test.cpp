@@ -4,6 +4,7 @@
 
 #include "bmp_writer.h"
 #include "fake_renderer.h"
+#include "gif_writer.h"
 
 namespace grub {
 namespace {
@@ -90,12 +91,25 @@ TEST(Picture, CountsNoUseThatFailed) {
         Picture picture(fault.source());
         EXPECT_FALSE(picture.acquire());
         EXPECT_FALSE(picture.acquire()) << "the next one tries again";
+        EXPECT_NE(picture.fault(), "");
         EXPECT_FALSE(picture.isAcquired());
         EXPECT_EQ(picture.texture(), nullptr);
         EXPECT_TRUE(renderer.textures.empty());
         picture.draw(renderer, {1, 2}, 1.0f);
         EXPECT_TRUE(renderer.drawn.empty());
     }
+}
+
+TEST(Picture, ShowsWhatADamagedImageHoldsAndSaysSo) {
+    FakeRenderer renderer;
+    Bytes file = writeGif(2, 2, {0, 1, 1, 0}, kRgb);
+    Picture whole(bufferOf(file));
+    EXPECT_TRUE(whole.acquire());
+    EXPECT_EQ(whole.fault(), "");
+    file.resize(file.size() - 4);  // the last codes, the end of the data, the trailer
+    Picture cut(bufferOf(file));
+    EXPECT_TRUE(cut.acquire());
+    EXPECT_EQ(cut.fault(), "GIF: the image data ends before the picture is full");
 }
 
 TEST(Picture, ForgetsAllUsesWhenItIsReset) {

@@ -33,7 +33,8 @@ bool AnimationTable::addAnimationImage(const SharedBuffer& image, int id, std::u
     if (stopped_ || id < 0 || id >= kAnimationSlots) return false;
     auto strip = std::make_unique<FrameStrip>(image, frameHeight, transform);
     strip->setColourKey(colourKey);
-    if (!strip->acquire()) logLine("The picture of animation %d cannot be decoded.", id);
+    strip->acquire();
+    if (!strip->fault().empty()) logLine("The picture of animation %d: %s", id, strip->fault().c_str());
     // Nobody may hold the strip that stood here: the list names each id once, so there is none.
     delete slots_[static_cast<std::size_t>(id)].exchange(strip.release(), std::memory_order_acq_rel);
     int count = count_.load();
