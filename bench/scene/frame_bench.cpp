@@ -32,6 +32,10 @@ constexpr std::size_t kPixels = std::size_t{kWidth} * kHeight;
 // A block for every cell: background and floor are opaque, the three layers have soft edges and holes.
 constexpr const char* kBlockTable =
     "[1]\r\ntype=1\r\nspriteFon=1\r\nsprite=2\r\n[2]\r\nsprite=3\r\n[3]\r\nsprite=4\r\n[4]\r\nsprite=5\r\n";
+// With the hero here the view is scrolled by 40 pixels, so that 14 of the 15 columns can be seen.
+constexpr int kHeroX = 584;
+constexpr int kColumns = 15;
+constexpr int kRows = 10;
 constexpr int kPictures = 7;  // animation ids 1 to 5 for cells, 6 for sprites and 7 for digits
 
 Bytes picture(unsigned width, unsigned height, bool opaque) {
@@ -45,7 +49,7 @@ Bytes picture(unsigned width, unsigned height, bool opaque) {
     return writeBmp(width, height, rgb, alpha);
 }
 
-/// A level of 14 x 10 cells with five pictures each, 30 sprites, a panel and 12 digits, on the renderer that is
+/// A level that shows 14 x 10 cells with five pictures each, 30 sprites, a panel and 12 digits, on the renderer that is
 /// installed while it is made.
 class FullFrame {
 public:
@@ -64,6 +68,7 @@ public:
         auto map = loader_.build(level(), reason);
         if (!map) std::abort();
         world_.emplace(std::move(*map), WorldStart{}, animations_.frameCounts());
+        camera_.follow(kHeroX, 0, kColumns, kRows);
     }
 
     void draw(Renderer& renderer) {
@@ -76,9 +81,10 @@ public:
 private:
     static LevelFile level() {
         LevelFile file;
-        file.width = 14;
-        file.height = 10;
-        file.records.assign(140, CellRecord{.base = 1, .layer2 = 2, .layer3 = 3, .layer4 = 4});
+        file.width = kColumns;
+        file.height = kRows;
+        file.records.assign(std::size_t{kColumns} * kRows,
+                            CellRecord{.base = 1, .layer2 = 2, .layer3 = 3, .layer4 = 4});
         file.records[0].code = 8;
         return file;
     }
