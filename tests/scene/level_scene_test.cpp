@@ -14,6 +14,7 @@
 #include "memory_source.h"
 #include "mouse_message.h"
 #include "recording_scene.h"
+#include "scratch_directory.h"
 #include "testing.h"
 
 namespace grub {
@@ -146,6 +147,26 @@ TEST_F(LevelSceneTest, KeysSteerTheHeroAndTheirReleaseStopsHim) {
     playFrom(0, 41);
     EXPECT_EQ(x, 64) << "three frames to turn, seven of walking, then on to the next cell";
     EXPECT_EQ(scene_.lastKey(), KeyRight);
+}
+
+TEST_F(LevelSceneTest, ALevelFileFromDiskTakesThePlaceOfEveryLevel) {
+    const ScratchDirectory directory;
+    scene_.setLevelFile(directory.write("mine.lvl", levelFileOf({"@ . .", "# # #"})));
+    at(10, [&] { EXPECT_EQ(scene_.world()->map().width(), 3); });
+    playFrom(0, 11);
+    EXPECT_GE(pictures_, 10);
+}
+
+TEST_F(LevelSceneTest, ALevelFileFromDiskMayBeAnything) {
+    const ScratchDirectory directory;
+    const std::string huge = directory.write("huge.lvl", {});
+    std::filesystem::resize_file(huge, std::uintmax_t{5} << 30);  // a hole, it takes no room
+    scene_.enter();
+    for (const std::string& path : {huge, directory.file("none.lvl"), directory.path().string()}) {
+        scene_.setLevelFile(path);
+        EXPECT_FALSE(scene_.startLevel(0)) << path;
+    }
+    scene_.leave();
 }
 
 TEST_F(LevelSceneTest, AMouseButtonIsNoKey) {

@@ -18,16 +18,19 @@ namespace {
 /// A pass of the frame loop waits at most this long for the loader while pictures are still missing.
 constexpr DWORD kLoaderWaitMs = 20;
 
+/// No level is longer; of a longer file this much is read.
+constexpr std::size_t kLongestLevelFile = 1 << 20;
+
 // Two numbers of the process's sequence, 15 bits each.
 std::uint32_t randomSeed() {
     const auto high = static_cast<std::uint32_t>(crt::rand());
     return high << 15 | static_cast<std::uint32_t>(crt::rand());
 }
 
-// A whole file from disk; empty, as a file too short for a level, when it cannot be read.
+// A file from disk; empty, as a file too short for a level, when it cannot be read.
 std::vector<std::uint8_t> bytesOfFile(const std::string& path) {
     FileStream file(EngineString(path), kOpenRead);
-    std::vector<std::uint8_t> bytes(file.isOpen() ? static_cast<std::size_t>(file.size()) : 0);
+    std::vector<std::uint8_t> bytes(kLongestLevelFile);
     const std::int64_t got = file.read(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     bytes.resize(static_cast<std::size_t>(std::max<std::int64_t>(got, 0)));
     return bytes;
@@ -140,6 +143,7 @@ std::optional<LevelMap> LevelScene::loadMap(int index) {
         map = levelLoader_.load(kLevelNames[static_cast<std::size_t>(index)], reason);
     else if (const auto file = readLevelFile(bytesOfFile(levelFile_), reason))
         map = levelLoader_.build(*file, reason);
+    if (!levelFile_.empty()) reason.insert(0, levelFile_ + ": ");
     if (!map) logLine("%s", reason.c_str());
     return map;
 }
