@@ -125,6 +125,18 @@ TEST(DistanceFill, DoesNotStartInAHole) {
     EXPECT_EQ(pit.distances(), (std::vector<std::string>{". . .", ". . .", ". . ."}));
 }
 
+TEST(DistanceFill, StaysAsItIsWhileTheHeroStaysInHisCell) {
+    LevelMap map = mapFrom({"H . h . @", "# # # # #"});
+    map.addKey(4, 0, 0);  // taken in the first step, so that the ladder appears after the fill
+    World world(map, {}, AnimationFrameCounts::all(kDrawnFrames));
+    for (int frame = 0; frame < 10; ++frame) world.step();
+    EXPECT_EQ(world.map().cellAt(2, 0).type, BlockType::Ladder);
+    EXPECT_EQ(world.map().distanceAt(0, 0), DistanceField::kUnreached);
+    world.keyDown(PlayKey::Left);
+    for (int frame = 0; frame < 9; ++frame) world.step();
+    EXPECT_EQ(world.map().distanceAt(0, 0), 3);
+}
+
 TEST(DistanceFill, FollowsAHiddenLadderOnceItHasAppeared) {
     auto world = worldFrom({"H . h . @ k", "# # # # # #"});
     EXPECT_EQ(world.distances().front(), ". . . 1 0 1");

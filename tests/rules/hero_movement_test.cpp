@@ -29,6 +29,17 @@ TEST(HeroWalking, TurnsBackBetweenCellsWithoutTurningHisHead) {
     EXPECT_EQ(world.drawn(), (Drawing{"@ .", "= _"})) << "Space meant the side he looked to when it came";
 }
 
+TEST(HeroWalking, TurnsBackWithoutTheDelayOfAStandstill) {
+    auto left = worldFrom({". @ .", "# # #"});
+    left.script("1:+R 7:-R +L");
+    EXPECT_EQ(left.runTo(9).x(), 64);
+    EXPECT_EQ(left.runTo(10).x(), 56);
+    auto right = worldFrom({". @ .", "# # #"});
+    right.script("1:+L 4:-L +R");
+    EXPECT_EQ(right.runTo(6).x(), 64);
+    EXPECT_EQ(right.runTo(7).x(), 72);
+}
+
 TEST(HeroWalking, StopsAtWallsAndAtTheEdges) {
     auto world = worldFrom({"@ #", "# #"});
     EXPECT_EQ(world.script("1:+R").runTo(30).x(), 0);
@@ -96,6 +107,11 @@ TEST(HeroClimbing, StopsUnderACeilingAndAtTheTopRow) {
     EXPECT_EQ(top.script("1:+R 12:-R +U").runTo(40).y(), 0);
 }
 
+TEST(HeroClimbing, NeedsALadder) {
+    auto world = worldFrom({". .", "@ H", "# #"});
+    EXPECT_EQ(world.script("1:+U").runTo(20).y(), 64);
+}
+
 TEST(HeroClimbing, TurnsBackBetweenCells) {
     auto world = worldFrom({"@", "H", "H", "#"});
     world.script("1:+D 4:+U");
@@ -160,6 +176,31 @@ TEST(HeroDigging, WaitsForTheNextCellWithSpaceAndIsLostWithAReleasedX) {
     x.script("1:+R 7:+X -X").runTo(40);
     EXPECT_TRUE(x.framesOf(SoundId::Break).empty());
     EXPECT_EQ(x.x(), 64);
+}
+
+TEST(HeroDigging, HasTwoKeysForEachSideAndTwoForTheSideHeLooksTo) {
+    const struct {
+        const char* keys;
+        Drawing after;
+    } rows[] = {
+        {"1:+Z", {". @ .", "_ = ="}},
+        {"1:+A", {". @ .", "_ = ="}},
+        {"1:+X", {". @ .", "= = _"}},
+        {"1:+B", {". @ .", "= = _"}},
+        {"1:+Space", {". @ .", "_ = ="}},
+        {"1:+Enter", {". @ .", "_ = ="}},
+        {"1:+R 2:-R +Enter", {". @ .", "= = _"}},
+        {"1:+Z -Z", {". @ .", "= = ="}},
+        {"1:+A -A", {". @ .", "= = ="}},
+        {"1:+X -X", {". @ .", "= = ="}},
+        {"1:+B -B", {". @ .", "= = ="}},
+        {"1:+Enter -Enter", {". @ .", "_ = ="}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.keys);
+        auto world = worldFrom({". @ .", "= = ="});
+        EXPECT_EQ(world.script(row.keys).runTo(3).drawn(), row.after);
+    }
 }
 
 TEST(HeroDigging, FollowsADigWhenTappedMeanwhile) {

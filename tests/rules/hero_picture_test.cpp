@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 
 #include "drawn_world.h"
@@ -115,6 +116,13 @@ TEST(HeroIdle, GoesOnWhenTheAttemptHasEnded) {
     EXPECT_EQ(world.runTo(127).world().heroPicture().frame, 3);
     EXPECT_EQ(world.runTo(128).world().heroPicture().frame, 0);
     EXPECT_EQ(world.runTo(130).world().heroPicture().frame, 0) << "then he stands still with everything else";
+}
+
+TEST(HeroIdle, IsNotForAWalk) {
+    auto world = worldFrom({std::string(40, '.').replace(0, 1, "@"), std::string(40, '#')});
+    world.script("1:+R");
+    for (int frame = 120; frame < 135; ++frame)
+        EXPECT_EQ(world.runTo(frame).world().heroPicture().animation, kWalkRight) << frame;
 }
 
 TEST(HeroIdle, IsNotForLaddersAndPipes) {

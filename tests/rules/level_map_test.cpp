@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "level_writer.h"
 #include "rules.h"
 #include "terrain.h"
@@ -139,6 +141,17 @@ TEST(RandomFreeCell, FallsToASupportAndRefusesTakenCells) {
     }
     EXPECT_TRUE(refused);
     EXPECT_TRUE(accepted);
+}
+
+TEST(RandomFreeCell, DividesTheRangeIntoEqualPartsAndGivesTheRestToTheLast) {
+    const LevelMap map(100, 1);
+    WorldRandom random(5);
+    for (int round = 0; round < 1000; ++round) {
+        WorldRandom ahead = random;
+        const auto place = map.randomFreeCell(random);
+        ASSERT_TRUE(place);
+        ASSERT_EQ(place->x, std::min(ahead.next() / 327, 99));
+    }
 }
 
 TEST(RandomFreeCell, StaysInsideMapsOfEverySize) {

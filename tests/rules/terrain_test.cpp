@@ -35,6 +35,10 @@ TEST(BrokenFloor, GrowsBackOnTheFrame) {
         EXPECT_EQ(cellOf(world.runTo(closed), 1, 1).type, BlockType::Floor);
         EXPECT_EQ(cellOf(world, 1, 1).sprite, 3);
         EXPECT_EQ(cellOf(world, 1, 1).breakState, BreakState::Intact);
+        for (int frame = rost - 1; frame >= 0; --frame) {
+            EXPECT_EQ(cellOf(world, 1, 1).frame, frame) << "back to its one picture, a picture a frame";
+            world.run(1);
+        }
         EXPECT_EQ(cellOf(world.run(10), 1, 1).frame, 0);
     }
 }
@@ -46,6 +50,13 @@ TEST(BrokenFloor, WithoutPicturesGrowsBackToo) {
     breakFloor(map, 0, 1);
     for (int frame = 0; frame < 300; ++frame) updateCells(map, AnimationFrameCounts::all(kDrawnFrames));
     EXPECT_EQ(map.cellAt(0, 1).type, BlockType::Floor);
+}
+
+TEST(BrokenFloor, IsAHoleWithNobodyInIt) {
+    LevelMap map = mapFrom({"@", "=", "#"});
+    map.cellAt(0, 1).holeOccupied = true;
+    breakFloor(map, 0, 1);
+    EXPECT_TRUE(map.isPassable(0, 1, View::Physical));
 }
 
 TEST(BrokenFloor, CanBeDugAgain) {

@@ -21,6 +21,14 @@ TEST(World, IsWonOnTheOpenExit) {
     EXPECT_TRUE(world.world().collectedKeys().empty()) << "the next level has all its keys";
 }
 
+TEST(World, IsWonOnTheExitNotOnTheWayIntoIt) {
+    auto world = worldFrom({"E k @", "# # #"});
+    world.script("1:+L").runTo(15);
+    EXPECT_EQ(world.x(), 8);
+    EXPECT_FALSE(world.world().ended());
+    EXPECT_TRUE(world.runTo(16).world().ended());
+}
+
 TEST(World, IsNotWonWhileAKeyLies) {
     auto world = worldFrom({"k . @ E", "# # # #"});
     world.script("1:+R").runTo(40);

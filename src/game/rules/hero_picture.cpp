@@ -63,12 +63,9 @@ AnimationFrame Hero::standing(const LevelMap& map) const {
     return continued(sided(kStandLeft, kStandRight));
 }
 
-// Two digs in a row are two runs of the same strip.
 AnimationFrame Hero::digging(const AnimationFrameCounts& counts) {
-    AnimationFrame chosen = continued(sided(kDigLeft, kDigRight));
-    const int count = counts.of(chosen.animation);
-    if (chosen.frame >= count) chosen.frame = 0;
-    if (chosen.frame >= count - 1) digging_ = false;
+    const AnimationFrame chosen = continued(sided(kDigLeft, kDigRight));
+    if (chosen.frame >= counts.of(chosen.animation) - 1) digging_ = false;
     return chosen;
 }
 
