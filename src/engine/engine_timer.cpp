@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace grub {
 
 namespace {
@@ -54,7 +56,8 @@ std::uint32_t Timer::elapsed() const { return remainder_ + (low32(counterNow()) 
 std::uint32_t Timer::millisecondsUntilDue() const {
     const std::uint32_t passed = isRunning() ? elapsed() : period_;
     if (passed >= period_) return 0;
-    return static_cast<std::uint32_t>((period_ - passed + ticksPerMs_ - 1) / ticksPerMs_);
+    const auto nearest = static_cast<std::uint32_t>((period_ - passed + ticksPerMs_ / 2) / ticksPerMs_);
+    return std::max(nearest, 1U);
 }
 
 void Timer::tick() {

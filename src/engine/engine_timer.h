@@ -46,8 +46,8 @@ public:
     void stop();
     /// Fires as often as whole intervals have passed since the last firing; what is left over counts for the next one.
     void tick();
-    /// How long a loop may sleep: milliseconds, rounded up, until `tick` fires again. 0 when that is due or not
-    /// running.
+    /// How long a loop may sleep: milliseconds until `tick` fires again, rounded so that a loop that sleeps so long and
+    /// looks again is late by about half a millisecond at most. 0 when that is due or not running, else at least 1.
     [[nodiscard]] std::uint32_t millisecondsUntilDue() const;
     /// Whether `tick` may fire.
     [[nodiscard]] bool isRunning() const { return callback_ != nullptr; }

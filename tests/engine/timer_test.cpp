@@ -69,6 +69,16 @@ TEST_F(TimerTest, SaysHowLongALoopMaySleep) {
     EXPECT_EQ(timer_.millisecondsUntilDue(), 21U);
 }
 
+TEST_F(TimerTest, RoundsTheSleepToTheNearestMillisecond) {
+    startCounting(timer_);
+    clock_.setCounter(374'000);
+    EXPECT_EQ(timer_.millisecondsUntilDue(), 3U) << "2.6 ms are left";
+    clock_.setCounter(376'000);
+    EXPECT_EQ(timer_.millisecondsUntilDue(), 2U) << "2.4 ms are left";
+    clock_.setCounter(399'000);
+    EXPECT_EQ(timer_.millisecondsUntilDue(), 1U) << "a little is left, so it is not due";
+}
+
 TEST_F(TimerTest, CountsTheIntervalInWholeTicksOfAnyCounter) {
     struct Row {
         std::int64_t frequency;  // ticks a second

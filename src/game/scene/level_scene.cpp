@@ -98,7 +98,7 @@ void LevelScene::presentFrame() {
 }
 
 // Between two ticks there is nothing to do but to answer messages, which wake the wait.
-void LevelScene::sleepUntilDue() { waitForMessages(std::max<DWORD>(1, gameTimer_->millisecondsUntilDue())); }
+void LevelScene::sleepUntilDue() { waitForMessages(gameTimer_->millisecondsUntilDue()); }
 
 void LevelScene::startLoadingPass() {
     animations_.stopLoading(false);
