@@ -9,6 +9,7 @@
 /// The time that waits and the counter share, in ticks of 10 MHz.
 namespace platform {
 
+/// One tick is 100 ns. kNever is the deadline of a wait without one.
 inline constexpr std::int64_t kTicksPerMillisecond = 10'000;
 inline constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 

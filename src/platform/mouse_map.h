@@ -8,7 +8,8 @@
 
 namespace platform {
 
-enum class MouseButton { None, Left, Middle, Right };  // SDL's numbers
+/// None stands for a move. The numbers are SDL's.
+enum class MouseButton { None, Left, Middle, Right };
 
 /// The message of a button going down or up, or with None of a move. `clicks` counts the presses of a fast series from
 /// 1: with a class that has double clicks every second press is one, instead of a press. The middle button has no

@@ -78,7 +78,8 @@ std::string textOf(const RegistryKeys& keys) {
     for (const auto& [path, values] : keys) {
         if (values.empty()) text += path + "\n";
         for (const auto& [name, value] : values) {
-            text += path + "\t" + name + "\t" + std::to_string(value.type) + "\t" + hexOf(value.bytes) + "\n";
+            text.append(path).append("\t").append(name).append("\t");
+            text.append(std::to_string(value.type)).append("\t").append(hexOf(value.bytes)).append("\n");
         }
     }
     return text;

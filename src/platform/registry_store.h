@@ -16,10 +16,12 @@ struct LessIgnoringCase {
     bool operator()(const std::string& a, const std::string& b) const;
 };
 
+/// A value as it was stored, whatever its type says.
 struct RegistryValue {
     DWORD type = REG_BINARY;
     std::vector<BYTE> bytes;
 };
+/// A key: its values by name.
 using RegistryKey = std::map<std::string, RegistryValue, LessIgnoringCase>;
 /// Keys by their whole path.
 using RegistryKeys = std::map<std::string, RegistryKey, LessIgnoringCase>;

@@ -11,6 +11,7 @@
 /// and the hand-driven clock needs that answer.
 namespace platform {
 
+/// Holds the wait lock; functions that take one let go of it while they sleep or serve.
 using WaitGuard = std::unique_lock<std::mutex>;
 
 /// Guards events, thread ends, message queues and the hand-driven time. Never held while a window procedure runs.

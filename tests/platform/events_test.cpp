@@ -2,7 +2,9 @@
 
 #include <atomic>
 #include <chrono>
-#include <memory>
+#include <deque>
+#include <functional>
+#include <thread>
 #include <vector>
 
 #include "game_thread.h"
@@ -63,13 +65,13 @@ int releasedBy(bool manualReset, int count, const std::function<void(HANDLE)>& a
     const ScopedEvent event(manualReset, false);
     const ScopedEvent end(true, false);
     std::atomic<int> released{0};
-    std::vector<std::unique_ptr<GameThread>> threads;
+    std::deque<GameThread> threads;
     for (int i = 0; i < count; ++i) {
-        threads.push_back(std::make_unique<GameThread>([&] {
+        threads.emplace_back([&] {
             WaitForSingleObject(event.handle, INFINITE);
             ++released;
             WaitForSingleObject(end.handle, INFINITE);
-        }));
+        });
     }
     clock.settle();
     act(event.handle);

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-/// A thread made the way the game makes them; its destructor waits for its end, serving the caller's window meanwhile.
+/// A thread made the way the game makes them; its destructor joins it.
 class GameThread {
 public:
     explicit GameThread(std::function<void()> work) : work_(std::move(work)) {
@@ -18,7 +18,9 @@ public:
     GameThread(const GameThread&) = delete;
     GameThread& operator=(const GameThread&) = delete;
 
+    /// Waits for the thread's end, serving the caller's window meanwhile.
     void join() const { WaitForSingleObject(handle_, INFINITE); }
+    /// Whether its function has returned.
     [[nodiscard]] bool hasEnded() const { return WaitForSingleObject(handle_, 0) == WAIT_OBJECT_0; }
 
 private:

@@ -9,7 +9,6 @@ namespace {
 
 using platform::KeyboardMap;
 using platform::KeyMessage;
-using platform::KeyStroke;
 using platform::namedKey;
 
 constexpr std::int32_t kCyrillicYa = 0x44F;

@@ -24,7 +24,7 @@ constexpr std::uint32_t kBlack = 0xFF000000;
 
 /// 800 x 600 pixels of one colour with a mark in the top left corner.
 std::vector<std::uint32_t> plainPicture(std::uint32_t colour) {
-    std::vector<std::uint32_t> pixels(800 * 600, colour & 0x00FFFFFFU);
+    std::vector<std::uint32_t> pixels(800UL * 600, colour & 0x00FFFFFFU);
     pixels[0] = 0x00123456;
     return pixels;
 }
@@ -34,7 +34,8 @@ bool present(const TestWindow& window, const std::vector<std::uint32_t>& pixels)
 }
 
 std::uint32_t pixelAt(const testing_::Picture& picture, int x, int y) {
-    return picture.pixels.at(static_cast<std::size_t>(y * picture.width + x));
+    return picture.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+                             static_cast<std::size_t>(x));
 }
 
 bool heardAny(const std::vector<TestWindow::Heard>& heard, UINT message) {

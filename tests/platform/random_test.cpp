@@ -9,8 +9,8 @@
 namespace {
 
 std::vector<int> draw(int count) {
-    std::vector<int> numbers;
-    for (int i = 0; i < count; ++i) numbers.push_back(crt::rand());
+    std::vector<int> numbers(static_cast<std::size_t>(count));
+    std::ranges::generate(numbers, crt::rand);
     return numbers;
 }
 

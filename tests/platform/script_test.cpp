@@ -100,7 +100,7 @@ void playInThisProcess(const std::string& script, bool presents) {
         return TestWindow::defaultProcedure(handle, heard);
     });
     const GameThread game([&] {
-        const std::vector<std::uint32_t> pixels(800 * 600, 0x00FF8040);
+        const std::vector<std::uint32_t> pixels(800UL * 600, 0x00FF8040);
         while (!presents) Sleep(1000);
         while (platform::showFrame(window.handle(), pixels.data(), 800, 600, 3200)) Sleep(40);
     });
@@ -117,7 +117,7 @@ protected:
         GTEST_FLAG_SET(death_test_style, "threadsafe");
         fs::create_directories(directory_);
     }
-    ~ScriptDeathTest() override { fs::remove_all(directory_); }
+    void TearDown() override { fs::remove_all(directory_); }
 
     [[nodiscard]] std::string file(const std::string& name) const { return (directory_ / name).string(); }
     [[nodiscard]] std::string script(const std::string& text) const {

@@ -40,6 +40,7 @@ public:
     TestWindow(const TestWindow&) = delete;
     TestWindow& operator=(const TestWindow&) = delete;
 
+    /// Null when the window could not be created.
     [[nodiscard]] HWND handle() const { return handle_; }
 
     /// Dispatches messages until the quit message.
@@ -64,6 +65,7 @@ public:
         return heard_;
     }
 
+    /// Ends the loop when the window is destroyed; else the default processing.
     static LRESULT defaultProcedure(HWND window, const Heard& heard) {
         if (heard.message == WM_DESTROY) PostQuitMessage(0);
         return DefWindowProcA(window, heard.message, heard.wParam, heard.lParam);

@@ -1,4 +1,4 @@
-#include <array>
+#include <vector>
 
 #include "host.h"
 
@@ -37,9 +37,9 @@ constexpr std::uint32_t helmetPixel(int x, int y) {
 }  // namespace
 
 void offerProgramIcon() {
-    std::array<std::uint32_t, kSize * kSize> pixels{};
+    std::vector<std::uint32_t> pixels;
     for (int y = 0; y < kSize; ++y) {
-        for (int x = 0; x < kSize; ++x) pixels[static_cast<std::size_t>(y * kSize + x)] = helmetPixel(x, y);
+        for (int x = 0; x < kSize; ++x) pixels.push_back(helmetPixel(x, y));
     }
     setIconResource(kIconNumber, pixels, kSize, kSize);
 }

@@ -27,6 +27,7 @@ using LPSTR = char*;
 using LPCSTR = const char*;
 using LPVOID = void*;
 
+/// A BOOL is an int: anything but FALSE is true.
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
 
@@ -51,6 +52,7 @@ inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_
 constexpr bool FAILED(HRESULT result) { return result < 0; }
 constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
 
+/// Results of the system; those of Direct3D stand in d3d8.h.
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
@@ -74,6 +76,7 @@ union LARGE_INTEGER {
 /// Handles one message of a window, on the thread that created it.
 using WNDPROC = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+/// What RegisterClassExA takes. Only style, procedure, icon and name are used; the caller keeps what is pointed at.
 struct WNDCLASSEXA {
     UINT cbSize;
     UINT style;
@@ -103,6 +106,7 @@ struct CREATESTRUCTA {
     DWORD dwExStyle;
 };
 
+/// A message of a window's queue. `time` is in milliseconds; `pt` is not filled.
 struct MSG {
     HWND hwnd;
     UINT message;
@@ -250,6 +254,7 @@ inline constexpr DWORD INFINITE = 0xFFFFFFFFU;
 /// Gives up a handle of an event, thread or file. The thread itself runs on.
 BOOL CloseHandle(HANDLE handle);
 
+/// What a thread runs. Its result is not kept.
 using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID argument);
 /// Starts a thread, or with CREATE_SUSPENDED prepares one that ResumeThread starts; one that is never resumed never
 /// exists. Attributes must be null, the stack size is the system's, `threadId` is not filled. Null on failure.
@@ -303,6 +308,8 @@ BOOL FlushFileBuffers(HANDLE file);
 // ---------------------------------------------------------------------------------------------------------------------
 // Registry
 
+/// The one root, the access rights (not enforced), the one value type that is written, and the results of the calls
+/// below. ERROR_WRITE_FAULT: the file could not be written, what it held before is untouched.
 using REGSAM = DWORD;
 inline const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(std::uintptr_t{0x80000001U});
 inline constexpr REGSAM KEY_READ = 0x00020019;
