@@ -12,6 +12,7 @@ namespace grub {
 /// The six things a level file says of one cell.
 enum class Slot { Base, Layer2, Layer3, Layer4, Layer5, Object };
 
+/// For loops over a cell; in the order of `Slot`, so that a place in here is the value.
 inline constexpr std::array kAllSlots{Slot::Base, Slot::Layer2, Slot::Layer3, Slot::Layer4, Slot::Layer5, Slot::Object};
 
 /// The words that begin the lines of a level source which fill these slots, in the order of `Slot`.

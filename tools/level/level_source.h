@@ -33,6 +33,7 @@ struct ObjectName {
     std::uint16_t code;
 };
 
+/// What every level source may draw without a legend.
 inline constexpr std::array kFieldCharacters{
     FieldCharacter{'.', "wall", 0},
     FieldCharacter{'#', "floor", 0},
@@ -50,6 +51,7 @@ inline constexpr std::array kFieldCharacters{
     FieldCharacter{'+', "wall", object_code::kHeart},
 };
 
+/// The words of the lines that place objects; `key` hangs, `key2` stands.
 inline constexpr std::array kObjectNames{
     ObjectName{"hero", object_code::kHero},
     ObjectName{"dog", object_code::kDog},

@@ -13,6 +13,7 @@ struct RgbaPicture {
     int height = 0;
     std::vector<std::uint8_t> rgba;
 
+    /// Whether there is no picture to lay over anything.
     [[nodiscard]] bool empty() const { return rgba.empty(); }
 };
 

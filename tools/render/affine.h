@@ -10,6 +10,7 @@ struct Point {
     double y = 0;
 };
 
+/// Places also count as vectors from the origin. `mix` goes from `a` (t = 0) to `b` (t = 1), t not limited.
 constexpr Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 constexpr Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
 constexpr Point operator*(Point a, double k) { return {a.x * k, a.y * k}; }
@@ -26,6 +27,7 @@ struct Affine {
     double x0 = 0;
     double y0 = 0;
 
+    /// From the innermost drawing's pixels to samples.
     Point apply(Point p) const { return {xx * p.x + xy * p.y + x0, yx * p.x + yy * p.y + y0}; }
     Affine translated(Point by) const {
         const Point origin = apply(by);
@@ -37,6 +39,7 @@ struct Affine {
         const double s = std::sin(angle);
         return {xx * c + xy * s, yx * c + yy * s, xy * c - xx * s, yy * c - yx * s, x0, y0};
     }
+    /// Negative factors mirror.
     Affine scaled(double sx, double sy) const { return {xx * sx, yx * sx, xy * sy, yy * sy, x0, y0}; }
     /// Samples a design pixel is long, averaged over directions.
     double magnification() const { return std::sqrt(std::abs(xx * yy - xy * yx)); }

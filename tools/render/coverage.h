@@ -13,6 +13,7 @@ struct Mask {
     Box box;
     FloatPlane coverage;
 
+    /// Any sample of the picture, in the coordinates of `box`.
     float at(int x, int y) const {
         const bool inside = x >= box.x0 && x < box.x1 && y >= box.y0 && y < box.y1;
         return inside ? coverage.at(x - box.x0, y - box.y0) : 0.0F;

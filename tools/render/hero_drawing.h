@@ -7,6 +7,7 @@ namespace grub {
 /// Grub's limbs on the side of the viewer are brighter than those beyond his body.
 enum class Side { Near, Far };
 
+/// Grit shows clenched teeth, for hard work.
 enum class Mouth { Smile, Open, Grit };
 
 /// Grub's expression. He is drawn facing right; `turn` moves the features that way (0 = straight at the viewer).

@@ -34,6 +34,7 @@ constexpr Material material(Rgb base, Rgb shadow, Rgb light) {
     return m;
 }
 
+/// The same from web codes.
 constexpr Material material(std::uint32_t base, std::uint32_t shadow, std::uint32_t light) {
     return material(rgb(base), rgb(shadow), rgb(light));
 }
@@ -43,6 +44,7 @@ constexpr Material material(Rgb base) {
     return material(base, mix(base * 0.5F, rgb(0x2a1f5a), 0.3F), mix(base, rgb(0xfff6d8), 0.42F));
 }
 
+/// The same material with another shine: see `gloss` and `rim` of Material.
 constexpr Material glossy(Material m, float gloss, float rim = 0.35F) {
     m.gloss = gloss;
     m.rim = rim;
@@ -61,6 +63,7 @@ constexpr Material stony(Rgb base, float bump, float grain, float gloss = 0.05F)
     return m;
 }
 
+/// Shared by several drawings, so that teeth, tools and treasure look alike everywhere.
 inline constexpr Material kWhite = glossy(material(0xffffff, 0xc9cbe4, 0xffffff), 0.2F);
 inline constexpr Material kMetal = glossy(material(0xb9c4d0, 0x4d5876, 0xf4fbff), 1, 0.5F);
 inline constexpr Material kDarkMetal = glossy(material(0x6b7690, 0x30364f, 0xb4c0d4), 0.7F, 0.4F);

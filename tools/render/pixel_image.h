@@ -23,8 +23,10 @@ struct PixelImage {
     std::vector<Pixel> pixels;
 
     PixelImage() = default;
+    /// Fully transparent.
     PixelImage(int w, int h) : width(w), height(h), pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h)) {}
 
+    /// Unchecked; the pixels of a row lie side by side.
     Pixel* row(int y) { return pixels.data() + static_cast<std::ptrdiff_t>(y) * width; }
     const Pixel* row(int y) const { return pixels.data() + static_cast<std::ptrdiff_t>(y) * width; }
     Pixel& at(int x, int y) { return row(y)[x]; }

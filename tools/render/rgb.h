@@ -18,6 +18,7 @@ constexpr Rgb rgb(std::uint32_t code) {
     return {channel(16), channel(8), channel(0)};
 }
 
+/// Results may leave 0 to 1: highlights add up before they are limited.
 constexpr Rgb operator*(Rgb c, float k) { return {c.r * k, c.g * k, c.b * k}; }
 constexpr Rgb operator+(Rgb a, Rgb b) { return {a.r + b.r, a.g + b.g, a.b + b.b}; }
 
@@ -25,6 +26,7 @@ constexpr Rgb operator+(Rgb a, Rgb b) { return {a.r + b.r, a.g + b.g, a.b + b.b}
 constexpr float mix(float a, float b, float t) { return a + (b - a) * t; }
 constexpr Rgb mix(Rgb a, Rgb b, float t) { return {mix(a.r, b.r, t), mix(a.g, b.g, t), mix(a.b, b.b, t)}; }
 
+/// Limits to 0 to 1.
 constexpr float clamp01(float x) { return std::clamp(x, 0.0F, 1.0F); }
 
 /// 0 up to `from`, 1 from `to` on, a soft S between.

@@ -11,6 +11,7 @@ namespace grub {
 /// unite.
 class VectorPath {
 public:
+    /// What a step does from the point where the last one ended.
     enum class Verb { Move, Line, Curve, Close };
 
     /// One step; a curve uses all three points (two handles, then the end), the others the first.
@@ -19,6 +20,7 @@ public:
         std::array<Point, 3> points;
     };
 
+    /// Each appends one step, in design pixels; Move begins another outline, Close ends it at its start.
     VectorPath& moveTo(Point p) { return add({Verb::Move, {p, {}, {}}}); }
     VectorPath& lineTo(Point p) { return add({Verb::Line, {p, {}, {}}}); }
     VectorPath& curveTo(Point handle1, Point handle2, Point end) { return add({Verb::Curve, {handle1, handle2, end}}); }
@@ -29,6 +31,7 @@ public:
         return *this;
     }
 
+    /// In drawing order; valid until the next step is added.
     const std::vector<Segment>& segments() const { return segments_; }
 
 private:
