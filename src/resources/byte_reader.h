@@ -32,6 +32,7 @@ public:
     /// Leaves `count` bytes out.
     void skip(std::size_t count) { take(count); }
 
+    /// The next number of so many bits; signed ones are stored as two's complement.
     std::uint8_t u8() { return static_cast<std::uint8_t>(number(1)); }
     std::uint16_t u16() { return static_cast<std::uint16_t>(number(2)); }
     std::uint32_t u32() { return number(4); }

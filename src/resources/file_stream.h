@@ -46,6 +46,7 @@ public:
     /// The file's size in bytes, -1 when it is not known. Leaves position and status alone.
     [[nodiscard]] std::int64_t size() const;
 
+    /// Stays true after a failed read or write; only `status` tells those.
     [[nodiscard]] bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
     /// The bits named kStream... above.
     [[nodiscard]] std::uint8_t status() const { return status_; }

@@ -17,6 +17,7 @@ public:
     /// Parses a whole file. `bucketCount` only spreads the names; choose about one for each entry.
     IniTable(const SharedBuffer& file, std::uint32_t bucketCount);
 
+    /// False also for a line with nothing behind its `=`: that one is malformed.
     [[nodiscard]] bool has(const EngineString& section, const EngineString& key) const;
     /// The value as written, blanks included; empty when there is none.
     [[nodiscard]] EngineString getString(const EngineString& section, const EngineString& key) const;
