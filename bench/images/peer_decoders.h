@@ -12,6 +12,7 @@ namespace grub {
 /// failure.
 using RgbPixels = std::unique_ptr<std::uint8_t[]>;
 
+/// Frees with SDL's own call, which also frees the pixels.
 struct FreeSurface {
     void operator()(SDL_Surface* surface) const;
 };

@@ -48,6 +48,7 @@ public:
         float opacity;
     };
 
+    /// One at a time: the last one made is the one the program finds, and its end leaves none.
     FakeRenderer() { EngineServices::installRenderer(this); }
     FakeRenderer(const FakeRenderer&) = delete;
     FakeRenderer& operator=(const FakeRenderer&) = delete;
@@ -76,6 +77,7 @@ public:
     int uploadsLeft = 1000000;           ///< the uploads after these fail
     std::vector<FakeTexture*> textures;  ///< that exist, oldest first
     std::vector<Drawn> drawn;            ///< everything drawn so far
+    /// Called in the middle of the frame call, on the thread that draws; may be empty.
     std::function<void()> onBeginFrame, onEndFrame;
 };
 

@@ -7,6 +7,7 @@
 
 namespace grub {
 
+/// What tests write, damage and compare.
 using Bytes = std::vector<std::uint8_t>;
 
 /// The bytes of a text.

@@ -16,6 +16,7 @@ public:
     ScratchDirectory& operator=(const ScratchDirectory&) = delete;
     ~ScratchDirectory();
 
+    /// Where it lies; no other one, of this program or another, has the same path.
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
     /// Path of a file in here, whether it exists or not.
     [[nodiscard]] std::string file(const std::string& name) const { return (path_ / name).string(); }

@@ -21,6 +21,7 @@ inline constexpr std::string_view kTestTable =
     "[80]\r\nname=shade\r\n[81]\r\nname=t.lamp\r\n[82]\r\nname=lamp\r\n"
     "[91]\r\nname=sun.11\r\n[92]\r\nname=sun.12\r\n[93]\r\nname=sun.21\r\n[94]\r\nname=sun.22\r\n";
 
+/// `kTestTable` read; the palette keeps copies of its names.
 inline BlockPalette testPalette() {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(kTestTable.data());
     return BlockPalette(IniTable(SharedBuffer::view(bytes, static_cast<std::uint32_t>(kTestTable.size())), 100));
