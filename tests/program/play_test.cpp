@@ -78,6 +78,22 @@ TEST(Play, LevelsAreChosenByNumberAndTheirPicturesDiffer) {
     EXPECT_NE(last.file("a.png"), Bytes{});
 }
 
+TEST(Play, TheFirstLevelCanBeWonAndTheSecondFollows) {
+    std::string script = at(0, "down Right") + at(54, "down Up") + at(77, "down Right") + at(89, "down Left") +
+                         at(140, "down Up") + at(156, "down Left");
+    constexpr int kFirst = 215;
+    constexpr int kLast = 235;
+    for (int frame = kFirst; frame <= kLast; ++frame) script += at(frame, "shot " + std::to_string(frame) + ".png");
+    const Play won(script);
+    const Play second(at(0, "shot start.png"), "--level 2");
+    ASSERT_EQ(won.exitCode, 0) << won.errors();
+    ASSERT_FALSE(second.file("start.png").empty());
+    int same = 0;
+    for (int frame = kFirst; frame <= kLast; ++frame)
+        same += won.file(std::to_string(frame) + ".png") == second.file("start.png");
+    EXPECT_GE(same, 1) << "the second level's first picture was not seen";
+}
+
 TEST(Play, AClosedWindowAndEscapeEndTheProgramWell) {
     for (const char* how : {"close", "down Escape"}) {
         const Play play(at(10, how));
