@@ -84,6 +84,27 @@ HWND enter(const std::shared_ptr<Window>& window) {
     return window->handle;
 }
 
+void place(SDL_Window* system, const SDL_Rect& area) {
+    SDL_SetWindowPosition(system, area.x, area.y);
+    SDL_SetWindowSize(system, area.w, area.h);
+}
+
+/// SDL leaves it to the window manager to make the window as large as the desktop, and believes that it has been done:
+/// without one, most of the picture would lie outside. So the window gets that size first.
+bool fillDesktop(Window& window) {
+    SDL_Rect desktop{};
+    SDL_GetWindowPosition(window.system, &window.windowedX, &window.windowedY);
+    SDL_GetWindowSize(window.system, &window.windowedWidth, &window.windowedHeight);
+    if (SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window.system), &desktop) == 0) place(window.system, desktop);
+    return SDL_SetWindowFullscreen(window.system, SDL_WINDOW_FULLSCREEN_DESKTOP) == 0;
+}
+
+bool leaveDesktop(Window& window) {
+    if (SDL_SetWindowFullscreen(window.system, 0) != 0) return false;
+    place(window.system, {window.windowedX, window.windowedY, window.windowedWidth, window.windowedHeight});
+    return true;
+}
+
 /// From here on no other thread reaches the window; whoever waits for it gets 0.
 void leave(const std::shared_ptr<Window>& window) {
     const WaitGuard lock(waitLock());
@@ -128,12 +149,8 @@ bool setFullScreen(HWND handle, bool fullScreen) {
     if (!window) return false;
     return callOwner(window, [&window, fullScreen]() -> LRESULT {
                if (window->fullScreen == fullScreen) return 1;
-               if (fullScreen) SDL_GetWindowSize(window->system, &window->windowedWidth, &window->windowedHeight);
-               if (SDL_SetWindowFullscreen(window->system, fullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) != 0)
-                   return 0;
+               if (!(fullScreen ? fillDesktop(*window) : leaveDesktop(*window))) return 0;
                window->fullScreen = fullScreen;
-               // Without a window manager the window would keep the desktop's size.
-               if (!fullScreen) SDL_SetWindowSize(window->system, window->windowedWidth, window->windowedHeight);
                window->presenter.showAgain(*window->system);
                return 1;
            }) != 0;

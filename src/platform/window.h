@@ -51,7 +51,9 @@ struct Window {
     SDL_Window* system = nullptr;
     KeyboardMap keys;
     bool fullScreen = false;
-    int windowedWidth = 0;  // the size to go back to from full screen
+    int windowedX = 0;  // place and size to go back to from full screen
+    int windowedY = 0;
+    int windowedWidth = 0;
     int windowedHeight = 0;
 };
 
