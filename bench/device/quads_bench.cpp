@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kWidth = 800;
 constexpr int kHeight = 600;
+constexpr std::size_t kPixels = std::size_t{kWidth} * kHeight;
 constexpr int kCell = 64;
 constexpr int kLayers = 5;
 constexpr int kSprites = 30;
@@ -120,7 +121,7 @@ private:
 // The same with nothing between: pictures multiplied beforehand, opaque ones copied.
 class Pixman {
 public:
-    Pixman() : pixels_(kWidth * kHeight), target_(imageOf(PIXMAN_x8r8g8b8, kWidth, kHeight, pixels_)) {
+    Pixman() : pixels_(kPixels), target_(imageOf(PIXMAN_x8r8g8b8, kWidth, kHeight, pixels_)) {
         for (const PictureSource& picture : busyFrame().pictures) {
             bits_.push_back(multiplied(picture));
             images_.push_back(imageOf(PIXMAN_a8r8g8b8, picture.width, picture.height, bits_.back()));
@@ -195,8 +196,8 @@ BENCHMARK(quadsPixman)->Name("quads/pixman")->Unit(benchmark::kMicrosecond);
 
 // The same rectangles, copied whatever their alpha: what memory alone costs.
 void quadsLimit(benchmark::State& state) {
-    std::vector<std::uint32_t> target(kWidth * kHeight);
-    std::vector<std::uint32_t> source(kWidth * kHeight, 0x123456);
+    std::vector<std::uint32_t> target(kPixels);
+    std::vector<std::uint32_t> source(kPixels, 0x123456);
     for (auto _ : state) {
         std::memset(target.data(), 0, target.size() * 4);
         for (const Placed& at : busyFrame().placed) {
@@ -204,9 +205,9 @@ void quadsLimit(benchmark::State& state) {
             const int left = std::max(at.x, 0);
             const int width = std::min(at.x + picture.width, kWidth) - left;
             for (int y = std::max(at.y, 0); width > 0 && y < std::min(at.y + picture.height, kHeight); ++y) {
-                const auto row = static_cast<std::size_t>(y - at.y) * static_cast<std::size_t>(picture.width);
-                std::memcpy(&target[static_cast<std::size_t>(y * kWidth + left)], &source[row],
-                            static_cast<std::size_t>(width) * 4);
+                const auto from = static_cast<std::size_t>(y - at.y) * static_cast<std::size_t>(picture.width);
+                const auto to = static_cast<std::size_t>(y) * kWidth + static_cast<std::size_t>(left);
+                std::memcpy(&target[to], &source[from], static_cast<std::size_t>(width) * 4);
             }
         }
         benchmark::ClobberMemory();

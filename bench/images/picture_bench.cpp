@@ -89,24 +89,21 @@ void decodePicture(benchmark::State& state, const Bytes& (*file)(), Timed timed,
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * ours.size());
 }
 
-void compare(const char* thing, const char* peerName, const Bytes& (*file)(), auto peer) {
-    const std::string prefix = std::string(thing) + "/";
-    benchmark::RegisterBenchmark((prefix + "ours").c_str(),
-                                 [=](benchmark::State& state) { decodePicture(state, file, decodeWithOurs, peer); });
-    benchmark::RegisterBenchmark((prefix + peerName).c_str(),
-                                 [=](benchmark::State& state) { decodePicture(state, file, peer, peer); });
-}
-
-const bool kRegistered = [] {
-    compare("gif", "giflib", gif, decodeWithGiflib);
-    compare("gif_noise", "giflib", noisyGif, decodeWithGiflib);
-    compare("gif_flat", "giflib", flatGif, decodeWithGiflib);
-    compare("gif_tile", "giflib", tileGif, decodeWithGiflib);
-    compare("bmp24", "sdl", bmp24, decodeWithSdl);
-    compare("bmp32", "sdl", bmp32, decodeWithSdl);
-    compare("jpeg", "libjpeg", jpeg, decodeWithLibjpeg);
-    return true;
-}();
+BENCHMARK_CAPTURE(decodePicture, gif_ours, gif, decodeWithOurs, decodeWithGiflib)->Name("gif/ours");
+BENCHMARK_CAPTURE(decodePicture, gif_giflib, gif, decodeWithGiflib, decodeWithGiflib)->Name("gif/giflib");
+BENCHMARK_CAPTURE(decodePicture, gif_noise_ours, noisyGif, decodeWithOurs, decodeWithGiflib)->Name("gif_noise/ours");
+BENCHMARK_CAPTURE(decodePicture, gif_noise_giflib, noisyGif, decodeWithGiflib, decodeWithGiflib)
+    ->Name("gif_noise/giflib");
+BENCHMARK_CAPTURE(decodePicture, gif_flat_ours, flatGif, decodeWithOurs, decodeWithGiflib)->Name("gif_flat/ours");
+BENCHMARK_CAPTURE(decodePicture, gif_flat_giflib, flatGif, decodeWithGiflib, decodeWithGiflib)->Name("gif_flat/giflib");
+BENCHMARK_CAPTURE(decodePicture, gif_tile_ours, tileGif, decodeWithOurs, decodeWithGiflib)->Name("gif_tile/ours");
+BENCHMARK_CAPTURE(decodePicture, gif_tile_giflib, tileGif, decodeWithGiflib, decodeWithGiflib)->Name("gif_tile/giflib");
+BENCHMARK_CAPTURE(decodePicture, bmp24_ours, bmp24, decodeWithOurs, decodeWithSdl)->Name("bmp24/ours");
+BENCHMARK_CAPTURE(decodePicture, bmp24_sdl, bmp24, decodeWithSdl, decodeWithSdl)->Name("bmp24/sdl");
+BENCHMARK_CAPTURE(decodePicture, bmp32_ours, bmp32, decodeWithOurs, decodeWithSdl)->Name("bmp32/ours");
+BENCHMARK_CAPTURE(decodePicture, bmp32_sdl, bmp32, decodeWithSdl, decodeWithSdl)->Name("bmp32/sdl");
+BENCHMARK_CAPTURE(decodePicture, jpeg_ours, jpeg, decodeWithOurs, decodeWithLibjpeg)->Name("jpeg/ours");
+BENCHMARK_CAPTURE(decodePicture, jpeg_libjpeg, jpeg, decodeWithLibjpeg, decodeWithLibjpeg)->Name("jpeg/libjpeg");
 
 }  // namespace
 }  // namespace grub

@@ -29,6 +29,11 @@ constexpr int kWidth = 800;
 constexpr int kHeight = 600;
 constexpr std::size_t kPixels = std::size_t{kWidth} * kHeight;
 
+// Where a pixel lies in rows of `width` pixels.
+constexpr std::size_t offsetOf(int column, int row, int width) {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(column);
+}
+
 // A block for every cell: background and floor are opaque, the three layers have soft edges and holes.
 constexpr const char* kBlockTable =
     "[1]\r\ntype=1\r\nspriteFon=1\r\nsprite=2\r\n[2]\r\nsprite=3\r\n[3]\r\nsprite=4\r\n[4]\r\nsprite=5\r\n";
@@ -255,9 +260,8 @@ void frameLimit(benchmark::State& state) {
             const int left = std::max(0, -r.x);
             const int width = std::min(p.width, kWidth - r.x) - left;
             for (int row = std::max(0, -r.y); row < std::min(p.height, kHeight - r.y) && width > 0; ++row)
-                std::memcpy(&screen[static_cast<std::size_t>((r.y + row) * kWidth + r.x + left)],
-                            &p.premultiplied[static_cast<std::size_t>(row * p.width + left)],
-                            static_cast<std::size_t>(width) * 4);
+                std::memcpy(&screen[offsetOf(r.x + left, r.y + row, kWidth)],
+                            &p.premultiplied[offsetOf(left, row, p.width)], static_cast<std::size_t>(width) * 4);
         }
         std::memcpy(handedOver.data(), screen.data(), kPixels * 4);
         benchmark::DoNotOptimize(handedOver.data());
