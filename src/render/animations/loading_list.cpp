@@ -1,6 +1,7 @@
 #include "loading_list.h"
 
 #include <array>
+#include <iterator>
 
 namespace grub {
 namespace {
@@ -19,8 +20,9 @@ constexpr LoadEntry block(int id, std::string_view stem, int spriteNumber, Colou
     return {id, stem, LoadEntry::Kind::Block, 64, TextureTransform::Identity, spriteNumber, key};
 }
 
+// A plain array: clang does not deduce a std::array of more than 256 entries.
 // clang-format off
-constexpr std::array kEntries{
+constexpr LoadEntry kEntries[]{
     //  id   file stem           frame height (strips) or sprite number (blocks), colour key
     // list 0, step 0
     block(0, "steny\\modul", 36, kBlue),
@@ -383,7 +385,7 @@ constexpr bool spriteNumbersAreUnique() {
 }
 
 static_assert(firstOf(1, 0) == 243, "the first list");
-static_assert(kEntries.size() == firstOf(1, kLoadingSteps), "every entry belongs to a step");
+static_assert(std::size(kEntries) == firstOf(1, kLoadingSteps), "every entry belongs to a step");
 static_assert(idsAreUnique(), "two pictures would fight for one place in the animation table");
 static_assert(spriteNumbersAreUnique(), "the block table could not tell two pictures apart");
 
