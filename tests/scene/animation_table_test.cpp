@@ -42,6 +42,8 @@ TEST_F(AnimationTableTest, AFileBecomesAStripWithItsTexturesKeyAndTransform) {
     EXPECT_EQ(renderer_.textures[0]->keys, std::vector{kBrown});
     EXPECT_EQ(renderer_.textures[0]->keysBeforeUpload, 1U);
     EXPECT_EQ(table_.count(), 77);
+    EXPECT_TRUE(table_.addAnimationFile("walk.bmp", 3, 64, TextureTransform::Identity, kBrown));
+    EXPECT_EQ(table_.count(), 77) << "the highest id counts, not the last";
     EXPECT_EQ(table_.frameCounts().of(76), 3);
     EXPECT_EQ(table_.frameCounts().of(75), 0);
 }

@@ -172,6 +172,74 @@ TEST_F(LevelSceneTest, ALevelFileFromDiskMayBeAnything) {
     scene_.leave();
 }
 
+TEST_F(LevelSceneTest, EveryKeyOfPlaySteersTheHero) {
+    constexpr std::pair<KeyCode, PlayKey> kKeys[] = {
+        {KeyUp, PlayKey::Up},       {KeyDown, PlayKey::Down},   {KeyLeft, PlayKey::Left}, {KeyRight, PlayKey::Right},
+        {KeySpace, PlayKey::Space}, {KeyEnter, PlayKey::Enter}, {KeyZ, PlayKey::Z},       {KeyX, PlayKey::X},
+        {KeyA, PlayKey::A},         {KeyB, PlayKey::B},
+    };
+    int compared = 0;
+    at(30, [&] {
+        World expected = *scene_.world();
+        for (const auto& [code, steering] : kKeys) {
+            scene_.handleMessage(key(MessageType::Pressed, code));
+            expected.keyDown(steering);
+            EXPECT_EQ(*scene_.world(), expected) << code;
+            scene_.handleMessage(key(MessageType::Released, code));
+            expected.keyUp(steering);
+            EXPECT_EQ(*scene_.world(), expected) << code;
+            ++compared;
+        }
+    });
+    playFrom(0, 31);
+    EXPECT_EQ(compared, 10);
+}
+
+TEST_F(LevelSceneTest, AKeyPressedBeforePlayBeginsGivesNoCommand) {
+    bool pressed = false;
+    int x = -1;
+    for (int picture = 1; picture < 12; ++picture)
+        at(picture, [&] {
+            if (scene_.state() == LevelState::Intro && !std::exchange(pressed, true)) press(KeyRight);
+        });
+    at(40, [&] { x = scene_.world()->hero().x; });
+    playFrom(0, 41);
+    EXPECT_TRUE(pressed);
+    EXPECT_EQ(x, 0);
+}
+
+TEST_F(LevelSceneTest, ALostLevelIsTriedAgainAndANewGameStartsAfresh) {
+    putLevel(0, {". @ k .",  //
+                 "= = # #",  //
+                 "# # # #"});
+    int score = 0;
+    at(10, [&] { press(KeyRight); });
+    at(20, [&] { release(KeyRight); });
+    at(30, [&] { press(KeyLeft); });
+    at(40, [&] { release(KeyLeft); });
+    at(60, [&] { press(KeyZ); });
+    at(80, [&] { press(KeyLeft); });  // into the hole, which closes ten seconds later
+    at(300, [&] { score = scene_.world()->score(); });
+    at(400, [&] {
+        EXPECT_EQ(scene_.world()->hero().x, 64) << "at the start again";
+        EXPECT_EQ(scene_.world()->score(), 50);
+        EXPECT_EQ(scene_.world()->lives(), kStartLives);
+        EXPECT_EQ(scene_.world()->keysRemaining(), 0) << "a key taken half-way stays taken";
+        EXPECT_EQ(scene_.levelIndex(), 0);
+    });
+    playFrom(0, 401);
+    EXPECT_EQ(score, 50);
+    const int now = pictures_;
+    int keys = 0;
+    at(now + 12, [&] {
+        score = scene_.world()->score();
+        keys = scene_.world()->keysRemaining();
+    });
+    playFrom(0, now + 13);
+    EXPECT_EQ(score, 0);
+    EXPECT_EQ(keys, 1);
+}
+
 TEST_F(LevelSceneTest, AMouseButtonIsNoKey) {
     // Button 12 has the number of a key.
     at(10, [&] {
@@ -247,6 +315,7 @@ TEST_F(LevelSceneTest, EveryVisitHasItsPicturesAndANewWorld) {
         scene_.requestNewGame(0);
         if (visit == 0) scene_.startLoadingPass();
         application_.run(kLevel);
+        EXPECT_FALSE(scene_.animations().strip(90)->isAcquired()) << "textures live during a visit only";
         EXPECT_GT(drawn, 0U);
         EXPECT_TRUE(textures);
         renderer_.drawn.clear();

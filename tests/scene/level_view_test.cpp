@@ -46,9 +46,6 @@ protected:
         return ids;
     }
 
-    /// How many cells were drawn; the hero came last.
-    std::size_t drawnCells() const { return renderer_.drawn.size() - 1; }
-
     FakeRenderer renderer_;
     MemorySource source_;
     SpriteNumbers numbers_;
@@ -71,6 +68,7 @@ TEST_F(LevelViewTest, ACellIsDrawnBackToFrontWithTheHeroBetween) {
     EXPECT_EQ(drawnAnimations(), (std::vector{10, 0, 13, 14, 12, 98, 333, 15, 118}));
     EXPECT_EQ(table_.strip(0)->frame(), 1) << "only the cell's own picture follows the cell's frame";
     EXPECT_EQ(table_.strip(10)->frame(), 0);
+    for (const auto& drawn : renderer_.drawn) EXPECT_EQ(drawn.opacity, 1.0F);
     EXPECT_EQ(renderer_.drawn[0].x, 64);
     EXPECT_EQ(renderer_.drawn[0].y, 64);
 }
@@ -111,13 +109,16 @@ TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
     };
     LevelMap map = bareMap(30, 20);
     for (int y = 0; y < 20; ++y)
-        for (int x = 0; x < 30; ++x) map.cellAt(x, y).sprite = 0;
+        for (int x = 0; x < 30; ++x) {
+            map.cellAt(x, y).sprite = 0;
+            map.cellAt(x, y).layer5Sprite = 15;
+        }
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.what);
         Camera camera;
         camera.follow(row.heroX, row.heroY, map.width(), map.height());
         draw(map, camera);
-        EXPECT_EQ(drawnCells(), row.cells);
+        EXPECT_EQ(renderer_.drawn.size(), 2 * row.cells + 1) << "behind and before the hero";
         EXPECT_EQ(renderer_.drawn.front().x, row.left);
         EXPECT_EQ(renderer_.drawn.front().y, row.top);
     }
