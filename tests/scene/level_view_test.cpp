@@ -102,10 +102,10 @@ TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
         int top;
     };
     constexpr Row kRows[] = {
-        {"the corner: 832 pixels are 13 columns, 640 are 10 rows", 0, 0, 13 * 10, 0, 0},
-        {"scrolled by almost a cell: a column more", 544 + 511, 344 + 319, 14 * 10, -63, -63},
-        {"scrolled by 8 and 36: the next column would begin beyond the edge", 1000, 700, 13 * 10, -8, -36},
-        {"the far corner: 1120 and 744 are scrolled", 1900, 1200, 13 * 9, -32, -40},
+        {"the corner: 832 pixels are 13 columns, 640 are 10 rows", 0, 0, 130, 0, 0},
+        {"scrolled by almost a cell: a column more", 544 + 511, 344 + 319, 140, -63, -63},
+        {"scrolled by 8 and 36: the next column would begin beyond the edge", 1000, 700, 130, -8, -36},
+        {"the far corner: 1120 and 744 are scrolled", 1900, 1200, 117, -32, -40},
     };
     LevelMap map = bareMap(30, 20);
     for (int y = 0; y < 20; ++y)
