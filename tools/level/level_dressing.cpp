@@ -89,11 +89,14 @@ private:
         const int line = source_.fieldLine + row;
         const FieldCharacter* known = fieldCharacter(character);
         const auto own = source_.legend.find(character);
-        if (known == nullptr && own == source_.legend.end())
+        std::string_view name;
+        if (own != source_.legend.end())
+            name = own->second.family;
+        else if (known != nullptr)
+            name = known->family;
+        else
             return fail(line, "wanted one of " + knownCharacters() + ", found '" + character + "' in column " +
                                   std::to_string(column));
-        const std::string_view name =
-            own != source_.legend.end() ? std::string_view(own->second.family) : known->family;
         const Block* block = palette_.find(source_.world, name);
         if (block == nullptr)
             return fail(source_.worldLine,
