@@ -27,7 +27,7 @@ public:
         std::swap(count_, other.count_);
         return *this;
     }
-    ~SharedRef() { release(); }
+    ~SharedRef() { release(); }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): as below
 
     /// The object, still owned by its handles; null for an empty handle.
     [[nodiscard]] T* get() const { return object_; }
@@ -39,6 +39,7 @@ private:
     template <class Other>
     friend class SharedRef;
 
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDelete): the analyzer takes the answers of an atomic count for arbitrary
     void retain() noexcept {
         if (count_) count_->fetch_add(1, std::memory_order_relaxed);
     }
@@ -47,6 +48,7 @@ private:
         delete object_;
         delete count_;
     }
+    // NOLINTEND(clang-analyzer-cplusplus.NewDelete)
 
     T* object_ = nullptr;
     std::atomic<std::int32_t>* count_ = nullptr;
