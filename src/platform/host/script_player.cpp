@@ -76,6 +76,7 @@ private:
         }
     }
 
+    testing::HandDrivenClock clock_;
     std::vector<ScriptLine> lines_;
     std::size_t next_ = 0;
     HANDLE allPerformed_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
@@ -101,10 +102,7 @@ bool playScript(const std::string& path) {
         return false;
     }
     useDummyDrivers();
-    // Both stay for the rest of the process.
-    static auto* clock = new testing::HandDrivenClock;
-    static auto* player = new ScriptPlayer(std::move(*lines));
-    static_cast<void>(clock);
+    static auto* player = new ScriptPlayer(std::move(*lines));  // stays for the rest of the process, and its clock too
     observePictures([](HWND window, std::uint64_t number) { player->pictureShown(window, number); });
     return CreateThread(nullptr, 0, watchScript, player, 0, nullptr) != nullptr;
 }
