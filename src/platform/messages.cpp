@@ -75,13 +75,9 @@ void serveOwnWindows(WaitGuard& lock) {
     lock.unlock();
     const auto window = ownWindow();
     lock.lock();
-    while (window && window->alive && hasWork(*window)) {
-        if (!window->sent.empty()) {
-            makeOneSentCall(*window, lock);
-        } else {
-            showFrame(*window, lock);
-        }
-    }
+    if (!window) return;
+    for (auto calls = window->sent.size(); calls > 0 && !window->sent.empty(); --calls) makeOneSentCall(*window, lock);
+    if (window->alive && window->frameArrived) showFrame(*window, lock);
 }
 
 void wakeOwner(Window& window) {

@@ -74,8 +74,9 @@ LRESULT callProcedure(const Window& window, UINT message, WPARAM wParam, LPARAM 
 /// Tells the owner that there is something to do, wherever it waits. Under the wait lock.
 void wakeOwner(Window& window);
 
-/// Makes the sent calls and shows the picture that have arrived for the calling thread's window. Called and returns
-/// with the wait lock held, but lets go of it meanwhile.
+/// Makes the sent calls and shows the picture that have arrived for the calling thread's window: only those that are
+/// there now, so that senders who never pause cannot keep posted messages and ended waits from their turn. Called and
+/// returns with the wait lock held, but lets go of it meanwhile.
 void serveOwnWindows(WaitGuard& lock);
 
 /// Turns what SDL has to report into messages of the windows. With `waitLimit` (milliseconds) above 0 it first waits
