@@ -24,7 +24,8 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
 
 namespace grub {
 
-RefusingHeap::RefusingHeap(int refusals) { refusalsLeft = refusals; }
+RefusingHeap::RefusingHeap(int refusals) : refusals_(refusals) { refusalsLeft = refusals; }
+bool RefusingHeap::hasRefused() const { return refusalsLeft < refusals_; }
 RefusingHeap::~RefusingHeap() { refusalsLeft = 0; }
 
 }  // namespace grub

@@ -10,6 +10,12 @@ public:
     RefusingHeap(const RefusingHeap&) = delete;
     RefusingHeap& operator=(const RefusingHeap&) = delete;
     ~RefusingHeap();
+
+    /// Whether an allocation has been refused since the construction.
+    [[nodiscard]] bool hasRefused() const;
+
+private:
+    int refusals_;
 };
 
 }  // namespace grub
