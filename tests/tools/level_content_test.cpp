@@ -15,6 +15,7 @@
 #include "loading_list.h"
 #include "memory_source.h"
 #include "package_builder.h"
+#include "run_command.h"
 #include "scratch_directory.h"
 #include "whole_file.h"
 
@@ -126,18 +127,7 @@ TEST_F(LevelContent, TheLargestLevelScrollsBothWays) {
     EXPECT_GT(level->height, 9);
 }
 
-/// Runs grubtool's level commands; the exit code.
-int run(std::vector<std::string> arguments) {
-    CLI::App app;
-    addLevelCommands(app);
-    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
-    try {
-        app.parse(arguments);
-    } catch (const CLI::RuntimeError& error) {
-        return error.get_exit_code();
-    }
-    return 0;
-}
+int run(const std::vector<std::string>& words) { return runCommand(addLevelCommands, words); }
 
 TEST(LevelCommands, MakeTheSamePackageTwice) {
     Bytes packages[2];

@@ -11,23 +11,13 @@
 #include "package_extractor.h"
 #include "package_verifier.h"
 #include "package_writer.h"
+#include "run_command.h"
 #include "scratch_directory.h"
 
 namespace grub {
 namespace {
 
-/// Runs grubtool's part of a command line; its exit code.
-int run(std::vector<std::string> arguments) {
-    CLI::App app;
-    addPackCommands(app);
-    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
-    try {
-        app.parse(arguments);
-    } catch (const CLI::RuntimeError& error) {
-        return error.get_exit_code();
-    }
-    return 0;
-}
+int run(const std::vector<std::string>& words) { return runCommand(addPackCommands, words); }
 
 std::string outputOf(const std::vector<std::string>& arguments) {
     testing::internal::CaptureStdout();
