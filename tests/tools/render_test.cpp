@@ -361,6 +361,9 @@ TEST(RenderCommands, ListEveryName) {
     const std::string list = testing::internal::GetCapturedStdout();
     EXPECT_EQ(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\n')), allPictures().size());
     EXPECT_THAT(list, testing::HasSubstr("grub\\ani_01\n"));
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(runRender({"render", "list", "--labels"}), 0);
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::Not(testing::HasSubstr("grub\\ani_01\n")));
 }
 
 }  // namespace

@@ -39,6 +39,9 @@ public:
     /// pixels around the picture that are drawn on and cut off, for what is to continue in the neighbour.
     Canvas(int width, int height, int samples = 4, double scale = 1, int margin = 0);
 
+    /// Width and height of the picture in design pixels.
+    Point size() const { return {width_ / scale_, height_ / scale_}; }
+
     /// While it lives, drawing happens in a moved, turned and stretched frame. They end in the reverse order.
     class Placement {
     public:

@@ -77,7 +77,7 @@ void drawTorso(Canvas& canvas) {
 
 void drawEye(Canvas& canvas, Point at, double radius, const Face& face) {
     const VectorPath ball = ellipse(at, radius * 0.92, radius * 1.12);
-    canvas.part(ball, kWhite, {.bevel = 2, .line = 0.8, .shadow = 0.2F});
+    canvas.part(ball, kEnamel, {.bevel = 2, .line = 0.8, .shadow = 0.2F});
     const Mask inEye = canvas.mask(ball);
     const Point pupil = at + face.look * (radius * 0.36);
     canvas.flat(ellipse(pupil, radius * 0.56, radius * 0.66), kIris, {.clip = &inEye});

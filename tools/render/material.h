@@ -64,7 +64,7 @@ constexpr Material stony(Rgb base, float bump, float grain, float gloss = 0.05F)
 }
 
 /// Shared by several drawings, so that teeth, tools and treasure look alike everywhere.
-inline constexpr Material kWhite = glossy(material(0xffffff, 0xc9cbe4, 0xffffff), 0.2F);
+inline constexpr Material kEnamel = glossy(material(0xffffff, 0xc9cbe4, 0xffffff), 0.2F);
 inline constexpr Material kMetal = glossy(material(0xb9c4d0, 0x4d5876, 0xf4fbff), 1, 0.5F);
 inline constexpr Material kDarkMetal = glossy(material(0x6b7690, 0x30364f, 0xb4c0d4), 0.7F, 0.4F);
 inline constexpr Material kWood = glossy(material(0xb5763c, 0x5f3336, 0xe6b06a), 0.3F);

@@ -18,6 +18,8 @@ enum class Ground {
 struct FrameOf {
     int index;
     int count;
+    /// Name of the strip.
+    std::string_view name = {};
 
     /// Share of the cycle, 0 up to, not including, 1.
     double phase() const { return static_cast<double>(index) / count; }

@@ -8,6 +8,7 @@
 #include "digit_pictures.h"
 #include "floor_pictures.h"
 #include "hero_pictures.h"
+#include "label_pictures.h"
 #include "light_pictures.h"
 #include "thing_pictures.h"
 #include "wall_pictures.h"
@@ -22,6 +23,8 @@ const std::vector<PictureEntry>& allPictures() {
               decorPictures(), digitPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
+        const std::vector<PictureEntry> labels = labelsBeside(all);
+        all.insert(all.end(), labels.begin(), labels.end());
         return all;
     }();
     return pictures;

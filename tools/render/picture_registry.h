@@ -7,7 +7,7 @@
 
 namespace grub {
 
-/// Every picture that can be drawn, in a fixed order.
+/// Every picture, in a fixed order: those with a drawing, then a label for every other file of the loading list.
 const std::vector<PictureEntry>& allPictures();
 
 /// The picture of that name, or null.

@@ -9,6 +9,7 @@
 
 #include "bmp_file.h"
 #include "contact_sheet.h"
+#include "label_pictures.h"
 #include "picture_registry.h"
 #include "strip.h"
 
@@ -21,6 +22,7 @@ struct RenderOptions {
     std::string output;
     std::vector<std::string> names;
     int zoom = 2;
+    bool labels = false;
 };
 
 [[noreturn]] void fail(const std::string& reason) {
@@ -40,8 +42,10 @@ bool renderFile(const PictureEntry& entry, const std::filesystem::path& path) {
     return writeFile(path.string(), bmpBytes(renderStrip(entry)));
 }
 
-void list() {
-    for (const PictureEntry& entry : allPictures()) std::cout << entry.name << '\n';
+void list(const RenderOptions& options) {
+    for (const PictureEntry& entry : allPictures()) {
+        if (!options.labels || isLabel(entry)) std::cout << entry.name << '\n';
+    }
 }
 
 void renderOne(const RenderOptions& options) {
@@ -83,7 +87,9 @@ void addRenderCommands(CLI::App& app) {
     CLI::App* render = app.add_subcommand("render", "Draw the game's pictures");
     render->require_subcommand(1);
 
-    render->add_subcommand("list", "Print the name of every picture")->callback(list);
+    CLI::App* names = render->add_subcommand("list", "Print the name of every picture");
+    names->add_flag("--labels", options->labels, "Only of those that nobody has drawn yet");
+    names->callback([options] { list(*options); });
 
     CLI::App* one = render->add_subcommand("picture", "Draw one strip as a BMP file");
     one->add_option("name", options->name, "Name, such as grub\\ani_01")->required();

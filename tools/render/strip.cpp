@@ -16,7 +16,7 @@ constexpr int kJoinMargin = 16;
 PixelImage renderFrame(const PictureEntry& entry, int frame) {
     const int margin = entry.ground == Ground::Joined ? kJoinMargin : 0;
     Canvas canvas(entry.width, entry.frameHeight, kSamples, 1, margin);
-    entry.draw(canvas, {frame, entry.frames});
+    entry.draw(canvas, {frame, entry.frames, entry.name});
     PixelImage image = canvas.picture();
     spreadColours(image);
     return image;
