@@ -136,16 +136,17 @@ TEST(HeroIdle, IsNotForLaddersAndPipes) {
     EXPECT_EQ(pipe.world().heroPicture().animation, kHangRight);
 }
 
+// The picture of the frame before counts: he is heard as he leaves the first picture of a strip, whichever it is.
 TEST(HeroSteps, AreHeardOnceForEachRoundOfTheAnimation) {
     auto walk = worldFrom({"@ . .", "# # #"});
     walk.script("1:+R").runTo(15);
-    EXPECT_EQ(walk.framesOf(SoundId::Steps), (std::vector<int>{4, 8, 12}));
+    EXPECT_EQ(walk.framesOf(SoundId::Steps), (std::vector<int>{5, 9, 13}));
     auto climb = worldFrom({"@", "H", "H", "#"});
     climb.script("1:+D").runTo(8);
-    EXPECT_EQ(climb.framesOf(SoundId::LadderSteps), (std::vector<int>{1, 5}));
+    EXPECT_EQ(climb.framesOf(SoundId::LadderSteps), (std::vector<int>{1, 2, 6}));
     auto hang = worldFrom({"@ - -", "# . .", "# . ."});
     hang.script("1:+R").runTo(15);
-    EXPECT_EQ(hang.framesOf(SoundId::PipeSteps), (std::vector<int>{4, 8, 12}));
+    EXPECT_EQ(hang.framesOf(SoundId::PipeSteps), (std::vector<int>{5, 9, 13}));
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ struct CodePicture {
 constexpr std::array kActors{CodePicture{object_code::kHero, 333}, CodePicture{object_code::kDog, 90},
                              CodePicture{object_code::kRat, 110}, CodePicture{object_code::kLady, 103}};
 constexpr std::array kItems{CodePicture{object_code::kHeart, 129}, CodePicture{object_code::kDrops, 128},
-                            CodePicture{object_code::kStonesLeft, 126}, CodePicture{object_code::kStonesRight, 127}};
+                            CodePicture{object_code::kTorchLeft, 126}, CodePicture{object_code::kTorchRight, 127}};
 constexpr std::array kKeys{CodePicture{object_code::kHangingKey, 97}, CodePicture{object_code::kKey, 98}};
 constexpr std::array kLamps{CodePicture{object_code::kLongLamp, 118}, CodePicture{object_code::kShortLamp, 119}};
 

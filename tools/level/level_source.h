@@ -63,8 +63,8 @@ inline constexpr std::array kObjectNames{
     ObjectName{"longlamp", object_code::kLongLamp},
     ObjectName{"shortlamp", object_code::kShortLamp},
     ObjectName{"drops", object_code::kDrops},
-    ObjectName{"torchleft", object_code::kStonesLeft},
-    ObjectName{"torchright", object_code::kStonesRight},
+    ObjectName{"torchleft", object_code::kTorchLeft},
+    ObjectName{"torchright", object_code::kTorchRight},
 };
 
 /// The row of `kFieldCharacters` for a character; null if a level has to say in its legend what it means.

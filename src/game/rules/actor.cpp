@@ -1,5 +1,7 @@
 #include "actor.h"
 
+#include "state_hash.h"
+
 namespace grub {
 
 const MapCell* Actor::cellUnder(const LevelMap& map) const {
@@ -24,5 +26,7 @@ void Actor::undoMove() {
     vx = 0;
     vy = 0;
 }
+
+void Actor::addTo(StateHash& hash) const { hash.add(previousX, previousY, x, y, vx, vy); }
 
 }  // namespace grub

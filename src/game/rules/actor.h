@@ -5,6 +5,8 @@
 
 namespace grub {
 
+class StateHash;
+
 /// Somebody on the map: a position in pixels of his top left corner, and a velocity. Decisions are taken on cells;
 /// between them an actor only moves.
 struct Actor {
@@ -34,6 +36,9 @@ struct Actor {
     /// Back to where the last move began, at rest.
     void undoMove();
     [[nodiscard]] bool isOutsideMap(const LevelMap& map) const { return !map.contains(cellX(), cellY()); }
+
+    /// Adds position and velocity.
+    void addTo(StateHash& hash) const;
 
     friend bool operator==(const Actor&, const Actor&) = default;
 

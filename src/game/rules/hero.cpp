@@ -1,6 +1,7 @@
 #include "hero.h"
 
 #include "rules.h"
+#include "state_hash.h"
 #include "terrain.h"
 
 namespace grub {
@@ -61,6 +62,7 @@ void Hero::update(Attempt& attempt) {
     if (isHalfAligned()) takeKeysInReach(attempt);
     if (isAligned()) arriveAtCell(attempt);
     decide(attempt);
+    countShield();
     countIdle(attempt.map);
     move(attempt.map);
     if (wasFalling && vy == 0) {
@@ -80,14 +82,16 @@ void Hero::takeKeysInReach(Attempt& attempt) const {
     }
 }
 
-void Hero::arriveAtCell(Attempt& attempt) const {
+// Invisibility begins at the next cell: the distances that he leaves stay until then.
+void Hero::arriveAtCell(Attempt& attempt) {
     const int cx = cellX();
     const int cy = cellY();
     if (attempt.map.takeKeyForNow(cx, cy)) attempt.rewardKey(cx, cy);
     if (attempt.map.distanceAt(cx, cy) != 0) {
         attempt.map.resetDistances();
-        attempt.map.fillDistances(cx, cy, 0);
+        if (attempt.bonuses.invisibilityTimer == 0) attempt.map.fillDistances(cx, cy, 0);
     }
+    pickUpBonuses(attempt, *this);
 }
 
 void Hero::decide(Attempt& attempt) {
@@ -162,6 +166,17 @@ void Hero::dig(Attempt& attempt, Facing side) {
     attempt.sounds.play(SoundId::Break);
 }
 
+void Hero::giveShield() {
+    shieldTimer_ = kShieldFrames;
+    shielded_ = true;
+}
+
+void Hero::countShield() {
+    if (!shielded_) return;
+    --shieldTimer_;
+    if (shieldTimer_ < 1) shielded_ = false;
+}
+
 void Hero::countIdle(const LevelMap& map) {
     if (idleTimer_ < 1) {
         idlePlaying_ = true;
@@ -172,6 +187,12 @@ void Hero::countIdle(const LevelMap& map) {
     }
     const bool onLadder = map.cellAt(cellX(), cellY()).type == BlockType::Ladder;
     if (vx != 0 || vy != 0 || onLadder || map.isPipe(cellX(), cellY())) idlePlaying_ = false;
+}
+
+void Hero::addTo(StateHash& hash) const {
+    Actor::addTo(hash);
+    hash.add(command_, facing_, picture_.animation, picture_.frame, idleTimer_, shieldTimer_, turnDelay_, digging_,
+             idlePlaying_, shielded_);
 }
 
 }  // namespace grub

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "actor.h"
+#include "animation_frame.h"
 #include "attempt.h"
 #include "hero_animation.h"
 #include "play_key.h"
@@ -14,14 +15,6 @@ enum class HeroCommand : std::uint8_t { None, Left, Right, Up, Down, DigLeft, Di
 
 /// Where he looks; the last horizontal direction asked for.
 enum class Facing : std::uint8_t { Left = 1, Right = 2 };
-
-/// A picture of an animation strip.
-struct AnimationFrame {
-    int animation = 0;
-    int frame = 0;
-
-    friend bool operator==(const AnimationFrame&, const AnimationFrame&) = default;
-};
 
 /// Grub. He walks, climbs, hangs, falls and digs; everything is decided while he stands exactly on a cell, between
 /// cells he can only turn back.
@@ -40,40 +33,54 @@ public:
     void update(Attempt& attempt);
     /// Chooses the picture of this frame of play, once a frame after `update`. A dig ends here, with its animation.
     void updatePicture(Attempt& attempt);
-    /// The picture of this frame.
+    /// The picture of this frame, to go on from in the next. Without the shield: that is only drawn.
     [[nodiscard]] AnimationFrame picture() const { return picture_; }
+    /// The same as it is drawn.
+    [[nodiscard]] AnimationFrame shownPicture() const;
+
+    /// No enemy can catch him for kShieldFrames.
+    void giveShield();
+    [[nodiscard]] bool isShielded() const { return shielded_; }
+    /// Frames of shield left.
+    [[nodiscard]] int shieldTimer() const { return shieldTimer_; }
 
     /// For traces and tests.
     [[nodiscard]] HeroCommand command() const { return command_; }
     [[nodiscard]] Facing facing() const { return facing_; }
     [[nodiscard]] bool isDigging() const { return digging_; }
 
+    /// Adds everything that play depends on.
+    void addTo(StateHash& hash) const;
+
     friend bool operator==(const Hero&, const Hero&) = default;
 
 private:
     void takeKeysInReach(Attempt& attempt) const;
-    void arriveAtCell(Attempt& attempt) const;
+    void arriveAtCell(Attempt& attempt);
     void decide(Attempt& attempt);
     void turnBack(const LevelMap& map);
     void obey(Attempt& attempt);
     void walk(const LevelMap& map, Facing direction);
     void dig(Attempt& attempt, Facing side);
+    void countShield();
     void countIdle(const LevelMap& map);
 
     [[nodiscard]] int sided(int left, int right) const { return facing_ == Facing::Left ? left : right; }
-    [[nodiscard]] AnimationFrame continued(int animation) const;
+    AnimationFrame choosePicture(Attempt& attempt);
     [[nodiscard]] AnimationFrame movingSideways(Attempt& attempt) const;
     [[nodiscard]] AnimationFrame movingUpright(Attempt& attempt) const;
-    [[nodiscard]] AnimationFrame standing(const LevelMap& map) const;
+    [[nodiscard]] AnimationFrame resting(const LevelMap& map) const;
     [[nodiscard]] AnimationFrame digging(const AnimationFrameCounts& counts);
 
     HeroCommand command_ = HeroCommand::None;
     Facing facing_ = Facing::Left;
     AnimationFrame picture_;
     int idleTimer_ = kIdleFrames;
+    int shieldTimer_ = 0;
     int turnDelay_ = 0;  // decisions in which he only turns
     bool digging_ = false;
     bool idlePlaying_ = false;
+    bool shielded_ = false;
 };
 
 }  // namespace grub

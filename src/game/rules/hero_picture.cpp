@@ -1,70 +1,69 @@
+// Which picture the hero shows.
+
 #include "hero.h"
 
 namespace grub {
 
 using namespace hero_animation;
 
-namespace {
-
-/// Whether an actor in this cell hangs on a pipe with nothing under him.
-bool hangsAt(const LevelMap& map, int cx, int cy) {
-    return map.isPipe(cx, cy) && !map.canStand(cx, cy, View::Physical);
-}
-
-/// Whether the picture is the first of its strip, also by coming round again.
-bool startsCycle(AnimationFrame chosen, const AnimationFrameCounts& counts) {
-    return chosen.frame == 0 || chosen.frame >= counts.of(chosen.animation);
-}
-
-}  // namespace
-
+// Once the attempt is over he keeps his picture. The choice still runs in that frame, so that a dig can end in it, but
+// asks for no sound.
 void Hero::updatePicture(Attempt& attempt) {
-    AnimationFrame chosen{kNeutral, 0};
-    if (vx != 0) chosen = movingSideways(attempt);
-    if (vy != 0) chosen = movingUpright(attempt);
-    if (vx == 0 && vy == 0) chosen = digging_ ? digging(attempt.frameCounts) : standing(attempt.map);
-    if (attempt.ended) chosen = picture_;
-    if (idlePlaying_) chosen = continued(sided(kStandLeft, kStandRight));
-    if (chosen.frame >= attempt.frameCounts.of(chosen.animation)) {
-        chosen.frame = 0;
+    const SoundRequests askedBefore = attempt.sounds;
+    AnimationFrame chosen = choosePicture(attempt);
+    if (attempt.ended) {
+        chosen = picture_;
+        attempt.sounds = askedBefore;
+    }
+    if (idlePlaying_) chosen = picture_.continuedBy(sided(kStandLeft, kStandRight));
+    picture_ = chosen;
+    if (chosen.frame >= attempt.frameCounts.of(shownPicture().animation)) {
+        picture_.frame = 0;
         idlePlaying_ = false;
     }
-    picture_ = chosen;
 }
 
-/// The next frame of an animation that is running, the first of another one.
-AnimationFrame Hero::continued(int animation) const {
-    return {animation, animation == picture_.animation ? picture_.frame + 1 : 0};
+AnimationFrame Hero::choosePicture(Attempt& attempt) {
+    if (vy != 0) return movingUpright(attempt);
+    if (vx != 0) return movingSideways(attempt);
+    return digging_ ? digging(attempt.frameCounts) : resting(attempt.map);
 }
 
-// Going either way he looks at the pipe to his right.
+AnimationFrame Hero::shownPicture() const {
+    if (shielded_) {
+        for (const ShieldVariant& variant : kShieldVariants)
+            if (variant.base == picture_.animation) return {variant.shielded, picture_.frame};
+    }
+    return picture_;
+}
+
+// Going either way he looks at the pipe to his right. Each round of the strip is heard, from the picture after its
+// first.
 AnimationFrame Hero::movingSideways(Attempt& attempt) const {
-    const bool hanging = hangsAt(attempt.map, cellX(), cellY()) || hangsAt(attempt.map, cellX() + 1, cellY());
+    const bool hanging = attempt.map.hangsAt(cellX(), cellY()) || attempt.map.hangsAt(cellX() + 1, cellY());
     const bool left = vx < 0;
-    const AnimationFrame chosen =
-        hanging ? continued(left ? kHangLeft : kHangRight) : continued(left ? kWalkLeft : kWalkRight);
-    if (startsCycle(chosen, attempt.frameCounts)) attempt.sounds.play(hanging ? SoundId::PipeSteps : SoundId::Steps);
-    return chosen;
+    if (picture_.frame == 0) attempt.sounds.play(hanging ? SoundId::PipeSteps : SoundId::Steps);
+    return hanging ? picture_.continuedBy(left ? kHangLeft : kHangRight)
+                   : picture_.continuedBy(left ? kWalkLeft : kWalkRight);
 }
 
 AnimationFrame Hero::movingUpright(Attempt& attempt) const {
     if (vy > 0 && !attempt.map.canStand(cellX(), cellY(), View::Physical)) {
         if (picture_.animation != kFall) attempt.sounds.play(SoundId::Falling);
-        return continued(kFall);
+        return picture_.continuedBy(kFall);
     }
-    const AnimationFrame chosen = continued(kClimb);
-    if (startsCycle(chosen, attempt.frameCounts)) attempt.sounds.play(SoundId::LadderSteps);
-    return chosen;
+    if (picture_.frame == 0) attempt.sounds.play(SoundId::LadderSteps);
+    return picture_.continuedBy(kClimb);
 }
 
-AnimationFrame Hero::standing(const LevelMap& map) const {
-    if (hangsAt(map, cellX(), cellY())) return {sided(kHangLeft, kHangRight), 0};
+AnimationFrame Hero::resting(const LevelMap& map) const {
+    if (map.hangsAt(cellX(), cellY())) return {sided(kHangLeft, kHangRight), 0};
     if (map.cellAt(cellX(), cellY()).type == BlockType::Ladder) return {kClimb, kClimbRestFrame};
-    return continued(sided(kStandLeft, kStandRight));
+    return picture_.continuedBy(sided(kStandLeft, kStandRight));
 }
 
 AnimationFrame Hero::digging(const AnimationFrameCounts& counts) {
-    const AnimationFrame chosen = continued(sided(kDigLeft, kDigRight));
+    const AnimationFrame chosen = picture_.continuedBy(sided(kDigLeft, kDigRight));
     if (chosen.frame >= counts.of(chosen.animation) - 1) digging_ = false;
     return chosen;
 }

@@ -1,7 +1,9 @@
 #include "level_loader.h"
 
+#include <algorithm>
 #include <unordered_map>
 
+#include "enemy_kind.h"
 #include "level_list.h"
 #include "object_code.h"
 #include "rules.h"
@@ -119,6 +121,19 @@ void placeObject(LevelMap& map, int x, int y, std::uint16_t code) {
     if (object_code::isKey(code)) map.addKey(x, y, code == object_code::kKey ? 1 : 0);
 }
 
+/// More than a world has room for; empty when all is well.
+std::string reasonToRefuse(const LevelMap& map) {
+    const auto tooMany = [](std::size_t count, const char* what, std::size_t limit) {
+        return std::to_string(count) + " " + what + ", at most " + std::to_string(limit) + " are possible";
+    };
+    const auto enemies = static_cast<std::size_t>(
+        std::ranges::count_if(map.objects(), [](const LevelObject& object) { return isEnemy(object.code); }));
+    if (map.spawnPoints().size() > kMaxSpawnPoints)
+        return tooMany(map.spawnPoints().size(), "spawn points", kMaxSpawnPoints);
+    if (enemies > kMaxEnemies) return tooMany(enemies, "enemies", kMaxEnemies);
+    return {};
+}
+
 }  // namespace
 
 bool LevelLoader::loadBlockTypes() {
@@ -153,11 +168,8 @@ std::optional<LevelMap> LevelLoader::build(const LevelFile& file, std::string& r
             placeObject(map, x, y, record->code);
         }
     }
-    if (map.spawnPoints().size() > kMaxSpawnPoints) {
-        reason = std::to_string(map.spawnPoints().size()) + " spawn points, at most " +
-                 std::to_string(kMaxSpawnPoints) + " are possible";
-        return std::nullopt;
-    }
+    reason = reasonToRefuse(map);
+    if (!reason.empty()) return std::nullopt;
     return map;
 }
 

@@ -4,10 +4,16 @@
 #include <cstring>
 
 #include "rules.h"
+#include "state_hash.h"
 
 namespace grub {
 
 namespace {
+
+void addTo(StateHash& hash, const MapCell& cell) {
+    hash.add(cell.sprite, cell.frame, cell.frameDelay, cell.frameDelayReload, cell.timer, cell.type, cell.breakState,
+             cell.keyPresent, cell.holeOccupied, cell.animationDone);
+}
 
 /// A number of the generator spread over `count` values, as evenly as whole numbers allow.
 int spread(int random, int count) { return std::min(random / (WorldRandom::kMax / count), count - 1); }
@@ -137,6 +143,16 @@ std::size_t LevelMap::nextAwake(std::size_t from) const {
     const void* const found = std::memchr(first, 1, awake_.size() - from);
     if (found == nullptr) return awake_.size();
     return static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - awake_.data());
+}
+
+// What a level file says of a cell and play never changes is left out: another level is seen at once all the same.
+void LevelMap::addTo(StateHash& hash) const {
+    hash.add(width_, height_, keysRemaining_, collectedKeys_.size());
+    for (const CellPosition& place : collectedKeys_) hash.add(place.x, place.y);
+    for (const MapCell& cell : cells_) grub::addTo(hash, cell);
+    for (int y = 0; y < height_; ++y) {
+        for (int x = 0; x < width_; ++x) hash.add(distanceAt(x, y));
+    }
 }
 
 }  // namespace grub

@@ -14,6 +14,8 @@
 
 namespace grub {
 
+class StateHash;
+
 /// What a query asks about: the cell as it is now, or as routes are planned. A plan takes a dug floor for the floor it
 /// will be again.
 enum class View : bool { Planned = false, Physical = true };
@@ -65,6 +67,8 @@ public:
     /// Whether an actor in this cell has support. The bottom row always has.
     [[nodiscard]] bool canStand(int x, int y, View view) const;
     [[nodiscard]] bool isPipe(int x, int y) const;
+    /// Whether an actor in this cell hangs on its pipe, with nothing under him.
+    [[nodiscard]] bool hangsAt(int x, int y) const { return isPipe(x, y) && !canStand(x, y, View::Physical); }
     /// Whether the cell is a floor with room above it.
     [[nodiscard]] bool isDiggable(int x, int y) const;
     /// Whether a ladder leads up from here; never from the top row.
@@ -106,6 +110,9 @@ public:
     [[nodiscard]] std::size_t nextAwake(std::size_t from) const;
     void sleep(std::size_t number) { awake_[number] = 0; }
     void wake(int x, int y) { awake_[indexOf(x, y)] = 1; }
+
+    /// Adds everything that play depends on.
+    void addTo(StateHash& hash) const;
 
     friend bool operator==(const LevelMap&, const LevelMap&) = default;
 

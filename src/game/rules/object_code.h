@@ -18,12 +18,12 @@ inline constexpr std::uint16_t kLady = 24;
 inline constexpr std::uint16_t kKey = 25;
 inline constexpr std::uint16_t kHeart = 27;
 inline constexpr std::uint16_t kDrops = 28;
-inline constexpr std::uint16_t kStonesLeft = 29;
-inline constexpr std::uint16_t kStonesRight = 30;
+inline constexpr std::uint16_t kTorchLeft = 29;
+inline constexpr std::uint16_t kTorchRight = 30;
 
 /// Whether the code calls for an actor, a heart or a decoration.
 [[nodiscard]] constexpr bool isObject(std::uint16_t code) {
-    return code == kDog || code == kRat || code == kLady || (code >= kHeart && code <= kStonesRight);
+    return code == kDog || code == kRat || code == kLady || (code >= kHeart && code <= kTorchRight);
 }
 /// Whether the code puts a key into the cell.
 [[nodiscard]] constexpr bool isKey(std::uint16_t code) { return code == kHangingKey || code == kKey; }

@@ -43,6 +43,47 @@ inline constexpr int kBreakFrameDelay = 2;
 /// Frames each picture of a regrowing floor stays, less one.
 inline constexpr int kRegrowFrameDelay = 4;
 
+/// An enemy's pixels a frame: half the hero's.
+inline constexpr int kEnemySpeed = 4;
+/// The same while the anchor works.
+inline constexpr int kAnchoredSpeed = 2;
+/// Enemies of a level.
+inline constexpr std::size_t kMaxEnemies = 20;
+/// Closer than this in both axes, in pixels, an enemy has the hero.
+inline constexpr int kCatchDistance = 32;
+/// Frames an enemy sits in a hole: 5 s, half of what the hole stays open.
+inline constexpr int kTrappedFrames = 125;
+/// Frames until a dead dog or lady comes back: 15 s.
+inline constexpr int kDeadFrames = 375;
+/// Pixels a rat leaps at once when it falls into a hole, and when it comes out.
+inline constexpr int kRatLeap = 32;
+/// The generator's numbers (0 to 32767) by this give 0 to 3 evenly, and 4 once in 8192.
+inline constexpr int kQuarterOfRandom = 8191;
+
+/// Bonuses that can lie at once.
+inline constexpr std::size_t kBonusSlots = 20;
+/// Frames from one random bonus to the next: 10 s.
+inline constexpr int kBonusInterval = 250;
+/// Frames a bonus lies: 8 s.
+inline constexpr int kBonusFrames = 200;
+/// The generator's numbers by this give the six bonuses evenly, and 6 for none in two of 32768.
+inline constexpr int kSixthOfRandom = 5461;
+/// Frames that a shield, an anchor and invisibility last: 20 s.
+inline constexpr int kShieldFrames = 500;
+inline constexpr int kAnchorFrames = 500;
+inline constexpr int kInvisibleFrames = 500;
+/// Cells that a bomb reaches in each direction.
+inline constexpr int kBlastReach = 2;
+/// How far from drops, in cells of both axes, the hero still hears them.
+inline constexpr int kDropsHearing = 2;
+
+/// Score numbers that can rise at once.
+inline constexpr std::size_t kPopupCount = 20;
+/// Pictures of a score number: 2 s, one pixel up in each.
+inline constexpr int kPopupFrames = 50;
+
+/// Points for a bonus.
+inline constexpr int kBonusScore = 100;
 /// Points for a key.
 inline constexpr int kKeyScore = 50;
 /// Points for reaching the open exit.

@@ -1,53 +1,150 @@
 #include "world.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
+#include "object_code.h"
+#include "state_hash.h"
 #include "terrain.h"
 
 namespace grub {
+
+namespace {
+
+LossCause causeOf(EnemyKind catcher) {
+    switch (catcher) {
+        case EnemyKind::Dog: return LossCause::Dog;
+        case EnemyKind::Lady: return LossCause::Lady;
+        case EnemyKind::Rat: break;
+    }
+    return LossCause::Rat;
+}
+
+}  // namespace
 
 World::World(LevelMap map, const WorldStart& start, const AnimationFrameCounts& counts)
     : attempt_{.map = std::move(map),
                .random = WorldRandom(start.seed),
                .frameCounts = counts,
                .sounds = {},
+               .enemies = {},
+               .decorations = {},
+               .bonuses = {},
+               .popups = {},
                .levelIndex = start.levelIndex,
                .score = start.score,
                .lives = start.lives},
       hero_(attempt_.map) {
     attempt_.map.withdrawCollectedKeys(start.collectedKeys);
+    placeObjects();
 }
 
-// The order decides who sees what: a floor dug in this frame is a hole at once, one that closes is a floor from the
-// next frame on.
+void World::placeObjects() {
+    for (const LevelObject& object : attempt_.map.objects()) {
+        if (isEnemy(object.code)) {
+            attempt_.enemies.emplace_back(object.x, object.y, static_cast<EnemyKind>(object.code));
+            continue;
+        }
+        switch (object.code) {
+            case object_code::kHeart: spawnBonus(attempt_.bonuses, object.x, object.y, BonusKind::Heart); break;
+            case object_code::kDrops: attempt_.decorations.emplace_back(object.x, object.y, ItemKind::Drops); break;
+            case object_code::kTorchLeft:
+                attempt_.decorations.emplace_back(object.x, object.y, ItemKind::TorchLeft);
+                break;
+            case object_code::kTorchRight:
+                attempt_.decorations.emplace_back(object.x, object.y, ItemKind::TorchRight);
+                break;
+            default: break;
+        }
+    }
+}
+
+// The order decides who sees what: a floor dug in this frame is a hole for the enemies at once, one that closes is a
+// floor from the next frame on. A bonus that appears can be taken in the next frame.
 void World::step() {
     ++frame_;
     attempt_.sounds.clear();
+    updateDecorations();
+    updateBonuses(attempt_, hero_);
     hero_.update(attempt_);
+    updateEnemies();
     updateCells(attempt_.map, attempt_.frameCounts);
     checkEnd();
 }
 
+void World::updateDecorations() {
+    for (AnimatedItem& decoration : attempt_.decorations) decoration.stepAnimation();
+}
+
+void World::updateEnemies() {
+    for (Enemy& enemy : attempt_.enemies) enemy.update(attempt_);
+    keepEnemiesApart();
+    for (Enemy& enemy : attempt_.enemies) enemy.updateAnimation(attempt_.map);
+}
+
+/// Of two in one cell the earlier one goes back, if it has just left a cell.
+void World::keepEnemiesApart() {
+    std::vector<Enemy>& enemies = attempt_.enemies;
+    for (auto enemy = enemies.begin(); enemy != enemies.end(); ++enemy) {
+        if (!enemy->wasAtNode() || !enemy->keepsDistance()) continue;
+        const bool isTaken = std::any_of(enemy + 1, enemies.end(), [enemy](const Enemy& other) {
+            return other.keepsDistance() && other.cellX() == enemy->cellX() && other.cellY() == enemy->cellY();
+        });
+        if (isTaken) enemy->undoMove();
+    }
+}
+
+// Every item is looked at once a frame of play, on the screen or off it.
 void World::finishFrame(bool playing) {
     if (playing) {
+        finishDecorations();
+        for (auto& slot : attempt_.bonuses.slots)
+            if (slot) slot->finishFrame(attempt_.frameCounts);
         hero_.updatePicture(attempt_);
     } else {
         attempt_.sounds.clear();
     }
+    attempt_.popups.finishFrame();
+}
+
+void World::finishDecorations() {
+    for (AnimatedItem& item : attempt_.decorations) {
+        item.finishFrame(attempt_.frameCounts);
+        const bool isNear = std::abs(hero_.cellX() - item.cellX()) <= kDropsHearing &&
+                            std::abs(hero_.cellY() - item.cellY()) <= kDropsHearing;
+        if (item.itemKind() == ItemKind::Drops && item.animationDone() && isNear) attempt_.sounds.play(SoundId::Water);
+    }
 }
 
 HeroPicture World::heroPicture() const {
-    const AnimationFrame shown = hero_.picture();
+    const AnimationFrame shown = hero_.shownPicture();
     const int last = std::max(attempt_.frameCounts.of(shown.animation) - 1, 0);
-    return {hero_.x, hero_.y, shown.animation, std::min(shown.frame, last), false};
+    return {hero_.x, hero_.y, shown.animation, std::min(shown.frame, last), attempt_.bonuses.invisibilityTimer > 0};
 }
 
-/// Later checks override the cause of earlier ones.
+std::uint64_t World::stateHash() const {
+    StateHash hash;
+    hash.add(frame_);
+    attempt_.addTo(hash);
+    hero_.addTo(hash);
+    return hash.value();
+}
+
+/// Later checks override the cause of earlier ones, and a later enemy that of an earlier one.
 void World::checkEnd() {
+    if (!hero_.isShielded()) checkCaught();
     checkWin();
     const MapCell* const cell = hero_.cellUnder(attempt_.map);
     if (cell != nullptr && cell->type == BlockType::Floor) attempt_.end(LossCause::Pit);
+}
+
+void World::checkCaught() {
+    for (const Enemy& enemy : attempt_.enemies) {
+        const bool isNear =
+            std::abs(hero_.x - enemy.x) < kCatchDistance && std::abs(hero_.y - enemy.y) < kCatchDistance;
+        if (isNear && enemy.state() != EnemyState::Dead) attempt_.end(causeOf(enemy.kind()));
+    }
 }
 
 void World::checkWin() {

@@ -41,7 +41,7 @@ struct HeroPicture {
 /// settles the level, is frame 0, and is not drawn.
 class World {
 public:
-    /// Takes the keys that `start` names off the map.
+    /// Takes the keys that `start` names off the map and puts the actors of its objects on it.
     World(LevelMap map, const WorldStart& start, const AnimationFrameCounts& counts);
 
     /// A key was pressed during play. It also counts as a sign of life.
@@ -54,7 +54,8 @@ public:
     /// One frame of the rules. Forgets the sounds of the frame before.
     void step();
     /// What drawing advances, once a frame whether anything is drawn or not. `playing` is false in frames that only
-    /// show the level, as behind a dialog: actors then keep their pictures and nothing asks for a sound.
+    /// show the level, as behind a dialog: everybody then keeps his picture, nothing asks for a sound, and only the
+    /// score numbers rise.
     void finishFrame(bool playing);
     /// Ends the attempt from outside, as a closed window does. The rules of a later step may name another cause.
     void end(LossCause cause) { attempt_.end(cause); }
@@ -63,6 +64,12 @@ public:
     [[nodiscard]] const LevelMap& map() const { return attempt_.map; }
     [[nodiscard]] const Hero& hero() const { return hero_; }
     [[nodiscard]] HeroPicture heroPicture() const;
+    [[nodiscard]] std::span<const Enemy> enemies() const { return attempt_.enemies; }
+    [[nodiscard]] std::span<const AnimatedItem> decorations() const { return attempt_.decorations; }
+    [[nodiscard]] const Bonuses& bonuses() const { return attempt_.bonuses; }
+    [[nodiscard]] const ScorePopups& popups() const { return attempt_.popups; }
+    /// How many frames a strip has for the rules.
+    [[nodiscard]] const AnimationFrameCounts& frameCounts() const { return attempt_.frameCounts; }
     /// What `step` and `finishFrame` of this frame ask for, in order; valid until the next `step`.
     [[nodiscard]] std::span<const SoundRequest> sounds() const { return attempt_.sounds.all(); }
 
@@ -80,10 +87,20 @@ public:
     /// State of the world's generator, for traces.
     [[nodiscard]] std::uint32_t randomState() const { return attempt_.random.state(); }
 
+    /// A number for everything that play depends on, the generator included: two worlds with the same hash, given the
+    /// same keys, play the same. Rising score numbers and sounds do not count.
+    [[nodiscard]] std::uint64_t stateHash() const;
+
     friend bool operator==(const World&, const World&) = default;
 
 private:
+    void placeObjects();
+    void updateDecorations();
+    void updateEnemies();
+    void keepEnemiesApart();
+    void finishDecorations();
     void checkEnd();
+    void checkCaught();
     void checkWin();
 
     Attempt attempt_;

@@ -1,0 +1,92 @@
+#include "bonus.h"
+
+#include "attempt.h"
+#include "hero.h"
+#include "state_hash.h"
+
+namespace grub {
+
+namespace {
+
+constexpr ItemKind itemKindOf(BonusKind kind) {
+    switch (kind) {
+        case BonusKind::Invisibility: return ItemKind::Invisibility;
+        case BonusKind::Skull: return ItemKind::Skull;
+        case BonusKind::Anchor: return ItemKind::Anchor;
+        case BonusKind::Bomb: return ItemKind::Bomb;
+        case BonusKind::Shield: return ItemKind::Shield;
+        case BonusKind::Heart: break;
+    }
+    return ItemKind::Heart;
+}
+
+// The generator's very largest numbers stand for no bonus.
+std::optional<BonusKind> drawKind(WorldRandom& random) {
+    const int drawn = random.next() / kSixthOfRandom;
+    if (drawn > static_cast<int>(BonusKind::Heart)) return std::nullopt;
+    return static_cast<BonusKind>(drawn);
+}
+
+void spawnRandomBonus(Attempt& attempt, const Hero& hero) {
+    const auto place = attempt.map.randomFreeCell(attempt.random);
+    if (!place || *place == CellPosition{hero.cellX(), hero.cellY()}) return;
+    if (const auto kind = drawKind(attempt.random)) spawnBonus(attempt.bonuses, place->x, place->y, *kind);
+}
+
+void updateSlots(Bonuses& bonuses) {
+    for (auto& slot : bonuses.slots) {
+        if (!slot) continue;
+        slot->stepAnimation();
+        slot->age();
+        if (slot->isExpired()) slot.reset();
+    }
+}
+
+}  // namespace
+
+Bonus::Bonus(int cx, int cy, BonusKind kind) : AnimatedItem(cx, cy, itemKindOf(kind)), kind_(kind) {}
+
+void Bonus::age() {
+    --lifetime_;
+    if (lifetime_ < 1) take();
+}
+
+void Bonus::take() {
+    active_ = false;
+    expired_ = true;
+}
+
+void Bonus::addTo(StateHash& hash) const {
+    AnimatedItem::addTo(hash);
+    hash.add(kind_, active_, expired_, lifetime_);
+}
+
+void Bonuses::addTo(StateHash& hash) const {
+    for (const auto& slot : slots) {
+        hash.add(slot.has_value());
+        if (slot) slot->addTo(hash);
+    }
+    hash.add(countdown, anchorTimer, invisibilityTimer);
+}
+
+void spawnBonus(Bonuses& bonuses, int cx, int cy, BonusKind kind) {
+    for (auto& slot : bonuses.slots) {
+        if (slot) continue;
+        slot.emplace(cx, cy, kind);
+        return;
+    }
+}
+
+// Timers run out before anybody acts in the frame. Nothing appears by chance in the first level of the game.
+void updateBonuses(Attempt& attempt, const Hero& hero) {
+    Bonuses& bonuses = attempt.bonuses;
+    updateSlots(bonuses);
+    if (--bonuses.countdown < 1) {
+        if (attempt.levelIndex != 0) spawnRandomBonus(attempt, hero);
+        bonuses.countdown = kBonusInterval;
+    }
+    if (bonuses.anchorTimer > 0 && --bonuses.anchorTimer == 0) setEnemySpeed(attempt, kEnemySpeed);
+    if (bonuses.invisibilityTimer > 0) --bonuses.invisibilityTimer;
+}
+
+}  // namespace grub

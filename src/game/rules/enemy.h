@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+
+#include "actor.h"
+#include "animation_frame.h"
+#include "enemy_animation.h"
+#include "enemy_kind.h"
+#include "rules.h"
+
+namespace grub {
+
+struct Attempt;
+class StateHash;
+
+/// What an enemy is about. The numbers are those of traces.
+enum class EnemyState : std::uint8_t {
+    Roaming = 0,   // hunts or wanders
+    Trapped = 1,   // falls into a hole, then sits in it
+    Escaping = 2,  // climbs out of it
+    Dead = 3       // waits out of the way for its return
+};
+
+/// Where a wandering enemy means to go. `Undecided` asks for a new choice; a choice of `Nowhere` stands for a frame.
+enum class EnemyDirection : std::uint8_t { Undecided = 0, Left = 1, Right = 2, Up = 3, Down = 4, Nowhere = 5 };
+
+/// A dog, a lady or a rat. Dog and lady follow the hero's distances, or wander where there are none; the rat runs to
+/// and fro on its floor. Everything is decided exactly on a cell; between cells an enemy only moves.
+class Enemy : public Actor {
+public:
+    /// On a cell, roaming, looking left.
+    Enemy(int cx, int cy, EnemyKind kind);
+
+    /// One frame of behaviour and movement. Draws from the attempt's generator only while it wanders or comes back.
+    void update(Attempt& attempt);
+    /// One frame of the choice of its picture, after all enemies have moved.
+    void updateAnimation(const LevelMap& map);
+    /// Takes it off the field: to pixel (0, 0), dead. A dog and a lady come back, a rat does not.
+    void die();
+    /// Puts it where it comes back. False when there was no room; the place is tried again by another draw.
+    bool respawn(Attempt& attempt);
+    /// Whether it does not fall from here. A rat holds on to no ladder.
+    [[nodiscard]] bool isSupported(const LevelMap& map) const;
+    /// Pixels a frame from its next decision on. Its velocity stays until then, or it would miss its cell.
+    void setSpeed(int pixels) { speed_ = pixels; }
+
+    /// For drawing, end checks, crowding and traces.
+    [[nodiscard]] EnemyKind kind() const { return kind_; }
+    [[nodiscard]] EnemyState state() const { return state_; }
+    [[nodiscard]] EnemyDirection direction() const { return direction_; }
+    [[nodiscard]] AnimationFrame picture() const { return picture_; }
+    [[nodiscard]] int timer() const { return timer_; }
+    [[nodiscard]] int speed() const { return speed_; }
+    /// It stood exactly on a cell, supported, when its last update began.
+    [[nodiscard]] bool wasAtNode() const { return atNode_; }
+    /// Whether it is one of those who step aside for each other.
+    [[nodiscard]] bool keepsDistance() const { return kind_ != EnemyKind::Rat && state_ == EnemyState::Roaming; }
+
+    /// Adds everything that play depends on.
+    void addTo(StateHash& hash) const;
+
+    friend bool operator==(const Enemy&, const Enemy&) = default;
+
+private:
+    /// Whether the enemy still moves in this frame.
+    enum class Then : bool { Stays, Moves };
+
+    Then decide(Attempt& attempt);
+    Then roam(Attempt& attempt);
+    void fall(Attempt& attempt);
+    void fallIntoHole(Attempt& attempt, MapCell& hole);
+    [[nodiscard]] bool passesThroughHole(const LevelMap& map) const;
+    void waitInHole(LevelMap& map);
+    void waitForReturn(Attempt& attempt);
+
+    void chooseDirection(Attempt& attempt);
+    void hunt(const LevelMap& map);
+    void patrol(const LevelMap& map);
+    void wander(Attempt& attempt);
+    void wanderSideways(Attempt& attempt, EnemyDirection side);
+    void wanderUpright(const LevelMap& map, EnemyDirection way);
+    void perhapsTakeLadder(Attempt& attempt);
+    void go(EnemyDirection way);
+
+    [[nodiscard]] bool isHanging(const LevelMap& map) const;
+    [[nodiscard]] AnimationFrame moving(const LevelMap& map) const;
+    [[nodiscard]] AnimationFrame inHole() const;
+    [[nodiscard]] int sided(EnemyAnimations::Pair pair) const;
+
+    EnemyKind kind_;
+    EnemyState state_ = EnemyState::Roaming;
+    EnemyDirection direction_ = EnemyDirection::Left;
+    bool atNode_ = false;
+    int timer_ = 0;  // frames left in this state
+    int speed_ = kEnemySpeed;
+    AnimationFrame picture_{kFirstEnemyAnimation, 0};
+    int frameDelay_ = 0;  // frames until the next picture
+};
+
+}  // namespace grub

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cassert>
+
+#include "enemy_kind.h"
+
+namespace grub {
+
+/// Animation ids of an enemy, a pair for each thing it does: going or looking left, and right.
+struct EnemyAnimations {
+    struct Pair {
+        int left;
+        int right;
+    };
+    EnemyKind kind;
+    Pair walk;
+    Pair pipe;
+    Pair climb;
+    Pair trapped;
+    Pair still;
+    Pair escape;
+};
+
+/// Who looks how. A strip seen from behind serves both directions.
+inline constexpr std::array kEnemyAnimations{
+    //              kind             walk        pipe        climb       trapped     still       escape
+    EnemyAnimations{EnemyKind::Dog, {90, 91}, {92, 93}, {94, 94}, {95, 95}, {96, 96}, {244, 244}},
+    EnemyAnimations{EnemyKind::Rat, {110, 111}, {110, 111}, {112, 113}, {114, 115}, {114, 115}, {112, 113}},
+    EnemyAnimations{EnemyKind::Lady, {103, 104}, {105, 106}, {107, 107}, {108, 108}, {109, 109}, {154, 154}},
+};
+
+/// The row of a kind.
+[[nodiscard]] constexpr const EnemyAnimations& animationsOf(EnemyKind kind) {
+    for (const EnemyAnimations& row : kEnemyAnimations)
+        if (row.kind == kind) return row;
+    assert(false);
+    return kEnemyAnimations[0];
+}
+
+/// The animation of an enemy that has done nothing yet, whatever its kind.
+inline constexpr int kFirstEnemyAnimation = 90;
+
+}  // namespace grub
