@@ -8,6 +8,7 @@
 #include "fake_renderer.h"
 #include "level_writer.h"
 #include "memory_source.h"
+#include "number_painter.h"
 #include "object_code.h"
 
 namespace grub {
@@ -18,7 +19,8 @@ class LevelViewTest : public ::testing::Test {
 protected:
     LevelViewTest() {
         source_.put("two.bmp", writeBmp(1, 64 * 2, Bytes(std::size_t{128} * 3, 9)));
-        for (const int id : {0, 10, 12, 13, 14, 15, 97, 98, 118, 119, 333})
+        source_.put("digits.bmp", writeBmp(1, 20 * 10, Bytes(std::size_t{200} * 3, 9)));
+        for (const int id : {0, 10, 12, 13, 14, 15, 90, 97, 98, 118, 119, 128, 129, 132, 333})
             table_.addAnimationFile("two.bmp", id, 64, TextureTransform::Identity, kBlue);
     }
 
@@ -30,8 +32,12 @@ protected:
     }
 
     void draw(const LevelMap& map, const Camera& camera = {}) {
+        draw(World(map, {}, AnimationFrameCounts::all(2)), camera);
+    }
+
+    void draw(const World& world, const Camera& camera = {}) {
         renderer_.drawn.clear();
-        drawLevel(World(map, {}, AnimationFrameCounts::all(2)), camera, table_, renderer_);
+        drawLevel(world, camera, table_, renderer_);
     }
 
     /// The animations that were drawn, in order; -1 for one that was not drawn in its current frame.
@@ -121,6 +127,90 @@ TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
         EXPECT_EQ(renderer_.drawn.size(), 2 * row.cells + 1) << "behind and before the hero";
         EXPECT_EQ(renderer_.drawn.front().x, row.left);
         EXPECT_EQ(renderer_.drawn.front().y, row.top);
+    }
+}
+
+TEST_F(LevelViewTest, TheHeroStandsBehindEnemiesAndBeforeBonusesAndDecorations) {
+    LevelMap map = bareMap(3, 1);
+    map.cellAt(0, 0).layer5Sprite = 15;
+    map.addObject({1, 0, object_code::kDog});
+    map.addObject({1, 0, object_code::kHeart});
+    map.addObject({2, 0, object_code::kDrops});
+    draw(map);
+    EXPECT_EQ(drawnAnimations(), (std::vector{128, 129, 333, 90, 15}));
+    EXPECT_EQ(renderer_.drawn[3].x, 64);
+}
+
+TEST_F(LevelViewTest, ActorsBeyondTheScreenAreNotDrawn) {
+    LevelMap map = bareMap(30, 1);
+    for (const int column : {0, 1, 13, 14}) map.addObject({column, 0, object_code::kDrops});
+    map.addObject({14, 0, object_code::kDog});
+    Camera camera;
+    camera.follow(64 + 544 + 32, 0, 30, 1);
+    draw(map, camera);  // scrolled by 96: column 1 begins at -32, column 13 at 736, column 14 at 800
+    EXPECT_EQ(drawnAnimations(), (std::vector{128, 128, 128, 333, 90}));
+    EXPECT_EQ(renderer_.drawn[0].x, -32);
+}
+
+TEST_F(LevelViewTest, PointsRiseFromTheCellWhereTheyWereEarned) {
+    table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
+    LevelMap map = bareMap(1, 1);
+    map.addKey(0, 0, 1);
+    World world(map, {}, AnimationFrameCounts::all(2));
+    world.step();  // takes the key: 50 points
+    for (int picture = 0; picture < 50; ++picture) {
+        world.finishFrame(false);
+        draw(world);
+        ASSERT_EQ(renderer_.drawn.size(), 3U) << "hero and two digits in picture " << picture;
+        EXPECT_EQ(renderer_.drawn[1].x, 32 - 14) << "the last digit ends where the number stands";
+        EXPECT_EQ(renderer_.drawn[2].x, 32 - 28);
+        EXPECT_EQ(renderer_.drawn[1].y, 32 - picture);
+    }
+    EXPECT_EQ(table_.strip(6)->frame(), 5) << "the first digit is drawn last";
+    world.finishFrame(false);
+    draw(world);
+    EXPECT_EQ(renderer_.drawn.size(), 1U);
+}
+
+TEST_F(LevelViewTest, AnEnemyInTheEarthIsGone) {
+    LevelMap map = bareMap(2, 1);
+    map.addObject({1, 0, object_code::kDog});
+    World world(map, {}, AnimationFrameCounts::all(2));
+    draw(world);
+    EXPECT_EQ(drawnAnimations(), (std::vector{333, 90}));
+    map.cellAt(1, 0).type = BlockType::Solid;  // the dog dies at its first decision
+    World buried(map, {}, AnimationFrameCounts::all(2));
+    buried.step();
+    draw(buried);
+    EXPECT_EQ(drawnAnimations(), (std::vector{333}));
+}
+
+struct NumberRow {
+    int x;
+    int y;
+    int value;
+    std::vector<int> lefts;  // of the digits, in the order in which they are drawn
+};
+
+TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
+    table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
+    const NumberRow rows[] = {
+        {100, 10, 0, {90}},
+        {100, 10, 105, {90, 80, 70}},
+        {100, 10, 1234567, {90, 80, 70, 60, 50}},
+        {-64, -64, 7, {-74}},
+        {-65, 0, 7, {}},
+        {0, -65, 7, {}},
+        {800, 600, 7, {790}},
+        {801, 0, 7, {}},
+        {0, 601, 7, {}},
+    };
+    for (const NumberRow& row : rows) {
+        renderer_.drawn.clear();
+        drawNumber(renderer_, row.x, row.y, row.value, *table_.strip(6), DigitSpacing::Narrow);
+        std::vector<int> lefts;
+        for (const auto& drawn : renderer_.drawn) lefts.push_back(drawn.x);
+        EXPECT_EQ(lefts, row.lefts) << row.value << " at " << row.x << ", " << row.y;
     }
 }
 

@@ -1,5 +1,8 @@
 #include "level_view.h"
 
+#include <algorithm>
+
+#include "number_painter.h"
 #include "object_code.h"
 
 namespace grub {
@@ -18,6 +21,7 @@ constexpr int kBottomLimit = 601;
 constexpr int kKeyPictures[] = {97, 98};  // by key kind
 constexpr int kLongLampPicture = 118;
 constexpr int kShortLampPicture = 119;
+constexpr int kScoreDigits = 6;
 
 class LevelPainter {
 public:
@@ -26,8 +30,14 @@ public:
 
     void paint() {
         forVisibleCells(kBackMargin, [this](const MapCell& cell, Position at) { paintBack(cell, at); });
+        for (const AnimatedItem& decoration : world_.decorations()) paintIfNear(decoration, decoration.picture());
+        for (const auto& bonus : world_.bonuses().slots)
+            if (bonus) paintIfNear(*bonus, bonus->picture());
         paintHero();
+        for (const Enemy& enemy : world_.enemies())
+            if (enemy.state() != EnemyState::Dead) paintIfNear(enemy, enemy.picture());
         forVisibleCells(kFrontMargin, [this](const MapCell& cell, Position at) { paintFront(cell, at); });
+        paintPopups();
     }
 
 private:
@@ -66,6 +76,25 @@ private:
         paintFrame(picture.animation, picture.frame, at(left, top), picture.halfTransparent ? 0.5F : 1.0F);
     }
 
+    void paintIfNear(const Actor& actor, AnimationFrame picture) {
+        const int left = actor.x - camera_.scrollX();
+        const int top = actor.y - camera_.scrollY();
+        if (left >= -kFrontMargin && left < kRightLimit && top >= -kFrontMargin && top < kBottomLimit)
+            paintFrame(picture.animation, picture.frame, at(left, top));
+    }
+
+    // A number that is shown has already risen for its next picture.
+    void paintPopups() {
+        FrameStrip* const digits = animations_.strip(kScoreDigits);
+        if (!digits) return;
+        for (const ScorePopup& popup : world_.popups().entries()) {
+            if (!popup.shown) continue;
+            const int right = popup.x - camera_.scrollX();
+            const int top = popup.y + 1 - camera_.scrollY();
+            drawNumber(renderer_, right, top, popup.value, *digits, DigitSpacing::Wide);
+        }
+    }
+
     // Layers name their picture by ids from 1 on; 0 is "no layer".
     void paintLayer(int animation, Position at) {
         if (animation > 0) paintCurrent(animation, at);
@@ -74,7 +103,8 @@ private:
     void paintFrame(int animation, int frame, Position at, float opacity = 1.0F) {
         FrameStrip* strip = animations_.strip(animation);
         if (!strip) return;
-        strip->setFrame(static_cast<std::uint16_t>(frame));
+        // A strip may have fewer pictures than the rules count; its last one then stays.
+        strip->setFrame(static_cast<std::uint16_t>(std::clamp(frame, 0, std::max(strip->frameCount() - 1, 0))));
         strip->draw(renderer_, at, opacity);
     }
 

@@ -7,7 +7,8 @@
 
 namespace grub {
 
-/// Draws what the camera sees of a level, back to front: map, hero, front of the map. Only cells and actors near the
+/// Draws what the camera sees of a level, back to front: map, decorations, bonuses, hero, enemies,
+/// front of the map, rising points. Only cells and actors near the
 /// screen are drawn. Pictures that are missing are left out.
 void drawLevel(const World& world, const Camera& camera, const AnimationTable& animations, Renderer& renderer);
 
