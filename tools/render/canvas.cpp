@@ -24,6 +24,10 @@ constexpr std::uint32_t kGrainSeed = 7;
 constexpr double kShadowBlur = 1.3;
 constexpr Point kShadowOffset{0.9, 1.6};
 
+/// A border's own line, and the shadow that falls on it.
+constexpr double kBorderLine = 1.2;
+constexpr float kBorderShade = 0.25F;
+
 /// Lines grow more slowly than the picture.
 constexpr double kLineGrowth = 0.75;
 
@@ -147,6 +151,10 @@ void Canvas::layOver(const Canvas& other, const Mask& where) {
     }
 }
 
+void Canvas::layOver(const Canvas& other, float cover) {
+    layOver(other, {box_, FloatPlane(box_.width(), box_.height(), cover)});
+}
+
 void Canvas::glow(Point centre, double radius, Rgb colour, float strength) {
     const Point c = place_.apply(centre);
     const double r = radius * place_.magnification();
@@ -192,12 +200,33 @@ void Canvas::shadeRows(double y0, double y1, float above, float below, const Mas
     }
 }
 
-void Canvas::outline(double width, Rgb ink) {
-    FloatPlane alpha(box_.width(), box_.height());
+Mask Canvas::drawn() const {
+    Mask shape{box_, FloatPlane(box_.width(), box_.height())};
     for (int y = 0; y < box_.y1; ++y) {
-        for (int x = 0; x < box_.x1; ++x) alpha.at(x, y) = sample(x, y).alpha;
+        for (int x = 0; x < box_.x1; ++x) shape.coverage.at(x, y) = sample(x, y).alpha;
     }
-    const FloatPlane outside = distanceField(alpha, DistanceFrom::Outside);
+    return shape;
+}
+
+void Canvas::border(double width, const Material& material) {
+    const Mask shape = drawn();
+    const FloatPlane outside = distanceField(shape.coverage, DistanceFrom::Outside);
+    const auto reach = static_cast<float>(lineSamples(width)) + 0.5F;
+    Mask grown = shape;
+    for (int y = 0; y < box_.y1; ++y) {
+        for (int x = 0; x < box_.x1; ++x) grown.coverage.at(x, y) = clamp01(reach - outside.at(x, y));
+    }
+    Canvas under = blankCopy();
+    const double magnification = place_.magnification();
+    under.drawLine(grown, lineSamples(kBorderLine), material.ink, 1);
+    under.drawSurface(grown, material, width * magnification, magnification, 1);
+    under.castShadow(shape, magnification, kBorderShade);
+    under.layOver(*this);
+    samples_ = std::move(under.samples_);
+}
+
+void Canvas::outline(double width, Rgb ink) {
+    const FloatPlane outside = distanceField(drawn().coverage, DistanceFrom::Outside);
     const auto reach = static_cast<float>(lineSamples(width)) + 0.5F;
     for (int y = 0; y < box_.y1; ++y) {
         for (int x = 0; x < box_.x1; ++x) {

@@ -73,6 +73,8 @@ public:
     }
     /// Lays what another canvas of the same size shows inside `where` over this one.
     void layOver(const Canvas& other, const Mask& where);
+    /// Lays all of it over this one, made translucent by `cover`.
+    void layOver(const Canvas& other, float cover = 1);
 
     /// Where the shape lies, for clipping.
     Mask mask(const VectorPath& path, std::optional<double> stroke = std::nullopt) const;
@@ -91,6 +93,10 @@ public:
     void shadeRows(double y0, double y1, float above, float below, const Mask* clip = nullptr);
     /// A line of `width` around all that has been drawn, under it.
     void outline(double width, Rgb ink = kInk);
+    /// A raised rim of `width` with a line of its own around all that has been drawn, under it.
+    void border(double width, const Material& material);
+    /// Where something has been drawn, and how much it covers.
+    Mask drawn() const;
 
     /// The picture so far, averaged over the samples of each pixel, margin cut off.
     PixelImage picture() const;

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <span>
 
+#include "bonus_pictures.h"
 #include "climbing_pictures.h"
 #include "decor_pictures.h"
 #include "digit_pictures.h"
+#include "dog_pictures.h"
 #include "floor_pictures.h"
 #include "hero_pictures.h"
 #include "label_pictures.h"
 #include "light_pictures.h"
+#include "shield_pictures.h"
 #include "thing_pictures.h"
 #include "wall_pictures.h"
 
@@ -19,8 +22,8 @@ const std::vector<PictureEntry>& allPictures() {
     static const std::vector<PictureEntry> pictures = [] {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
-             {heroPictures(), wallPictures(), floorPictures(), climbingPictures(), thingPictures(), lightPictures(),
-              decorPictures(), digitPictures()}) {
+             {heroPictures(), shieldPictures(), bonusPictures(), wallPictures(), floorPictures(), climbingPictures(),
+              thingPictures(), lightPictures(), decorPictures(), digitPictures(), dogPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         const std::vector<PictureEntry> labels = labelsBeside(all);

@@ -7,18 +7,13 @@
 #include "palette.h"
 #include "rig.h"
 #include "shapes.h"
+#include "sparkle.h"
 
 namespace grub {
 
 namespace {
 
 // ---- keys: one picture each, since a key in a cell never moves; the sparkle is part of it
-
-/// A four-pointed glint.
-void drawSparkle(Canvas& canvas, Point at, double size) {
-    canvas.halo(at, size * 1.3, rgb(0xfff6d0), 0.55F);
-    canvas.flat(star(at, 4, size, size * 0.2), rgb(0xffffff));
-}
 
 /// A key lying along its own x axis: bow on the left, bit on the right.
 void drawKeyShape(Canvas& canvas, const Material& metal, bool trefoil) {
