@@ -11,7 +11,9 @@
 #include "floor_pictures.h"
 #include "hero_pictures.h"
 #include "label_pictures.h"
+#include "lady_pictures.h"
 #include "light_pictures.h"
+#include "rat_pictures.h"
 #include "shield_pictures.h"
 #include "thing_pictures.h"
 #include "wall_pictures.h"
@@ -23,7 +25,8 @@ const std::vector<PictureEntry>& allPictures() {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
              {heroPictures(), shieldPictures(), bonusPictures(), wallPictures(), floorPictures(), climbingPictures(),
-              thingPictures(), lightPictures(), decorPictures(), digitPictures(), dogPictures()}) {
+              thingPictures(), lightPictures(), decorPictures(), digitPictures(), dogPictures(), ladyPictures(),
+              ratPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         const std::vector<PictureEntry> labels = labelsBeside(all);

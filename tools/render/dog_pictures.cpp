@@ -1,0 +1,193 @@
+#include "dog_pictures.h"
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "dog_drawing.h"
+#include "rig.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+// ---- walking: hind, front, other hind, other front, so that the legs of one side never cross
+
+constexpr double kDuty = 0.3;
+constexpr double kToe = 6;
+constexpr double kHeel = 4.6;
+
+struct Paw {
+    Point sole;
+    double angle;
+};
+
+Paw pawAt(double phase, double middle) {
+    const Step step = stride(phase + 0.02, kEnemyCycle, kDuty);
+    const double heelUp = 0.8 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
+    const double toeUp = 0.3 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
+    const double angle = heelUp - toeUp;
+    const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
+    return {{middle + step.x, kGround - 3 * step.lift - clearance}, angle};
+}
+
+void drawWalk(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = turnedLeft(canvas);
+    const double phase = frame.phase();
+    const double bob = 0.9 * wave(2 * phase + 0.1);
+    const double pitch = 0.03 * wave(phase + 0.2);
+    const Point hind{18, 44 + bob};
+    const Point front{41, 44 + bob};
+    const Point beyond{3, -0.6};
+    const auto leg = [&](Point hip, double at, double bend, Side side) {
+        const Paw paw = pawAt(at, hip.x);
+        drawDogLeg(canvas, hip, paw.sole, paw.angle, side, bend);
+    };
+    leg(hind + beyond, phase + 0.5, 1, Side::Far);
+    leg(front + beyond, phase + 0.25, -1, Side::Far);
+    {
+        const auto body = canvas.bent({30, 44}, pitch, {0, bob});
+        drawDogSide(canvas, 1.6 * wave(2 * phase));
+    }
+    leg(hind, phase, 1, Side::Near);
+    leg(front, phase + 0.75, -1, Side::Near);
+    drawDogHead(canvas, {45, 30.5 + bob * 0.6 - 0.8 * wave(phase + 0.2)}, 0.04 * wave(phase + 0.1), {});
+    canvas.outline(kEnemyOutline);
+}
+
+// ---- hanging: upside down like a sloth, four paws on the pipe
+
+void drawHang(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = turnedLeft(canvas);
+    const double phase = frame.phase();
+    const double sway = 0.8 * wave(phase);
+    const auto leg = [&](double x, double at, Side side) {
+        const Step step = stride(at, kEnemyCycle, kDuty);
+        drawDogForeleg(canvas, {x, 26}, {x + step.x * 0.9, kPipeRow - 0.5 + 4 * step.lift}, x > 30 ? 1 : -1, side);
+    };
+    leg(21, phase + 0.5, Side::Far);
+    leg(43, phase + 0.25, Side::Far);
+    {
+        const auto upsideDown = canvas.placed({sway, 72}, 0, 1, -1);
+        drawDogSide(canvas, 0);
+    }
+    leg(18, phase, Side::Near);
+    leg(40, phase + 0.75, Side::Near);
+    drawDogHead(canvas, {46 + sway, 40}, 0.06 * wave(phase), {.look = {0.5, -0.3}});
+    canvas.outline(kEnemyOutline);
+}
+
+// ---- climbing, seen from behind
+
+void drawClimb(Canvas& canvas, FrameOf frame) {
+    const double phase = frame.phase();
+    const double left = heldRow(phase, kEnemyCycle, 0.375, 10);
+    const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 10);
+    const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 43), 57.5); };
+    drawDogForeleg(canvas, {22, 36}, {18.5, left}, -1, Side::Far);
+    drawDogForeleg(canvas, {42, 36}, {45.5, right}, 1, Side::Far);
+    {
+        const auto body = canvas.bent({32, 42}, 0.003 * (left - right), {0, 0.6 * wave(2 * phase)});
+        drawDogBack(canvas, 2.4 * wave(2 * phase));
+    }
+    drawDogForeleg(canvas, {23, 47}, {20, sole(phase + 0.375)}, 1, Side::Near);
+    drawDogForeleg(canvas, {41, 47}, {44, sole(phase - 0.125)}, -1, Side::Near);
+    canvas.outline(kEnemyOutline);
+}
+
+// ---- seen from the front
+
+struct FrontPose {
+    double body = 0;   // pixels the body is lower
+    double head = 30;  // row of the head's middle
+    double tilt = 0;
+    Point left{23, 57};
+    Point right{41, 57};
+    Point hindLeft{18, 57};
+    Point hindRight{46, 57};
+};
+
+void drawFront(Canvas& canvas, const FrontPose& pose, const DogFace& face) {
+    const Point down{0, pose.body};
+    drawDogForeleg(canvas, Point{20, 45} + down, pose.hindLeft, 1, Side::Far);
+    drawDogForeleg(canvas, Point{44, 45} + down, pose.hindRight, -1, Side::Far);
+    {
+        const auto body = canvas.placed(down);
+        drawDogChest(canvas);
+    }
+    drawDogForeleg(canvas, Point{23, 41} + down, pose.left, 1, Side::Near);
+    drawDogForeleg(canvas, Point{41, 41} + down, pose.right, -1, Side::Near);
+    drawDogHead(canvas, {32, pose.head}, pose.tilt, face);
+    canvas.outline(kEnemyOutline);
+}
+
+/// Picture 0 stands and looks at the viewer; the others are one floor's fall.
+void drawStill(Canvas& canvas, FrameOf frame) {
+    if (frame.index == 0) return drawFront(canvas, {}, {.turn = 0, .look = {0, 0.2}});
+    const double flail = 3 * wave(frame.phase() * 2);
+    drawFront(canvas,
+              {.head = 29,
+               .left = {17 - flail * 0.4, 50 + flail},
+               .right = {47 - flail * 0.4, 50 - flail},
+               .hindLeft = {15, 56 - flail},
+               .hindRight = {49, 56 + flail}},
+              {.mood = Mood::Startled, .turn = 0, .look = {0, 0.8}, .ears = 3.5});
+}
+
+/// He falls in while the first seven pictures show, and sits at the bottom in the last.
+void drawTrapped(Canvas& canvas, FrameOf frame) {
+    if (frame.index < frame.count - 1) {
+        const double flail = 4 * wave(frame.phase() * 2);
+        return drawFront(canvas,
+                         {.head = 29,
+                          .tilt = 0.05 * flail / 4,
+                          .left = {10, 34 + flail},
+                          .right = {54, 34 - flail},
+                          .hindLeft = {17, 56 - flail * 0.6},
+                          .hindRight = {47, 56 + flail * 0.6}},
+                         {.mood = Mood::Startled, .turn = 0, .look = {0, 0.9}, .ears = 4});
+    }
+    drawFront(canvas,
+              {.body = 3,
+               .head = 33,
+               .tilt = 0.14,
+               .left = {25, 57},
+               .right = {39, 57},
+               .hindLeft = {13, 57},
+               .hindRight = {51, 57}},
+              {.mood = Mood::Dizzy, .turn = 0, .ears = -2, .tongue = true});
+    drawDizzyStars(canvas, {32, 16}, 19, 5, 0.08);
+}
+
+/// Paws against both walls, hand over hand, until he stands on the floor.
+void drawEscape(Canvas& canvas, FrameOf frame) {
+    const double out = eased((frame.index - 4.5) / 2.5);
+    const double left = heldRow(frame.index / 4.0, 32, 0.5, 24);
+    const double right = heldRow(frame.index / 4.0 + 0.5, 32, 0.5, 24);
+    const double kick = 3 * wave(frame.index / 4.0) * (1 - out);
+    drawFront(canvas,
+              {.head = 29 + 1 * out,
+               .tilt = 0.05 * (left - right) / 16 * (1 - out),
+               .left = mix(Point{8, left}, Point{23, 57}, out),
+               .right = mix(Point{56, right}, Point{41, 57}, out),
+               .hindLeft = {18 - 4 * (1 - out), 57 - std::abs(kick) + kick},
+               .hindRight = {46 + 4 * (1 - out), 57 - std::abs(kick) - kick}},
+              {.turn = 0, .look = {0, -0.7}});
+}
+
+constexpr std::array kPictures{
+    //            name               px  px frames
+    PictureEntry{"polkan\\ani_01", 64, 64, 8, Ground::Clear, drawWalk},
+    PictureEntry{"polkan\\ani_02", 64, 64, 8, Ground::Clear, drawClimb},
+    PictureEntry{"polkan\\ani_03", 64, 64, 8, Ground::Clear, drawHang},
+    PictureEntry{"polkan\\ani_04", 64, 64, 8, Ground::Clear, drawStill},
+    PictureEntry{"polkan\\ani_05", 64, 64, 8, Ground::Clear, drawTrapped},
+    PictureEntry{"polkan\\ani_06", 64, 64, 8, Ground::Clear, drawEscape},
+};
+
+}  // namespace
+
+std::span<const PictureEntry> dogPictures() { return kPictures; }
+
+}  // namespace grub

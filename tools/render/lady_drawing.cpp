@@ -1,0 +1,296 @@
+#include "lady_drawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "rig.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+constexpr Material kDress = glossy(material(0xb83c90, 0x5a2072, 0xf08cc4), 0.2F, 0.5F);
+constexpr Material kFarDress = glossy(material(0x83296f, 0x431758, 0xb04f98), 0.1F, 0.2F);
+constexpr Material kApron = glossy(material(0xf4eaec, 0x9a8fb8, 0xffffff), 0.1F);
+constexpr Material kHair = glossy(material(0x7d3446, 0x3d1834, 0xc4675a), 0.5F);
+constexpr Material kSkin = glossy(material(0xf2bb9c, 0xa85e6c, 0xffe2c8), 0.2F);
+constexpr Material kFarSkin = glossy(material(0xcf917e, 0x7d4560, 0xe8b49c), 0.1F);
+constexpr Material kStocking = glossy(material(0xd9c3cf, 0x7b6790, 0xf6e9f0), 0.1F);
+constexpr Material kFarStocking = glossy(material(0xa08aa2, 0x58466e, 0xc0aabf), 0.05F);
+constexpr Material kShoe = glossy(material(0x4a3a60, 0x221831, 0x8d78a6), 0.8F);
+constexpr Material kFarShoe = glossy(material(0x342848, 0x1a1226, 0x5d4c78), 0.3F);
+constexpr Material kLips = glossy(material(0xd8263a, 0x6f1236, 0xff6f5e), 0.6F);
+
+constexpr Rgb kBrow = rgb(0x3a1530);
+constexpr Rgb kIris = rgb(0x2c1a30);
+constexpr Rgb kBlush = rgb(0xe0617a);
+constexpr Rgb kTrim = rgb(0xf7b9da);
+
+/// Half the hem's width, and its row.
+constexpr double kHem = 17.4;
+constexpr double kHemRow = 52.4;
+
+VectorPath dressShape(double swing, double flare) {
+    const double left = 32 - kHem - flare + swing;
+    const double right = 32 + kHem + flare + swing;
+    const double row = kHemRow - flare * 0.8;
+    return loop({{24.6, 28},
+                 {25, 24},
+                 {39, 24},
+                 {39.4, 28},
+                 {40, 36},
+                 {45 + flare, 41},
+                 {right, row - 2},
+                 {right + 0.6, row + 2.2},
+                 {40 + swing, row + 3.6},
+                 {32 + swing, row + 3.6},
+                 {24 + swing, row + 3.6},
+                 {left - 0.6, row + 2.2},
+                 {left, row - 2},
+                 {19 - flare, 41},
+                 {24, 36},
+                 {24.6, 28}});
+}
+
+VectorPath hemLine(double swing, double flare) {
+    const double row = kHemRow - flare * 0.8 - 2.4;
+    return curve({{32 - kHem - flare + swing - 1, row - 0.8},
+                  {24 + swing, row + 3.8},
+                  {40 + swing, row + 3.8},
+                  {32 + kHem + flare + swing + 1, row - 0.8}});
+}
+
+void drawSkirt(Canvas& canvas, double swing, double flare) {
+    const VectorPath dress = dressShape(swing, flare);
+    canvas.part(dress, kDress, {.bevel = 10, .line = 1.3});
+    const Mask inDress = canvas.mask(dress);
+    canvas.flat(hemLine(swing, flare), kTrim, {.alpha = 0.85F, .stroke = 1.7, .clip = &inDress});
+}
+
+void drawApron(Canvas& canvas, double turn, double swing, double flare) {
+    const double x = 32 + turn * 0.9;
+    const double low = x + swing;
+    const double row = kHemRow - flare * 0.8 - 4.4;
+    canvas.part(loop({{x - 6, 35},
+                      {x - 3, 33.6},
+                      {x + 3, 33.6},
+                      {x + 6, 35},
+                      {x + 8, 40},
+                      {low + 10, 45},
+                      {low + 9.6, row - 1.4},
+                      {low + 9, row + 2},
+                      {low - 9, row + 2},
+                      {low - 9.6, row - 1.4},
+                      {low - 10, 45},
+                      {x - 8, 40},
+                      {x - 6, 35}}),
+                kApron, {.bevel = 5, .line = 0.9, .shadow = 0.3F});
+    canvas.part(loop({{x - 4.4, 26.6},
+                      {x - 2, 28},
+                      {x + 2, 28},
+                      {x + 4.4, 26.6},
+                      {x + 5, 30},
+                      {x + 5.4, 33},
+                      {x + 5, 35.4},
+                      {x + 2, 36.4},
+                      {x - 2, 36.4},
+                      {x - 5, 35.4},
+                      {x - 5.4, 33},
+                      {x - 5, 30},
+                      {x - 4.4, 26.6}}),
+                kApron, {.bevel = 3, .line = 0.9, .shadow = 0.25F});
+}
+
+VectorPath skullShape(double turn) { return ellipse({32 + turn * 0.3, 16}, 12.8, 11.2); }
+
+void drawBun(Canvas& canvas, Point at) {
+    canvas.part(ellipse(at, 5.8, 4.4), kHair, {.bevel = 4.6, .line = 1.2});
+    canvas.flat(curve({{at.x - 3, at.y + 0.6}, {at.x - 2.4, at.y - 2.6}, {at.x + 2, at.y - 2.8}, {at.x + 2.6, at.y}}),
+                rgb(0xd98a74), {.alpha = 0.7F, .stroke = 1});
+}
+
+/// Hair parted in the middle, down to the temples; more of it on the side turned away.
+void drawFringe(Canvas& canvas, double turn) {
+    const VectorPath skull = skullShape(turn);
+    const Mask inSkull = canvas.mask(skull);
+    const double part = 33 + turn * 1.3;
+    const double left = 20.6 + turn * 1.15;
+    const double right = 44 + turn * 0.35;
+    canvas.part(loop({{10, 24 + turn},
+                      {left - 1, 23 + turn * 0.6},
+                      {left - 0.4, 18},
+                      {left, 15},
+                      {left + 1.4, 11},
+                      {part - 4, 10.4},
+                      {part, 7},
+                      {part + 3, 10},
+                      {right - 1.6, 11},
+                      {right, 15.4},
+                      {right + 1, 17},
+                      {right + 2, 18},
+                      {54, 18},
+                      {54, 0},
+                      {44, -2},
+                      {32, -2},
+                      {20, -2},
+                      {10, 2},
+                      {10, 24 + turn}}),
+                kHair, {.bevel = 5, .line = 0.9, .shadow = 0.3F, .clip = &inSkull});
+}
+
+void drawEye(Canvas& canvas, Point at, double radius, const LadyFace& face) {
+    if (face.mood == Mood::Startled) radius += 0.7;
+    const VectorPath ball = ellipse(at, radius * 0.95, radius * 1.1);
+    canvas.part(ball, kEnamel, {.bevel = 2, .line = 0.8, .shadow = 0.2F});
+    if (face.mood == Mood::Dizzy) return drawSpiral(canvas, at, radius - 0.3, kIris);
+    const Mask inEye = canvas.mask(ball);
+    const Point pupil = at + face.look * 1.3;
+    canvas.flat(ellipse(pupil, 1.7, 2), kIris, {.clip = &inEye});
+    canvas.flat(circle(pupil + Point{-0.6, -0.8}, 0.7), rgb(0xffffff));
+}
+
+/// A brow of `half` pixels to both sides, its end towards the nose `frown` pixels lower than the other.
+void drawBrow(Canvas& canvas, Point at, double half, double frown, double nose) {
+    canvas.flat(polyline({{at.x - half * nose, at.y - frown / 2}, {at.x + half * nose, at.y + frown / 2}}), kBrow,
+                {.stroke = 2});
+}
+
+void drawMouth(Canvas& canvas, const LadyFace& face) {
+    const Point at{32.6 + face.turn * 1.2, 23};
+    switch (face.mood) {
+        case Mood::Angry:
+            canvas.part(ellipse(at, 3.6, 1.7), kLips, {.bevel = 1.5, .line = 0.7, .shadow = 0.15F});
+            canvas.flat(curve({at + Point{-2.8, 0.5}, at + Point{-1, -0.7}, at + Point{1, -0.7}, at + Point{2.8, 0.5}}),
+                        rgb(0x6f1236), {.stroke = 0.8});
+            break;
+        case Mood::Startled:
+        case Mood::Dizzy:
+            canvas.part(ellipse(at, 2.8, 2.6), kLips, {.bevel = 1.5, .line = 0.7, .shadow = 0.15F});
+            canvas.flat(ellipse(at, 1.6, 1.5), rgb(0x4a1028));
+            break;
+    }
+}
+
+void drawFace(Canvas& canvas, const LadyFace& face) {
+    const double t = face.turn;
+    canvas.part(skullShape(t), kSkin, {.bevel = 9, .line = 1.3});
+    for (const Point cheek : {Point{25 + t * 1.1, 20}, Point{40.6 + t * 0.6, 19.8}})
+        canvas.flat(ellipse(cheek, 2.6, 1.8), kBlush, {.alpha = 0.55F});
+    drawFringe(canvas, t);
+    const Point left{28 + t * 1.1, 14.8};
+    const Point right{37.2 + t * 0.9, 14.6};
+    drawEye(canvas, right, 3.5, face);
+    drawEye(canvas, left, 3.8, face);
+    const double lift = face.mood == Mood::Angry ? 0 : 2.2;
+    const double frown = face.mood == Mood::Angry ? 2.8 : -1.6;
+    drawBrow(canvas, left - Point{0, 4.4 + lift}, 3.6, frown, 1);
+    drawBrow(canvas, right - Point{0, 4.4 + lift}, 3.3, frown, -1);
+    drawMouth(canvas, face);
+    canvas.part(ellipse({32.8 + t * 1.4, 18.6}, 2.7, 2.3), kSkin, {.bevel = 2.2, .line = 0.7, .shadow = 0.25F});
+}
+
+void drawShoulders(Canvas& canvas, double turn) {
+    canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kDress, {.bevel = 4.4, .line = 1.1});
+    const double x = 32 + turn * 0.6;
+    canvas.part(loop({{x - 6.4, 25.4},
+                      {x - 3, 24},
+                      {x + 3, 24},
+                      {x + 6.4, 25.4},
+                      {x + 5, 29.6},
+                      {x + 2, 29.4},
+                      {x, 27.6},
+                      {x - 2, 29.4},
+                      {x - 5, 29.6},
+                      {x - 6.4, 25.4}}),
+                kApron, {.bevel = 2, .line = 0.8, .shadow = 0.25F});
+}
+
+void drawShoe(Canvas& canvas, Point sole, double angle, Side side) {
+    const auto foot = canvas.placed(sole, angle);
+    canvas.part(loop({{-4.6, -3},
+                      {-4.4, -5.6},
+                      {-1.6, -6.2},
+                      {0.6, -5.4},
+                      {2.6, -4.4},
+                      {7.4, -4.4},
+                      {7.6, -1.4},
+                      {7.6, -0.4},
+                      {7, 0},
+                      {6, 0},
+                      {3, 0},
+                      {-3, 0},
+                      {-4, 0},
+                      {-4.6, 0},
+                      {-4.6, -1},
+                      {-4.6, -3}}),
+                side == Side::Near ? kShoe : kFarShoe, {.bevel = 2.8, .line = 1.2});
+}
+
+}  // namespace
+
+void drawLadyDress(Canvas& canvas, double turn, double swing, double flare) {
+    drawSkirt(canvas, swing, flare);
+    drawShoulders(canvas, turn);
+    drawApron(canvas, turn, swing, flare);
+}
+
+void drawLadyHead(Canvas& canvas, const LadyFace& face) {
+    drawBun(canvas, {32 - face.turn * 2.9, 4.8 + std::abs(face.turn)});
+    drawFace(canvas, face);
+    if (!face.pinInMouth) return;
+    drawRollingPin(canvas, {32.6 + face.turn * 1.2 - 12, 23.4}, 0);
+}
+
+void drawLadyBack(Canvas& canvas, double swing) {
+    drawSkirt(canvas, swing, 0);
+    canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kDress, {.bevel = 4.4, .line = 1.1});
+    drawRollingPin(canvas, {25, 40}, -0.5);
+    const double low = 32 + swing;
+    for (const double side : {-1.0, 1.0}) {
+        canvas.part(polygon({{32, 36.4}, {32 + side * 3, 37}, {low + side * 6, 47}, {low + side * 2.4, 46}}, 1), kApron,
+                    {.bevel = 2, .line = 0.9});
+        canvas.part(ellipse({32 + side * 4.8, 35.4}, 4.2, 2.7, side * 0.35), kApron, {.bevel = 2.4, .line = 0.9});
+    }
+    canvas.part(circle({32, 35.8}, 2.2), kApron, {.bevel = 2, .line = 0.8});
+    canvas.part(skullShape(0), kHair, {.bevel = 9, .line = 1.3});
+    for (const double x : {-6.5, 0.0, 6.5}) {
+        canvas.flat(curve({{32 + x * 0.4, 8}, {32 + x, 12}, {32 + x * 1.1, 18}, {32 + x * 0.9, 24}}), rgb(0x3d1834),
+                    {.alpha = 0.45F, .stroke = 1});
+    }
+    drawBun(canvas, {32, 7.6});
+}
+
+void drawLadyLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side) {
+    const Point ankle = sole + Point{-1.4, -4};
+    const Point knee = jointOf(hip, ankle, 6.4, 6.4, -1);
+    canvas.part(limb({{hip, 3}, {knee, 2.8}, {ankle, 2.4}}), side == Side::Near ? kStocking : kFarStocking,
+                {.bevel = 2.4, .line = 1.1});
+    drawShoe(canvas, sole, angle, side);
+}
+
+void drawLadyLegFromFront(Canvas& canvas, Point hip, Point sole) {
+    canvas.part(limb({{hip, 3}, {sole + Point{0, -4}, 2.5}}), kStocking, {.bevel = 2.4, .line = 1.1});
+    canvas.part(rectangle(sole.x - 4, sole.y - 5.8, 8, 5.8, 2.8), kShoe, {.bevel = 2.8, .line = 1.2});
+}
+
+void drawLadyArm(Canvas& canvas, Point shoulder, Point hand, double bend, Side side) {
+    const bool nearSide = side == Side::Near;
+    const double bone = std::max(6.6, length(hand - shoulder) / 2 * 1.05);
+    const Point elbow = jointOf(shoulder, hand, bone, bone, bend);
+    const Point wrist = mix(elbow, hand, 0.72);
+    canvas.part(limb({{elbow, 2.5}, {hand, 2.3}}), nearSide ? kSkin : kFarSkin, {.bevel = 2.4});
+    canvas.part(circle(hand, 3.6), nearSide ? kSkin : kFarSkin, {.bevel = 3.4});
+    canvas.part(limb({{shoulder, 4.2}, {elbow, 3.5}, {mix(elbow, wrist, 0.75), 3}}), nearSide ? kDress : kFarDress,
+                {.bevel = 3.4, .line = 1.1, .shadow = 0.3F});
+}
+
+void drawRollingPin(Canvas& canvas, Point grip, double angle) {
+    const auto held = canvas.placed(grip, angle);
+    canvas.part(limb({{{-3, 0}, 1.7}, {{5, 0}, 1.5}}), kWood, {.bevel = 1.5, .line = 1});
+    canvas.part(limb({{{20, 0}, 1.5}, {{23, 0}, 1.7}}), kWood, {.bevel = 1.5, .line = 1});
+    canvas.part(rectangle(4.6, -3.9, 15.6, 7.8, 2.6), kWood, {.bevel = 3.6, .line = 1.2});
+}
+
+}  // namespace grub

@@ -1,0 +1,196 @@
+#include "lady_pictures.h"
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "lady_drawing.h"
+#include "rig.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+// ---- walking: one shoe is always on the ground
+
+constexpr double kDuty = 0.375;
+constexpr double kToe = 7.6;
+constexpr double kHeel = 4.6;
+
+struct Shoe {
+    Point sole;
+    double angle;
+};
+
+Shoe shoeAt(double phase) {
+    const Step step = stride(phase, kEnemyCycle, kDuty);
+    const double heelUp = 0.8 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
+    const double toeUp = 0.35 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
+    const double angle = heelUp - toeUp;
+    const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
+    return {{31 + step.x, kGround - 2.2 * step.lift - clearance}, angle};
+}
+
+void drawWalk(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = turnedLeft(canvas);
+    const double phase = frame.phase();
+    const double bob = 0.8 * wave(2 * phase - 0.1);
+    const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
+    const Shoe near = shoeAt(phase);
+    const Shoe far = shoeAt(phase + 0.5);
+    drawLadyLeg(canvas, {30, 47 + bob}, far.sole, far.angle, Side::Far);
+    drawLadyLeg(canvas, {32, 47 + bob}, near.sole, near.angle, Side::Near);
+    {
+        const auto body = canvas.bent({32, 50}, 0.05 + 0.02 * wave(2 * phase), {0, bob});
+        drawLadyArm(canvas, {38, 29.5}, {42 + 4 * swing, 38 - swing}, -1, Side::Far);
+        drawLadyDress(canvas, 4, 1.6 * wave(phase + 0.1));
+        {
+            const auto head = canvas.bent({32, 26}, 0.03 * wave(2 * phase - 0.15));
+            drawLadyHead(canvas, {});
+        }
+        const Point hand{44.5 - 2 * swing, 36 + 1.6 * swing};
+        drawRollingPin(canvas, hand, -1.15 - 0.2 * swing);
+        drawLadyArm(canvas, {26, 29.5}, hand, -1, Side::Near);
+    }
+    canvas.outline(kEnemyOutline);
+}
+
+// ---- hanging by both hands
+
+void drawHang(Canvas& canvas, FrameOf frame) {
+    const auto mirrored = turnedLeft(canvas);
+    const double phase = frame.phase();
+    const Step near = stride(phase, kEnemyCycle, 0.5);
+    const Step far = stride(phase + 0.5, kEnemyCycle, 0.5);
+    const double sway = 0.09 * wave(phase - 0.125);
+    const auto handAt = [](const Step& step) { return Point{32 + step.x, kPipeRow - 0.6 + 3.4 * step.lift}; };
+    const double x = 20 * sway;
+    drawLadyArm(canvas, {35 + x, 33}, handAt(far), 1, Side::Far);
+    drawLadyArm(canvas, {29 + x, 33}, handAt(near), -1, Side::Near);
+    {
+        const auto hung = canvas.bent({32, kPipeRow}, -sway);
+        const auto small = canvas.placed({32 - 0.78 * 32, 14.4}, 0, 0.78, 0.78);
+        const double dangle = 2.4 * wave(phase + 0.1);
+        drawLadyLeg(canvas, {35, 50}, {37 - dangle, 60.4}, 0.35, Side::Far);
+        drawLadyLeg(canvas, {29.5, 50}, {29.6 + dangle, 60.8}, 0.42, Side::Near);
+        drawLadyDress(canvas, 3, -2.4 * wave(phase));
+        drawLadyHead(canvas, {.turn = 3, .look = {0.8, -0.4}, .pinInMouth = true});
+    }
+    canvas.outline(kEnemyOutline);
+}
+
+// ---- climbing, seen from behind
+
+void drawClimb(Canvas& canvas, FrameOf frame) {
+    const double phase = frame.phase();
+    const double left = heldRow(phase, kEnemyCycle, 0.375, 8);
+    const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 8);
+    const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 45.4), kGround); };
+    drawLadyLegFromFront(canvas, {27, 48}, {25.4, std::max(sole(phase + 0.375), 55.0)});
+    drawLadyLegFromFront(canvas, {37, 48}, {38.6, std::max(sole(phase - 0.125), 55.0)});
+    drawLadyArm(canvas, {24, 30}, {20, left}, -1, Side::Near);
+    drawLadyArm(canvas, {40, 30}, {44, right}, 1, Side::Near);
+    {
+        const auto body = canvas.bent({32, 42}, 0.0026 * (left - right), {0, 1});
+        drawLadyBack(canvas, 1.8 * wave(phase + 0.1));
+    }
+    canvas.outline(kEnemyOutline);
+}
+
+// ---- seen from the front
+
+struct FrontPose {
+    Point shift{0, 0};
+    double tilt = 0;
+    double flare = 0;
+    double swing = 0;
+    Point left{20, 41};
+    Point right{44, 38};
+    double pin = -1.2;
+    double bendLeft = 1;
+    double bendRight = -1;
+    Point soleLeft{27, kGround};
+    Point soleRight{37, kGround};
+};
+
+void drawFront(Canvas& canvas, const FrontPose& pose, const LadyFace& face) {
+    drawLadyLegFromFront(canvas, Point{28, 48} + pose.shift, pose.soleLeft);
+    drawLadyLegFromFront(canvas, Point{36, 48} + pose.shift, pose.soleRight);
+    {
+        const auto body = canvas.bent({32, 50}, pose.tilt * 0.4, pose.shift);
+        drawLadyDress(canvas, 0, pose.swing, pose.flare);
+        const auto head = canvas.bent({32, 26}, pose.tilt);
+        drawLadyHead(canvas, face);
+    }
+    drawLadyArm(canvas, Point{24.4, 30} + pose.shift, pose.left, pose.bendLeft, Side::Near);
+    drawRollingPin(canvas, pose.right, pose.pin);
+    drawLadyArm(canvas, Point{39.6, 30} + pose.shift, pose.right, pose.bendRight, Side::Near);
+    canvas.outline(kEnemyOutline);
+}
+
+/// Picture 0 stands, a fist on her hip; the others are one floor's fall under a skirt full of air.
+void drawStill(Canvas& canvas, FrameOf frame) {
+    if (frame.index == 0) return drawFront(canvas, {}, {.turn = 0, .look = {0, 0.2}});
+    const double flail = wave(frame.phase() * 2);
+    drawFront(canvas,
+              {.shift = {0, -0.5},
+               .tilt = 0.04 * flail,
+               .flare = 4 + flail,
+               .left = {10 - flail, 22 + 3 * flail},
+               .right = {54 - flail, 22 - 3 * flail},
+               .pin = -1.57 - 0.3 * flail,
+               .bendLeft = 1,
+               .bendRight = -1,
+               .soleLeft = {26 - flail, 60 - 1.5 * flail},
+               .soleRight = {38 - flail, 60 + 1.5 * flail - 1}},
+              {.mood = Mood::Startled, .turn = 0, .look = {0, 0.9}});
+}
+
+void drawTrapped(Canvas& canvas, FrameOf frame) {
+    if (frame.index < frame.count - 1) return drawStill(canvas, {frame.index + 1, frame.count, frame.name});
+    drawFront(canvas,
+              {.shift = {0, 3.6},
+               .tilt = 0.14,
+               .flare = 3,
+               .left = {13, 52},
+               .right = {52, 50},
+               .pin = 0.9,
+               .soleLeft = {23, kGround},
+               .soleRight = {41, kGround}},
+              {.mood = Mood::Dizzy, .turn = 0});
+    drawDizzyStars(canvas, {34, 9}, 20, 5, 0.08);
+}
+
+/// Hands against both walls, one over the other, until she stands on the floor.
+void drawEscape(Canvas& canvas, FrameOf frame) {
+    const double out = eased((frame.index - 4.5) / 2.5);
+    const double left = heldRow(frame.index / 4.0, 32, 0.5, 12);
+    const double right = heldRow(frame.index / 4.0 + 0.5, 32, 0.5, 12);
+    const double kick = 3 * wave(frame.index / 4.0) * (1 - out);
+    drawFront(canvas,
+              {.tilt = 0.05 * (left - right) / 16 * (1 - out),
+               .flare = 1 - out,
+               .left = mix(Point{8, left}, Point{20, 41}, out),
+               .right = mix(Point{56, right}, Point{44, 38}, out),
+               .pin = -1.2,
+               .soleLeft = {27 - 2 * (1 - out), kGround - std::abs(kick) + kick},
+               .soleRight = {37 + 2 * (1 - out), kGround - std::abs(kick) - kick}},
+              {.turn = 0, .look = {0, -0.8}});
+}
+
+constexpr std::array kPictures{
+    //            name              px  px frames
+    PictureEntry{"tetka\\ani_01", 64, 64, 8, Ground::Clear, drawWalk},
+    PictureEntry{"tetka\\ani_02", 64, 64, 8, Ground::Clear, drawClimb},
+    PictureEntry{"tetka\\ani_03", 64, 64, 8, Ground::Clear, drawHang},
+    PictureEntry{"tetka\\ani_04", 64, 64, 8, Ground::Clear, drawTrapped},
+    PictureEntry{"tetka\\ani_05", 64, 64, 8, Ground::Clear, drawEscape},
+    PictureEntry{"tetka\\ani_06", 64, 64, 8, Ground::Clear, drawStill},
+};
+
+}  // namespace
+
+std::span<const PictureEntry> ladyPictures() { return kPictures; }
+
+}  // namespace grub
