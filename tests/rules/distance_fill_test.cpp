@@ -60,6 +60,60 @@ TEST(DistanceFill, AgreesWithTheRecursionOnRandomMaps) {
     }
 }
 
+/// Storeys with holes in their floors, ladders, pipes and walls: corridors that end somewhere, and air above them.
+LevelMap randomHouse(WorldRandom& random) {
+    LevelMap map(2 + random.next() % 30, 2 + random.next() % 30);
+    const auto chance = [&random](int percent) { return random.next() % 100 < percent; };
+    const int storey = 2 + random.next() % 4;
+    const int ladders = random.next() % 12;
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x) {
+            if (y % storey == storey - 1)
+                setType(map, x, y, chance(90) ? BlockType::Floor : BlockType::Empty);
+            else if (chance(4))
+                setType(map, x, y, chance(50) ? BlockType::Solid : BlockType::Pipe);
+            if (chance(10) && map.cellAt(x, y).type == BlockType::Floor)
+                map.cellAt(x, y).type = BlockType::Empty;  // dug
+            if (y > 0 && chance(70) && map.cellAt(x, y - 1).type == BlockType::Ladder)
+                setType(map, x, y, BlockType::Ladder);
+            else if (chance(ladders))
+                setType(map, x, y, chance(80) ? BlockType::Ladder : BlockType::HiddenLadder);
+        }
+    }
+    return map;
+}
+
+void raiseHiddenLadders(LevelMap& map) {
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x) {
+            MapCell& cell = map.cellAt(x, y);
+            if (cell.baseType == BlockType::HiddenLadder) cell.type = BlockType::Ladder;
+        }
+    }
+    map.routesChanged();
+}
+
+TEST(DistanceFill, AgreesWithTheRecursionInHousesFromEverywhere) {
+    WorldRandom random(22);
+    for (int round = 0; round < 1500; ++round) {
+        SCOPED_TRACE(round);
+        LevelMap map = randomHouse(random);
+        DirectFill direct(map);
+        for (int start = 0; start < 8; ++start) {
+            if (start == 6) raiseHiddenLadders(map);
+            const int x = random.next() % map.width();
+            const int y = random.next() % map.height();
+            const int distance = start % 2 * random.next();
+            map.resetDistances();
+            map.fillDistances(x, y, distance);
+            direct.reset();
+            direct.fill(x, y, distance);
+            expectSameField(map, direct);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
 TEST(DistanceFill, AddsToAFieldThatIsThere) {
     WorldRandom random(21);
     for (int round = 0; round < 500; ++round) {

@@ -26,6 +26,7 @@ using Way = std::array<Branch, std::size_t{kMaxMapSize} * kMaxMapSize>;
 DistanceField::DistanceField(int width, int height)
     : stride_(width + 2),
       steps_(static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height + 2), 0),
+      throughSteps_(steps_),
       distances_(steps_.size(), kFar) {}
 
 std::size_t DistanceField::indexOf(int x, int y) const {
@@ -34,11 +35,51 @@ std::size_t DistanceField::indexOf(int x, int y) const {
 
 void DistanceField::setSteps(int x, int y, unsigned steps) { steps_[indexOf(x, y)] = static_cast<std::uint8_t>(steps); }
 
-void DistanceField::reset() { std::fill(distances_.begin(), distances_.end(), kFar); }
+void DistanceField::stepsAreSet() {
+    throughSteps_ = steps_;
+    deadEnds_ = cutDeadEnds(throughSteps_, static_cast<std::size_t>(stride_));
+}
+
+void DistanceField::reset() {
+    std::fill(distances_.begin(), distances_.end(), kFar);
+    isFresh_ = true;
+}
 
 int DistanceField::at(int x, int y) const {
     const std::uint16_t distance = distances_[indexOf(x, y)];
     return distance == kFar ? kUnreached : distance;
+}
+
+// Most cells of a level are dead ends, and the recursion enters them again with every better way to their entrance.
+// They are left out and written once in the end, from their entrances on. In a field that has distances already they
+// may keep others than those, so there they take part.
+void DistanceField::fill(int x, int y, int distance) {
+    assert(distance >= 0 && distance <= kLargestStart);
+    std::size_t cell = indexOf(x, y);
+    auto length = static_cast<std::uint32_t>(distance);
+    if (!isFresh_) return fillAlong(steps_, cell, length);
+    isFresh_ = false;
+    if (leaveDeadEnds(cell, length)) fillAlong(throughSteps_, cell, length);
+    fillDeadEnds();
+}
+
+/// From a start in a dead end to the first cell that is none. False when there is no way out.
+bool DistanceField::leaveDeadEnds(std::size_t& cell, std::uint32_t& length) {
+    for (auto end = deadEnds_.rbegin(); end != deadEnds_.rend(); ++end) {
+        if (end->cell != cell) continue;
+        distances_[cell] = static_cast<std::uint16_t>(length);
+        if (!end->leadsBack) return false;
+        cell = end->entrance;
+        ++length;
+    }
+    return true;
+}
+
+void DistanceField::fillDeadEnds() {
+    for (const DeadEnd& end : deadEnds_) {
+        if (distances_[end.cell] != kFar || distances_[end.entrance] == kFar) continue;
+        distances_[end.cell] = static_cast<std::uint16_t>(distances_[end.entrance] + 1);
+    }
 }
 
 // The recursion "enter a cell, then each neighbour in turn", with the open branches on a stack of our own. A neighbour
@@ -48,16 +89,14 @@ int DistanceField::at(int x, int y) const {
 //
 // The next cell is chosen by branches, not looked up by the step: ways run straight for long, so the processor guesses
 // the branch and enters the next cell before this one's distances have arrived. That halves the time.
-void DistanceField::fill(int x, int y, int distance) {
-    assert(distance >= 0 && distance <= kLargestStart);
+void DistanceField::fillAlong(const std::vector<std::uint8_t>& allSteps, std::size_t start, std::uint32_t length) {
     const auto stride = static_cast<std::uint32_t>(stride_);
-    const std::uint8_t* const steps = steps_.data();
+    const std::uint8_t* const steps = allSteps.data();
     std::uint16_t* const distances = distances_.data();
     Way way;  // NOLINT(cppcoreguidelines-pro-type-member-init): only written branches are read
     std::size_t open = 0;
 
-    auto cell = static_cast<std::uint32_t>(indexOf(x, y));
-    auto length = static_cast<std::uint32_t>(distance);
+    auto cell = static_cast<std::uint32_t>(start);
     const auto isWorthEntering = [&](std::uint32_t target) {
         return unsigned{distances[target] > length + 1 + kDistanceTolerance};
     };

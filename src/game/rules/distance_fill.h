@@ -3,11 +3,9 @@
 #include <cstdint>
 #include <vector>
 
-namespace grub {
+#include "dead_ends.h"
 
-/// Steps that lead out of a cell, as bits. The order of the bits is the order in which the fill takes them, and that
-/// order decides which distances come out.
-enum RouteStep : std::uint8_t { kStepUp = 1, kStepDown = 2, kStepRight = 4, kStepLeft = 8 };
+namespace grub {
 
 /// Walking distances from the hero, as enemies see them. A depth-first fill with a tolerance, not a shortest path: a
 /// cell that has been reached is entered again only when that saves six steps or more.
@@ -22,8 +20,10 @@ public:
     /// Every cell unreached and without steps.
     DistanceField(int width, int height);
 
-    /// The steps out of a cell (RouteStep bits). None may lead out of the field.
+    /// The steps out of a cell (RouteStep bits). None may lead out of the field. `stepsAreSet` follows the last one.
     void setSteps(int x, int y, unsigned steps);
+    /// Looks at all steps, to make fills short.
+    void stepsAreSet();
     /// Makes every cell unreached.
     void reset();
     /// Fills from a cell that then has distance `distance` (0 to kLargestStart), as far as steps lead. Cells that have
@@ -36,11 +36,17 @@ public:
 
 private:
     [[nodiscard]] std::size_t indexOf(int x, int y) const;
+    void fillAlong(const std::vector<std::uint8_t>& allSteps, std::size_t start, std::uint32_t length);
+    bool leaveDeadEnds(std::size_t& cell, std::uint32_t& length);
+    void fillDeadEnds();
 
     int stride_;
+    bool isFresh_ = true;  // no cell has a distance
     // With a border of one cell on each side, so that all four neighbours of a cell can be read without a test.
     std::vector<std::uint8_t> steps_;
-    std::vector<std::uint16_t> distances_;  // unreached is the largest number: one comparison covers both cases
+    std::vector<std::uint8_t> throughSteps_;  // without those of dead ends
+    std::vector<DeadEnd> deadEnds_;           // each behind its entrance
+    std::vector<std::uint16_t> distances_;    // unreached is the largest number: one comparison covers both cases
 };
 
 }  // namespace grub

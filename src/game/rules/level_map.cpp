@@ -86,6 +86,7 @@ void LevelMap::planRoutes() {
     for (int y = 0; y < height_; ++y) {
         for (int x = 0; x < width_; ++x) distances_.setSteps(x, y, routeStepsFrom(x, y));
     }
+    distances_.stepsAreSet();
     routesKnown_ = true;
 }
 
