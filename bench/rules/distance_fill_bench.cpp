@@ -1,33 +1,12 @@
 #include <benchmark/benchmark.h>
 
-#include <string>
-#include <vector>
-
+#include "bench_levels.h"
 #include "direct_fill.h"
 #include "level_writer.h"
 #include "rules.h"
 
 namespace grub {
 namespace {
-
-/// Floors every second row, with a ladder through them every fourth column.
-Drawing floorsAndLadders(int size) {
-    std::vector<std::string> rows;
-    for (int y = 0; y < size; ++y) {
-        std::string row;
-        for (int x = 0; x < size; ++x) row += x % 4 == 0 ? 'H' : y % 2 == 0 ? '.' : '=';
-        rows.push_back(row);
-    }
-    rows[0][0] = '@';
-    return Drawing(rows);
-}
-
-Drawing onlyLadders(int size) {
-    Drawing drawing(
-        std::vector<std::string>(static_cast<std::size_t>(size), std::string(static_cast<std::size_t>(size), 'H')));
-    drawing.rows[0][0] = '@';
-    return drawing;
-}
 
 bool agree(LevelMap& map, DirectFill& direct, CellPosition start) {
     map.resetDistances();
