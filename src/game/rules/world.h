@@ -22,6 +22,8 @@ struct WorldStart {
     int levelIndex = 0;
     std::uint32_t seed = 0;                   // of the world's own generator
     std::vector<CellPosition> collectedKeys;  // taken in earlier attempts, still taken
+
+    friend bool operator==(const WorldStart&, const WorldStart&) = default;
 };
 
 /// How to draw the hero.
