@@ -88,7 +88,8 @@ void DistanceField::fillDeadEnds() {
 // cell keeps its distance while it is on the way, so a branch need not store it.
 //
 // The next cell is chosen by branches, not looked up by the step: ways run straight for long, so the processor guesses
-// the branch and enters the next cell before this one's distances have arrived. That halves the time.
+// the branch and enters the next cell before this one's distances have arrived. That halves the time. In a corridor
+// only the cell ahead is asked, since the one behind is the nearer; that halves it again.
 void DistanceField::fillAlong(const std::vector<std::uint8_t>& allSteps, std::size_t start, std::uint32_t length) {
     const auto stride = static_cast<std::uint32_t>(stride_);
     const std::uint8_t* const steps = allSteps.data();
@@ -103,6 +104,12 @@ void DistanceField::fillAlong(const std::vector<std::uint8_t>& allSteps, std::si
     const auto worthwhileSteps = [&] {
         return isWorthEntering(cell - stride) * kStepUp | isWorthEntering(cell + stride) * kStepDown |
                isWorthEntering(cell + 1) * kStepRight | isWorthEntering(cell - 1) * kStepLeft;
+    };
+    const auto go = [&](std::uint32_t step, unsigned corridor) {
+        do {
+            cell += step;
+            distances[cell] = static_cast<std::uint16_t>(++length);
+        } while (steps[cell] == corridor && isWorthEntering(cell + step));
     };
     if (distances[cell] <= length + kDistanceTolerance) return;
     distances[cell] = static_cast<std::uint16_t>(length);
@@ -119,15 +126,13 @@ void DistanceField::fillAlong(const std::vector<std::uint8_t>& allSteps, std::si
         const unsigned others = left & (left - 1);
         if (others != 0) way[open++] = {cell, others};
         if ((left & kStepUp) != 0)
-            cell -= stride;
+            go(0U - stride, kStepUp | kStepDown);
         else if ((left & kStepDown) != 0)
-            cell += stride;
+            go(stride, kStepUp | kStepDown);
         else if ((left & kStepRight) != 0)
-            cell += 1;
+            go(1, kStepRight | kStepLeft);
         else
-            cell -= 1;
-        ++length;
-        distances[cell] = static_cast<std::uint16_t>(length);
+            go(0U - 1U, kStepRight | kStepLeft);
         left = steps[cell] & worthwhileSteps();
     }
 }
