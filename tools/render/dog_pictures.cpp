@@ -85,14 +85,14 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
     const double left = heldRow(phase, kEnemyCycle, 0.375, 10);
     const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 10);
     const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 43), 57.5); };
-    drawDogForeleg(canvas, {22, 36}, {18.5, left}, -1, Side::Far);
-    drawDogForeleg(canvas, {42, 36}, {45.5, right}, 1, Side::Far);
+    drawDogForeleg(canvas, {22, 36}, {17.5, left}, -1, Side::Near);
+    drawDogForeleg(canvas, {42, 36}, {46.5, right}, 1, Side::Near);
     {
         const auto body = canvas.bent({32, 42}, 0.003 * (left - right), {0, 0.6 * wave(2 * phase)});
         drawDogBack(canvas, 2.4 * wave(2 * phase));
     }
-    drawDogForeleg(canvas, {23, 47}, {20, sole(phase + 0.375)}, 1, Side::Near);
-    drawDogForeleg(canvas, {41, 47}, {44, sole(phase - 0.125)}, -1, Side::Near);
+    drawDogForeleg(canvas, {22, 46.5}, {17, sole(phase + 0.375)}, 1, Side::Near);
+    drawDogForeleg(canvas, {42, 46.5}, {47, sole(phase - 0.125)}, -1, Side::Near);
     canvas.outline(kEnemyOutline);
 }
 
@@ -116,8 +116,8 @@ void drawFront(Canvas& canvas, const FrontPose& pose, const DogFace& face) {
         const auto body = canvas.placed(down);
         drawDogChest(canvas);
     }
-    drawDogForeleg(canvas, Point{23, 41} + down, pose.left, 1, Side::Near);
-    drawDogForeleg(canvas, Point{41, 41} + down, pose.right, -1, Side::Near);
+    drawDogForeleg(canvas, Point{22.5, 40} + down, pose.left, 1, Side::Near);
+    drawDogForeleg(canvas, Point{41.5, 40} + down, pose.right, -1, Side::Near);
     drawDogHead(canvas, {32, pose.head}, pose.tilt, face);
     canvas.outline(kEnemyOutline);
 }
@@ -142,8 +142,8 @@ void drawTrapped(Canvas& canvas, FrameOf frame) {
         return drawFront(canvas,
                          {.head = 29,
                           .tilt = 0.05 * flail / 4,
-                          .left = {10, 34 + flail},
-                          .right = {54, 34 - flail},
+                          .left = {10, 23 + flail},
+                          .right = {54, 23 - flail},
                           .hindLeft = {17, 56 - flail * 0.6},
                           .hindRight = {47, 56 + flail * 0.6}},
                          {.mood = Mood::Startled, .turn = 0, .look = {0, 0.9}, .ears = 4});
@@ -163,17 +163,17 @@ void drawTrapped(Canvas& canvas, FrameOf frame) {
 /// Paws against both walls, hand over hand, until he stands on the floor.
 void drawEscape(Canvas& canvas, FrameOf frame) {
     const double out = eased((frame.index - 4.5) / 2.5);
-    const double left = heldRow(frame.index / 4.0, 32, 0.5, 24);
-    const double right = heldRow(frame.index / 4.0 + 0.5, 32, 0.5, 24);
+    const double left = heldRow(frame.index / 4.0, 32, 0.5, 12);
+    const double right = heldRow(frame.index / 4.0 + 0.5, 32, 0.5, 12);
     const double kick = 3 * wave(frame.index / 4.0) * (1 - out);
     drawFront(canvas,
               {.head = 29 + 1 * out,
                .tilt = 0.05 * (left - right) / 16 * (1 - out),
-               .left = mix(Point{8, left}, Point{23, 57}, out),
-               .right = mix(Point{56, right}, Point{41, 57}, out),
+               .left = mix(Point{10, left}, Point{23, 57}, out),
+               .right = mix(Point{54, right}, Point{41, 57}, out),
                .hindLeft = {18 - 4 * (1 - out), 57 - std::abs(kick) + kick},
                .hindRight = {46 + 4 * (1 - out), 57 - std::abs(kick) - kick}},
-              {.turn = 0, .look = {0, -0.7}});
+              {.turn = 0, .look = {0, 0.1}});
 }
 
 constexpr std::array kPictures{

@@ -15,12 +15,12 @@ constexpr Material kDress = glossy(material(0xb83c90, 0x5a2072, 0xf08cc4), 0.2F,
 constexpr Material kFarDress = glossy(material(0x83296f, 0x431758, 0xb04f98), 0.1F, 0.2F);
 constexpr Material kApron = glossy(material(0xf4eaec, 0x9a8fb8, 0xffffff), 0.1F);
 constexpr Material kHair = glossy(material(0x7d3446, 0x3d1834, 0xc4675a), 0.5F);
-constexpr Material kSkin = glossy(material(0xf2bb9c, 0xa85e6c, 0xffe2c8), 0.2F);
+constexpr Material kSkin = glossy(material(0xf2bb9c, 0xbd7878, 0xffe2c8), 0.2F);
 constexpr Material kFarSkin = glossy(material(0xcf917e, 0x7d4560, 0xe8b49c), 0.1F);
 constexpr Material kStocking = glossy(material(0xd9c3cf, 0x7b6790, 0xf6e9f0), 0.1F);
 constexpr Material kFarStocking = glossy(material(0xa08aa2, 0x58466e, 0xc0aabf), 0.05F);
-constexpr Material kShoe = glossy(material(0x4a3a60, 0x221831, 0x8d78a6), 0.8F);
-constexpr Material kFarShoe = glossy(material(0x342848, 0x1a1226, 0x5d4c78), 0.3F);
+constexpr Material kShoe = glossy(material(0x6a5488, 0x2c2044, 0xb09ccb), 0.8F);
+constexpr Material kFarShoe = glossy(material(0x483a62, 0x221834, 0x6f5c8c), 0.3F);
 constexpr Material kLips = glossy(material(0xd8263a, 0x6f1236, 0xff6f5e), 0.6F);
 
 constexpr Rgb kBrow = rgb(0x3a1530);
@@ -30,7 +30,7 @@ constexpr Rgb kTrim = rgb(0xf7b9da);
 
 /// Half the hem's width, and its row.
 constexpr double kHem = 17.4;
-constexpr double kHemRow = 52.4;
+constexpr double kHemRow = 51;
 
 VectorPath dressShape(double swing, double flare) {
     const double left = 32 - kHem - flare + swing;
@@ -115,29 +115,30 @@ void drawBun(Canvas& canvas, Point at) {
 void drawFringe(Canvas& canvas, double turn) {
     const VectorPath skull = skullShape(turn);
     const Mask inSkull = canvas.mask(skull);
-    const double part = 33 + turn * 1.3;
-    const double left = 20.6 + turn * 1.15;
-    const double right = 44 + turn * 0.35;
-    canvas.part(loop({{10, 24 + turn},
-                      {left - 1, 23 + turn * 0.6},
-                      {left - 0.4, 18},
-                      {left, 15},
-                      {left + 1.4, 11},
-                      {part - 4, 10.4},
+    const double part = 32.6 + turn * 1.6;
+    const double left = 20.4 + turn * 1.3;
+    const double right = 44.2 + turn * 0.7;
+    const double temple = 15.6 - turn * 1.1;
+    canvas.part(loop({{10, 25 + turn},
+                      {left, 25 + turn * 0.4},
+                      {left + 0.4, 20},
+                      {left - 0.2, 16},
+                      {left + 0.6, 11.6},
+                      {part - 5, 10},
                       {part, 7},
-                      {part + 3, 10},
-                      {right - 1.6, 11},
-                      {right, 15.4},
-                      {right + 1, 17},
-                      {right + 2, 18},
-                      {54, 18},
+                      {part + 4, 9},
+                      {right - 0.6, 10.6},
+                      {right, temple},
+                      {right + 0.4, temple + 1.4},
+                      {right + 1.6, temple + 2.4},
+                      {54, temple + 2},
                       {54, 0},
                       {44, -2},
                       {32, -2},
                       {20, -2},
                       {10, 2},
-                      {10, 24 + turn}}),
-                kHair, {.bevel = 5, .line = 0.9, .shadow = 0.3F, .clip = &inSkull});
+                      {10, 25 + turn}}),
+                kHair, {.bevel = 4, .line = 0.9, .shadow = 0.3F, .clip = &inSkull});
 }
 
 void drawEye(Canvas& canvas, Point at, double radius, const LadyFace& face) {
@@ -154,11 +155,11 @@ void drawEye(Canvas& canvas, Point at, double radius, const LadyFace& face) {
 /// A brow of `half` pixels to both sides, its end towards the nose `frown` pixels lower than the other.
 void drawBrow(Canvas& canvas, Point at, double half, double frown, double nose) {
     canvas.flat(polyline({{at.x - half * nose, at.y - frown / 2}, {at.x + half * nose, at.y + frown / 2}}), kBrow,
-                {.stroke = 2});
+                {.stroke = 1.8});
 }
 
 void drawMouth(Canvas& canvas, const LadyFace& face) {
-    const Point at{32.6 + face.turn * 1.2, 23};
+    const Point at{32.6 + face.turn * 1.2, 24};
     switch (face.mood) {
         case Mood::Angry:
             canvas.part(ellipse(at, 3.6, 1.7), kLips, {.bevel = 1.5, .line = 0.7, .shadow = 0.15F});
@@ -176,19 +177,19 @@ void drawMouth(Canvas& canvas, const LadyFace& face) {
 void drawFace(Canvas& canvas, const LadyFace& face) {
     const double t = face.turn;
     canvas.part(skullShape(t), kSkin, {.bevel = 9, .line = 1.3});
-    for (const Point cheek : {Point{25 + t * 1.1, 20}, Point{40.6 + t * 0.6, 19.8}})
-        canvas.flat(ellipse(cheek, 2.6, 1.8), kBlush, {.alpha = 0.55F});
+    for (const Point cheek : {Point{25 + t * 1.1, 21}, Point{40.6 + t * 0.6, 20.8}})
+        canvas.flat(ellipse(cheek, 2.6, 1.8), kBlush, {.alpha = 0.4F});
     drawFringe(canvas, t);
-    const Point left{28 + t * 1.1, 14.8};
-    const Point right{37.2 + t * 0.9, 14.6};
+    const Point left{28 + t * 1.1, 16};
+    const Point right{37.2 + t * 0.95, 15.8};
     drawEye(canvas, right, 3.5, face);
     drawEye(canvas, left, 3.8, face);
-    const double lift = face.mood == Mood::Angry ? 0 : 2.2;
+    const double lift = face.mood == Mood::Angry ? 0 : 1.8;
     const double frown = face.mood == Mood::Angry ? 2.8 : -1.6;
-    drawBrow(canvas, left - Point{0, 4.4 + lift}, 3.6, frown, 1);
-    drawBrow(canvas, right - Point{0, 4.4 + lift}, 3.3, frown, -1);
+    drawBrow(canvas, left - Point{0, 4 + lift}, 3.4, frown, 1);
+    drawBrow(canvas, right - Point{0, 4 + lift}, 3.1, frown, -1);
     drawMouth(canvas, face);
-    canvas.part(ellipse({32.8 + t * 1.4, 18.6}, 2.7, 2.3), kSkin, {.bevel = 2.2, .line = 0.7, .shadow = 0.25F});
+    canvas.part(ellipse({32.8 + t * 1.4, 19.6}, 2.7, 2.3), kSkin, {.bevel = 2.2, .line = 0.7, .shadow = 0.25F});
 }
 
 void drawShoulders(Canvas& canvas, double turn) {
@@ -237,10 +238,10 @@ void drawLadyDress(Canvas& canvas, double turn, double swing, double flare) {
 }
 
 void drawLadyHead(Canvas& canvas, const LadyFace& face) {
-    drawBun(canvas, {32 - face.turn * 2.9, 4.8 + std::abs(face.turn)});
+    drawBun(canvas, {32 - face.turn * 2.9, 6 + 0.7 * std::abs(face.turn)});
     drawFace(canvas, face);
     if (!face.pinInMouth) return;
-    drawRollingPin(canvas, {32.6 + face.turn * 1.2 - 12, 23.4}, 0);
+    drawRollingPin(canvas, {32.6 + face.turn * 1.2 - 11.4, 24.4}, 0);
 }
 
 void drawLadyBack(Canvas& canvas, double swing) {
@@ -254,12 +255,15 @@ void drawLadyBack(Canvas& canvas, double swing) {
         canvas.part(ellipse({32 + side * 4.8, 35.4}, 4.2, 2.7, side * 0.35), kApron, {.bevel = 2.4, .line = 0.9});
     }
     canvas.part(circle({32, 35.8}, 2.2), kApron, {.bevel = 2, .line = 0.8});
-    canvas.part(skullShape(0), kHair, {.bevel = 9, .line = 1.3});
-    for (const double x : {-6.5, 0.0, 6.5}) {
-        canvas.flat(curve({{32 + x * 0.4, 8}, {32 + x, 12}, {32 + x * 1.1, 18}, {32 + x * 0.9, 24}}), rgb(0x3d1834),
-                    {.alpha = 0.45F, .stroke = 1});
+    canvas.part(limb({{{32, 23}, 4.4}, {{32, 27}, 4.4}}), kSkin, {.bevel = 4, .line = 1});
+    for (const double side : {-1.0, 1.0})
+        canvas.part(ellipse({32 + side * 12, 18}, 2.6, 3.2), kSkin, {.bevel = 2, .line = 1});
+    canvas.part(ellipse({32, 15.4}, 12, 10.4), kHair, {.bevel = 9, .line = 1.3});
+    for (const double x : {-10.0, -5.4, 0.0, 5.4, 10.0}) {
+        canvas.flat(curve({{32 + x * 0.3, 11}, {32 + x * 0.8, 14}, {32 + x, 18}, {32 + x * 0.9, 22.6 - 0.02 * x * x}}),
+                    rgb(0x3d1834), {.alpha = 0.5F, .stroke = 1});
     }
-    drawBun(canvas, {32, 7.6});
+    drawBun(canvas, {32, 8.6});
 }
 
 void drawLadyLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side) {
@@ -275,22 +279,22 @@ void drawLadyLegFromFront(Canvas& canvas, Point hip, Point sole) {
     canvas.part(rectangle(sole.x - 4, sole.y - 5.8, 8, 5.8, 2.8), kShoe, {.bevel = 2.8, .line = 1.2});
 }
 
-void drawLadyArm(Canvas& canvas, Point shoulder, Point hand, double bend, Side side) {
+void drawLadyArm(Canvas& canvas, Point shoulder, Point hand, double bend, Side side, double bone) {
     const bool nearSide = side == Side::Near;
-    const double bone = std::max(6.6, length(hand - shoulder) / 2 * 1.05);
+    if (bone <= 0) bone = std::max(6.6, length(hand - shoulder) / 2 * 1.05);
     const Point elbow = jointOf(shoulder, hand, bone, bone, bend);
-    const Point wrist = mix(elbow, hand, 0.72);
-    canvas.part(limb({{elbow, 2.5}, {hand, 2.3}}), nearSide ? kSkin : kFarSkin, {.bevel = 2.4});
+    const Point cuff = mix(elbow, hand, 0.3);
+    canvas.part(limb({{elbow, 2.6}, {hand, 2.3}}), nearSide ? kSkin : kFarSkin, {.bevel = 2.4});
     canvas.part(circle(hand, 3.6), nearSide ? kSkin : kFarSkin, {.bevel = 3.4});
-    canvas.part(limb({{shoulder, 4.2}, {elbow, 3.5}, {mix(elbow, wrist, 0.75), 3}}), nearSide ? kDress : kFarDress,
-                {.bevel = 3.4, .line = 1.1, .shadow = 0.3F});
+    canvas.part(limb({{shoulder, 4.6}, {elbow, 3.6}, {cuff, 3.4}}), nearSide ? kDress : kFarDress,
+                {.bevel = 3.6, .line = 1.1, .shadow = 0.3F});
 }
 
 void drawRollingPin(Canvas& canvas, Point grip, double angle) {
     const auto held = canvas.placed(grip, angle);
     canvas.part(limb({{{-3, 0}, 1.7}, {{5, 0}, 1.5}}), kWood, {.bevel = 1.5, .line = 1});
-    canvas.part(limb({{{20, 0}, 1.5}, {{23, 0}, 1.7}}), kWood, {.bevel = 1.5, .line = 1});
-    canvas.part(rectangle(4.6, -3.9, 15.6, 7.8, 2.6), kWood, {.bevel = 3.6, .line = 1.2});
+    canvas.part(limb({{{18, 0}, 1.5}, {{20.6, 0}, 1.7}}), kWood, {.bevel = 1.5, .line = 1});
+    canvas.part(rectangle(4.6, -3.9, 13.6, 7.8, 2.6), kWood, {.bevel = 3.6, .line = 1.2});
 }
 
 }  // namespace grub

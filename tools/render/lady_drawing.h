@@ -24,8 +24,9 @@ void drawLadyBack(Canvas& canvas, double swing);
 void drawLadyLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side);
 void drawLadyLegFromFront(Canvas& canvas, Point hip, Point sole);
 
-/// A sleeved arm with its hand. `bend` 1 or -1 chooses where the elbow goes.
-void drawLadyArm(Canvas& canvas, Point shoulder, Point hand, double bend, Side side);
+/// A sleeved arm with its hand. `bend` 1 or -1 chooses where the elbow goes. The bones are of `bone` pixels each, or
+/// just long enough when it is 0.
+void drawLadyArm(Canvas& canvas, Point shoulder, Point hand, double bend, Side side, double bone = 0);
 
 /// Held at `grip`, the roll pointing along `angle` (0 right, positive downwards).
 void drawRollingPin(Canvas& canvas, Point grip, double angle);

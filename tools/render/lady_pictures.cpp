@@ -18,6 +18,9 @@ constexpr double kDuty = 0.375;
 constexpr double kToe = 7.6;
 constexpr double kHeel = 4.6;
 
+/// Column of her middle: further back than the cell's, to leave room for the rolling pin.
+constexpr double kWalkMiddle = 29;
+
 struct Shoe {
     Point sole;
     double angle;
@@ -29,7 +32,7 @@ Shoe shoeAt(double phase) {
     const double toeUp = 0.35 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
     const double angle = heelUp - toeUp;
     const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
-    return {{31 + step.x, kGround - 2.2 * step.lift - clearance}, angle};
+    return {{kWalkMiddle + step.x, kGround - 2.2 * step.lift - clearance}, angle};
 }
 
 void drawWalk(Canvas& canvas, FrameOf frame) {
@@ -39,19 +42,19 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
     const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
     const Shoe near = shoeAt(phase);
     const Shoe far = shoeAt(phase + 0.5);
-    drawLadyLeg(canvas, {30, 47 + bob}, far.sole, far.angle, Side::Far);
-    drawLadyLeg(canvas, {32, 47 + bob}, near.sole, near.angle, Side::Near);
+    drawLadyLeg(canvas, {kWalkMiddle - 1, 47 + bob}, far.sole, far.angle, Side::Far);
+    drawLadyLeg(canvas, {kWalkMiddle + 1, 47 + bob}, near.sole, near.angle, Side::Near);
     {
-        const auto body = canvas.bent({32, 50}, 0.05 + 0.02 * wave(2 * phase), {0, bob});
-        drawLadyArm(canvas, {38, 29.5}, {42 + 4 * swing, 38 - swing}, -1, Side::Far);
+        const auto body = canvas.bent({32, 50}, 0.05 + 0.02 * wave(2 * phase), {kWalkMiddle - 32, bob});
+        drawLadyArm(canvas, {38, 30}, {40 + 4 * swing, 40 - swing}, -1, Side::Far);
         drawLadyDress(canvas, 4, 1.6 * wave(phase + 0.1));
         {
             const auto head = canvas.bent({32, 26}, 0.03 * wave(2 * phase - 0.15));
             drawLadyHead(canvas, {});
         }
-        const Point hand{44.5 - 2 * swing, 36 + 1.6 * swing};
-        drawRollingPin(canvas, hand, -1.15 - 0.2 * swing);
-        drawLadyArm(canvas, {26, 29.5}, hand, -1, Side::Near);
+        const Point hand{45 - 1.6 * swing, 36.6 + 1.6 * swing};
+        drawRollingPin(canvas, hand, -0.95 - 0.22 * swing);
+        drawLadyArm(canvas, {27, 30.6}, hand, 1, Side::Near, 11);
     }
     canvas.outline(kEnemyOutline);
 }
@@ -87,10 +90,10 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
     const double left = heldRow(phase, kEnemyCycle, 0.375, 8);
     const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 8);
     const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 45.4), kGround); };
-    drawLadyLegFromFront(canvas, {27, 48}, {25.4, std::max(sole(phase + 0.375), 55.0)});
-    drawLadyLegFromFront(canvas, {37, 48}, {38.6, std::max(sole(phase - 0.125), 55.0)});
-    drawLadyArm(canvas, {24, 30}, {20, left}, -1, Side::Near);
-    drawLadyArm(canvas, {40, 30}, {44, right}, 1, Side::Near);
+    drawLadyLegFromFront(canvas, {27, 48}, {25.4, std::max(sole(phase + 0.375), 57.0)});
+    drawLadyLegFromFront(canvas, {37, 48}, {38.6, std::max(sole(phase - 0.125), 57.0)});
+    drawLadyArm(canvas, {24, 30}, {17.4, left}, -1, Side::Near);
+    drawLadyArm(canvas, {40, 30}, {46.6, right}, 1, Side::Near);
     {
         const auto body = canvas.bent({32, 42}, 0.0026 * (left - right), {0, 1});
         drawLadyBack(canvas, 1.8 * wave(phase + 0.1));
@@ -108,11 +111,15 @@ struct FrontPose {
     Point left{20, 41};
     Point right{44, 38};
     double pin = -1.2;
-    double bendLeft = 1;
-    double bendRight = -1;
+    bool pinInHand = true;
     Point soleLeft{27, kGround};
     Point soleRight{37, kGround};
 };
+
+/// The elbow points outwards, whether the hand is above it or below. `bend` is that of a hand below.
+void drawFrontArm(Canvas& canvas, Point shoulder, Point hand, double bend) {
+    drawLadyArm(canvas, shoulder, hand, hand.y < shoulder.y ? -bend : bend, Side::Near);
+}
 
 void drawFront(Canvas& canvas, const FrontPose& pose, const LadyFace& face) {
     drawLadyLegFromFront(canvas, Point{28, 48} + pose.shift, pose.soleLeft);
@@ -123,9 +130,9 @@ void drawFront(Canvas& canvas, const FrontPose& pose, const LadyFace& face) {
         const auto head = canvas.bent({32, 26}, pose.tilt);
         drawLadyHead(canvas, face);
     }
-    drawLadyArm(canvas, Point{24.4, 30} + pose.shift, pose.left, pose.bendLeft, Side::Near);
-    drawRollingPin(canvas, pose.right, pose.pin);
-    drawLadyArm(canvas, Point{39.6, 30} + pose.shift, pose.right, pose.bendRight, Side::Near);
+    drawFrontArm(canvas, Point{23.6, 30} + pose.shift, pose.left, 1);
+    if (pose.pinInHand) drawRollingPin(canvas, pose.right, pose.pin);
+    drawFrontArm(canvas, Point{40.4, 30} + pose.shift, pose.right, -1);
     canvas.outline(kEnemyOutline);
 }
 
@@ -134,14 +141,11 @@ void drawStill(Canvas& canvas, FrameOf frame) {
     if (frame.index == 0) return drawFront(canvas, {}, {.turn = 0, .look = {0, 0.2}});
     const double flail = wave(frame.phase() * 2);
     drawFront(canvas,
-              {.shift = {0, -0.5},
-               .tilt = 0.04 * flail,
+              {.tilt = 0.04 * flail,
                .flare = 4 + flail,
-               .left = {10 - flail, 22 + 3 * flail},
-               .right = {54 - flail, 22 - 3 * flail},
-               .pin = -1.57 - 0.3 * flail,
-               .bendLeft = 1,
-               .bendRight = -1,
+               .left = {12 - flail, 25 + 3 * flail},
+               .right = {51 - flail, 27 - 2 * flail},
+               .pin = -1.35 - 0.2 * flail,
                .soleLeft = {26 - flail, 60 - 1.5 * flail},
                .soleRight = {38 - flail, 60 + 1.5 * flail - 1}},
               {.mood = Mood::Startled, .turn = 0, .look = {0, 0.9}});
@@ -154,29 +158,30 @@ void drawTrapped(Canvas& canvas, FrameOf frame) {
                .tilt = 0.14,
                .flare = 3,
                .left = {13, 52},
-               .right = {52, 50},
-               .pin = 0.9,
+               .right = {51, 52},
+               .pin = 2.95,
                .soleLeft = {23, kGround},
                .soleRight = {41, kGround}},
               {.mood = Mood::Dizzy, .turn = 0});
     drawDizzyStars(canvas, {34, 9}, 20, 5, 0.08);
 }
 
-/// Hands against both walls, one over the other, until she stands on the floor.
+/// Hands against both walls, one over the other, the rolling pin between her teeth, until she stands on the floor.
 void drawEscape(Canvas& canvas, FrameOf frame) {
     const double out = eased((frame.index - 4.5) / 2.5);
     const double left = heldRow(frame.index / 4.0, 32, 0.5, 12);
     const double right = heldRow(frame.index / 4.0 + 0.5, 32, 0.5, 12);
-    const double kick = 3 * wave(frame.index / 4.0) * (1 - out);
+    const bool busy = frame.index < 6;
+    const double kick = 1.8 * wave(frame.index / 4.0) * (1 - out);
     drawFront(canvas,
               {.tilt = 0.05 * (left - right) / 16 * (1 - out),
                .flare = 1 - out,
-               .left = mix(Point{8, left}, Point{20, 41}, out),
-               .right = mix(Point{56, right}, Point{44, 38}, out),
-               .pin = -1.2,
+               .left = mix(Point{9, left}, Point{20, 41}, out),
+               .right = mix(Point{55, right}, Point{44, 38}, out),
+               .pinInHand = !busy,
                .soleLeft = {27 - 2 * (1 - out), kGround - std::abs(kick) + kick},
                .soleRight = {37 + 2 * (1 - out), kGround - std::abs(kick) - kick}},
-              {.turn = 0, .look = {0, -0.8}});
+              {.turn = 0, .look = {0, -0.4}, .pinInMouth = busy});
 }
 
 constexpr std::array kPictures{

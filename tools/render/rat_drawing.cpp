@@ -77,13 +77,13 @@ void drawRatSide(Canvas& canvas, const RatPose& pose) {
                                   {12, 59},
                                   {8.6, 57},
                                   {8.6, 53}});
-    drawTooth(canvas, {53.4, 55});
+    drawTooth(canvas, {54, 55.4});
     canvas.part(body, kFur, {.bevel = 9, .line = 1.5});
     const Mask inBody = canvas.mask(body);
     canvas.part(ellipse({30, 60}, 18, 4.4), kBelly,
-                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inBody, .alpha = 0.8F});
+                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inBody, .alpha = 0.45F});
     drawEar(canvas, {36 - 2 * pose.earBack, 39.6 + pose.earBack}, pose.earBack, true);
-    drawEye(canvas, {47, 46.6}, 3.3, pose.mood);
+    drawEye(canvas, {47, 46.4}, 3.6, pose.mood);
     drawSnout(canvas);
 }
 

@@ -27,13 +27,13 @@ void drawRun(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     const double bounce = 0.7 + 0.7 * wave(4 * phase + 0.1);
     drawRunningLeg(canvas, 20, bounce, 2 * phase + 0.5, Side::Far);
-    drawRunningLeg(canvas, 44, bounce, 2 * phase, Side::Far);
+    drawRunningLeg(canvas, 42, bounce, 2 * phase, Side::Far);
     {
         const auto body = canvas.bent({32, 56}, 0.025 * wave(2 * phase), {0, -bounce});
         drawRatSide(canvas, {.tail = {-9 + 1.5 * wave(phase + 0.25), -12 + 3 * wave(phase)}});
     }
     drawRunningLeg(canvas, 17, bounce, 2 * phase, Side::Near);
-    drawRunningLeg(canvas, 41, bounce, 2 * phase + 0.5, Side::Near);
+    drawRunningLeg(canvas, 38.5, bounce, 2 * phase + 0.5, Side::Near);
     canvas.outline(kEnemyOutline);
 }
 
@@ -78,7 +78,7 @@ void drawFallIn(Canvas& canvas, FrameOf frame) {
 /// A leap out of the hole, nose up, that ends on its feet.
 void drawLeapOut(Canvas& canvas, FrameOf frame) {
     constexpr std::array kFlights{
-        Flight{{32, 34}, -82, 0.94, {-8, 4}},
+        Flight{{32, 36}, -82, 0.94, {-8, 4}},
         Flight{{32, 31}, -60, 0.94, {-9, -2}},
         Flight{{32, 38}, -28, 0.96, {-9, -8}},
         Flight{{32, 47}, -4, 1, {-9, -12}},
