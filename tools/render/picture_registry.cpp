@@ -4,17 +4,21 @@
 #include <span>
 
 #include "bonus_pictures.h"
+#include "cellar_wall_pictures.h"
 #include "climbing_pictures.h"
 #include "decor_pictures.h"
 #include "digit_pictures.h"
 #include "dog_pictures.h"
+#include "door_pictures.h"
 #include "floor_pictures.h"
 #include "hero_pictures.h"
+#include "iron_wall_pictures.h"
 #include "label_pictures.h"
 #include "lady_pictures.h"
 #include "light_pictures.h"
 #include "rat_pictures.h"
 #include "shield_pictures.h"
+#include "solid_pictures.h"
 #include "thing_pictures.h"
 #include "wall_pictures.h"
 
@@ -24,8 +28,9 @@ const std::vector<PictureEntry>& allPictures() {
     static const std::vector<PictureEntry> pictures = [] {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
-             {heroPictures(), shieldPictures(), bonusPictures(), wallPictures(), floorPictures(), climbingPictures(),
-              thingPictures(), lightPictures(), decorPictures(), digitPictures(), dogPictures(), ladyPictures(),
+             {heroPictures(), shieldPictures(), bonusPictures(), wallPictures(), ironWallPictures(),
+              cellarWallPictures(), floorPictures(), solidPictures(), climbingPictures(), thingPictures(),
+              doorPictures(), lightPictures(), decorPictures(), digitPictures(), dogPictures(), ladyPictures(),
               ratPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }

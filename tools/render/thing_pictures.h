@@ -6,7 +6,7 @@
 
 namespace grub {
 
-/// What the play is about: keys and the doors that they open.
+/// What the play is about: the keys.
 std::span<const PictureEntry> thingPictures();
 
 }  // namespace grub

@@ -1,4 +1,4 @@
-#include "floor_drawing.h"
+#include "floor_kind.h"
 
 #include "palette.h"
 #include "shapes.h"
@@ -7,15 +7,11 @@ namespace grub {
 
 namespace {
 
-constexpr double kCapTop = 0.9;
 constexpr double kCapHeight = 12.6;
 constexpr double kCourse = 17;
 constexpr double kFirstCourse = 13;
 constexpr double kBrick = 32;
 constexpr double kJoint = 1.6;
-
-/// The row at which the floor's own bottom line begins.
-constexpr double kBottom = 63;
 
 Rgb brickColour(std::uint32_t number) { return varied(kTurma.floor[number % 3], number, 0.05F); }
 
@@ -59,14 +55,6 @@ void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
     drawCrack(canvas, {{50, 49}, {45, 54}, {47, 61}}, 0.7F, clip);
 }
 
-VectorPath floorBody(FloorEnds ends, double top) {
-    const double left = ends.left ? 1.6 : -40;
-    const double right = ends.right ? kCellSize - 1.6 : kCellSize + 40;
-    return rectangle(left, top, right - left, kBottom - top, 3);
-}
-
-}  // namespace
-
 void drawFloor(Canvas& canvas, FloorEnds ends, FloorWear wear) {
     const VectorPath whole = floorBody(ends, kCapTop);
     canvas.part(whole, stony(kTurma.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
@@ -86,8 +74,18 @@ void drawUnderFloor(Canvas& canvas, FloorWear wear) {
     canvas.shadeRows(0, 64, 0.86F, 0.66F);
 }
 
-void drawFloorStone(Canvas& canvas, std::size_t index, bool under) {
-    const Stone& stone = kFloorStones[index];
+constexpr std::array kStones{
+    Stone{0, 0.9, 32, 12.6, 20}, Stone{32, 0.9, 32, 12.6, 21},                             // cap
+    Stone{0, 13, 32, 17, 32},    Stone{32, 13, 32, 17, 33},                                //
+    Stone{0, 30, 16, 17, 34},    Stone{16, 30, 32, 17, 35},    Stone{48, 30, 16, 17, 34},  // cut at the cell's edges
+    Stone{0, 47, 32, 17, 36},    Stone{32, 47, 32, 17, 37},
+};
+constexpr std::size_t kCapStones = 2;
+
+/// Under another floor the cap slabs are bricks.
+void drawFloorStone(Canvas& canvas, std::size_t index, Storey storey) {
+    const Stone& stone = kStones[index];
+    const bool under = storey == Storey::Under;
     const bool cap = index < kCapStones && !under;
     const double gap = cap ? 1.0 : kJoint;
     Material surface = cap ? capMaterial(stone.number) : brickMaterial(stone.number);
@@ -96,12 +94,11 @@ void drawFloorStone(Canvas& canvas, std::size_t index, bool under) {
                 {.bevel = 3.4, .line = 0.9, .shadow = 0.2F});
 }
 
-void drawBrickStub(Canvas& canvas, Point wall, double inward, double reach, std::uint32_t number) {
-    const auto at = [&](double in, double down) { return Point{wall.x + in * inward, wall.y + down}; };
-    canvas.part(polygon({at(-8, 1), at(reach - 1.5, 1), at(reach + 0.6, 5), at(reach - 1, 8.5), at(reach + 1, 12),
-                         at(reach - 1.6, 16), at(-8, 16)},
-                        1.5),
-                stony(brickColour(number) * 0.72F, 0.9F, 0.12F), {.bevel = 2.6, .line = 1, .shadow = 0.3F});
+}  // namespace
+
+const FloorKind& brickFloor() {
+    static const FloorKind kKind{drawFloor, drawUnderFloor, kStones, drawFloorStone, kTurma.floor};
+    return kKind;
 }
 
 }  // namespace grub

@@ -1,0 +1,107 @@
+#include "floor_kind.h"
+#include "noise.h"
+#include "palette.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+constexpr double kSoil = 12;
+constexpr double kCourse = 25.2;
+constexpr double kFirstCourse = 12.6;
+constexpr double kStoneWidth = 32;
+constexpr double kJoint = 1.6;
+
+Material stoneMaterial(std::uint32_t number, float dim = 1) {
+    return stony(varied(kPodval.floor[number % 3], number, 0.06F) * dim, 1.3F, 0.14F, 0.08F);
+}
+Material grassMaterial(std::uint32_t number) { return stony(varied(kPodval.cap, number, 0.1F), 0, 0.06F, 0.1F); }
+
+void drawFieldStone(Canvas& canvas, double x, double y, double width, std::uint32_t number, const Mask* clip) {
+    canvas.part(rectangle(x + kJoint / 2, y + kJoint / 2, width - kJoint, kCourse - kJoint, 8), stoneMaterial(number),
+                {.bevel = 7, .line = 0, .shadow = 0, .clip = clip});
+}
+
+/// The courses over the cell and its neighbours, from course `first`. Those that reach into a neighbour never vary.
+void drawCourses(Canvas& canvas, int first, FloorWear wear, const Mask* clip) {
+    for (int course = first; course < 2; ++course) {
+        const bool shifted = course % 2 != 0;
+        const double y = kFirstCourse + course * kCourse;
+        for (int i = -1; i < 4; ++i) {
+            const double x = i * kStoneWidth - (shifted ? kStoneWidth / 2 : 0);
+            const bool inside = x >= 0 && x + kStoneWidth <= kCellSize;
+            const auto number = static_cast<std::uint32_t>(51 + 2 * course + (i + 2) % 2);
+            const std::uint32_t own = inside && wear == FloorWear::Chipped ? 7 : 0;
+            drawFieldStone(canvas, x, y, kStoneWidth, number + own, clip);
+        }
+    }
+}
+
+void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
+    if (wear == FloorWear::New) return;
+    drawCrack(canvas, {{12, 15}, {15, 21}, {12, 26}, {17, 33}}, 0.8F, clip);
+    drawCrack(canvas, {{34, 41}, {30, 47}, {33, 53}, {29, 60}}, 0.8F, clip);
+    for (const Joint& tuft : {Joint{{46, 36}, 2.6}, Joint{{50.5, 37}, 3.4}, Joint{{55, 36.4}, 2.4}})
+        canvas.part(circle(tuft.at, tuft.radius), stony(kPodval.capShade * 1.1F, 1, 0.2F),
+                    {.bevel = 2.4, .line = 0, .shadow = 0.3F, .clip = clip});
+}
+
+/// Tufts that hang over the soil from `from` to `to`, the same in every cell.
+void drawGrass(Canvas& canvas, double from, double to, const Mask* clip) {
+    for (double x = from; x < to; x += 4) {
+        const auto number = static_cast<std::uint32_t>(static_cast<int>(x + 128) % 64 / 4);
+        const double at = x + 2 * randomShare(number, 1, 41);
+        const double length = 8 + 6.5 * randomShare(number, 2, 41);
+        canvas.part(limb({{{at, 4}, 3.4}, {{at + 1.4 * (randomShare(number, 3, 41) - 0.5), length}, 1.9}}),
+                    grassMaterial(number),
+                    {.bevel = 3, .line = number % 2 == 0 ? 0.8 : 0, .shadow = 0.25F, .clip = clip});
+    }
+}
+
+void drawTop(Canvas& canvas, FloorEnds ends, FloorWear wear) {
+    const VectorPath whole = floorBody(ends, kCapTop);
+    canvas.part(whole, stony(kPodval.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(whole);
+    drawCourses(canvas, 0, wear, &inside);
+    drawWear(canvas, wear, &inside);
+    canvas.shadeRows(16, 64, 1.04F, 0.72F);
+    canvas.flat(rectangle(-40, kSoil, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = &inside});
+    canvas.part(rectangle(-40, kCapTop, 144, kSoil - kCapTop), stony(kPodval.capShade, 0.6F, 0.1F),
+                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inside});
+    drawGrass(canvas, -16, 80, &inside);
+}
+
+void drawUnder(Canvas& canvas, FloorWear wear) {
+    const VectorPath whole = floorBody({}, -20);
+    canvas.part(whole, stony(kPodval.floorMortar * 0.8F, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(whole);
+    drawCourses(canvas, -1, wear, &inside);
+    drawWear(canvas, wear, &inside);
+    canvas.shadeRows(0, 64, 0.86F, 0.66F);
+}
+
+constexpr std::array kPieces{
+    Stone{0, 0.9, 32, 12, 20},    Stone{32, 0.9, 32, 12, 21},     // turf
+    Stone{0, 12.6, 32, 25.2, 51}, Stone{32, 12.6, 32, 25.2, 52},  //
+    Stone{0, 37.8, 16, 25.2, 53}, Stone{16, 37.8, 32, 25.2, 54}, Stone{48, 37.8, 16, 25.2, 53},
+};
+constexpr std::size_t kTurfs = 2;
+
+void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
+    const Stone& piece = kPieces[index];
+    const bool turf = index < kTurfs && storey == Storey::Top;
+    canvas.part(rectangle(piece.x + 0.8, piece.y + 0.8, piece.width - 1.6, piece.height - 1.6, turf ? 3 : 8),
+                turf ? stony(kPodval.capShade, 0.6F, 0.1F) : stoneMaterial(piece.number, 0.95F),
+                {.bevel = turf ? 4.0 : 7.0, .line = 0.9, .shadow = 0.2F});
+    if (turf) drawGrass(canvas, piece.x + 3, piece.x + piece.width - 3, nullptr);
+}
+
+}  // namespace
+
+const FloorKind& cellarFloor() {
+    static const FloorKind kKind{drawTop, drawUnder, kPieces, drawPiece, kPodval.floor};
+    return kKind;
+}
+
+}  // namespace grub

@@ -1,0 +1,107 @@
+#include "floor_kind.h"
+#include "palette.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+constexpr double kCapHeight = 11.5;
+constexpr double kPlate = 32;
+constexpr double kFirstPlate = 13;
+
+Material plateMaterial(std::uint32_t number, float dim = 1) {
+    return stony(varied(kJelezo.floor[0], number, 0.04F) * dim, 1.1F, 0.14F, 0.2F);
+}
+Material panelMaterial(std::uint32_t number, float dim = 1) {
+    return stony(varied(kJelezo.floor[1 + number % 2], number, 0.04F) * dim, 0.8F, 0.13F, 0.15F);
+}
+Material capMaterial() { return stony(kJelezo.cap, 0.35F, 0.07F, 0.4F); }
+
+void drawRivet(Canvas& canvas, Point at, const Mask* clip) {
+    canvas.part(circle(at, 1.6), glossy(material(kJelezo.capShade * 1.15F), 0.6F),
+                {.bevel = 1.5, .line = 0.5, .shadow = 0.25F, .clip = clip});
+}
+
+/// A raised panel, or one with two rows of holes.
+void drawPanel(Canvas& canvas, double x, double y, double height, std::uint32_t number, bool holes, const Mask* clip) {
+    canvas.part(rectangle(x + 5.2, y, 21.6, height, 3), panelMaterial(number),
+                {.bevel = 2.4, .line = 0.6, .shadow = 0.25F, .clip = clip});
+    if (!holes) return;
+    for (const double down : {0.3, 0.7}) {
+        for (const double across : {10.2, 16.0, 21.8})
+            canvas.flat(circle({x + across, y + height * down}, 1.9), rgb(0x241420), {.alpha = 0.85F, .clip = clip});
+    }
+}
+
+/// Plates side by side over the cell and its neighbours, each with two panels and rivets in its corners, from row
+/// `top` down. The holed ones are the second in the cell.
+void drawPlates(Canvas& canvas, double top, FloorWear wear, const Mask* clip) {
+    const double panel = (57 - top) / 2 - 5;
+    for (int i = -1; i < 3; ++i) {
+        const double x = i * kPlate;
+        const auto number = static_cast<std::uint32_t>(40 + (i + 2) % 2);
+        canvas.part(rectangle(x + 0.8, top, kPlate - 1.6, 63 - top, 2.5), plateMaterial(number),
+                    {.bevel = 3, .line = 0, .shadow = 0, .clip = clip});
+        const bool holes = wear == FloorWear::Chipped && i == 1;
+        drawPanel(canvas, x, top + 6, panel, number, holes, clip);
+        drawPanel(canvas, x, top + 10 + panel, panel, number + 1, holes, clip);
+        for (const double dx : {4.0, 28.0}) {
+            for (const double y : {top + 3.6, 59.6}) drawRivet(canvas, {x + dx, y}, clip);
+        }
+    }
+}
+
+void drawCapSlots(Canvas& canvas, double from, double to, const Mask* clip) {
+    for (double x = from; x < to; x += 16) {
+        canvas.part(rectangle(x + 3, 4.8, 10, 2.8, 1.3), material(kJelezo.capShade),
+                    {.bevel = 1.3, .line = 0, .shadow = 0, .clip = clip});
+    }
+}
+
+void drawTop(Canvas& canvas, FloorEnds ends, FloorWear wear) {
+    const VectorPath whole = floorBody(ends, kCapTop);
+    canvas.part(whole, stony(kJelezo.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(whole);
+    drawPlates(canvas, kFirstPlate, wear, &inside);
+    canvas.shadeRows(16, 64, 1.04F, 0.72F);
+    canvas.flat(rectangle(-40, kCapTop + kCapHeight - 1, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = &inside});
+    canvas.part(rectangle(-40, kCapTop, 144, kCapHeight), capMaterial(),
+                {.bevel = 3.6, .line = 0, .shadow = 0, .clip = &inside});
+    drawCapSlots(canvas, -32, 96, &inside);
+}
+
+void drawUnder(Canvas& canvas, FloorWear wear) {
+    const VectorPath whole = floorBody({}, -8);
+    canvas.part(whole, stony(kJelezo.floorMortar * 0.8F, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(whole);
+    drawPlates(canvas, 0.8, wear, &inside);
+    canvas.shadeRows(0, 64, 0.86F, 0.66F);
+}
+
+constexpr std::array kPieces{
+    Stone{0, 0.9, 32, 11.5, 20}, Stone{32, 0.9, 32, 11.5, 21},  // cap
+    Stone{0, 13, 32, 25, 40},    Stone{32, 13, 32, 25, 41},    Stone{0, 38, 32, 25, 41}, Stone{32, 38, 32, 25, 42},
+};
+constexpr std::size_t kCapPieces = 2;
+
+void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
+    const Stone& piece = kPieces[index];
+    const VectorPath shape = rectangle(piece.x + 0.8, piece.y + 0.4, piece.width - 1.6, piece.height - 0.8, 2.5);
+    if (index < kCapPieces && storey == Storey::Top) {
+        canvas.part(shape, capMaterial(), {.bevel = 3.4, .line = 0.9, .shadow = 0.2F});
+        drawCapSlots(canvas, piece.x, piece.x + piece.width, nullptr);
+        return;
+    }
+    canvas.part(shape, plateMaterial(piece.number, 0.95F), {.bevel = 3, .line = 0.9, .shadow = 0.2F});
+    if (index >= kCapPieces) drawPanel(canvas, piece.x, piece.y + 4, piece.height - 8, piece.number, false, nullptr);
+}
+
+}  // namespace
+
+const FloorKind& ironFloor() {
+    static const FloorKind kKind{drawTop, drawUnder, kPieces, drawPiece, kJelezo.floor};
+    return kKind;
+}
+
+}  // namespace grub
