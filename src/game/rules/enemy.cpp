@@ -1,5 +1,7 @@
 #include "enemy.h"
 
+#include <algorithm>
+
 #include "attempt.h"
 #include "state_hash.h"
 
@@ -124,6 +126,16 @@ bool Enemy::respawn(Attempt& attempt) {
 void Enemy::addTo(StateHash& hash) const {
     Actor::addTo(hash);
     hash.add(kind_, state_, direction_, atNode_, timer_, speed_, picture_.animation, picture_.frame, frameDelay_);
+}
+
+void keepApart(std::span<Enemy> enemies) {
+    for (auto enemy = enemies.begin(); enemy != enemies.end(); ++enemy) {
+        if (!enemy->wasAtNode() || !enemy->keepsDistance()) continue;
+        const bool isTaken = std::any_of(enemy + 1, enemies.end(), [enemy](const Enemy& other) {
+            return other.keepsDistance() && other.cellX() == enemy->cellX() && other.cellY() == enemy->cellY();
+        });
+        if (isTaken) enemy->undoMove();
+    }
 }
 
 }  // namespace grub

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "actor.h"
 #include "animation_frame.h"
@@ -96,5 +97,9 @@ private:
     AnimationFrame picture_{kFirstEnemyAnimation, 0};
     int frameDelay_ = 0;  // frames until the next picture
 };
+
+/// After all have moved: of two roaming in one cell the earlier one goes back, if it has just left a cell. Rats run
+/// through everybody.
+void keepApart(std::span<Enemy> enemies);
 
 }  // namespace grub

@@ -79,20 +79,8 @@ void World::updateDecorations() {
 
 void World::updateEnemies() {
     for (Enemy& enemy : attempt_.enemies) enemy.update(attempt_);
-    keepEnemiesApart();
+    keepApart(attempt_.enemies);
     for (Enemy& enemy : attempt_.enemies) enemy.updateAnimation(attempt_.map);
-}
-
-/// Of two in one cell the earlier one goes back, if it has just left a cell.
-void World::keepEnemiesApart() {
-    std::vector<Enemy>& enemies = attempt_.enemies;
-    for (auto enemy = enemies.begin(); enemy != enemies.end(); ++enemy) {
-        if (!enemy->wasAtNode() || !enemy->keepsDistance()) continue;
-        const bool isTaken = std::any_of(enemy + 1, enemies.end(), [enemy](const Enemy& other) {
-            return other.keepsDistance() && other.cellX() == enemy->cellX() && other.cellY() == enemy->cellY();
-        });
-        if (isTaken) enemy->undoMove();
-    }
 }
 
 // Every item is looked at once a frame of play, on the screen or off it.

@@ -99,7 +99,6 @@ private:
     void placeObjects();
     void updateDecorations();
     void updateEnemies();
-    void keepEnemiesApart();
     void finishDecorations();
     void checkEnd();
     void checkCaught();
