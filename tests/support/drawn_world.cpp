@@ -47,10 +47,23 @@ char symbolOf(const MapCell& cell) {
     return cell.baseType == BlockType::HiddenLadder ? 'h' : '.';
 }
 
+char symbolOf(EnemyKind kind) {
+    switch (kind) {
+        case EnemyKind::Dog: return 'd';
+        case EnemyKind::Lady: return 'l';
+        case EnemyKind::Rat: break;
+    }
+    return 'r';
+}
+
+char& symbolAt(Drawing& drawing, const Actor& actor) {
+    return drawing.rows[static_cast<std::size_t>(actor.cellY())][static_cast<std::size_t>(actor.cellX())];
+}
+
 }  // namespace
 
 DrawnWorld::DrawnWorld(const Drawing& drawing, const WorldStart& start, const AnimationFrameCounts& counts)
-    : world_(mapFrom(drawing), start, counts) {
+    : world_(mapFrom(drawing), start, counts), seed_(start.seed) {
     world_.step();
     listen();
 }
@@ -96,16 +109,19 @@ void DrawnWorld::listen() {
 }
 
 Drawing DrawnWorld::drawn() const {
-    const LevelMap& map = world_.map();
-    std::vector<std::string> rows;
-    for (int row = 0; row < map.height(); ++row) {
-        std::string line;
-        for (int column = 0; column < map.width(); ++column) line += symbolOf(map.cellAt(column, row));
-        rows.push_back(line);
+    Drawing drawing = drawnMap(world_.map());
+    for (const Enemy& enemy : world_.enemies()) {
+        if (enemy.state() != EnemyState::Dead) symbolAt(drawing, enemy) = symbolOf(enemy.kind());
     }
-    const Hero& hero = world_.hero();
-    rows[static_cast<std::size_t>(hero.cellY())][static_cast<std::size_t>(hero.cellX())] = '@';
-    return Drawing(std::move(rows));
+    symbolAt(drawing, world_.hero()) = '@';
+    return drawing;
+}
+
+int DrawnWorld::draws() const {
+    WorldRandom random(seed_);
+    int count = 0;
+    for (; random.state() != world_.randomState(); ++count) random.next();
+    return count;
 }
 
 std::vector<std::string> DrawnWorld::distances() const {
@@ -133,6 +149,39 @@ std::vector<int> DrawnWorld::framesOf(SoundId sound) const {
 
 DrawnWorld worldFrom(const Drawing& drawing, const WorldStart& start, const AnimationFrameCounts& counts) {
     return {drawing, start, counts};
+}
+
+Drawing drawnMap(const LevelMap& map) {
+    std::vector<std::string> rows;
+    for (int row = 0; row < map.height(); ++row) {
+        std::string line;
+        for (int column = 0; column < map.width(); ++column) line += symbolOf(map.cellAt(column, row));
+        rows.push_back(line);
+    }
+    return Drawing(std::move(rows));
+}
+
+Attempt attemptOn(const Drawing& drawing, std::uint32_t seed) {
+    return {.map = mapFrom(drawing),
+            .random = WorldRandom(seed),
+            .frameCounts = AnimationFrameCounts::all(kDrawnFrames),
+            .sounds = {},
+            .enemies = {},
+            .decorations = {},
+            .bonuses = {},
+            .popups = {}};
+}
+
+WorldStart startWithBonus(const Drawing& drawing, BonusKind kind, CellPosition place) {
+    const LevelFile level = drawnLevel(drawing);
+    WorldStart start;
+    start.levelIndex = 1;
+    start.seed = seedWhere([&](WorldRandom random) {
+        const int x = std::min(random.next() / (32767 / level.width), level.width - 1);
+        const int y = std::min(random.next() / (32767 / level.height), level.height - 1);
+        return CellPosition{x, y} == place && random.next() / 5461 == static_cast<int>(kind);
+    });
+    return start;
 }
 
 }  // namespace grub

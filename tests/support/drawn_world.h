@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -37,8 +38,12 @@ public:
     [[nodiscard]] World& world() { return world_; }
     [[nodiscard]] int x() const { return world_.hero().x; }
     [[nodiscard]] int y() const { return world_.hero().y; }
-    /// The cells as they are now, with Grub in the cell of his top left corner.
+    /// An enemy by its place in the list.
+    [[nodiscard]] const Enemy& enemy(std::size_t index = 0) const { return world_.enemies()[index]; }
+    /// The cells as they are now, with everybody alive in the cell of his top left corner, Grub before all.
     [[nodiscard]] Drawing drawn() const;
+    /// How many numbers the world has drawn from its generator.
+    [[nodiscard]] int draws() const;
     /// The distances from the hero, a row a line, with "." for cells that were not reached.
     [[nodiscard]] std::vector<std::string> distances() const;
     /// In which frames the sound was started.
@@ -57,6 +62,7 @@ private:
     void listen();
 
     World world_;
+    std::uint32_t seed_;
     std::vector<KeyEvent> events_;  // in the order of frames
     std::vector<HeardSound> sounds_;
 };
@@ -65,5 +71,24 @@ private:
 inline constexpr int kDrawnFrames = 4;
 [[nodiscard]] DrawnWorld worldFrom(const Drawing& drawing, const WorldStart& start = {},
                                    const AnimationFrameCounts& counts = AnimationFrameCounts::all(kDrawnFrames));
+
+/// The cells of a map, without anybody.
+[[nodiscard]] Drawing drawnMap(const LevelMap& map);
+
+/// A field to put single actors on, without a hero and with every distance unknown.
+[[nodiscard]] Attempt attemptOn(const Drawing& drawing, std::uint32_t seed = 1);
+
+/// The smallest seed whose sequence `fits`, which is given a generator at its start.
+template <class Predicate>
+[[nodiscard]] std::uint32_t seedWhere(Predicate fits) {
+    std::uint32_t seed = 0;
+    while (!fits(WorldRandom(seed))) ++seed;
+    return seed;
+}
+
+/// The frame in which the first random bonus appears.
+inline constexpr int kFirstBonus = 249;
+/// The second level of a game, with a seed that puts this bonus into this cell, unless somebody draws before.
+[[nodiscard]] WorldStart startWithBonus(const Drawing& drawing, BonusKind kind, CellPosition place);
 
 }  // namespace grub

@@ -36,7 +36,8 @@ constexpr std::array kSymbols{Symbol{'.', kEmptyBlock, 0},
                               Symbol{'d', kEmptyBlock, object_code::kDog},
                               Symbol{'l', kEmptyBlock, object_code::kLady},
                               Symbol{'r', kEmptyBlock, object_code::kRat},
-                              Symbol{'+', kEmptyBlock, object_code::kHeart}};
+                              Symbol{'+', kEmptyBlock, object_code::kHeart},
+                              Symbol{'~', kEmptyBlock, object_code::kDrops}};
 
 CellRecord recordOf(char character) {
     CellRecord record;
