@@ -106,8 +106,8 @@ void Enemy::waitForReturn(Attempt& attempt) {
     if (kind_ == EnemyKind::Rat) return;
     vx = 0;
     vy = 0;
-    --timer_;
-    if (timer_ < 1 && respawn(attempt)) state_ = EnemyState::Roaming;
+    if (timer_ > 0) --timer_;
+    if (timer_ == 0 && respawn(attempt)) state_ = EnemyState::Roaming;
 }
 
 // A spawn point is not looked at: whoever stands there meets it. On a map without one it drops in from the top row.
