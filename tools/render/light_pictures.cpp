@@ -59,8 +59,10 @@ void drawTorch(Canvas& canvas, FrameOf frame) {
     canvas.part(rectangle(21.5, 31.6, 21, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
 }
 
-/// A torch that leans from a holder on the wall, facing left as the file does; the other side is its mirror.
+/// A torch that leans from a holder on the wall to its left, flush with the cell's edge; the other side is its mirror.
 void drawLeaningTorch(Canvas& canvas, FrameOf frame) {
+    constexpr double kWallEdge = 49;  // in the drawing below, which leans the other way
+    const auto turned = canvas.placed({kWallEdge, 0}, 0, -1, 1);
     const double phase = frame.phase();
     canvas.halo({27, 25}, 25, kTurma.glow, 0.5F + 0.05F * static_cast<float>(wave(2 * phase)));
     canvas.part(rectangle(42, 43, 7, 17, 2.4), kDarkMetal, {.bevel = 3, .line = 1.2});
