@@ -47,13 +47,30 @@ void drawLadder(Canvas& canvas, const Material& wood, double top, double bottom)
     }
 }
 
-void drawLadderMiddle(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderWood(kTurma.ladder), -40, 104); }
-void drawLadderTop(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderWood(kTurma.ladder), 1.8, 104); }
-void drawLadderFoot(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderWood(kTurma.ladder), -40, 62.2); }
+/// From rail to rail in this cell only, or on into the neighbours.
+constexpr double kAbove = -40;
+constexpr double kBelow = 104;
+constexpr double kTop = 1.8;
+constexpr double kFoot = 62.2;
+
+void drawLadderMiddle(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderWood(kTurma.ladder), kAbove, kBelow); }
+void drawLadderTop(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderWood(kTurma.ladder), kTop, kBelow); }
+void drawLadderFoot(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderWood(kTurma.ladder), kAbove, kFoot); }
+
+/// Painted iron instead of wood.
+Material ladderIron() {
+    Material iron = glossy(material(kJelezo.ladder), 0.8F, 0.5F);
+    iron.grain = 0.04F;
+    return iron;
+}
+
+void drawIronLadderMiddle(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderIron(), kAbove, kBelow); }
+void drawIronLadderTop(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderIron(), kTop, kBelow); }
+void drawIronLadderFoot(Canvas& canvas, FrameOf) { drawLadder(canvas, ladderIron(), kAbove, kFoot); }
 
 /// The ladder that comes with the last key: brighter, bound with the accent colour.
 void drawLadderRisen(Canvas& canvas, FrameOf) {
-    drawLadder(canvas, ladderWood(mix(kTurma.ladder, rgb(0xfff0c0), 0.35F)), -40, 104);
+    drawLadder(canvas, ladderWood(mix(kTurma.ladder, rgb(0xfff0c0), 0.35F)), kAbove, kBelow);
     const Material band = glossy(material(kTurma.accent), 0.5F, 0.3F);
     for (const double x : {kLeftRail, kRightRail}) {
         for (const double y : {16.0, 48.0})
@@ -66,8 +83,10 @@ void drawLadderRisen(Canvas& canvas, FrameOf) {
 constexpr double kAxis = 10;
 constexpr double kPipeRadius = 4.8;
 
-Material copper() {
-    Material pipe = material(kTurma.pipe);
+/// Copper in the prison and the cellar, steel in the iron works.
+template <const WorldPalette& World>
+Material pipeMetal() {
+    Material pipe = material(World.pipe);
     pipe.gloss = 0.75F;
     pipe.rim = 0.5F;
     pipe.bounce = 0.3F;
@@ -75,8 +94,8 @@ Material copper() {
     return pipe;
 }
 
-void drawPipe(Canvas& canvas, double from, double to) {
-    canvas.part(rectangle(from, kAxis - kPipeRadius, to - from, 2 * kPipeRadius), copper(),
+void drawPipe(Canvas& canvas, const Material& metal, double from, double to) {
+    canvas.part(rectangle(from, kAxis - kPipeRadius, to - from, 2 * kPipeRadius), metal,
                 {.bevel = kPipeRadius, .line = 1.4, .shadow = 0.3F});
 }
 
@@ -87,97 +106,31 @@ void drawFlange(Canvas& canvas, double x) {
         canvas.part(circle({x, y}, 1.3), kDarkMetal, {.bevel = 1.2, .line = 0.5, .shadow = 0.2F});
 }
 
-void drawCoupling(Canvas& canvas, double x) {
-    canvas.part(rectangle(x - 6.5, kAxis - 7.2, 13, 14.4, 2.4), copper(), {.bevel = 5, .line = 1.3});
-    for (const double dx : {-3.6, 3.6})
-        canvas.part(circle({x + dx, kAxis}, 1.3), kMetal, {.bevel = 1.2, .line = 0.5, .shadow = 0.2F});
-}
-
 constexpr double kWallLeft = 7.5;
 constexpr double kWallRight = kCellSize - kWallLeft;
 
-void drawPipeMiddle(Canvas& canvas, FrameOf) { drawPipe(canvas, -40, 104); }
-void drawPipeLeft(Canvas& canvas, FrameOf) {
-    drawPipe(canvas, kWallLeft, 104);
-    drawFlange(canvas, kWallLeft);
+/// With a flange at the ends that are not open to the neighbours.
+template <const WorldPalette& World, bool Left, bool Right>
+void drawHangPipe(Canvas& canvas, FrameOf) {
+    drawPipe(canvas, pipeMetal<World>(), Left ? kWallLeft : kAbove, Right ? kWallRight : kBelow);
+    if (Left) drawFlange(canvas, kWallLeft);
+    if (Right) drawFlange(canvas, kWallRight);
 }
-void drawPipeRight(Canvas& canvas, FrameOf) {
-    drawPipe(canvas, -40, kWallRight);
-    drawFlange(canvas, kWallRight);
+
+template <const WorldPalette& World>
+void drawPipeJoint(Canvas& canvas, FrameOf frame) {
+    drawHangPipe<World, false, false>(canvas, frame);
+    canvas.part(rectangle(25.5, kAxis - 7.2, 13, 14.4, 2.4), pipeMetal<World>(), {.bevel = 5, .line = 1.3});
+    for (const double x : {28.4, 35.6})
+        canvas.part(circle({x, kAxis}, 1.3), kMetal, {.bevel = 1.2, .line = 0.5, .shadow = 0.2F});
 }
-void drawPipeAlone(Canvas& canvas, FrameOf) {
-    drawPipe(canvas, kWallLeft, kWallRight);
-    drawFlange(canvas, kWallLeft);
-    drawFlange(canvas, kWallRight);
-}
-void drawPipeJoint(Canvas& canvas, FrameOf) {
-    drawPipe(canvas, -40, 104);
-    drawCoupling(canvas, 32);
-}
+
 /// Held by a strap from above.
-void drawPipeStrap(Canvas& canvas, FrameOf) {
-    drawPipe(canvas, -40, 104);
+template <const WorldPalette& World>
+void drawPipeStrap(Canvas& canvas, FrameOf frame) {
+    drawHangPipe<World, false, false>(canvas, frame);
     canvas.part(rectangle(28.5, 0.4, 7, 15.4, 2), kMetal, {.bevel = 2.6, .line = 1.1});
     canvas.part(circle({32, kAxis}, 1.4), kDarkMetal, {.bevel = 1.2, .line = 0.5, .shadow = 0.2F});
-}
-
-// ---- pipes that only dress the wall: thinner, darker, behind the play
-
-Material wallPipe() {
-    Material pipe = material(mix(kTurma.pipe, kTurma.backdrop[0], 0.55F));
-    pipe.gloss = 0.35F;
-    pipe.rim = 0.25F;
-    return pipe;
-}
-
-constexpr PartStyle kWallPipeStyle{.bevel = 4.4, .line = 1.1, .shadow = 0.35F, .stroke = 9};
-
-void drawWallPipe(Canvas& canvas, const VectorPath& way) { canvas.part(way, wallPipe(), kWallPipeStyle); }
-
-void drawWallCollar(Canvas& canvas, Point at, bool upright) {
-    const double w = upright ? 13 : 6;
-    const double h = upright ? 6 : 13;
-    canvas.part(rectangle(at.x - w / 2, at.y - h / 2, w, h, 1.6), wallPipe(), {.bevel = 2.4, .line = 1});
-}
-
-void drawWallAcross(Canvas& canvas, FrameOf) { drawWallPipe(canvas, polyline({{-40, 32}, {104, 32}})); }
-void drawWallUpright(Canvas& canvas, FrameOf) { drawWallPipe(canvas, polyline({{32, -40}, {32, 104}})); }
-void drawWallUprightCollar(Canvas& canvas, FrameOf frame) {
-    drawWallUpright(canvas, frame);
-    drawWallCollar(canvas, {32, 32}, true);
-}
-void drawWallAcrossCollar(Canvas& canvas, FrameOf frame) {
-    drawWallAcross(canvas, frame);
-    drawWallCollar(canvas, {32, 32}, false);
-}
-
-/// A bend that joins the middle of one side of the cell with the middle of another.
-void drawBend(Canvas& canvas, double toX, double toY) {
-    const Point side{32 + 72 * toX, 32};
-    const Point nearSide{32 + 16 * toX, 32};
-    const Point nearEnd{32, 32 + 16 * toY};
-    const Point end{32, 32 + 72 * toY};
-    VectorPath way;
-    way.moveTo(side).lineTo(nearSide).curveTo({32 + 6 * toX, 32}, {32, 32 + 6 * toY}, nearEnd).lineTo(end);
-    drawWallPipe(canvas, way);
-    drawWallCollar(canvas, {32 + 19 * toX, 32}, false);
-    drawWallCollar(canvas, {32, 32 + 19 * toY}, true);
-}
-
-void drawBendRightDown(Canvas& canvas, FrameOf) { drawBend(canvas, 1, 1); }
-void drawBendLeftDown(Canvas& canvas, FrameOf) { drawBend(canvas, -1, 1); }
-void drawBendRightUp(Canvas& canvas, FrameOf) { drawBend(canvas, 1, -1); }
-void drawBendLeftUp(Canvas& canvas, FrameOf) { drawBend(canvas, -1, -1); }
-
-/// A tee with a wheel to shut it.
-void drawValve(Canvas& canvas, FrameOf frame) {
-    drawWallAcross(canvas, frame);
-    drawWallCollar(canvas, {32, 32}, false);
-    const Material wheel = glossy(material(mix(rgb(0xc0483a), kTurma.backdrop[0], 0.3F)), 0.4F, 0.3F);
-    canvas.part(polyline({{32, 28}, {32, 16}}), wallPipe(), {.bevel = 1.6, .line = 1, .stroke = 3.4});
-    canvas.part(ring({32, 15}, 9, 6.2), wheel, {.bevel = 1.5, .line = 1});
-    canvas.part(polyline({{25.6, 15}, {38.4, 15}}), wheel, {.bevel = 1, .line = 0.8, .stroke = 2.2});
-    canvas.part(polyline({{32, 8.6}, {32, 21.4}}), wheel, {.bevel = 1, .line = 0.8, .stroke = 2.2});
 }
 
 constexpr std::array kPictures{
@@ -186,23 +139,21 @@ constexpr std::array kPictures{
     PictureEntry{"lesenki\\l_proz", 64, 64, 1, Ground::Joined, drawLadderRisen},
     PictureEntry{"lesenki\\lest_n", 64, 64, 1, Ground::Joined, drawLadderFoot},
     PictureEntry{"lesenki\\lest_v", 64, 64, 1, Ground::Joined, drawLadderTop},
-    PictureEntry{"trubi\\mod_trub04", 64, 64, 1, Ground::Joined, drawPipeMiddle},
-    PictureEntry{"trubi\\tr_kray1", 64, 64, 1, Ground::Joined, drawPipeLeft},
-    PictureEntry{"trubi\\tr_kray2", 64, 64, 1, Ground::Joined, drawPipeRight},
-    PictureEntry{"trubi\\tr_kray3", 64, 64, 1, Ground::Joined, drawPipeAlone},
-    PictureEntry{"trubi\\tr_styk1", 64, 64, 1, Ground::Joined, drawPipeJoint},
-    PictureEntry{"trubi\\tr_styk3", 64, 64, 1, Ground::Joined, drawPipeStrap},
-    PictureEntry{"trubi\\mod_trub1", 64, 64, 1, Ground::Joined, drawWallAcross},
-    PictureEntry{"trubi\\mod_trub2", 64, 64, 1, Ground::Joined, drawWallUpright},
-    PictureEntry{"trubi\\mod_trub3", 64, 64, 1, Ground::Joined, drawWallAcrossCollar},
-    PictureEntry{"trubi\\mod_trub5", 64, 64, 1, Ground::Joined, drawWallUprightCollar},
-    PictureEntry{"trubi\\mod_trub8", 64, 64, 1, Ground::Joined, drawBendRightDown},
-    PictureEntry{"trubi\\mod_trub10", 64, 64, 1, Ground::Joined, drawBendLeftDown},
-    PictureEntry{"trubi\\mod_trub11", 64, 64, 1, Ground::Joined, drawBendRightUp},
-    PictureEntry{"trubi\\mod_trub12", 64, 64, 1, Ground::Joined, drawBendLeftUp},
-    PictureEntry{"trubi\\mod_trub13", 64, 64, 1, Ground::Joined, drawValve},
-    PictureEntry{"trubi\\ugol1", 64, 64, 1, Ground::Joined, drawBendRightDown},
-    PictureEntry{"trubi\\ugol2", 64, 64, 1, Ground::Joined, drawBendLeftDown},
+    PictureEntry{"lesenki\\lest_j", 64, 64, 1, Ground::Joined, drawIronLadderMiddle},
+    PictureEntry{"trubi\\tr_lest1", 64, 64, 1, Ground::Joined, drawIronLadderTop},
+    PictureEntry{"trubproz\\tr_lest", 64, 64, 1, Ground::Joined, drawIronLadderFoot},
+    PictureEntry{"trubi\\mod_trub04", 64, 64, 1, Ground::Joined, drawHangPipe<kTurma, false, false>},
+    PictureEntry{"trubi\\tr_kray1", 64, 64, 1, Ground::Joined, drawHangPipe<kTurma, true, false>},
+    PictureEntry{"trubi\\tr_kray2", 64, 64, 1, Ground::Joined, drawHangPipe<kTurma, false, true>},
+    PictureEntry{"trubi\\tr_kray3", 64, 64, 1, Ground::Joined, drawHangPipe<kTurma, true, true>},
+    PictureEntry{"trubi\\tr_styk1", 64, 64, 1, Ground::Joined, drawPipeJoint<kTurma>},
+    PictureEntry{"trubi\\tr_styk3", 64, 64, 1, Ground::Joined, drawPipeStrap<kTurma>},
+    PictureEntry{"trubi\\mod_trub14", 64, 64, 1, Ground::Joined, drawHangPipe<kJelezo, false, false>},
+    PictureEntry{"trubi\\tr_kray4", 64, 64, 1, Ground::Joined, drawHangPipe<kJelezo, true, false>},
+    PictureEntry{"trubi\\tr_kray5", 64, 64, 1, Ground::Joined, drawHangPipe<kJelezo, false, true>},
+    PictureEntry{"trubi\\tr_kray6", 64, 64, 1, Ground::Joined, drawHangPipe<kJelezo, true, true>},
+    PictureEntry{"trubi\\tr_unit2", 64, 64, 1, Ground::Joined, drawPipeJoint<kJelezo>},
+    PictureEntry{"trubi\\tr_ugol2", 64, 64, 1, Ground::Joined, drawPipeStrap<kJelezo>},
 };
 
 }  // namespace

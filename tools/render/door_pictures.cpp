@@ -164,9 +164,9 @@ void drawDoor(Canvas& canvas, const DoorKind& kind, double open) {
 
 /// Arched and square doors of wood and of bars for each world; the iron works have plates instead of wood.
 const DoorKind& doorKind(std::size_t index) {
-    const auto steel = glossy(material(0x6d8792, 0x2d4252, 0xb8ced6), 0.5F);
-    const auto brass = glossy(material(0x8a6f4a, 0x40303a, 0xd8b070), 0.7F);
-    const auto rust = glossy(material(0x8f5a40, 0x43263a, 0xd09068), 0.3F);
+    constexpr auto steel = glossy(material(0x6d8792, 0x2d4252, 0xb8ced6), 0.5F);
+    constexpr auto brass = glossy(material(0x8a6f4a, 0x40303a, 0xd8b070), 0.7F);
+    constexpr auto rust = glossy(material(0x8f5a40, 0x43263a, 0xd09068), 0.3F);
     static const std::array kKinds{
         DoorKind{doorStone(kTurma.solid[0]), planks(0x8a4f34, 0x48263a, 0xc98450), Leaf::Planks, false},
         DoorKind{doorStone(kTurma.solid[1]), planks(0x6b3d3a, 0x351f36, 0xa8705a), Leaf::Planks, true},

@@ -21,6 +21,8 @@
 #include "solid_pictures.h"
 #include "thing_pictures.h"
 #include "wall_pictures.h"
+#include "wall_pipe_pictures.h"
+#include "wire_pictures.h"
 
 namespace grub {
 
@@ -29,9 +31,9 @@ const std::vector<PictureEntry>& allPictures() {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
              {heroPictures(), shieldPictures(), bonusPictures(), wallPictures(), ironWallPictures(),
-              cellarWallPictures(), floorPictures(), solidPictures(), climbingPictures(), thingPictures(),
-              doorPictures(), lightPictures(), decorPictures(), digitPictures(), dogPictures(), ladyPictures(),
-              ratPictures()}) {
+              cellarWallPictures(), floorPictures(), solidPictures(), climbingPictures(), wallPipePictures(),
+              wirePictures(), thingPictures(), doorPictures(), lightPictures(), decorPictures(), digitPictures(),
+              dogPictures(), ladyPictures(), ratPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         const std::vector<PictureEntry> labels = labelsBeside(all);
