@@ -15,6 +15,7 @@
 #include "bmp_file.h"
 #include "picture_registry.h"
 #include "render_commands.h"
+#include "render_extent.h"
 #include "render_lightness.h"
 #include "render_loops.h"
 #include "strip.h"
@@ -55,28 +56,6 @@ Spread lightnessOf(const PixelImage& image, int from = 0, int to = 64) {
     double squares = 0;
     for (const double v : values) squares += (v - mean) * (v - mean);
     return {mean, std::sqrt(squares / count)};
-}
-
-int lowestRow(const PixelImage& image) {
-    for (int y = image.height - 1; y >= 0; --y) {
-        for (int x = 0; x < image.width; ++x) {
-            if (image.at(x, y).a > 127) return y;
-        }
-    }
-    return -1;
-}
-
-/// Mean column of what lies in the rows [from, to).
-double middleColumn(const PixelImage& image, int from, int to) {
-    double weight = 0;
-    double sum = 0;
-    for (int y = from; y < to; ++y) {
-        for (int x = 0; x < image.width; ++x) {
-            weight += image.at(x, y).a;
-            sum += image.at(x, y).a * (x + 0.5);
-        }
-    }
-    return sum / weight;
 }
 
 // ---- all pictures

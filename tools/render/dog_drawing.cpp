@@ -9,9 +9,9 @@ namespace grub {
 
 namespace {
 
-constexpr Material kFur = glossy(material(0x9a8bab, 0x4a3566, 0xddd0e4), 0.2F, 0.6F);
-constexpr Material kFarFur = glossy(material(0x6d5f80, 0x382750, 0x93849f), 0.05F, 0.2F);
-constexpr Material kPale = glossy(material(0xc9bdd2, 0x77648f, 0xf3ecf5), 0.1F, 0.3F);
+constexpr Material kFur = glossy(material(0xac9ebc, 0x5a467a, 0xebe3f0), 0.2F, 0.6F);
+constexpr Material kFarFur = glossy(material(0x84789c, 0x45325f, 0xb3a6c3), 0.05F, 0.2F);
+constexpr Material kPale = glossy(material(0xd9cfe0, 0x8b78a2, 0xf8f3f9), 0.1F, 0.3F);
 constexpr Material kMuzzle = glossy(material(0xd49a66, 0x7a4650, 0xf4c994), 0.2F, 0.4F);
 constexpr Material kCollar = glossy(material(0xd8263a, 0x6f1236, 0xff6f5e), 0.6F);
 constexpr Material kNose = glossy(material(0x2a2030, 0x120c1c, 0x6b5a78), 1);
@@ -171,7 +171,7 @@ void drawDogChest(Canvas& canvas) {
                       {15.6, 50},
                       {15, 42}}),
                 kFur, {.bevel = 10, .line = 1.3});
-    canvas.part(ellipse({32, 44}, 7.6, 7), kPale, {.bevel = 5, .line = 0, .shadow = 0});
+    canvas.part(ellipse({32, 45.4}, 10.4, 6.6), kPale, {.bevel = 5, .line = 0, .shadow = 0});
 }
 
 void drawDogBack(Canvas& canvas, double tail) {

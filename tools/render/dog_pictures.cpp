@@ -37,15 +37,14 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     const double bob = 0.9 * wave(2 * phase + 0.1);
     const double pitch = 0.03 * wave(phase + 0.2);
-    const Point hind{18, 44 + bob};
-    const Point front{41, 44 + bob};
-    const Point beyond{3, -0.6};
+    const Point hind{20, 44 + bob};
+    const Point front{41.5, 44 + bob};
     const auto leg = [&](Point hip, double at, double bend, Side side) {
         const Paw paw = pawAt(at, hip.x);
         drawDogLeg(canvas, hip, paw.sole, paw.angle, side, bend);
     };
-    leg(hind + beyond, phase + 0.5, 1, Side::Far);
-    leg(front + beyond, phase + 0.25, -1, Side::Far);
+    leg(hind + Point{3, -0.6}, phase + 0.5, 1, Side::Far);
+    leg(front + Point{1.5, -0.6}, phase + 0.25, -1, Side::Far);
     {
         const auto body = canvas.bent({30, 44}, pitch, {0, bob});
         drawDogSide(canvas, 1.6 * wave(2 * phase));
@@ -98,20 +97,25 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
 
 // ---- seen from the front
 
+/// Row of the middle of a paw on the ground.
+constexpr double kPawRow = 56.1;
+
 struct FrontPose {
     double body = 0;   // pixels the body is lower
     double head = 30;  // row of the head's middle
     double tilt = 0;
-    Point left{23, 57};
-    Point right{41, 57};
-    Point hindLeft{18, 57};
-    Point hindRight{46, 57};
+    Point left{23, kPawRow};
+    Point right{41, kPawRow};
+    Point hindLeft{18, kPawRow};
+    Point hindRight{46, kPawRow};
+    /// Far keeps the hind legs of the standing dog behind the others.
+    Side hindSide = Side::Near;
 };
 
 void drawFront(Canvas& canvas, const FrontPose& pose, const DogFace& face) {
     const Point down{0, pose.body};
-    drawDogForeleg(canvas, Point{20, 45} + down, pose.hindLeft, 1, Side::Far);
-    drawDogForeleg(canvas, Point{44, 45} + down, pose.hindRight, -1, Side::Far);
+    drawDogForeleg(canvas, Point{20, 45} + down, pose.hindLeft, 1, pose.hindSide);
+    drawDogForeleg(canvas, Point{44, 45} + down, pose.hindRight, -1, pose.hindSide);
     {
         const auto body = canvas.placed(down);
         drawDogChest(canvas);
@@ -124,14 +128,14 @@ void drawFront(Canvas& canvas, const FrontPose& pose, const DogFace& face) {
 
 /// Picture 0 stands and looks at the viewer; the others are one floor's fall.
 void drawStill(Canvas& canvas, FrameOf frame) {
-    if (frame.index == 0) return drawFront(canvas, {}, {.turn = 0, .look = {0, 0.2}});
+    if (frame.index == 0) return drawFront(canvas, {.hindSide = Side::Far}, {.turn = 0, .look = {0, 0.2}});
     const double flail = 3 * wave(frame.phase() * 2);
     drawFront(canvas,
               {.head = 29,
                .left = {17 - flail * 0.4, 50 + flail},
                .right = {47 - flail * 0.4, 50 - flail},
-               .hindLeft = {15, 56 - flail},
-               .hindRight = {49, 56 + flail}},
+               .hindLeft = {15, 55 - flail * 0.7},
+               .hindRight = {49, 55 + flail * 0.7}},
               {.mood = Mood::Startled, .turn = 0, .look = {0, 0.8}, .ears = 3.5});
 }
 
@@ -144,18 +148,18 @@ void drawTrapped(Canvas& canvas, FrameOf frame) {
                           .tilt = 0.05 * flail / 4,
                           .left = {10, 23 + flail},
                           .right = {54, 23 - flail},
-                          .hindLeft = {17, 56 - flail * 0.6},
-                          .hindRight = {47, 56 + flail * 0.6}},
+                          .hindLeft = {17, 55 - flail * 0.6},
+                          .hindRight = {47, 55 + flail * 0.6}},
                          {.mood = Mood::Startled, .turn = 0, .look = {0, 0.9}, .ears = 4});
     }
     drawFront(canvas,
               {.body = 3,
                .head = 33,
                .tilt = 0.14,
-               .left = {25, 57},
-               .right = {39, 57},
-               .hindLeft = {13, 57},
-               .hindRight = {51, 57}},
+               .left = {25, kPawRow},
+               .right = {39, kPawRow},
+               .hindLeft = {13, kPawRow},
+               .hindRight = {51, kPawRow}},
               {.mood = Mood::Dizzy, .turn = 0, .ears = -2, .tongue = true});
     drawDizzyStars(canvas, {32, 16}, 19, 5, 0.08);
 }
@@ -169,10 +173,10 @@ void drawEscape(Canvas& canvas, FrameOf frame) {
     drawFront(canvas,
               {.head = 29 + 1 * out,
                .tilt = 0.05 * (left - right) / 16 * (1 - out),
-               .left = mix(Point{10, left}, Point{23, 57}, out),
-               .right = mix(Point{54, right}, Point{41, 57}, out),
-               .hindLeft = {18 - 4 * (1 - out), 57 - std::abs(kick) + kick},
-               .hindRight = {46 + 4 * (1 - out), 57 - std::abs(kick) - kick}},
+               .left = mix(Point{10, left}, Point{23, kPawRow}, out),
+               .right = mix(Point{54, right}, Point{41, kPawRow}, out),
+               .hindLeft = {18 - 4 * (1 - out), kPawRow - std::abs(kick) + kick},
+               .hindRight = {46 + 4 * (1 - out), kPawRow - std::abs(kick) - kick}},
               {.turn = 0, .look = {0, 0.1}});
 }
 

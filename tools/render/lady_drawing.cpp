@@ -11,10 +11,10 @@ namespace grub {
 
 namespace {
 
-constexpr Material kDress = glossy(material(0xb83c90, 0x5a2072, 0xf08cc4), 0.2F, 0.5F);
-constexpr Material kFarDress = glossy(material(0x83296f, 0x431758, 0xb04f98), 0.1F, 0.2F);
+constexpr Material kDress = glossy(material(0xc4489c, 0x6c2a86, 0xf79fd2), 0.2F, 0.5F);
+constexpr Material kFarDress = glossy(material(0x8f3379, 0x4f1f66, 0xc05fa8), 0.1F, 0.2F);
 constexpr Material kApron = glossy(material(0xf4eaec, 0x9a8fb8, 0xffffff), 0.1F);
-constexpr Material kHair = glossy(material(0x7d3446, 0x3d1834, 0xc4675a), 0.5F);
+constexpr Material kHair = glossy(material(0x9c4c5c, 0x5c2a4c, 0xd48484), 0.5F);
 constexpr Material kSkin = glossy(material(0xf2bb9c, 0xbd7878, 0xffe2c8), 0.2F);
 constexpr Material kFarSkin = glossy(material(0xcf917e, 0x7d4560, 0xe8b49c), 0.1F);
 constexpr Material kStocking = glossy(material(0xd9c3cf, 0x7b6790, 0xf6e9f0), 0.1F);
@@ -208,6 +208,29 @@ void drawShoulders(Canvas& canvas, double turn) {
                 kApron, {.bevel = 2, .line = 0.8, .shadow = 0.25F});
 }
 
+/// The bow of the apron's strings.
+void drawBow(Canvas& canvas, double swing) {
+    const double low = 32 + swing;
+    for (const double side : {-1.0, 1.0}) {
+        canvas.part(polygon({{32, 36.4}, {32 + side * 3.4, 37}, {low + side * 8.4, 48}, {low + side * 2.6, 48.6}}, 1.2),
+                    kApron, {.bevel = 2.4, .line = 0.9});
+        canvas.part(ellipse({32 + side * 5.4, 35}, 5.2, 3.4, side * 0.35), kApron, {.bevel = 2.8, .line = 0.9});
+    }
+    canvas.part(circle({32, 35.8}, 2.3), kApron, {.bevel = 2, .line = 0.8});
+}
+
+void drawHeadFromBehind(Canvas& canvas) {
+    canvas.part(limb({{{32, 23}, 4.4}, {{32, 26.4}, 4.4}}), kSkin, {.bevel = 4, .line = 1});
+    for (const double side : {-1.0, 1.0})
+        canvas.part(ellipse({32 + side * 12, 18}, 2.8, 3.4), kSkin, {.bevel = 2, .line = 1});
+    canvas.part(ellipse({32, 15.4}, 12, 10.2), kHair, {.bevel = 9, .line = 1.3});
+    for (const double x : {-10.0, -5.4, 0.0, 5.4, 10.0}) {
+        canvas.flat(curve({{32 + x * 0.3, 11}, {32 + x * 0.8, 14}, {32 + x, 18}, {32 + x * 0.9, 22.6 - 0.02 * x * x}}),
+                    rgb(0x6a3048), {.alpha = 0.6F, .stroke = 0.9});
+    }
+    drawBun(canvas, {32, 8.6});
+}
+
 void drawShoe(Canvas& canvas, Point sole, double angle, Side side) {
     const auto foot = canvas.placed(sole, angle);
     canvas.part(loop({{-4.6, -3},
@@ -238,7 +261,9 @@ void drawLadyDress(Canvas& canvas, double turn, double swing, double flare) {
 }
 
 void drawLadyHead(Canvas& canvas, const LadyFace& face) {
-    drawBun(canvas, {32 - face.turn * 2.9, 6 + 0.7 * std::abs(face.turn)});
+    drawBun(canvas, {32 - face.turn * 2.9, 6.8 + 0.5 * std::abs(face.turn)});
+    // Seen straight, the bun stands above the head instead of behind it.
+    const auto lower = canvas.placed({0, 1.6 - 0.4 * face.turn});
     drawFace(canvas, face);
     if (!face.pinInMouth) return;
     drawRollingPin(canvas, {32.6 + face.turn * 1.2 - 11.4, 24.4}, 0);
@@ -247,23 +272,10 @@ void drawLadyHead(Canvas& canvas, const LadyFace& face) {
 void drawLadyBack(Canvas& canvas, double swing) {
     drawSkirt(canvas, swing, 0);
     canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kDress, {.bevel = 4.4, .line = 1.1});
-    drawRollingPin(canvas, {25, 40}, -0.5);
-    const double low = 32 + swing;
-    for (const double side : {-1.0, 1.0}) {
-        canvas.part(polygon({{32, 36.4}, {32 + side * 3, 37}, {low + side * 6, 47}, {low + side * 2.4, 46}}, 1), kApron,
-                    {.bevel = 2, .line = 0.9});
-        canvas.part(ellipse({32 + side * 4.8, 35.4}, 4.2, 2.7, side * 0.35), kApron, {.bevel = 2.4, .line = 0.9});
-    }
-    canvas.part(circle({32, 35.8}, 2.2), kApron, {.bevel = 2, .line = 0.8});
-    canvas.part(limb({{{32, 23}, 4.4}, {{32, 27}, 4.4}}), kSkin, {.bevel = 4, .line = 1});
-    for (const double side : {-1.0, 1.0})
-        canvas.part(ellipse({32 + side * 12, 18}, 2.6, 3.2), kSkin, {.bevel = 2, .line = 1});
-    canvas.part(ellipse({32, 15.4}, 12, 10.4), kHair, {.bevel = 9, .line = 1.3});
-    for (const double x : {-10.0, -5.4, 0.0, 5.4, 10.0}) {
-        canvas.flat(curve({{32 + x * 0.3, 11}, {32 + x * 0.8, 14}, {32 + x, 18}, {32 + x * 0.9, 22.6 - 0.02 * x * x}}),
-                    rgb(0x3d1834), {.alpha = 0.5F, .stroke = 1});
-    }
-    drawBun(canvas, {32, 8.6});
+    canvas.part(ellipse({32, 27.6}, 6.6, 2.6), kApron, {.bevel = 2, .line = 0.8});
+    drawRollingPin(canvas, {24.6, 42}, -0.6);
+    drawBow(canvas, swing);
+    drawHeadFromBehind(canvas);
 }
 
 void drawLadyLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side) {

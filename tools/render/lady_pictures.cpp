@@ -73,10 +73,10 @@ void drawHang(Canvas& canvas, FrameOf frame) {
     drawLadyArm(canvas, {29 + x, 33}, handAt(near), -1, Side::Near);
     {
         const auto hung = canvas.bent({32, kPipeRow}, -sway);
-        const auto small = canvas.placed({32 - 0.78 * 32, 14.4}, 0, 0.78, 0.78);
+        const auto small = canvas.placed({32 - 0.78 * 32, 13.4}, 0, 0.78, 0.78);
         const double dangle = 2.4 * wave(phase + 0.1);
-        drawLadyLeg(canvas, {35, 50}, {37 - dangle, 60.4}, 0.35, Side::Far);
-        drawLadyLeg(canvas, {29.5, 50}, {29.6 + dangle, 60.8}, 0.42, Side::Near);
+        drawLadyLeg(canvas, {35, 50}, {37 - dangle, 58.6}, 0.35, Side::Far);
+        drawLadyLeg(canvas, {29.5, 50}, {29.6 + dangle, 59}, 0.42, Side::Near);
         drawLadyDress(canvas, 3, -2.4 * wave(phase));
         drawLadyHead(canvas, {.turn = 3, .look = {0.8, -0.4}, .pinInMouth = true});
     }
@@ -144,8 +144,8 @@ void drawStill(Canvas& canvas, FrameOf frame) {
               {.tilt = 0.04 * flail,
                .flare = 4 + flail,
                .left = {12 - flail, 25 + 3 * flail},
-               .right = {51 - flail, 27 - 2 * flail},
-               .pin = -1.35 - 0.2 * flail,
+               .right = {50 - flail, 27 - 2 * flail},
+               .pin = -1.45 - 0.12 * flail,
                .soleLeft = {26 - flail, 60 - 1.5 * flail},
                .soleRight = {38 - flail, 60 + 1.5 * flail - 1}},
               {.mood = Mood::Startled, .turn = 0, .look = {0, 0.9}});

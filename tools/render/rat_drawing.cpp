@@ -23,8 +23,8 @@ void drawTail(Canvas& canvas, Point root, Point tip) {
 
 void drawEar(Canvas& canvas, Point at, double back, bool near) {
     const double tilt = -0.25 - 0.6 * back;
-    canvas.part(ellipse(at, 5.4 - 0.8 * back, 6, tilt), near ? kFur : kFarFur, {.bevel = 2.6, .line = 1.2});
-    canvas.part(ellipse(at + Point{0.5, 0.8}, 3.3 - 0.8 * back, 4, tilt), near ? kPink : kFarPink,
+    canvas.part(ellipse(at, 5.2 - 0.8 * back, 5.6, tilt), near ? kFur : kFarFur, {.bevel = 2.6, .line = 1.2});
+    canvas.part(ellipse(at + Point{0.5, 0.8}, 3.2 - 0.8 * back, 3.7, tilt), near ? kPink : kFarPink,
                 {.bevel = 2, .line = 0.6, .shadow = 0.15F});
 }
 
@@ -57,13 +57,13 @@ void drawSnout(Canvas& canvas) {
 
 void drawRatSide(Canvas& canvas, const RatPose& pose) {
     drawTail(canvas, {12, 53}, pose.tail);
-    drawEar(canvas, {42.6, 39.4}, pose.earBack, false);
+    drawEar(canvas, {42.6, 42.2}, pose.earBack, false);
     const VectorPath body = loop({{8.6, 53},
-                                  {8.6, 43},
-                                  {17, 37.4},
-                                  {27, 37.4},
-                                  {35, 37.4},
-                                  {42, 38.6},
+                                  {8.6, 44},
+                                  {17, 39.6},
+                                  {27, 39.6},
+                                  {35, 39.6},
+                                  {42, 40.4},
                                   {48, 42.6},
                                   {53, 46},
                                   {59, 48.6},
@@ -82,7 +82,7 @@ void drawRatSide(Canvas& canvas, const RatPose& pose) {
     const Mask inBody = canvas.mask(body);
     canvas.part(ellipse({30, 60}, 18, 4.4), kBelly,
                 {.bevel = 4, .line = 0, .shadow = 0, .clip = &inBody, .alpha = 0.45F});
-    drawEar(canvas, {36 - 2 * pose.earBack, 39.6 + pose.earBack}, pose.earBack, true);
+    drawEar(canvas, {36 - 2 * pose.earBack, 42.4 + 0.6 * pose.earBack}, pose.earBack, true);
     drawEye(canvas, {47, 46.4}, 3.6, pose.mood);
     drawSnout(canvas);
 }
@@ -113,16 +113,16 @@ void drawRatSitting(Canvas& canvas) {
                       {41, 37},
                       {50, 43},
                       {50, 52},
-                      {50, 58},
-                      {42, 60},
-                      {32, 60},
-                      {22, 60},
-                      {14, 58},
+                      {50, 57.4},
+                      {42, 59.4},
+                      {32, 59.4},
+                      {22, 59.4},
+                      {14, 57.4},
                       {14, 52}}),
                 kFur, {.bevel = 9, .line = 1.5});
     canvas.part(ellipse({33, 54}, 9, 6.6), kBelly, {.bevel = 5, .line = 0, .shadow = 0});
     for (const double side : {-1.0, 1.0}) {
-        canvas.part(ellipse({32 + side * 11, 58.6}, 5.6, 2.6), kPink, {.bevel = 2, .line = 1.1});
+        canvas.part(ellipse({32 + side * 11, 57.7}, 5.6, 2.5), kPink, {.bevel = 2, .line = 1.1});
         const auto ear = canvas.placed({32 + side * 11.4, 33.4}, 0.5 * side);
         drawEar(canvas, {0, 0}, 0.2, true);
     }

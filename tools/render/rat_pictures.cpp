@@ -30,7 +30,7 @@ void drawRun(Canvas& canvas, FrameOf frame) {
     drawRunningLeg(canvas, 42, bounce, 2 * phase, Side::Far);
     {
         const auto body = canvas.bent({32, 56}, 0.025 * wave(2 * phase), {0, -bounce});
-        drawRatSide(canvas, {.tail = {-9 + 1.5 * wave(phase + 0.25), -12 + 3 * wave(phase)}});
+        drawRatSide(canvas, {.tail = {-7 + wave(phase + 0.25), -12 + 3 * wave(phase)}});
     }
     drawRunningLeg(canvas, 17, bounce, 2 * phase, Side::Near);
     drawRunningLeg(canvas, 38.5, bounce, 2 * phase + 0.5, Side::Near);
@@ -64,7 +64,7 @@ void drawFlying(Canvas& canvas, const Flight& flight, Mood mood) {
 void drawFallIn(Canvas& canvas, FrameOf frame) {
     constexpr std::array kFlights{
         Flight{{32, 22}, 24, 0.94, {-9, -8}},
-        Flight{{32, 27}, 58, 0.94, {-10, -4}},
+        Flight{{32, 28}, 58, 0.94, {-8, -7}},
         Flight{{32, 33}, 84, 0.94, {-8, -6}},
     };
     const auto mirrored = turnedLeft(canvas);
@@ -78,10 +78,10 @@ void drawFallIn(Canvas& canvas, FrameOf frame) {
 /// A leap out of the hole, nose up, that ends on its feet.
 void drawLeapOut(Canvas& canvas, FrameOf frame) {
     constexpr std::array kFlights{
-        Flight{{32, 36}, -82, 0.94, {-8, 4}},
+        Flight{{32, 35.4}, -82, 0.94, {-6, -7}},
         Flight{{32, 31}, -60, 0.94, {-9, -2}},
         Flight{{32, 38}, -28, 0.96, {-9, -8}},
-        Flight{{32, 47}, -4, 1, {-9, -12}},
+        Flight{{31.6, 48}, -4, 1, {-6.4, -12}},
     };
     const auto mirrored = turnedLeft(canvas);
     drawFlying(canvas, kFlights[static_cast<std::size_t>(frame.index)], Mood::Angry);
