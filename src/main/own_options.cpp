@@ -29,7 +29,7 @@ std::string faultOfLevel(const std::string& level) {
 
 void startAt(const std::string& level, PlayStart& start) {
     if (isLevelFile(level)) {
-        start.levelFile = level;
+        start.level = level;
     } else if (!level.empty()) {
         start.levelIndex = std::stoi(level) - 1;
     }
@@ -62,6 +62,15 @@ OwnOptions readOwnOptions(int argc, const char* const* argv) {
         ->type_name("NAME")
         ->check(CLI::Validator(faultOfLevel, ""));
     app.add_option("--script", options.scriptFile, "Play a script, without screen and sound")->type_name("FILE");
+    CLI::Option* const replay =
+        app.add_option("--replay", options.replayFile, "Play a recorded game")->type_name("FILE");
+    app.add_option("--at", options.showFrom, "First game frame of it to show")
+        ->type_name("FRAME")
+        ->needs(replay)
+        ->check(CLI::NonNegativeNumber.description(""));
+    app.add_option("--record", options.recordFile, "Write the game down that is played, one attempt")
+        ->type_name("FILE")
+        ->excludes(replay);
     app.set_version_flag("--version", "grubaway " GRUB_VERSION);
     try {
         app.parse(argc, argv);

@@ -13,6 +13,11 @@ struct OwnOptions {
     std::string dataDirectory;
     /// Script to play instead of a player at the keyboard; empty: none.
     std::string scriptFile;
+    /// Recorded game to play in the player's place, and the first of its frames to show; empty: none.
+    std::string replayFile;
+    int showFrom = 0;
+    /// Recorded game to write; empty: none.
+    std::string recordFile;
     PlayStart start;
     /// The arguments that are not ours, joined by blanks, without the program's name.
     std::string commandLine;

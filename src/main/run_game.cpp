@@ -44,7 +44,8 @@ int runGame(HINSTANCE instance, HINSTANCE, const char* commandLine, int, const P
     setIcon(application.window(), instance);
 
     static Game& game = *new Game(start.levelIndex);  // never destroyed
-    game.level.setLevelFile(start.levelFile);
+    game.level.setLevel(start.level);
+    if (start.steering != nullptr) game.level.setSteering(*start.steering);
     application.registerScene(kLevelSceneId, game.level);
     application.registerScene(kMenuShellId, game.shell);
 

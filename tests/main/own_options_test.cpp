@@ -47,7 +47,7 @@ TEST(OwnOptions, ALevelIsANumberOfTheListOrAFile) {
     EXPECT_EQ(read({}).start.levelIndex, 0);
     EXPECT_EQ(read({"--level", "1"}).start.levelIndex, 0);
     EXPECT_EQ(read({"--level=50"}).start.levelIndex, 49);
-    EXPECT_EQ(read({"--level", file.c_str()}).start.levelFile, file);
+    EXPECT_EQ(read({"--level", file.c_str()}).start.level, file);
 }
 
 TEST(OwnOptions, OnlyAScriptPlaysTheSameGameEachTime) {

@@ -154,7 +154,7 @@ TEST_F(LevelSceneTest, KeysSteerTheHeroAndTheirReleaseStopsHim) {
 
 TEST_F(LevelSceneTest, ALevelFileFromDiskTakesThePlaceOfEveryLevel) {
     const ScratchDirectory directory;
-    scene_.setLevelFile(directory.write("mine.lvl", levelFileOf({"@ . .", "# # #"})));
+    scene_.setLevel(directory.write("mine.lvl", levelFileOf({"@ . .", "# # #"})));
     at(10, [&] { EXPECT_EQ(scene_.world()->map().width(), 3); });
     playFrom(0, 11);
     EXPECT_GE(pictures_, 10);
@@ -166,7 +166,7 @@ TEST_F(LevelSceneTest, ALevelFileFromDiskMayBeAnything) {
     std::filesystem::resize_file(huge, std::uintmax_t{5} << 30);  // a hole, it takes no room
     scene_.enter();
     for (const std::string& path : {huge, directory.file("none.lvl"), directory.path().string()}) {
-        scene_.setLevelFile(path);
+        scene_.setLevel(path);
         EXPECT_FALSE(scene_.startLevel(0)) << path;
     }
     scene_.leave();

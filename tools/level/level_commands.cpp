@@ -11,12 +11,11 @@
 #include "block_table.h"
 #include "level_compiler.h"
 #include "level_file.h"
-#include "level_list.h"
 #include "level_loader.h"
 #include "level_picture.h"
 #include "level_text.h"
-#include "loading_list.h"
 #include "picture_book.h"
+#include "table_source.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -68,24 +67,6 @@ std::string blocksFor(const Arguments& arguments) {
     return (folder / "typeblok.ini").string();
 }
 
-/// A block table in memory, as the one resource of a package.
-class TableSource final : public ResourceSource {
-public:
-    explicit TableSource(Bytes table) : table_(std::move(table)) {}
-
-    [[nodiscard]] bool exists(const EngineString& name) override { return name.view() == kBlockTableName; }
-    [[nodiscard]] SharedBuffer load(const EngineString& name) override {
-        return exists(name) ? buffer() : SharedBuffer();
-    }
-    /// The whole table; a view of bytes that this object owns.
-    [[nodiscard]] SharedBuffer buffer() const {
-        return SharedBuffer::view(table_.data(), static_cast<std::uint32_t>(table_.size()));
-    }
-
-private:
-    Bytes table_;
-};
-
 BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(table.buffer(), kTableBuckets)); }
 
 Bytes compiled(const Arguments& arguments, const TableSource& table) {
@@ -118,9 +99,7 @@ void picture(const Arguments& arguments) {
     const Bytes bytes = isSource ? compiled(arguments, table) : read(arguments.input);
     LevelLoader loader(table);
     loader.loadBlockTypes();
-    for (const LoadEntry& entry : loadingList())
-        if (entry.spriteNumber != kNoSpriteNumber)
-            loader.spriteNumbers().addSpriteNumber(entry.spriteNumber, static_cast<std::int16_t>(entry.id));
+    addListedSpriteNumbers(loader.spriteNumbers());
     std::string reason;
     const auto map = loader.build(parsed(arguments.input, bytes), reason);
     if (!map) failWith(arguments.input + ": " + reason);

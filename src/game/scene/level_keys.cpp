@@ -29,8 +29,9 @@ std::optional<PlayKey> playKeyOf(KeyCode code) {
 
 void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
     if (message->type == MessageType::CloseRequest) return endAttempt(LossCause::Quit);
-    // Any key and any mouse button shows that somebody is there.
-    if (message->type == MessageType::Pressed && world_) world_->restartIdleTimer();
+    // Any mouse button shows that somebody is there, as any key does.
+    if (message->source == MessageSource::Mouse && message->type == MessageType::Pressed && world_)
+        steering_->otherKey(*world_);
     if (message->source != MessageSource::Keyboard) return;
     const auto& key = static_cast<const KeyMessage&>(*message);
     if (message->type == MessageType::Pressed) keyDown(key);
@@ -39,14 +40,16 @@ void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
 
 void LevelScene::keyDown(const KeyMessage& key) {
     lastKey_ = key.keyCode;
-    if (!world_ || state_ != LevelState::Playing) return;
-    if (const auto steering = playKeyOf(key.keyCode)) world_->keyDown(*steering);
+    if (!world_) return;
+    const auto steering = state_ == LevelState::Playing ? playKeyOf(key.keyCode) : std::nullopt;
+    steering ? steering_->keyDown(*world_, *steering) : steering_->otherKey(*world_);
+    if (state_ != LevelState::Playing) return;
     if (key.keyCode == KeyEscape || key.keyCode == KeyC) openGameMenu();
 }
 
 void LevelScene::keyUp(const KeyMessage& key) {
     if (!world_) return;
-    if (const auto steering = playKeyOf(key.keyCode)) world_->keyUp(*steering);
+    if (const auto steering = playKeyOf(key.keyCode)) steering_->keyUp(*world_, *steering);
 }
 
 // As long as there is no menu to open, the way out of a level is what its last entry will do.

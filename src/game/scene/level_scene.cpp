@@ -126,24 +126,29 @@ bool LevelScene::startLevel(int index) {
     teardownLevel();
     std::optional<LevelMap> map = loadMap(index);
     if (!map) return false;
-    const WorldStart start{
+    WorldStart start{
         .score = score_, .lives = lives_, .levelIndex = index, .seed = randomSeed(), .collectedKeys = collectedKeys_};
+    steering_->prepare(start);
     world_.emplace(std::move(*map), start, animations_.frameCounts());
     camera_.reset();
     world_->step();  // nobody sees this one: the first picture shows a level that has settled
+    steering_->begin(*world_);
     return true;
 }
 
 void LevelScene::teardownLevel() { world_.reset(); }
 
 std::optional<LevelMap> LevelScene::loadMap(int index) {
+    const std::string_view level = levelInPlace_.empty() ? kLevelNames[static_cast<std::size_t>(index)] : levelInPlace_;
     std::string reason;
     std::optional<LevelMap> map;
-    if (levelFile_.empty())
-        map = levelLoader_.load(kLevelNames[static_cast<std::size_t>(index)], reason);
-    else if (const auto file = readLevelFile(bytesOfFile(levelFile_), reason))
-        map = levelLoader_.build(*file, reason);
-    if (!levelFile_.empty()) reason.insert(0, levelFile_ + ": ");
+    if (std::ranges::find(kLevelNames, level) != kLevelNames.end()) {
+        map = levelLoader_.load(level, reason);
+    } else {
+        if (const auto file = readLevelFile(bytesOfFile(levelInPlace_), reason))
+            map = levelLoader_.build(*file, reason);
+        reason.insert(0, levelInPlace_ + ": ");
+    }
     if (!map) logLine("%s", reason.c_str());
     return map;
 }

@@ -15,6 +15,7 @@
 #include "resource_loader.h"
 #include "resource_source.h"
 #include "scene.h"
+#include "steering.h"
 #include "world.h"
 
 namespace grub {
@@ -44,8 +45,10 @@ public:
 
     /// The next `enter` begins a new game at this level (0 to 49) with three lives and no points.
     void requestNewGame(int startIndex) { newGameAt_ = startIndex; }
-    /// Plays this level file from disk in place of every level of the list.
-    void setLevelFile(std::string path) { levelFile_ = std::move(path); }
+    /// Plays this level in place of every level of the list: a name of the list, or the path of a level file on disk.
+    void setLevel(std::string nameOrPath) { levelInPlace_ = std::move(nameOrPath); }
+    /// Lets somebody else come between the player's keys and the world; outlives the scene.
+    void setSteering(Steering& steering) { steering_ = &steering; }
     /// Starts the loader thread on the first list of pictures, or on the second once the first is there.
     void startLoadingPass();
     /// Tells the loader to stop and waits until it has; nothing is loaded any more until a pass is started again.
@@ -99,7 +102,9 @@ private:
     Camera camera_;
     LevelState state_ = LevelState::FirstLoad;
     std::optional<int> newGameAt_;
-    std::string levelFile_;
+    std::string levelInPlace_;  // of those of the list; empty: none
+    Steering ownSteering_;
+    Steering* steering_ = &ownSteering_;
     int levelIndex_ = 0;
     int lives_ = 0;
     int score_ = 0;

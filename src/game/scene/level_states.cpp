@@ -46,8 +46,10 @@ void LevelScene::intro() {
 }
 
 void LevelScene::playing() {
+    steering_->beforeStep(*world_);
     world_->step();
     world_->finishFrame(true);
+    steering_->afterFrame(*world_);
     drawWorld();
     if (world_->ended()) state_ = LevelState::Ended;
 }
@@ -58,7 +60,8 @@ void LevelScene::ended() {
     lives_ = world_->lives();
     const auto collected = world_->collectedKeys();
     collectedKeys_.assign(collected.begin(), collected.end());
-    if (world_->cause() == LossCause::Quit) return leaveToShell();
+    const bool goesOn = steering_->goesOnAfter(*world_);
+    if (!goesOn || world_->cause() == LossCause::Quit) return leaveToShell();
     if (world_->cause() == LossCause::Won) levelIndex_ = nextLevel();
     if (!startLevel(levelIndex_)) return leaveToShell();
     state_ = LevelState::Intro;

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "recorded_game.h"
+#include "text_words.h"
+
+namespace grub {
+
+/// The name of a cause in recorded games: Dog Lady Rat Pit Won Quit. A game that was left to load another was quit.
+[[nodiscard]] std::string_view nameOf(LossCause cause);
+
+/// Reads the text of a recorded game (docs/formats/games.md). Nothing, and `error` filled, at the first line that is
+/// wrong. A draft, which lacks the end or all states, is a game too.
+[[nodiscard]] std::optional<RecordedGame> readGame(std::string_view text, TextError& error);
+/// The text of a game, without comments; reads back as the same game.
+[[nodiscard]] std::string writeGame(const RecordedGame& game);
+
+/// The text of a game without what came of it, but for the end of a game that the player left.
+[[nodiscard]] std::string draftOf(std::string_view text);
+/// The same text, comments and all, with the states and the end of `game` in place of its own.
+[[nodiscard]] std::string withOutcome(std::string_view text, const RecordedGame& game);
+
+}  // namespace grub

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "field_marks.h"
+#include "key_events.h"
+#include "loss_cause.h"
+#include "rules.h"
+#include "world.h"
+
+namespace grub {
+
+/// Frames from one recorded state to the next: 1 s.
+inline constexpr int kStateInterval = 25;
+
+/// The state of a world after a frame. The marks say nothing that the hash does not, but they can be read and drawn.
+struct RecordedState {
+    int frame = 0;
+    std::uint64_t hash = 0;
+    std::vector<FieldMark> marks;
+
+    friend bool operator==(const RecordedState&, const RecordedState&) = default;
+};
+
+/// How a game ended. One that the player left (`Quit`) ended after `frame`, every other in it.
+struct RecordedEnd {
+    int frame = 0;
+    LossCause cause = LossCause::Quit;
+    int score = 0;
+    int keys = 0;  // that still lay
+
+    friend bool operator==(const RecordedEnd&, const RecordedEnd&) = default;
+};
+
+/// One attempt at a level, written down: what it started with, what the player did, what came of it.
+struct RecordedGame {
+    std::string level;  // a name of the level list, or a path relative to the game's file
+    WorldStart start;
+    std::vector<KeyEvent> events;       // in the order of frames
+    std::vector<RecordedState> states;  // of frame 0, each kStateInterval frames, and the last frame; none in a draft
+    std::optional<RecordedEnd> end;     // none in a draft
+
+    /// Whether it says what came of it. A draft does not.
+    [[nodiscard]] bool isComplete() const { return end && !states.empty(); }
+
+    friend bool operator==(const RecordedGame&, const RecordedGame&) = default;
+};
+
+}  // namespace grub

@@ -1,0 +1,112 @@
+#include "game_steering.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+#include "game_file.h"
+#include "game_text.h"
+#include "level_list.h"
+
+namespace grub {
+
+ReplaySteering::ReplaySteering(RecordedGame game, std::string path, int showFrom)
+    : game_(std::move(game)), path_(std::move(path)), showFrom_(showFrom), keys_(game_.events) {}
+
+// The last frame is left to be seen: who looks at it looks for the end.
+void ReplaySteering::begin(World& world) {
+    afterFrame(world);
+    while (world.frame() < showFrom_ && !isLeftAfter(world)) {
+        World next = world;
+        KeyFeed keys = keys_;
+        playFrame(next, keys);
+        if (next.ended()) return;
+        world = std::move(next);
+        keys_ = keys;
+        afterFrame(world);
+    }
+}
+
+bool ReplaySteering::isLeftAfter(const World& world) const {
+    return game_.end && game_.end->cause == LossCause::Quit && world.frame() >= game_.end->frame;
+}
+
+void ReplaySteering::beforeStep(World& world) {
+    keys_.feed(world);
+    if (isLeftAfter(world)) world.end(LossCause::Quit);
+}
+
+void ReplaySteering::afterFrame(const World& world) {
+    if (difference_ || !game_.isComplete() || world.frame() > game_.end->frame) return;
+    if (world.ended() && world.cause() == LossCause::Quit) return;  // whoever watches has left
+    difference_ = differenceAt(game_, world);
+}
+
+bool ReplaySteering::goesOnAfter(const World& world) {
+    if (difference_)
+        std::fprintf(stderr, "%s: %s\n", path_.c_str(), difference_->c_str());
+    else if (game_.isComplete() && world.frame() >= game_.end->frame)
+        std::printf("%s: all as recorded\n", path_.c_str());
+    return false;
+}
+
+void RecordSteering::keyDown(World& world, PlayKey key) {
+    recorder_->event(world, KeyAction::Down, key);
+    Steering::keyDown(world, key);
+}
+
+void RecordSteering::keyUp(World& world, PlayKey key) {
+    recorder_->event(world, KeyAction::Up, key);
+    Steering::keyUp(world, key);
+}
+
+void RecordSteering::otherKey(World& world) {
+    recorder_->event(world, KeyAction::Other);
+    Steering::otherKey(world);
+}
+
+bool RecordSteering::goesOnAfter(const World& /*world*/) {
+    isWritten_ = replaceTextFile(path_, writeGame(recorder_->game()));
+    if (!isWritten_) std::fprintf(stderr, "%s: cannot be written\n", path_.c_str());
+    return false;
+}
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool complain(const std::string& line) {
+    std::fprintf(stderr, "%s\n", line.c_str());
+    return false;
+}
+
+bool prepareReplay(const OwnOptions& options, PlayStart& start, std::unique_ptr<GameSteering>& steering) {
+    std::string error;
+    auto game = loadGame(options.replayFile, error);
+    if (!game) return complain(error);
+    if (start.level.empty()) start.level = levelFileOf(*game, options.replayFile).value_or(game->level);
+    if (start.level.ends_with(".txt"))
+        return complain(start.level + ": is a level source; 'grubtool play --show' compiles and plays it");
+    start.levelIndex = game->start.levelIndex;
+    steering = std::make_unique<ReplaySteering>(std::move(*game), options.replayFile, options.showFrom);
+    return true;
+}
+
+/// What a recorded game says of the level that is played.
+std::string levelFor(const OwnOptions& options) {
+    const PlayStart& start = options.start;
+    if (start.level.empty()) return std::string(kLevelNames[static_cast<std::size_t>(start.levelIndex)]);
+    std::error_code ignored;
+    return fs::relative(start.level, fs::absolute(options.recordFile).parent_path(), ignored).string();
+}
+
+}  // namespace
+
+bool prepareGame(const OwnOptions& options, PlayStart& start, std::unique_ptr<GameSteering>& steering) {
+    if (!options.replayFile.empty()) return prepareReplay(options, start, steering);
+    if (!options.recordFile.empty()) steering = std::make_unique<RecordSteering>(levelFor(options), options.recordFile);
+    return true;
+}
+
+}  // namespace grub

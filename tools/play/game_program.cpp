@@ -1,0 +1,26 @@
+#include "game_program.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace grub {
+
+int runGameProgram(const std::vector<std::string>& arguments) {
+    std::error_code failure;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failure);
+    std::vector<std::string> words{(self.parent_path() / "grubaway").string()};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    pid_t child = 0;
+    if (posix_spawn(&child, words.front().c_str(), nullptr, nullptr, pointers.data(), environ) != 0) return -1;
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace grub

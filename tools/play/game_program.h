@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace grub {
+
+/// Starts the game that lies beside this program, with these arguments, and waits for it: its exit code, or -1 when it
+/// cannot be started or has died.
+int runGameProgram(const std::vector<std::string>& arguments);
+
+}  // namespace grub
