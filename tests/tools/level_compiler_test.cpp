@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "level_checks.h"
 #include "level_dressing.h"
 #include "level_file.h"
 #include "level_test_palette.h"
@@ -67,7 +68,8 @@ const SourceFault kFaults[] = {
     {"101 keys", sourceOf("@E" + std::string(49, 'k') + "\n" + std::string(51, 'k') + "\n" + std::string(51, 'k')), 0,
      "keys (k), found 151"},
     {"no door", sourceOf("@k..\nXXXX"), 0, "doors (E), found 0"},
-    {"41 dogs", sourceOf("@kE" + std::string(41, 'D')), 0, "decorations together, found 41"},
+    {"21 dogs", sourceOf("@kE" + std::string(21, 'D')), 0, "enemies (D, R, L), found 21"},
+    {"41 hearts", sourceOf("@kE" + std::string(41, '+')), 0, "decorations together, found 41"},
     {"51 spawn points", sourceOf("@kE" + std::string(51, 'S')), 0, "spawn points (S), found 51"},
     {"air in the last of 13 columns", sourceOf("@kE.........."), 0, "found another at 12 0"},
     {"air in the last of 9 rows", sourceOf("@kE\n" + repeated("...\n", 7) + "X.X"), 0, "found another at 1 8"},
@@ -83,6 +85,28 @@ TEST(LevelCompiler, NamesLineAndFaultOfASourceItRefuses) {
         EXPECT_NE(error.message.find(fault.message), std::string::npos) << fault.what << ": " << error.message;
         EXPECT_EQ(error.line, fault.line) << fault.what << ": " << error.message;
         EXPECT_EQ(error.message.find('\n'), std::string::npos) << fault.what;
+    }
+}
+
+TEST(LevelCompiler, WarnsOfARatThatIsShutIn) {
+    const struct {
+        const char* field;
+        std::size_t warnings;
+    } rows[] = {
+        {"@kE.XRX\nXXXXXXX", 1},  // in Solid it dies
+        {"@kE..R.\nXXXX.X.", 1},  // nothing to stand on at either side
+        {"@kE.XR.\nXXXXXXX", 0},  // room to the right
+        {"@kE.XRH\nXXXXXXX", 0},  // a ladder is room
+        {"@kE.XXX\nXXXX.RX", 0},  // the bottom row carries
+        {"@kE.RX.\nXXXXXXX", 0},
+    };
+    const BlockPalette palette = testPalette();
+    for (const auto& row : rows) {
+        SourceError error;
+        std::string reason;
+        const auto bytes = compileLevel(sourceOf(row.field), palette, error);
+        ASSERT_TRUE(bytes) << error.message;
+        EXPECT_EQ(levelWarnings(*readLevelFile(*bytes, reason), palette).size(), row.warnings) << row.field;
     }
 }
 
