@@ -9,6 +9,7 @@
 
 #include "block_palette.h"
 #include "block_table.h"
+#include "level_checks.h"
 #include "level_compiler.h"
 #include "level_file.h"
 #include "level_loader.h"
@@ -85,7 +86,11 @@ LevelFile parsed(const std::string& name, const Bytes& bytes) {
 }
 
 void compile(const Arguments& arguments) {
-    write(arguments.output, compiled(arguments, TableSource(read(blocksFor(arguments)))));
+    const TableSource table(read(blocksFor(arguments)));
+    const Bytes level = compiled(arguments, table);
+    for (const std::string& warning : levelWarnings(parsed(arguments.output, level), paletteOf(table)))
+        std::fprintf(stderr, "%s: warning: %s\n", arguments.input.c_str(), warning.c_str());
+    write(arguments.output, level);
 }
 
 void show(const Arguments& arguments) {
