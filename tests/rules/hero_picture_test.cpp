@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "drawn_world.h"
 #include "hero_animation.h"
@@ -92,6 +93,14 @@ TEST(HeroPicture, FreezesWhenTheAttemptHasEnded) {
     world.runTo(8);
     EXPECT_EQ(world.world().heroPicture().animation, before.animation);
     EXPECT_EQ(world.world().heroPicture().frame, before.frame);
+}
+
+// In the ninth frame he would be heard. Ended by a rule of that frame or by anybody before it, he is not.
+TEST(HeroPicture, IsSilentInTheFrameOfTheEnd) {
+    auto world = worldFrom({"@ . .", "# # #"});
+    world.script("1:+R").runTo(8);
+    world.world().end(LossCause::Quit);
+    EXPECT_EQ(world.runTo(9).framesOf(SoundId::Steps), std::vector<int>{5});
 }
 
 // A strip of seven frames: after five seconds without a key it starts over, one frame on.

@@ -165,6 +165,12 @@ TEST_F(LevelLoaderTest, ReadsFromThePackageAndNamesWhatItRefuses) {
     source_.put(name, writeLevelFile(drawnLevel({"@" + std::string(kMaxSpawnPoints + 1, 's')})));
     EXPECT_FALSE(loader_.load(name, reason));
     EXPECT_EQ(reason, "levels\\turma\\level01.lvl: 51 spawn points, at most 50 are possible");
+
+    source_.put(name, writeLevelFile(drawnLevel({"@" + std::string(kMaxEnemies, 'd')})));
+    EXPECT_TRUE(loader_.load(name, reason)) << reason;
+    source_.put(name, writeLevelFile(drawnLevel({"@r" + std::string(kMaxEnemies, 'd')})));
+    EXPECT_FALSE(loader_.load(name, reason));
+    EXPECT_EQ(reason, "levels\\turma\\level01.lvl: 21 enemies, at most 20 are possible");
 }
 
 TEST_F(LevelLoaderTest, MakesEverythingEmptyWithoutABlockTable) {

@@ -109,6 +109,23 @@ TEST(HiddenLadder, AppearsWithTheLastKey) {
     EXPECT_EQ(cellOf(world, 0, 0).sprite, 5);
 }
 
+TEST(Exit, OfALevelWithoutKeysOpensAtOnceAndInSilence) {
+    auto world = worldFrom({"@ E", "# #"});
+    EXPECT_EQ(cellOf(world, 1, 0).frame, 1) << "the step that settles the level is its first";
+    EXPECT_TRUE(world.runTo(10).framesOf(SoundId::OpenDoor).empty());
+}
+
+// The animation of the empty cell stands on its fourth picture when the ladder comes.
+TEST(HiddenLadder, GoesOnFromThePictureItsCellHasReached) {
+    auto counts = AnimationFrameCounts::all(kDrawnFrames);
+    counts.set(5, 6);
+    auto world = worldFrom({"h .", "@ k", "# #"}, {}, counts);
+    world.script("1:+R").runTo(7);
+    EXPECT_EQ(cellOf(world, 0, 0).frame, 3);
+    const int frames[] = {4, 5, 5};
+    for (const int frame : frames) EXPECT_EQ(cellOf(world.run(1), 0, 0).frame, frame);
+}
+
 // Sleeping is only a saving: with every cell kept awake the same things happen.
 TEST(SleepingCells, MissNothing) {
     auto counts = AnimationFrameCounts::all(3);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "drawn_world.h"
 
 namespace grub {
@@ -45,7 +48,7 @@ TEST(World, EndsWithTheCauseItIsGivenUntilARuleNamesAnother) {
 }
 
 TEST(World, IsAValueThatPlaysOnByItself) {
-    auto played = worldFrom({". @ k .", "= = = =", "h . k E", "# # # #"});
+    auto played = worldFrom({". @ k . d", "= = = = =", "h . k E l", "# # # # #"});
     played.script("1:+Z 8:+R 30:+L 60:+X").runTo(20);
     auto copy = played;
     EXPECT_EQ(copy.world(), played.world());
@@ -53,6 +56,54 @@ TEST(World, IsAValueThatPlaysOnByItself) {
     EXPECT_NE(copy.world(), played.world());
     copy.runTo(120);
     EXPECT_EQ(copy.world(), played.world());
+}
+
+std::uint64_t hashOf(const Drawing& map, const WorldStart& start, const char* keys, int frame) {
+    return worldFrom(map, start).script(keys).runTo(frame).world().stateHash();
+}
+
+// A hash stands for what play depends on: the same for a copy, another one for every difference in the state.
+TEST(World, HasAnotherHashForEachDifference) {
+    const Drawing map{"@ . + ~ . . k", "= = = = = = =", "# # # # # # d"};
+    const WorldStart plain;
+    std::map<std::uint64_t, std::string> seen;
+    const auto add = [&](const char* what, std::uint64_t hash) {
+        const auto [place, isNew] = seen.emplace(hash, what);
+        EXPECT_TRUE(isNew) << what << " looks like " << place->second;
+    };
+    add("nothing", hashOf(map, plain, "", 30));
+    add("another frame", hashOf(map, plain, "", 31));
+    add("a command", hashOf(map, plain, "30:+U", 30));
+    add("an older sign of life", hashOf(map, plain, "20:+U -U", 30));
+    add("the other side", hashOf(map, plain, "29:+R -R", 30));
+    add("a turn to come", hashOf(map, plain, "28:+R 30:-R", 30));
+    add("a step", hashOf(map, plain, "26:+R -R 27:+R", 30));
+    add("a hole", hashOf(map, plain, "1:+X", 30));
+    add("an older hole", hashOf(map, plain, "2:+X", 30));
+    for (const auto& [what, change] : std::initializer_list<std::pair<const char*, void (*)(WorldStart&)>>{
+             {"a seed", [](WorldStart& start) { start.seed = 1; }},
+             {"a level", [](WorldStart& start) { start.levelIndex = 1; }},
+             {"a score", [](WorldStart& start) { start.score = 50; }},
+             {"a life", [](WorldStart& start) { start.lives = 4; }},
+             {"a key",
+              [](WorldStart& start) {
+                  start.collectedKeys = {{6, 0}};
+              }},
+         }) {
+        WorldStart changed;
+        change(changed);
+        add(what, hashOf(map, changed, "", 30));
+    }
+    add("a lady for a dog", hashOf({"@ . + ~ . . k", "= = = = = = =", "# # # # # # l"}, plain, "", 30));
+    add("no heart", hashOf({"@ . . ~ . . k", "= = = = = = =", "# # # # # # d"}, plain, "", 30));
+    add("no drops", hashOf({"@ . + . . . k", "= = = = = = =", "# # # # # # d"}, plain, "", 30));
+
+    auto played = worldFrom(map).script("1:+R").runTo(40);
+    const World copy = played.world();
+    EXPECT_EQ(copy.stateHash(), played.world().stateHash());
+    played.world().finishFrame(false);
+    EXPECT_NE(copy, played.world());
+    EXPECT_EQ(copy.stateHash(), played.world().stateHash()) << "rising points are no part of play";
 }
 
 TEST(World, AsksForTheSameSoundOnceAFrame) {
