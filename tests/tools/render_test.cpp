@@ -38,26 +38,6 @@ const PixelImage& frameOf(std::string_view name, int frame = 0) {
     return known != frames.end() ? known->second : frames.emplace(key, renderFrame(entry, frame)).first->second;
 }
 
-struct Spread {
-    double mean = 0;
-    double deviation = 0;
-};
-
-/// Lightness of the pixels of rows [from, to) that are more than half opaque.
-Spread lightnessOf(const PixelImage& image, int from = 0, int to = 64) {
-    std::vector<double> values;
-    for (int y = from; y < to; ++y) {
-        for (int x = 0; x < image.width; ++x) {
-            if (image.at(x, y).a > 127) values.push_back(lightness(image.at(x, y)));
-        }
-    }
-    const double count = static_cast<double>(values.size());
-    const double mean = std::accumulate(values.begin(), values.end(), 0.0) / count;
-    double squares = 0;
-    for (const double v : values) squares += (v - mean) * (v - mean);
-    return {mean, std::sqrt(squares / count)};
-}
-
 // ---- all pictures
 
 TEST(Pictures, HaveNamesOfTheirOwn) {

@@ -16,7 +16,7 @@ constexpr double kJoint = 1.6;
 Material stoneMaterial(std::uint32_t number, float dim = 1) {
     return stony(varied(kPodval.floor[number % 3], number, 0.06F) * dim, 1.3F, 0.14F, 0.08F);
 }
-Material grassMaterial(std::uint32_t number) { return stony(varied(kPodval.cap, number, 0.1F), 0, 0.06F, 0.1F); }
+Material grassMaterial(std::uint32_t number) { return stony(varied(kPodval.cap * 1.06F, number, 0.1F), 0, 0.06F, 0.1F); }
 
 void drawFieldStone(Canvas& canvas, double x, double y, double width, std::uint32_t number, const Mask* clip) {
     canvas.part(rectangle(x + kJoint / 2, y + kJoint / 2, width - kJoint, kCourse - kJoint, 8), stoneMaterial(number),

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <numbers>
 
 #include "bones.h"
 #include "masonry.h"
@@ -177,6 +178,20 @@ void drawDrops(Canvas& canvas, FrameOf frame) {
     }
 }
 
+// ---- rails of a frame
+
+constexpr double kRailLength = 240;
+
+void drawRail(Canvas& canvas, double length) {
+    canvas.part(rectangle(1, 2, length - 2, 12, 4), kDarkMetal, {.bevel = 5, .line = 1});
+    for (double x = 8; x < length; x += 16) canvas.part(circle({x, 8}, 2), kMetal, {.bevel = 1.7, .line = 0.6});
+}
+void drawRailAcross(Canvas& canvas, FrameOf) { drawRail(canvas, kRailLength); }
+void drawRailUpright(Canvas& canvas, FrameOf) {
+    const auto turned = canvas.placed({16, 0}, std::numbers::pi / 2);
+    drawRail(canvas, kRailLength);
+}
+
 constexpr std::array kPictures{
     //            name                 px  px frames
     PictureEntry{"kapli", 64, 64, 10, Ground::Clear, drawDrops},
@@ -190,6 +205,8 @@ constexpr std::array kPictures{
     PictureEntry{"fon\\kosti", 64, 64, 1, Ground::Clear, drawBones},
     PictureEntry{"poly\\paut", 64, 64, 1, Ground::Clear, drawWebLeft},
     PictureEntry{"poly\\paut1", 64, 64, 1, Ground::Clear, drawWebRight},
+    PictureEntry{"gor", 240, 16, 1, Ground::Clear, drawRailAcross},
+    PictureEntry{"vert", 16, 240, 1, Ground::Clear, drawRailUpright},
 };
 
 }  // namespace

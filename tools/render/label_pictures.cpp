@@ -34,14 +34,9 @@ struct StripLength {
     int frames;
 };
 constexpr std::array kStripLengths{
-    StripLength{"polkan\\ani_", 8},
-    StripLength{"polkan\\drop_", 8},
+    StripLength{"polkan\\", 8},
     StripLength{"tetka\\", 8},
-    StripLength{"rat\\ani_01", 8},
-    StripLength{"rat\\", 4},
-    StripLength{"led\\shield_03", 6},
-    StripLength{"led\\shield_05", 10},
-    StripLength{"led\\shield_08", 50},
+    StripLength{"rat\\", 8},
     StripLength{"led\\", 8},
     StripLength{"bonuses\\animation", 12},
     StripLength{"jelezo\\animation", 8},

@@ -5,6 +5,7 @@
 
 #include "lantern.h"
 #include "masonry.h"
+#include "noise.h"
 #include "palette.h"
 #include "rig.h"
 #include "shapes.h"
@@ -91,6 +92,40 @@ void drawLightPool(Canvas& canvas, FrameOf) {
     canvas.haloBetween({0, 0}, 94, 87, 39, kTurma.glow, 0.55F);
 }
 
+/// Light of a high window that falls through three cells by three. The upper right and the lower middle cell have no
+/// picture: nothing of it may lie there.
+struct Ray {
+    Point from;
+    Point to;
+};
+constexpr Ray kUpperEdge{{40, 12}, {214, 116}};
+constexpr Ray kLowerEdge{{12, 28}, {214, 200}};
+constexpr Rgb kMoonlight = rgb(0xbcd4ff);
+
+template <int Column, int Row>
+void drawShaft(Canvas& canvas, FrameOf) {
+    const auto cell = canvas.placed({-kCellSize * Column, -kCellSize * Row});
+    constexpr int kLayers = 9;
+    constexpr int kSteps = 24;
+    for (int layer = 0; layer < kLayers; ++layer) {
+        const double inset = 0.05 * layer;
+        const auto edge = [inset](double along, double share) {
+            return mix(mix(kUpperEdge.from, kUpperEdge.to, along), mix(kLowerEdge.from, kLowerEdge.to, along),
+                       share < 0.5 ? inset : 1 - inset);
+        };
+        for (int step = 0; step < kSteps; ++step) {
+            const double a = static_cast<double>(step) / kSteps;
+            const double b = static_cast<double>(step + 1) / kSteps;
+            canvas.flat(polygon({edge(a, 0), edge(b, 0), edge(b, 1), edge(a, 1)}), kMoonlight,
+                        {.alpha = 0.034F * static_cast<float>(1 - a)});
+        }
+    }
+    for (std::uint32_t i = 0; i < 26; ++i) {
+        const Point mote{6 + 180.0 * randomShare(i, 1, 61), 20 + 165.0 * randomShare(i, 2, 61)};
+        canvas.halo(mote, 2 + 2.0 * randomShare(i, 3, 61), kMoonlight, 0.3F);
+    }
+}
+
 /// A lamp on a long or a short chain, in front of everything.
 void drawHangingLamp(Canvas& canvas, double length) {
     canvas.halo({32, length + 14}, 19, kTurma.glow, 0.4F);
@@ -132,6 +167,13 @@ constexpr std::array kPictures{
     PictureEntry{"fon\\a21", 64, 64, 1, Ground::Clear, drawLightPool<0, 1>},
     PictureEntry{"fon\\a22", 64, 64, 1, Ground::Clear, drawLightPool<1, 1>},
     PictureEntry{"fon\\a23", 64, 64, 1, Ground::Clear, drawLightPool<2, 1>},
+    PictureEntry{"fon\\a2\\p11", 64, 64, 1, Ground::Clear, drawShaft<0, 0>},
+    PictureEntry{"fon\\a2\\p12", 64, 64, 1, Ground::Clear, drawShaft<1, 0>},
+    PictureEntry{"fon\\a2\\p21", 64, 64, 1, Ground::Clear, drawShaft<0, 1>},
+    PictureEntry{"fon\\a2\\p22", 64, 64, 1, Ground::Clear, drawShaft<1, 1>},
+    PictureEntry{"fon\\a2\\p23", 64, 64, 1, Ground::Clear, drawShaft<2, 1>},
+    PictureEntry{"fon\\a2\\p31", 64, 64, 1, Ground::Clear, drawShaft<0, 2>},
+    PictureEntry{"fon\\a2\\p33", 64, 64, 1, Ground::Clear, drawShaft<2, 2>},
     PictureEntry{"fon\\sh1_proz", 64, 64, 1, Ground::Clear, drawShade},
     PictureEntry{"fon\\sh2_proz", 64, 64, 1, Ground::Clear, drawDeepShade},
     PictureEntry{"fon\\sh3_proz", 64, 64, 1, Ground::Clear, drawFaintShade},

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "bonus_pictures.h"
+#include "cellar_pictures.h"
 #include "cellar_wall_pictures.h"
 #include "climbing_pictures.h"
 #include "decor_pictures.h"
@@ -23,6 +24,7 @@
 #include "wall_pictures.h"
 #include "wall_pipe_pictures.h"
 #include "wire_pictures.h"
+#include "works_pictures.h"
 
 namespace grub {
 
@@ -30,10 +32,11 @@ const std::vector<PictureEntry>& allPictures() {
     static const std::vector<PictureEntry> pictures = [] {
         std::vector<PictureEntry> all;
         for (const std::span<const PictureEntry> group :
-             {heroPictures(), shieldPictures(), bonusPictures(), wallPictures(), ironWallPictures(),
-              cellarWallPictures(), floorPictures(), solidPictures(), climbingPictures(), wallPipePictures(),
-              wirePictures(), thingPictures(), doorPictures(), lightPictures(), decorPictures(), digitPictures(),
-              dogPictures(), ladyPictures(), ratPictures()}) {
+             {heroPictures(),       shieldPictures(), bonusPictures(), wallPictures(),     ironWallPictures(),
+              cellarWallPictures(), floorPictures(),  solidPictures(), climbingPictures(), wallPipePictures(),
+              wirePictures(),       thingPictures(),  doorPictures(),  lightPictures(),    decorPictures(),
+              worksPictures(),      cellarPictures(), digitPictures(), dogPictures(),      ladyPictures(),
+              ratPictures()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         const std::vector<PictureEntry> labels = labelsBeside(all);

@@ -123,11 +123,11 @@ void drawIronWall(Canvas& canvas, FrameOf) {
 
 // ---- the cellar
 
-void drawCellarWall(Canvas& canvas, FrameOf) { drawRubble(canvas, kPodval, 0.82F); }
+void drawCellarWall(Canvas& canvas, FrameOf) { drawRubble(canvas, kPodval, 0.88F); }
 
 /// Rough stones under two flagstones, moss in their joint.
 void drawCellarBlock(Canvas& canvas, FrameOf) {
-    drawRubble(canvas, kPodval, 0.92F);
+    drawRubble(canvas, kPodval, 1);
     canvas.shadeRows(8, 64, 1.02F, 0.8F);
     canvas.flat(rectangle(-40, 11, 144, 4), rgb(0x12140e), {.alpha = 0.42F});
     const Rgb slab = mix(kPodval.solid[0], rgb(0xf0eede), 0.36F);

@@ -18,7 +18,7 @@ enum class Fitting { None, Collar, Valve, Gauge, Tap, Cap, Chain };
 
 /// Darker than what one hangs on, since it lies behind the play.
 Material dull(const WorldPalette& world, Rgb colour, float gloss = 0.35F) {
-    return glossy(material(mix(colour, world.backdrop[0], 0.55F)), gloss, 0.25F);
+    return glossy(material(mix(colour, world.backdrop[0], 0.62F)), gloss, 0.25F);
 }
 
 void drawRun(Canvas& canvas, const Material& metal, const VectorPath& way) {
