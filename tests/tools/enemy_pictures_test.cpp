@@ -89,12 +89,38 @@ TEST(EnemyFeet, GoBackAsFastAsTheGroundPasses) {
     }
 }
 
-TEST(EnemyHands, HoldThePipe) {
+TEST(EnemyHands, HoldThePipeAndStayOnTheirPlace) {
     for (const char* hang : {"polkan\\ani_03", "tetka\\ani_03"}) {
-        for (const PixelImage& picture : stripOf(hang)) {
+        const std::vector<PixelImage>& pictures = stripOf(hang);
+        for (std::size_t i = 0; i < pictures.size(); ++i) {
             int held = 0;
-            for (const auto& [from, to] : runsIn(picture, 10)) held += to - from;
-            EXPECT_GE(held, 6) << hang;
+            for (const auto& [from, to] : runsIn(pictures[i], 10)) held += to - from;
+            EXPECT_GE(held, 6) << hang << " picture " << i;
+            if (i % 4 == 3) continue;  // the lady changes hands
+            EXPECT_TRUE(slidesBack(pictures[i], pictures[i + 1], 6)) << hang << " picture " << i;
+        }
+    }
+}
+
+/// Highest row with something visible in the columns [from, to).
+int highestRowBetween(const PixelImage& image, int from, int to) {
+    for (int y = 0; y < image.height; ++y) {
+        for (int x = from; x < to; ++x) {
+            if (isVisible(image.at(x, y))) return y;
+        }
+    }
+    return image.height;
+}
+
+TEST(EnemyHands, StayOnTheirRung) {
+    constexpr int kOutside = 15;  // columns on either side that only hands reach
+    for (const char* climb : {"polkan\\ani_02", "tetka\\ani_02"}) {
+        const std::vector<PixelImage>& pictures = stripOf(climb);
+        for (const std::size_t i : {0U, 1U}) {
+            const auto left = [&](std::size_t at) { return highestRowBetween(pictures[at], 0, kOutside); };
+            const auto right = [&](std::size_t at) { return highestRowBetween(pictures[at], 64 - kOutside, 64); };
+            EXPECT_NEAR(left(i + 1) - left(i), 8, 1) << climb << " picture " << i;
+            EXPECT_NEAR(right(i + 5) - right(i + 4), 8, 1) << climb << " picture " << i + 4;
         }
     }
 }

@@ -63,15 +63,15 @@ void drawHang(Canvas& canvas, FrameOf frame) {
     const double sway = 0.8 * wave(phase);
     const auto leg = [&](double x, double at, Side side) {
         const Step step = stride(at, kEnemyCycle, kDuty);
-        drawDogForeleg(canvas, {x, 26}, {x + step.x * 0.9, kPipeRow - 0.5 + 4 * step.lift}, x > 30 ? 1 : -1, side);
+        drawDogForeleg(canvas, {x, 26}, {x + step.x, kPipeRow - 0.5 + 4 * step.lift}, x > 30 ? 1 : -1, side);
     };
-    leg(21, phase + 0.5, Side::Far);
-    leg(43, phase + 0.25, Side::Far);
+    leg(22, phase + 0.5, Side::Far);
+    leg(42.5, phase + 0.25, Side::Far);
     {
         const auto upsideDown = canvas.placed({sway, 72}, 0, 1, -1);
         drawDogSide(canvas, 0);
     }
-    leg(18, phase, Side::Near);
+    leg(20, phase, Side::Near);
     leg(40, phase + 0.75, Side::Near);
     drawDogHead(canvas, {46 + sway, 40}, 0.06 * wave(phase), {.look = {0.5, -0.3}});
     canvas.outline(kEnemyOutline);

@@ -12,9 +12,11 @@ namespace grub {
 
 namespace {
 
-// ---- walking: one shoe is always on the ground
-
+/// Share of a cycle that a shoe stays on the ground, or a hand on the pipe: one of the two always does.
 constexpr double kDuty = 0.375;
+
+// ---- walking
+
 constexpr double kToe = 7.6;
 constexpr double kHeel = 4.6;
 
@@ -64,13 +66,13 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
 void drawHang(Canvas& canvas, FrameOf frame) {
     const auto mirrored = turnedLeft(canvas);
     const double phase = frame.phase();
-    const Step near = stride(phase, kEnemyCycle, 0.5);
-    const Step far = stride(phase + 0.5, kEnemyCycle, 0.5);
+    const Step near = stride(phase, kEnemyCycle, kDuty);
+    const Step far = stride(phase + 0.5, kEnemyCycle, kDuty);
     const double sway = 0.09 * wave(phase - 0.125);
     const auto handAt = [](const Step& step) { return Point{32 + step.x, kPipeRow - 0.6 + 3.4 * step.lift}; };
     const double x = 20 * sway;
-    drawLadyArm(canvas, {35 + x, 33}, handAt(far), 1, Side::Far);
-    drawLadyArm(canvas, {29 + x, 33}, handAt(near), -1, Side::Near);
+    drawLadyArm(canvas, {36 + x, 32}, handAt(far), 1, Side::Far);
+    drawLadyArm(canvas, {28 + x, 32}, handAt(near), -1, Side::Near);
     {
         const auto hung = canvas.bent({32, kPipeRow}, -sway);
         const auto small = canvas.placed({32 - 0.78 * 32, 13.4}, 0, 0.78, 0.78);
@@ -85,15 +87,20 @@ void drawHang(Canvas& canvas, FrameOf frame) {
 
 // ---- climbing, seen from behind
 
+/// Nearly straight, so that no elbow sticks out beside a hand at the shoulder's height.
+void drawArmFromBehind(Canvas& canvas, Point shoulder, Point hand, double bend) {
+    drawLadyArm(canvas, shoulder, hand, bend, Side::Near, 0.4 + 0.54 * length(hand - shoulder));
+}
+
 void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
-    const double left = heldRow(phase, kEnemyCycle, 0.375, 8);
-    const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 8);
+    const double left = heldRow(phase, kEnemyCycle, kDuty, 8);
+    const double right = heldRow(phase + 0.5, kEnemyCycle, kDuty, 8);
     const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 45.4), kGround); };
     drawLadyLegFromFront(canvas, {27, 48}, {25.4, std::max(sole(phase + 0.375), 57.0)});
     drawLadyLegFromFront(canvas, {37, 48}, {38.6, std::max(sole(phase - 0.125), 57.0)});
-    drawLadyArm(canvas, {24, 30}, {17.4, left}, -1, Side::Near);
-    drawLadyArm(canvas, {40, 30}, {46.6, right}, 1, Side::Near);
+    drawArmFromBehind(canvas, {24, 30}, {17.4, left}, -1);
+    drawArmFromBehind(canvas, {40, 30}, {46.6, right}, 1);
     {
         const auto body = canvas.bent({32, 42}, 0.0026 * (left - right), {0, 1});
         drawLadyBack(canvas, 1.8 * wave(phase + 0.1));
