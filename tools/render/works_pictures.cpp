@@ -14,10 +14,10 @@ namespace grub {
 namespace {
 
 /// Machines stay behind the play: darker than what is walked on.
-constexpr Material kCasing = glossy(material(0x4f6f7a, 0x1f3442, 0x8fb2ba), 0.4F, 0.3F);
-constexpr Material kSteel = glossy(material(0x7d929c, 0x36495a, 0xbcd0d8), 0.7F, 0.4F);
-constexpr Material kBrass = glossy(material(0xa8834a, 0x54382f, 0xdcbc80), 0.7F, 0.4F);
-constexpr Material kRust = glossy(material(0x8a4f3a, 0x40243a, 0xc08060), 0.3F);
+constexpr Material kCasing = glossy(material(0x45626c, 0x1b2e3a, 0x7d9ea6), 0.4F, 0.3F);
+constexpr Material kSteel = glossy(material(0x6b7e88, 0x2f4050, 0xa2b6be), 0.7F, 0.4F);
+constexpr Material kBrass = glossy(material(0x937241, 0x4a3230, 0xc0a46e), 0.7F, 0.4F);
+constexpr Material kRust = glossy(material(0x784636, 0x382036, 0xa87054), 0.3F);
 constexpr Rgb kHollow = rgb(0x0e1820);
 
 // ---- machines
@@ -53,7 +53,7 @@ void drawGears(Canvas& canvas, FrameOf) {
 
 void drawDial(Canvas& canvas, Point at, double radius, double angle) {
     canvas.part(circle(at, radius), kBrass, {.bevel = 2, .line = 1});
-    canvas.flat(circle(at, radius * 0.7), rgb(0xd8d0b8));
+    canvas.flat(circle(at, radius * 0.7), rgb(0xb8b29e));
     canvas.flat(polyline({at, at + Point{std::cos(angle), std::sin(angle)} * (radius * 0.6)}), rgb(0xb03038),
                 {.stroke = 1.2});
 }
