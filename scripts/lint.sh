@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The cheap checks: format, comments, assertions, headers alone; then clang-tidy on changed files (`all`: on all).
+# The cheap checks: format, comments, assertions, tests named in docs, headers alone; then clang-tidy on changed files (`all`: on all).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/lib.sh
@@ -20,6 +20,7 @@ sources | xargs clang-format-14 --dry-run -Werror
 python3 scripts/check_comments.py
 python3 scripts/check_assertions.py
 python3 scripts/check_platform_names.py
+python3 scripts/check_behaviour.py
 [ -f build/release/compile_commands.json ] || build_preset release
 python3 scripts/check_headers.py build/release
 if [ "${1:-changed}" = all ]; then files=$(sources | grep '\.cpp$'); else files=$(changed); fi
