@@ -72,6 +72,16 @@ TEST(Crowding, TakesNoNoticeOfTheDead) {
     EXPECT_EQ(attempt.enemies[0].x, 60);
 }
 
+TEST(Crowding, HoldsNobodyInTheAir) {
+    Attempt attempt = attemptOn({".", ".", "#"});
+    add(attempt, EnemyKind::Dog, 0, 0);
+    Enemy& below = add(attempt, EnemyKind::Dog, 0, 0);
+    below.y = 40;
+    below.vy = 4;
+    playFrame(attempt);
+    EXPECT_EQ(attempt.enemies[0].y, 4);
+}
+
 // They meet at the ladder's foot in frame 32 and want up at once.
 TEST(Crowding, LetsOneClimbAfterTheOther) {
     auto world = worldFrom({". . @ . .",  //

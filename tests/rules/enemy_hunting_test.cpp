@@ -40,6 +40,8 @@ TEST(EnemyHunting, AsksUpDownRightLeftAndTakesTheNearestOrTheFirstOfEquals) {
         dog.update(attempt);
         EXPECT_EQ(dog.vx, row.vx);
         EXPECT_EQ(dog.vy, row.vy);
+        EXPECT_EQ(dog.direction(), row.vx > 0 ? EnemyDirection::Right : EnemyDirection::Left)
+            << "a step up or down leaves it looking where it looked";
     }
 }
 
