@@ -183,22 +183,22 @@ void drawDogBack(Canvas& canvas, double tail) {
     }
     canvas.part(ellipse({32, 31}, 11.6, 5.4), kCollar, {.bevel = 3, .line = 1.1});
     for (const double x : {-7.0, 0.0, 7.0}) drawSpike(canvas, {32 + x, 28.6}, {32 + x * 1.15, 24.6});
-    canvas.part(loop({{16, 42},
-                      {16.4, 33},
-                      {23, 30.4},
+    canvas.part(loop({{18.6, 41},
+                      {18, 33},
+                      {24, 30.4},
                       {32, 30.4},
-                      {41, 30.4},
-                      {47.6, 33},
-                      {48, 42},
-                      {48.4, 50.6},
-                      {41, 54},
-                      {32, 54},
-                      {23, 54},
-                      {15.6, 50.6},
-                      {16, 42}}),
+                      {40, 30.4},
+                      {46, 33},
+                      {45.4, 41},
+                      {45.8, 48.6},
+                      {40, 52},
+                      {32, 52},
+                      {24, 52},
+                      {18.2, 48.6},
+                      {18.6, 41}}),
                 kFur, {.bevel = 10, .line = 1.3});
-    canvas.part(limb({{{32, 47}, 3}, {{32 + tail * 0.4, 41.6}, 2.4}, {{32 + tail, 37}, 1.7}}), kFur,
-                {.bevel = 2.6, .line = 1.1});
+    canvas.part(limb({{{32, 45.6}, 3}, {{32 + tail * 0.4, 41}, 2.4}, {{32 + tail, 36.6}, 1.7}}), kFur,
+                {.bevel = 2.6, .line = 1.2});
 }
 
 void drawDogLeg(Canvas& canvas, Point hip, Point sole, double angle, Side side, double bend) {

@@ -83,15 +83,15 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     const double left = heldRow(phase, kEnemyCycle, 0.375, 10);
     const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 10);
-    const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 43), 57.5); };
+    const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 45), 57.5); };
+    drawDogForeleg(canvas, {23, 48}, {16.5, sole(phase + 0.375)}, 1, Side::Near);
+    drawDogForeleg(canvas, {41, 48}, {47.5, sole(phase - 0.125)}, -1, Side::Near);
     drawDogForeleg(canvas, {22, 36}, {17.5, left}, -1, Side::Near);
     drawDogForeleg(canvas, {42, 36}, {46.5, right}, 1, Side::Near);
     {
         const auto body = canvas.bent({32, 42}, 0.003 * (left - right), {0, 0.6 * wave(2 * phase)});
         drawDogBack(canvas, 2.4 * wave(2 * phase));
     }
-    drawDogForeleg(canvas, {22, 46.5}, {17, sole(phase + 0.375)}, 1, Side::Near);
-    drawDogForeleg(canvas, {42, 46.5}, {47, sole(phase - 0.125)}, -1, Side::Near);
     canvas.outline(kEnemyOutline);
 }
 
