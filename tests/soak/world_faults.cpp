@@ -1,0 +1,168 @@
+#include "world_faults.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <initializer_list>
+
+namespace grub {
+
+namespace {
+
+/// What is wrong; null when nothing is.
+using Fault = const char*;
+
+/// A demand and what is wrong when it is not met.
+struct Demand {
+    bool met;
+    Fault fault;
+};
+
+Fault firstUnmet(std::initializer_list<Demand> demands) {
+    for (const Demand& demand : demands)
+        if (!demand.met) return demand.fault;
+    return nullptr;
+}
+
+bool isWithin(int value, int low, int high) { return value >= low && value <= high; }
+
+bool isInside(const Actor& actor, const LevelMap& map) {
+    return isWithin(actor.x, 0, (map.width() - 1) * kCellSize) && isWithin(actor.y, 0, (map.height() - 1) * kCellSize);
+}
+
+/// Actors leave a row only where a column is, and the other way round.
+bool isOnGrid(const Actor& actor) { return actor.x % kCellSize == 0 || actor.y % kCellSize == 0; }
+
+Fault faultOfHero(const World& world) {
+    const Hero& hero = world.hero();
+    const bool speedIsHis = std::abs(hero.vx) + std::abs(hero.vy) == kHeroSpeed || (hero.vx == 0 && hero.vy == 0);
+    return firstUnmet({
+        {isInside(hero, world.map()), "the hero is outside the map"},
+        {isOnGrid(hero), "the hero is off the grid"},
+        {hero.x % kHeroSpeed == 0 && hero.y % kHeroSpeed == 0, "the hero will miss his cell"},
+        {speedIsHis, "the hero has another speed"},
+        {isWithin(hero.shieldTimer(), 0, kShieldFrames), "the shield's timer"},
+        {hero.isShielded() == (hero.shieldTimer() > 0), "a shield without time or time without a shield"},
+        {world.heroPicture().frame >= 0, "the hero's picture"},
+    });
+}
+
+Fault faultOfTheDead(const Enemy& enemy) {
+    return firstUnmet({
+        {enemy.vx == 0 && enemy.vy == 0, "a dead enemy moves"},
+        {enemy.y == 0 && enemy.isAligned(), "a dead enemy lies about"},
+        {isWithin(enemy.timer(), 0, kDeadFrames), "a dead enemy's timer"},
+    });
+}
+
+Fault faultOf(const Enemy& enemy, const World& world) {
+    const int timerLimit = enemy.state() == EnemyState::Trapped ? kTrappedFrames : 0;
+    const int speed = world.bonuses().anchorTimer > 0 ? kAnchoredSpeed : kEnemySpeed;
+    const int fastest = std::max(std::abs(enemy.vx), std::abs(enemy.vy));
+    const Fault fault = firstUnmet({
+        {isInside(enemy, world.map()), "an enemy is outside the map"},
+        {enemy.speed() == speed, "an enemy's speed is not that of the anchor's timer"},
+        {isWithin(enemy.picture().frame, 0, 7), "an enemy's picture"},
+        {static_cast<int>(enemy.direction()) <= 4, "an enemy's direction"},
+    });
+    if (fault != nullptr) return fault;
+    if (enemy.state() == EnemyState::Dead) return faultOfTheDead(enemy);
+    return firstUnmet({
+        {isOnGrid(enemy), "an enemy is off the grid"},
+        {fastest == 0 || fastest == kEnemySpeed || fastest == kAnchoredSpeed, "an enemy has another speed"},
+        {enemy.vx == 0 || enemy.vy == 0, "an enemy goes askew"},
+        {fastest == 0 || (enemy.x % fastest == 0 && enemy.y % fastest == 0), "an enemy will miss its cell"},
+        {isWithin(enemy.timer(), 0, timerLimit), "a living enemy's timer"},
+    });
+}
+
+Fault faultOfBonuses(const World& world) {
+    const Bonuses& bonuses = world.bonuses();
+    for (const auto& slot : bonuses.slots) {
+        if (!slot) continue;
+        const Fault fault = firstUnmet({
+            {isWithin(slot->lifetime(), 1, kBonusFrames), "a bonus outlives its time"},
+            {slot->isAligned() && isInside(*slot, world.map()), "a bonus lies beside a cell"},
+            {slot->isActive() != slot->isExpired(), "a bonus is neither there nor taken"},
+        });
+        if (fault != nullptr) return fault;
+    }
+    return firstUnmet({
+        {isWithin(bonuses.countdown, 1, kBonusInterval), "the countdown of bonuses"},
+        {isWithin(bonuses.anchorTimer, 0, kAnchorFrames), "the anchor's timer"},
+        {isWithin(bonuses.invisibilityTimer, 0, kInvisibleFrames), "the timer of invisibility"},
+    });
+}
+
+/// The type that a cell must have now.
+BlockType typeDueTo(const MapCell& cell, bool keysLie) {
+    switch (cell.baseType) {
+        case BlockType::Floor: return cell.breakState == BreakState::Intact ? BlockType::Floor : BlockType::Empty;
+        case BlockType::HiddenLadder: return keysLie ? BlockType::Empty : BlockType::Ladder;
+        case BlockType::Exit: return BlockType::Empty;
+        default: return cell.baseType;
+    }
+}
+
+Fault faultOf(const MapCell& cell, bool keysLie) {
+    return firstUnmet({
+        {cell.type == typeDueTo(cell, keysLie), "a cell has a type that it cannot have"},
+        {cell.baseType == BlockType::Floor || cell.breakState == BreakState::Intact,
+         "something broke that is no floor"},
+        {isWithin(cell.timer, 0, kHoleFrames - 1), "a cell's timer"},
+        {cell.timer == 0 || cell.breakState < BreakState::Intact, "a floor that is whole counts down"},
+        {cell.frame >= 0 && isWithin(cell.frameDelay, 0, cell.frameDelayReload), "a cell's picture"},
+    });
+}
+
+Fault faultOfMap(const World& world) {
+    const LevelMap& map = world.map();
+    const int cells = map.width() * map.height();
+    int keys = 0;
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x) {
+            const MapCell& cell = map.cellAt(x, y);
+            keys += cell.keyPresent ? 1 : 0;
+            if (const Fault fault = faultOf(cell, map.keysRemaining() > 0); fault != nullptr) return fault;
+            if (!isWithin(map.distanceAt(x, y), DistanceField::kUnreached, cells - 1)) return "a distance is too long";
+        }
+    }
+    return firstUnmet({
+        {keys == map.keysRemaining(), "keys that remain are not the keys that lie"},
+        {map.collectedKeys().size() <= kMaxCollectedKeys, "too many keys are remembered"},
+        {std::ranges::none_of(map.collectedKeys(), [&](CellPosition p) { return map.cellAt(p.x, p.y).keyPresent; }),
+         "a key lies that is remembered as taken"},
+    });
+}
+
+Fault faultOfPopups(const World& world) {
+    const bool rangesHold = std::ranges::all_of(
+        world.popups().entries(), [](const ScorePopup& popup) { return isWithin(popup.ttl, 0, kPopupFrames); });
+    return rangesHold ? nullptr : "the time of a rising number";
+}
+
+}  // namespace
+
+std::string faultOf(const World& world) {
+    for (const Enemy& enemy : world.enemies())
+        if (const Fault fault = faultOf(enemy, world); fault != nullptr) return fault;
+    for (const Fault fault : {faultOfHero(world), faultOfBonuses(world), faultOfPopups(world), faultOfMap(world)})
+        if (fault != nullptr) return fault;
+    return {};
+}
+
+std::string faultOfStep(const World& before, const World& after) {
+    const int keysTaken = before.keysRemaining() - after.keysRemaining();
+    const Fault fault = firstUnmet({
+        {after.frame() == before.frame() + 1, "a step is not one frame"},
+        {isWithin(keysTaken, 0, 2), "keys came back or went by the dozen"},
+        {after.score() >= before.score() + keysTaken * kKeyScore, "points are missing"},
+        {(after.score() - before.score()) % kKeyScore == 0, "points that nobody gives"},
+        {after.lives() >= before.lives(), "a life is lost within an attempt"},
+        {std::abs(after.hero().x - before.hero().x) + std::abs(after.hero().y - before.hero().y) <= kHeroSpeed,
+         "the hero jumped"},
+        {after.enemies().size() == before.enemies().size(), "an enemy came or went"},
+    });
+    return fault == nullptr ? std::string() : fault;
+}
+
+}  // namespace grub
