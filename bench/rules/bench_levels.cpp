@@ -57,7 +57,7 @@ Drawing floorsAndLadders(int size) {
                 at(map, x, y) = '.';
         }
     }
-    at(map, 0, 0) = '@';
+    at(map, size / 2, size / 4 * 2) = '@';
     return Drawing(map);
 }
 

@@ -14,6 +14,6 @@ namespace grub {
 
 /// Nothing but ladders: the worst for a depth-first fill, since every cell leads to all four neighbours. With hunters
 /// in the corners.
-[[nodiscard]] Drawing onlyLadders(int size, int hunters = 0);
+[[nodiscard]] Drawing onlyLadders(int size, int hunters);
 
 }  // namespace grub

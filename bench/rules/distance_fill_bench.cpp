@@ -21,17 +21,13 @@ bool agree(LevelMap& map, DirectFill& direct, CellPosition start) {
     return true;
 }
 
-/// Arguments: whether the map is nothing but ladders, and its columns and rows.
-void maps(benchmark::internal::Benchmark* bench) {
-    bench->ArgNames({"onlyLadders", "size"})->Unit(benchmark::kMicrosecond);
-    for (const int ladders : {0, 1}) bench->Args({ladders, 30})->Args({ladders, 100});
-}
+using Level = Drawing (*)(int size);
 
-void distances(benchmark::State& state, bool ours) {
-    const int size = static_cast<int>(state.range(1));
-    LevelMap map = mapFrom(state.range(0) != 0 ? onlyLadders(size) : floorsAndLadders(size));
+void distances(benchmark::State& state, Level level, bool ours) {
+    const int size = static_cast<int>(state.range(0));
+    LevelMap map = mapFrom(level(size));
     DirectFill direct(map);
-    const CellPosition start{size / 2, size / 4 * 2};  // in an even row: on a floor, not in it
+    const CellPosition start = map.heroStart();
     if (!agree(map, direct, start)) return state.SkipWithError("the distances differ");
     for (auto _ : state) {
         if (ours) {
@@ -45,8 +41,26 @@ void distances(benchmark::State& state, bool ours) {
         }
     }
 }
-BENCHMARK_CAPTURE(distances, ours, true)->Apply(maps);
-BENCHMARK_CAPTURE(distances, direct, false)->Apply(maps);
+
+Drawing emptyHouse(int size) { return house(size, size, 0); }
+Drawing emptyLadders(int size) { return onlyLadders(size, 0); }
+
+void sizes(benchmark::internal::Benchmark* bench) {
+    bench->ArgName("size")->Arg(30)->Arg(100)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK_CAPTURE(distances, house_ours, emptyHouse, true)->Name("distances/house/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(distances, house_direct, emptyHouse, false)->Name("distances/house/direct")->Apply(sizes);
+BENCHMARK_CAPTURE(distances, floorsAndLadders_ours, floorsAndLadders, true)
+    ->Name("distances/floorsAndLadders/ours")
+    ->Apply(sizes);
+BENCHMARK_CAPTURE(distances, floorsAndLadders_direct, floorsAndLadders, false)
+    ->Name("distances/floorsAndLadders/direct")
+    ->Apply(sizes);
+BENCHMARK_CAPTURE(distances, onlyLadders_ours, emptyLadders, true)->Name("distances/onlyLadders/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(distances, onlyLadders_direct, emptyLadders, false)
+    ->Name("distances/onlyLadders/direct")
+    ->Apply(sizes);
 
 }  // namespace
 }  // namespace grub
