@@ -6,7 +6,7 @@
 namespace grub {
 namespace {
 
-// A floor that breaks opens the one under it. Only under his feet nothing does.
+// A floor that breaks opens the one under it. The floor under his feet stays, and so what it covers.
 const struct {
     const char* what;
     Drawing before;
@@ -29,6 +29,7 @@ const struct {
      3,
      1,
      {". . . . . . .", ". . . . . . .", "= _ _ = _ _ =", "= _ _ = _ _ =", "= = = = = = ="}},
+    {"the floor of a storey below", {"H", ".", "=", "#"}, 0, 0, {"H", ".", "_", "#"}},
     {"at the map's corner", {"@ .", "= ="}, 0, 0, {". .", "= _"}},
 };
 

@@ -109,12 +109,14 @@ TEST(Bonus, ActsWithAllOthersOfItsCellInTheOrderOfSlotsAndOnce) {
     spawnBonus(attempt.bonuses, 0, 0, BonusKind::Shield);
     spawnBonus(attempt.bonuses, 1, 0, BonusKind::Heart);
     spawnBonus(attempt.bonuses, 0, 0, BonusKind::Anchor);
+    spawnBonus(attempt.bonuses, 0, 0, BonusKind::Anchor);
     pickUpBonuses(attempt, hero);
     pickUpBonuses(attempt, hero);
     ASSERT_EQ(attempt.sounds.all().size(), 2U);
     EXPECT_EQ(attempt.sounds.all()[0].sound, SoundId::Shield);
     EXPECT_EQ(attempt.sounds.all()[1].sound, SoundId::Anchor);
-    EXPECT_EQ(attempt.score, 200);
+    EXPECT_EQ(attempt.score, 300);
+    EXPECT_EQ(attempt.bonuses.anchorTimer, 500) << "a second anchor begins its time anew";
 }
 
 TEST(Bonus, FindsNoTwentyFirstSlot) {
@@ -172,8 +174,9 @@ TEST(Skull, TakesTheNearestByBothAxesAndTheFirstOfEquals) {
         const auto isDead = [](const Enemy& enemy) { return enemy.state() == EnemyState::Dead; };
         EXPECT_EQ(std::ranges::count_if(attempt.enemies, isDead), ++dead);
     }
+    attempt.enemies[0].update(attempt);
     killNearestEnemy(attempt, hero);
-    EXPECT_EQ(attempt.enemies[0].timer(), 375) << "the dead cannot die again";
+    EXPECT_EQ(attempt.enemies[0].timer(), 374) << "the dead cannot die again";
 }
 
 TEST(Invisibility, BeginsAtTheNextCellAndEndsWhereHeStands) {

@@ -24,6 +24,7 @@ TEST(ScorePopup, RisesForFiftyPicturesBehindDialogsToo) {
     for (int picture = 2; picture <= 50; ++picture) {
         ASSERT_TRUE(popup.shown) << picture;
         world.world().finishFrame(false);
+        ASSERT_TRUE(world.world().sounds().empty()) << "a dialog is no reason to hear the bonus again";
     }
     EXPECT_TRUE(popup.shown);
     EXPECT_EQ(popup.y, 32 - 50);
@@ -37,7 +38,10 @@ TEST(ScorePopup, FindsNoTwentyFirstPlaceThoughThePointsCount) {
     attempt.popups.finishFrame();
     EXPECT_EQ(shown(attempt.popups), 20);
     EXPECT_EQ(attempt.score, 21 * 22 / 2);
-    for (int picture = 2; picture <= 50; ++picture) attempt.popups.finishFrame();
+    for (int picture = 2; picture < 50; ++picture) attempt.popups.finishFrame();
+    attempt.addScore(50, 0, 0);
+    attempt.popups.finishFrame();
+    EXPECT_EQ(shown(attempt.popups), 20) << "they are shown for the last time";
     attempt.addScore(50, 0, 0);
     attempt.popups.finishFrame();
     EXPECT_EQ(shown(attempt.popups), 1) << "the others have left their places";
