@@ -6,6 +6,9 @@ namespace grub {
 
 namespace {
 
+/// In the order of BonusKind.
+constexpr std::string_view kBonusSymbols = "IKABS+";
+
 void addCellMarks(const LevelMap& map, std::vector<FieldMark>& marks) {
     std::vector<FieldMark> keys;
     for (int y = 0; y < map.height(); ++y) {
@@ -49,8 +52,8 @@ std::vector<FieldMark> marksOf(const World& world) {
     addCellMarks(world.map(), marks);
     for (const auto& bonus : world.bonuses().slots) {
         if (!bonus) continue;
-        const char kind = static_cast<char>('0' + static_cast<int>(bonus->bonusKind()));
-        marks.push_back({kind, {bonus->cellX(), bonus->cellY()}});
+        const char symbol = kBonusSymbols[static_cast<std::size_t>(bonus->bonusKind())];
+        marks.push_back({symbol, {bonus->cellX(), bonus->cellY()}});
     }
     for (const Enemy& enemy : world.enemies()) {
         if (enemy.state() != EnemyState::Dead) marks.push_back({symbolOf(enemy), {enemy.cellX(), enemy.cellY()}});

@@ -10,7 +10,8 @@ namespace grub {
 
 /// Something on the field that comes, goes or moves, as a character in a cell:
 ///
-///     _ open hole   k key   0 to 5 bonus, the number of its kind   d l r dog, lady, rat; D L R one in a hole   @ Grub
+///     _ open hole   k key   d l r dog, lady, rat; D L R one in a hole   @ Grub
+///     bonuses: I invisibility   K skull   A anchor   B bomb   S shield   + heart
 struct FieldMark {
     char symbol = ' ';
     CellPosition cell;
@@ -19,7 +20,7 @@ struct FieldMark {
 };
 
 /// Every character that a mark may have.
-inline constexpr std::string_view kMarkSymbols = "_k012345dlrDLR@";
+inline constexpr std::string_view kMarkSymbols = "_kIKABS+dlrDLR@";
 
 /// The marks of a world in the order in which they cover each other. The dead are not on the field.
 [[nodiscard]] std::vector<FieldMark> marksOf(const World& world);

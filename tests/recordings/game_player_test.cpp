@@ -1,0 +1,136 @@
+// Games played on drawn maps: what agrees, what differs first, what is written down.
+
+#include "game_player.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "drawn_world.h"
+#include "game_recorder.h"
+#include "game_text.h"
+
+namespace grub {
+namespace {
+
+/// Three cells to a key, which is in reach half a cell before it, one more to the exit.
+const Drawing kWay{"@ . . k E", "# # # # #"};
+
+World freshWorld(const Drawing& drawing = kWay) { return worldFrom(drawing).world(); }
+
+RecordedGame recordedGame(std::vector<KeyEvent> events, const Drawing& drawing = kWay) {
+    RecordedGame game;
+    game.level = "drawn";
+    game.events = std::move(events);
+    World world = freshWorld(drawing);
+    EXPECT_TRUE(record(game, world));
+    return game;
+}
+
+const std::vector<KeyEvent> kToTheRight{{1, KeyAction::Down, PlayKey::Right}};
+
+TEST(GameRecorder, PutsDownEverySecondAndTheEnd) {
+    const RecordedGame game = recordedGame(kToTheRight);
+    ASSERT_EQ(game.states.size(), 3U);
+    EXPECT_EQ(game.states[0].frame, 0);
+    EXPECT_EQ(game.states[1].frame, 25);
+    // Three frames to turn, eight for each of four cells.
+    EXPECT_EQ(game.states[2].frame, 35);
+    EXPECT_EQ(game.end, (RecordedEnd{35, LossCause::Won, 1050, 0}));
+    World world = freshWorld();
+    EXPECT_TRUE(replay(game, world));
+    EXPECT_EQ(world.frame(), 35);
+}
+
+TEST(GameRecorder, WritesWhatThePlayerDidAndNotTheFrameInWhichHeLeft) {
+    World world = freshWorld();
+    GameRecorder recorder("drawn", {});
+    recorder.frame(world);
+    recorder.event(world, KeyAction::Down, PlayKey::Right);
+    world.keyDown(PlayKey::Right);
+    for (int frame = 1; frame <= 31; ++frame) {
+        if (frame == 31) {
+            recorder.event(world, KeyAction::Other);  // the key by which he leaves
+            world.end(LossCause::Quit);
+        }
+        world.step();
+        world.finishFrame(true);
+        recorder.frame(world);
+    }
+    const RecordedGame game = recorder.game();
+    EXPECT_EQ(game.events, kToTheRight);
+    EXPECT_EQ(game.end, (RecordedEnd{30, LossCause::Quit, 50, 0}));
+    EXPECT_EQ(game.states.back().frame, 30);
+    World again = freshWorld();
+    EXPECT_TRUE(replay(game, again)) << differenceAt(game, again).value_or("");
+}
+
+TEST(GameRecorder, GivesUpWhereTheKeysReachNoEnd) {
+    RecordedGame game;
+    World world = freshWorld();
+    EXPECT_FALSE(record(game, world));
+    game.end = {40, LossCause::Quit, 0, 0};
+    world = freshWorld();
+    EXPECT_TRUE(record(game, world)) << "unless he leaves";
+    EXPECT_EQ(game.end, (RecordedEnd{40, LossCause::Quit, 0, 1}));
+}
+
+TEST(GamePlayer, FindsTheFirstDifference) {
+    struct Row {
+        const char* what;
+        void (*change)(RecordedGame&);
+        int frame;
+        const char* told;
+    };
+    const Row rows[] = {
+        {"another level", [](RecordedGame& g) { g.states[0].hash ^= 1; }, 0, "frame 0: the hash of the state differs"},
+        {"another second", [](RecordedGame& g) { g.states[1].hash ^= 1; }, 25, "frame 25: the hash"},
+        {"another last state", [](RecordedGame& g) { g.states[2].hash ^= 1; }, 35, "frame 35: the hash"},
+        {"a key less", [](RecordedGame& g) { g.events.clear(); }, 25, "frame 25: the hash"},
+        {"another score", [](RecordedGame& g) { g.end->score = 7; }, 35,
+         "frame 35: recorded Won, score 7, keys 0; played Won, score 1050, keys 0"},
+        {"another cause", [](RecordedGame& g) { g.end->cause = LossCause::Pit; }, 35,
+         "frame 35: recorded Pit, score 1050, keys 0; played Won"},
+        {"a later end", [](RecordedGame& g) { g.end->frame = 90; }, 35,
+         "frame 35: recorded goes on; played Won, score 1050, keys 0"},
+        {"an earlier end", [](RecordedGame& g) { g.end->frame = 30; }, 30,
+         "frame 30: recorded Won, score 1050, keys 0; played goes on, score 50, keys 0"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        RecordedGame game = recordedGame(kToTheRight);
+        row.change(game);
+        World world = freshWorld();
+        EXPECT_FALSE(replay(game, world));
+        EXPECT_EQ(world.frame(), row.frame);
+        EXPECT_THAT(differenceAt(game, world).value_or(""), testing::StartsWith(row.told));
+    }
+}
+
+TEST(GamePlayer, DrawsTheRecordedFieldBesideThePlayedOne) {
+    RecordedGame game = recordedGame(kToTheRight);
+    game.events = {{1, KeyAction::Down, PlayKey::Left}};
+    World world = freshWorld();
+    ASSERT_FALSE(replay(game, world));
+    EXPECT_EQ(drawBoth(game, world),
+              "recorded, frame 25   played, frame 25\n"
+              "..@.E                @..kE\n"
+              "#####                #####\n");
+}
+
+TEST(FieldMarks, TellWhatMovesAndWhatHasGone) {
+    // The dog falls into the hole that Grub has dug; the key is the second but last thing to be drawn over.
+    auto world = worldFrom({"@ . . d k E h +", "= = = = = = = ="});
+    world.hold(PlayKey::X, 2).run(60);
+    const std::vector<FieldMark> marks = marksOf(world.world());
+    EXPECT_EQ(marks,
+              (std::vector<FieldMark>{{'_', {1, 1}}, {'k', {4, 0}}, {'+', {7, 0}}, {'D', {1, 1}}, {'@', {0, 0}}}));
+    EXPECT_EQ(drawField(world.world().map(), marks), (std::vector<std::string>{"@...kEh+", "=D======"}));
+    EXPECT_EQ(drawField(world.world().map(), {{'@', {2, 0}}, {'d', {200, 0}}}),
+              (std::vector<std::string>{"..@..EH.", "========"}))
+        << "without a key the ladder is there; what is outside is not drawn";
+}
+
+}  // namespace
+}  // namespace grub

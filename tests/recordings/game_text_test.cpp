@@ -1,0 +1,172 @@
+// Recorded games as text: good ones come back the same, damaged ones are refused with the place and the reason.
+
+#include "game_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace grub {
+namespace {
+
+/// A game with everything that a game can have, as the writer writes it.
+const std::string kGame =
+    "level levels\\turma\\level01.lvl\n"
+    "index 49\n"
+    "seed 4294967295\n"
+    "score 150\n"
+    "lives 2\n"
+    "taken 3,4 99,0\n"
+    "\n"
+    "0 hash 00000000000000ff k1,1 @2,6\n"
+    "1 down Right\n"
+    "7 up Right\n"
+    "7 other\n"
+    "25 hash 0123456789abcdef _3,7 +0,0 D3,7 l4,4 @2,6\n"
+    "30 down Z\n"
+    "31 hash fedcba9876543210\n"
+    "31 end Pit score 150 keys 4\n";
+
+RecordedGame read(const std::string& text) {
+    TextError error;
+    auto game = readGame(text, error);
+    EXPECT_TRUE(game) << error.in("game");
+    return game.value_or(RecordedGame{});
+}
+
+TEST(GameText, WhatIsWrittenReadsBackAsTheSameGame) {
+    const RecordedGame game = read(kGame);
+    EXPECT_EQ(game.start.seed, 4294967295U);
+    EXPECT_EQ(game.start.collectedKeys, (std::vector<CellPosition>{{3, 4}, {99, 0}}));
+    EXPECT_EQ(game.events[1], (KeyEvent{7, KeyAction::Up, PlayKey::Right}));
+    EXPECT_EQ(game.states[1].hash, 0x0123456789ABCDEFU);
+    EXPECT_EQ(game.states[1].marks[2], (FieldMark{'D', {3, 7}}));
+    EXPECT_EQ(game.end, (RecordedEnd{31, LossCause::Pit, 150, 4}));
+    EXPECT_TRUE(game.isComplete());
+    EXPECT_EQ(writeGame(game), kGame);
+    EXPECT_EQ(read(writeGame(game)), game);
+}
+
+TEST(GameText, CommentsBlanksAndLineEndsMeanNothing) {
+    std::string spread = "# a game\r\n\r\n";
+    for (const char c : kGame) spread += c == '\n' ? std::string(" \t# so\r\n") : std::string(1, c);
+    EXPECT_EQ(read(spread), read(kGame));
+    EXPECT_EQ(read(kGame.substr(0, kGame.size() - 1)), read(kGame)) << "the last line has no end";
+}
+
+TEST(GameText, ADraftIsAGameThatSaysNothingOfWhatCameOfIt) {
+    const RecordedGame draft = read(draftOf(kGame));
+    EXPECT_FALSE(draft.isComplete());
+    EXPECT_EQ(draft.events, read(kGame).events);
+    EXPECT_FALSE(read("level a b.txt\nindex 0\nseed 0\n30 end Quit score 0 keys 0\n").isComplete());
+    EXPECT_EQ(read("level a b.txt\nindex 0\nseed 0\n").level, "a b.txt");
+    TextError error;
+    EXPECT_FALSE(readGame("level a\nindex 0\nseed 0\n0 down Up\n", error)) << "frame 0 is over before a key can come";
+}
+
+TEST(GameText, ANewOutcomeLeavesTheAuthorsLinesAlone) {
+    const std::string text =
+        "# why\nlevel a.txt\nindex 0\nseed 1\n\n1 down Up  # climbs\n# and then\n26 up Up\n25 hash 0\n9 end Won";
+    RecordedGame game = read(draftOf(text));
+    game.states = {{0, 1, {}}, {25, 2, {{'@', {1, 2}}}}, {26, 3, {}}};
+    game.end = {26, LossCause::Won, 1000, 0};
+    const std::string updated =
+        "# why\nlevel a.txt\nindex 0\nseed 1\n\n0 hash 0000000000000001\n1 down Up  # climbs\n# and then\n"
+        "25 hash 0000000000000002 @1,2\n26 up Up\n26 hash 0000000000000003\n26 end Won score 1000 keys 0\n";
+    EXPECT_EQ(withOutcome(text, game), updated);
+    EXPECT_EQ(withOutcome(updated, game), updated);
+    EXPECT_EQ(read(updated), game);
+}
+
+TEST(GameText, OnlyTheFrameInWhichThePlayerLeftStaysInADraft) {
+    EXPECT_EQ(draftOf("1 down Up\n5 end Quit score 1 keys 1\n"), "1 down Up\n5 end Quit score 1 keys 1\n");
+    EXPECT_EQ(draftOf("1 down Up\n5 hash 12 @1,1\n5 end Won score 1 keys 1\n"), "1 down Up\n");
+}
+
+struct Fault {
+    const char* what;
+    const char* good;  // text of kGame
+    const char* bad;   // what stands there instead
+    int line;
+    const char* reason;
+};
+
+TEST(GameText, DamageIsRefusedWithItsPlace) {
+    const Fault faults[] = {
+        {"no level", "level levels\\turma\\level01.lvl", "", 2, "wanted level, found 'index'"},
+        {"a level without a name", " levels\\turma\\level01.lvl", "", 1, "wanted the level's name, found the end of"},
+        {"another order", "index 49\nseed 4294967295", "seed 1\nindex 49", 2, "wanted index, found 'seed'"},
+        {"index 50", "49", "50", 2, "wanted an index from 0 to 49, found '50'"},
+        {"a negative index", "49", "-1", 2, "found '-1'"},
+        {"two indices", "49", "49 3", 2, "wanted the end of the line, found '3'"},
+        {"a seed of 33 bits", "4294967295", "4294967296", 3, "wanted a seed from 0 to 4294967295, found '4294967296'"},
+        {"half a number", "4294967295", "42x", 3, "found '42x'"},
+        {"lives twice", "score 150", "lives 2", 5, "wanted a frame, found 'lives'"},
+        {"a negative score", "score 150", "score -5", 4, "wanted a score from 0, found '-5'"},
+        {"no taken key", "taken 3,4 99,0", "taken", 6, "wanted the cell of a key, as '3,4', found the end of the line"},
+        {"a taken key outside", "99,0", "100,0", 6, "found '100,0'"},
+        {"a cell without a row", "99,0", "99,", 6, "found '99,'"},
+        {"an unknown line", "1 down Right", "walk right", 9, "wanted a game frame from 0, found 'walk'"},
+        {"no such action", "1 down Right", "1 press Right", 9, "wanted 'down', 'up', 'other', 'hash' or 'end'"},
+        {"no such key", "1 down Right", "1 down right", 9, "wanted a key (Up Down Left Right"},
+        {"no key", "1 down Right", "1 down", 9, "found the end of the line"},
+        {"back in time", "7 other", "6 other", 11, "wanted a game frame from 7, found '6'"},
+        {"a key in a frame behind its hash", "30 down Z", "25 down Z", 13, "wanted a frame behind that of the hash"},
+        {"the same hash again", "30 down Z", "25 hash 0123456789abcdef", 13, "behind that of the hash, found '25'"},
+        {"a short hash", "00000000000000ff", "ff", 8, "wanted a hash of 16 hexadecimal digits, found 'ff'"},
+        {"letters in a hash", "00000000000000ff", "00000000000000fg", 8, "found '00000000000000fg'"},
+        {"no such mark", "+0,0", "x0,0", 12, "wanted a mark and its cell, as '@3,4', found 'x0,0'"},
+        {"a mark without a cell", "+0,0", "+", 12, "found '+'"},
+        {"a hash left out", "25 hash 0123456789abcdef _3,7 +0,0 D3,7 l4,4 @2,6\n", "", 13,
+         "wanted the hash of frame 25, found '31 hash'"},
+        {"a hash out of turn", "25 hash", "26 hash", 12, "wanted the hash of frame 25, found '26 hash'"},
+        {"no first hash", "0 hash 00000000000000ff k1,1 @2,6\n", "", 11, "wanted the hash of frame 0"},
+        {"keys behind the last hash", "31 end Pit score 150 keys 4", "32 down Z", 15, "wanted the end, behind a hash"},
+        {"no last hash", "31 hash fedcba9876543210\n", "", 14, "wanted the hash of frame 31, found 'end'"},
+        {"no end", "31 end Pit score 150 keys 4\n", "", 0, "wanted the end in frame 31, found the end of the file"},
+        {"no such cause", "Pit", "Load", 15, "wanted a cause (Dog Lady Rat Pit Won Quit), found 'Load'"},
+        {"no score", "score 150 keys", "keys", 15, "wanted score, found 'keys'"},
+        {"keys behind the end", "keys 4\n", "keys 4\n40 up Z\n", 16, "wanted nothing behind the end, found '40'"},
+        {"two ends", "keys 4\n", "keys 4\n31 end Won score 0 keys 0\n", 16, "wanted nothing behind the end"},
+    };
+    ASSERT_TRUE(read(kGame).isComplete());
+    for (const Fault& fault : faults) {
+        SCOPED_TRACE(fault.what);
+        std::string text = kGame;
+        const auto place = text.find(fault.good);
+        ASSERT_NE(place, std::string::npos);
+        text.replace(place, std::string(fault.good).size(), fault.bad);
+        TextError error;
+        EXPECT_FALSE(readGame(text, error));
+        EXPECT_EQ(error.line, fault.line);
+        EXPECT_THAT(error.message, testing::HasSubstr(fault.reason));
+    }
+}
+
+TEST(GameText, AnEmptyFileIsToldWhatItLacks) {
+    TextError error;
+    EXPECT_FALSE(readGame("# nothing yet\n", error));
+    EXPECT_EQ(error.in("a.game"), "a.game: wanted a line 'level', found the end of the file");
+}
+
+TEST(KeyFile, EventsComeBackInTheOrderOfFrames) {
+    TextError error;
+    const auto events = readKeyFile("# keys\n9 up X\n 3\tdown X # dig\n9 down Enter\n", error);
+    ASSERT_TRUE(events);
+    EXPECT_EQ(*events, (std::vector<KeyEvent>{{3, KeyAction::Down, PlayKey::X},
+                                              {9, KeyAction::Up, PlayKey::X},
+                                              {9, KeyAction::Down, PlayKey::Enter}}));
+    EXPECT_TRUE(readKeyFile("", error)->empty());
+}
+
+TEST(KeyFile, TakesNothingButItsTenKeysAndFramesFromOne) {
+    for (const char* bad : {"0 down X", "1 other", "1 down Escape", "down X", "1 down X X", "-1 up X", "1"}) {
+        TextError error;
+        EXPECT_FALSE(readKeyFile("5 down Up\n" + std::string(bad), error)) << bad;
+        EXPECT_EQ(error.line, 2) << bad;
+    }
+}
+
+}  // namespace
+}  // namespace grub
