@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "rig.h"
 #include "shapes.h"
 
 namespace grub {

@@ -1,12 +1,10 @@
 #include "dog_pictures.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
 #include "dog_drawing.h"
-#include "rig.h"
-#include "shapes.h"
 
 namespace grub {
 
@@ -15,32 +13,17 @@ namespace {
 // ---- walking: hind, front, other hind, other front, so that the legs of one side never cross
 
 constexpr double kDuty = 0.3;
-constexpr double kToe = 6;
-constexpr double kHeel = 4.6;
-
-struct Paw {
-    Point sole;
-    double angle;
-};
-
-Paw pawAt(double phase, double middle) {
-    const Step step = stride(phase + 0.02, kEnemyCycle, kDuty);
-    const double heelUp = 0.8 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
-    const double toeUp = 0.3 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
-    const double angle = heelUp - toeUp;
-    const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
-    return {{middle + step.x, kGround - 3 * step.lift - clearance}, angle};
-}
+constexpr FootRoll kPawRoll{.toe = 6, .heel = 4.6, .heelUp = 0.8, .toeUp = 0.3, .lift = 3};
 
 void drawWalk(Canvas& canvas, FrameOf frame) {
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     const double phase = frame.phase();
     const double bob = 0.9 * wave(2 * phase + 0.1);
     const double pitch = 0.03 * wave(phase + 0.2);
     const Point hind{20, 44 + bob};
     const Point front{41.5, 44 + bob};
     const auto leg = [&](Point hip, double at, double bend, Side side) {
-        const Paw paw = pawAt(at, hip.x);
+        const PlacedFoot paw = placedFoot(stride(at + 0.02, kCycle, kDuty), hip.x, kPawRoll);
         drawDogLeg(canvas, hip, paw.sole, paw.angle, side, bend);
     };
     leg(hind + Point{3, -0.6}, phase + 0.5, 1, Side::Far);
@@ -58,12 +41,12 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
 // ---- hanging: upside down like a sloth, four paws on the pipe
 
 void drawHang(Canvas& canvas, FrameOf frame) {
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     const double phase = frame.phase();
     const double sway = 0.8 * wave(phase);
     const auto leg = [&](double x, double at, Side side) {
-        const Step step = stride(at, kEnemyCycle, kDuty);
-        drawDogForeleg(canvas, {x, 26}, {x + step.x, kPipeRow - 0.5 + 4 * step.lift}, x > 30 ? 1 : -1, side);
+        const Step step = stride(at, kCycle, kDuty);
+        drawDogForeleg(canvas, {x, 26}, {x + step.x, kPipeAxis - 0.5 + 4 * step.lift}, x > 30 ? 1 : -1, side);
     };
     leg(22, phase + 0.5, Side::Far);
     leg(42.5, phase + 0.25, Side::Far);
@@ -81,9 +64,9 @@ void drawHang(Canvas& canvas, FrameOf frame) {
 
 void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
-    const double left = heldRow(phase, kEnemyCycle, 0.375, 10);
-    const double right = heldRow(phase + 0.5, kEnemyCycle, 0.375, 10);
-    const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 45), 57.5); };
+    const double left = heldRow(phase, kCycle, 0.375, 10);
+    const double right = heldRow(phase + 0.5, kCycle, 0.375, 10);
+    const auto sole = [](double at) { return std::min(heldRow(at, kCycle, 0.25, 45), 57.5); };
     drawDogForeleg(canvas, {23, 48}, {16.5, sole(phase + 0.375)}, 1, Side::Near);
     drawDogForeleg(canvas, {41, 48}, {47.5, sole(phase - 0.125)}, -1, Side::Near);
     drawDogForeleg(canvas, {22, 36}, {17.5, left}, -1, Side::Near);

@@ -3,25 +3,16 @@
 #include <cmath>
 #include <numbers>
 
-#include "rig.h"
 #include "shapes.h"
 
 namespace grub {
 
 namespace {
 
-constexpr double kSide = 64;
-
 /// Pale, since gold is kept for what can be taken.
 constexpr Material kStar = glossy(material(0xfdf3e4, 0xb9a3c9, 0xffffff), 0.5F);
 
 }  // namespace
-
-Canvas::Placement turnedLeft(Canvas& canvas) { return canvas.placed({kSide, 0}, 0, -1, 1); }
-
-Canvas::Placement squashed(Canvas& canvas, double squash) {
-    return canvas.placed({-kSide / 2 * squash, kGround * squash}, 0, 1 + squash, 1 - squash);
-}
 
 void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour) {
     constexpr int kSteps = 26;
@@ -43,11 +34,6 @@ void drawDizzyStars(Canvas& canvas, Point centre, double rx, double ry, double t
         const double size = 3.3 + 0.6 * wave(at);
         canvas.part(star(p, 5, size, size * 0.5, 0.6), kStar, {.bevel = 1.6, .line = 1, .shadow = 0.2F});
     }
-}
-
-double heldRow(double phase, double length, double duty, double top) {
-    const Step step = stride(phase, length, duty);
-    return top + length * duty / 2 - step.x;
 }
 
 }  // namespace grub

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "canvas.h"
+#include "figure.h"
 
 namespace grub {
-
-/// Grub's limbs on the side of the viewer are brighter than those beyond his body.
-enum class Side { Near, Far };
 
 /// Grit shows clenched teeth, for hard work.
 enum class Mouth { Smile, Open, Grit };
@@ -20,9 +17,6 @@ struct Face {
     /// Height of the brows over the eyes, upwards in pixels.
     double brow = 0;
 };
-
-/// The row on which soles rest in a cell of 64 rows; the line below it ends at row 61.
-inline constexpr double kGround = 60.6;
 
 /// Body with head, helmet and face, standing in the middle of the cell on hips at y 46. `helmetLag` moves the helmet
 /// down.

@@ -6,28 +6,18 @@
 
 #include "hero_drawing.h"
 #include "noise.h"
-#include "rig.h"
 #include "shapes.h"
 
 namespace grub {
 
 namespace {
 
-constexpr double kSize = 64;
 constexpr double kMiddle = 32;
-
-/// Pixels a whole cycle of a moving strip covers: eight game frames of 8 px.
-constexpr double kCycle = 64;
-
-constexpr double kPipeAxis = 10;
 
 /// Width of the line round the whole figure, added to the lines of its parts.
 constexpr double kOutline = 0.4;
 
 constexpr double radians(double degrees) { return degrees * std::numbers::pi / 180; }
-
-/// Everything is drawn facing right and turned round, since the files face left.
-Canvas::Placement facingLeft(Canvas& canvas) { return canvas.placed({kSize, 0}, 0, -1, 1); }
 
 /// Body bent about the hips, `squash` shorter and as much wider.
 Canvas::Placement bodyPlaced(Canvas& canvas, double lean, Point shift, double squash = 0) {
@@ -41,23 +31,9 @@ Canvas::Placement bodyPlaced(Canvas& canvas, double lean, Point shift, double sq
 
 constexpr double kWalkDuty = 0.25;
 
-struct WalkFoot {
-    Point sole;
-    double angle;
-};
+constexpr FootRoll kBootRoll{.toe = 8.8, .heel = 5.4, .heelUp = 0.95, .toeUp = 0.4, .lift = 2.5};
 
-/// A boot's toe and heel lie this far from the middle of its sole; turning it must not press either into the ground.
-constexpr double kToe = 8.8;
-constexpr double kHeel = 5.4;
-
-WalkFoot walkFoot(double phase) {
-    const Step step = stride(phase, kCycle, kWalkDuty);
-    const double heelUp = 0.95 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
-    const double toeUp = 0.4 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
-    const double angle = heelUp - toeUp;
-    const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
-    return {{kMiddle + step.x - 1, kGround - 2.5 * step.lift - clearance}, angle};
-}
+PlacedFoot walkFoot(double phase) { return placedFoot(stride(phase, kCycle, kWalkDuty), kMiddle - 1, kBootRoll); }
 
 double walkBob(double phase) { return 0.9 * wave(2 * phase); }
 
@@ -66,8 +42,8 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     const double bob = walkBob(phase);
     const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
-    const WalkFoot near = walkFoot(phase);
-    const WalkFoot far = walkFoot(phase + 0.5);
+    const PlacedFoot near = walkFoot(phase);
+    const PlacedFoot far = walkFoot(phase + 0.5);
     drawHeroArm(canvas, {42, 38.6 + bob}, {43.5 + 6.5 * swing, 43 + bob - 2.6 * swing}, -1, Side::Far, 5.6);
     drawHeroLeg(canvas, {31, 46.5 + bob}, far.sole, far.angle, Side::Far);
     drawHeroLeg(canvas, {33, 46.5 + bob}, near.sole, near.angle, Side::Near);
@@ -81,21 +57,15 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
 
 // ---- climbing: rungs lie every 16 px, at y 8 of the cell
 
-/// Hand or foot on the rungs: down with the ladder for `duty` of the cycle from row `top`, then up again.
-double rungRow(double phase, double duty, double top) {
-    const Step step = stride(phase, kCycle, duty);
-    return top + kCycle * duty / 2 - step.x;
-}
-
 void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     // A sole comes to rest a picture after its hand, on the upper side of a rung.
     constexpr double kTopStep = 45.4;
-    const auto soleRow = [](double at) { return std::min(rungRow(at, 0.25, kTopStep), kGround); };
+    const auto soleRow = [](double at) { return std::min(heldRow(at, kCycle, 0.25, kTopStep), kGround); };
     drawHeroLegFromBehind(canvas, {27, 46}, {25.4, soleRow(phase + 0.375)});
     drawHeroLegFromBehind(canvas, {37, 46}, {38.6, soleRow(phase - 0.125)});
-    const double left = rungRow(phase, 0.375, 8);
-    const double right = rungRow(phase + 0.5, 0.375, 8);
+    const double left = heldRow(phase, kCycle, 0.375, 8);
+    const double right = heldRow(phase + 0.5, kCycle, 0.375, 8);
     {
         const auto body = bodyPlaced(canvas, 0.0022 * (left - right), {0, 1});
         drawHeroBack(canvas, 0.3 * wave(2 * phase));

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
-#include "rig.h"
 #include "shapes.h"
 
 namespace grub {

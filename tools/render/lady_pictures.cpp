@@ -1,12 +1,11 @@
 #include "lady_pictures.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
 
 #include "lady_drawing.h"
-#include "rig.h"
-#include "shapes.h"
 
 namespace grub {
 
@@ -17,33 +16,20 @@ constexpr double kDuty = 0.375;
 
 // ---- walking
 
-constexpr double kToe = 7.6;
-constexpr double kHeel = 4.6;
+constexpr FootRoll kShoeRoll{.toe = 7.6, .heel = 4.6, .heelUp = 0.8, .toeUp = 0.35, .lift = 2.2};
 
 /// Column of her middle: further back than the cell's, to leave room for the rolling pin.
 constexpr double kWalkMiddle = 29;
 
-struct Shoe {
-    Point sole;
-    double angle;
-};
-
-Shoe shoeAt(double phase) {
-    const Step step = stride(phase, kEnemyCycle, kDuty);
-    const double heelUp = 0.8 * std::sin(std::numbers::pi * std::min(step.swing * 1.5, 1.0));
-    const double toeUp = 0.35 * std::sin(std::numbers::pi * std::max(0.0, step.swing * 2.2 - 1.2));
-    const double angle = heelUp - toeUp;
-    const double clearance = angle > 0 ? kToe * std::sin(angle) : kHeel * std::sin(-angle);
-    return {{kWalkMiddle + step.x, kGround - 2.2 * step.lift - clearance}, angle};
-}
+PlacedFoot shoeAt(double phase) { return placedFoot(stride(phase, kCycle, kDuty), kWalkMiddle, kShoeRoll); }
 
 void drawWalk(Canvas& canvas, FrameOf frame) {
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     const double phase = frame.phase();
     const double bob = 0.8 * wave(2 * phase - 0.1);
     const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
-    const Shoe near = shoeAt(phase);
-    const Shoe far = shoeAt(phase + 0.5);
+    const PlacedFoot near = shoeAt(phase);
+    const PlacedFoot far = shoeAt(phase + 0.5);
     drawLadyLeg(canvas, {kWalkMiddle - 1, 47 + bob}, far.sole, far.angle, Side::Far);
     drawLadyLeg(canvas, {kWalkMiddle + 1, 47 + bob}, near.sole, near.angle, Side::Near);
     {
@@ -64,17 +50,17 @@ void drawWalk(Canvas& canvas, FrameOf frame) {
 // ---- hanging by both hands
 
 void drawHang(Canvas& canvas, FrameOf frame) {
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     const double phase = frame.phase();
-    const Step near = stride(phase, kEnemyCycle, kDuty);
-    const Step far = stride(phase + 0.5, kEnemyCycle, kDuty);
+    const Step near = stride(phase, kCycle, kDuty);
+    const Step far = stride(phase + 0.5, kCycle, kDuty);
     const double sway = 0.09 * wave(phase - 0.125);
-    const auto handAt = [](const Step& step) { return Point{32 + step.x, kPipeRow - 0.6 + 3.4 * step.lift}; };
+    const auto handAt = [](const Step& step) { return Point{32 + step.x, kPipeAxis - 0.6 + 3.4 * step.lift}; };
     const double x = 20 * sway;
     drawLadyArm(canvas, {36 + x, 32}, handAt(far), 1, Side::Far);
     drawLadyArm(canvas, {28 + x, 32}, handAt(near), -1, Side::Near);
     {
-        const auto hung = canvas.bent({32, kPipeRow}, -sway);
+        const auto hung = canvas.bent({32, kPipeAxis}, -sway);
         const auto small = canvas.placed({32 - 0.78 * 32, 13.4}, 0, 0.78, 0.78);
         const double dangle = 2.4 * wave(phase + 0.1);
         drawLadyLeg(canvas, {35, 50}, {37 - dangle, 58.6}, 0.35, Side::Far);
@@ -94,9 +80,9 @@ void drawArmFromBehind(Canvas& canvas, Point shoulder, Point hand, double bend) 
 
 void drawClimb(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
-    const double left = heldRow(phase, kEnemyCycle, kDuty, 8);
-    const double right = heldRow(phase + 0.5, kEnemyCycle, kDuty, 8);
-    const auto sole = [](double at) { return std::min(heldRow(at, kEnemyCycle, 0.25, 45.4), kGround); };
+    const double left = heldRow(phase, kCycle, kDuty, 8);
+    const double right = heldRow(phase + 0.5, kCycle, kDuty, 8);
+    const auto sole = [](double at) { return std::min(heldRow(at, kCycle, 0.25, 45.4), kGround); };
     drawLadyLegFromFront(canvas, {27, 48}, {25.4, std::max(sole(phase + 0.375), 57.0)});
     drawLadyLegFromFront(canvas, {37, 48}, {38.6, std::max(sole(phase - 0.125), 57.0)});
     drawArmFromBehind(canvas, {24, 30}, {17.4, left}, -1);

@@ -4,7 +4,6 @@
 #include <numbers>
 
 #include "rat_drawing.h"
-#include "rig.h"
 
 namespace grub {
 
@@ -14,7 +13,7 @@ constexpr double radians(double degrees) { return degrees * std::numbers::pi / 1
 
 // ---- running: two strides a strip, the legs in crossed pairs
 
-constexpr double kStride = kEnemyCycle / 2;
+constexpr double kStride = kCycle / 2;
 constexpr double kDuty = 0.5;
 
 void drawRunningLeg(Canvas& canvas, double hip, double lift, double phase, Side side) {
@@ -23,7 +22,7 @@ void drawRunningLeg(Canvas& canvas, double hip, double lift, double phase, Side 
 }
 
 void drawRun(Canvas& canvas, FrameOf frame) {
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     const double phase = frame.phase();
     const double bounce = 0.7 + 0.7 * wave(4 * phase + 0.1);
     drawRunningLeg(canvas, 20, bounce, 2 * phase + 0.5, Side::Far);
@@ -67,7 +66,7 @@ void drawFallIn(Canvas& canvas, FrameOf frame) {
         Flight{{32, 28}, 58, 0.94, {-8, -7}},
         Flight{{32, 33}, 84, 0.94, {-8, -6}},
     };
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     const auto index = static_cast<std::size_t>(frame.index);
     if (index < kFlights.size()) return drawFlying(canvas, kFlights[index], Mood::Startled);
     drawRatSitting(canvas);
@@ -83,7 +82,7 @@ void drawLeapOut(Canvas& canvas, FrameOf frame) {
         Flight{{32, 38}, -28, 0.96, {-9, -8}},
         Flight{{31.6, 48}, -4, 1, {-6.4, -12}},
     };
-    const auto mirrored = turnedLeft(canvas);
+    const auto mirrored = facingLeft(canvas);
     drawFlying(canvas, kFlights[static_cast<std::size_t>(frame.index)], Mood::Angry);
 }
 

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "canvas.h"
+#include "rig.h"
+
+namespace grub {
+
+// What Grub and his enemies have in common: where they stand and hang in their cell, and how they set their feet.
+
+/// Limbs on the side of the viewer are brighter than those beyond the body.
+enum class Side { Near, Far };
+
+/// Pixels a whole cycle of a strip of eight pictures covers, for Grub and for enemies alike.
+inline constexpr double kCycle = 64;
+
+/// The row on which soles rest in a cell of 64 rows; the line below it ends at row 61.
+inline constexpr double kGround = 60.6;
+
+/// The row of a pipe's axis in its cell.
+inline constexpr double kPipeAxis = 10;
+
+/// Figures are drawn facing right and turned round, since files with a mirrored twin face left.
+Canvas::Placement facingLeft(Canvas& canvas);
+
+/// How a foot rolls while it is in the air.
+struct FootRoll {
+    /// Toe and heel lie this far from the middle of the sole; turning it must not press either into the ground.
+    double toe;
+    double heel;
+    /// Radians the heel goes up after the foot leaves the ground, and the toe before it comes down.
+    double heelUp;
+    double toeUp;
+    /// Pixels the foot is lifted in the middle of its swing.
+    double lift;
+};
+
+/// The middle of a sole, and its turn in radians (toe up is negative).
+struct PlacedFoot {
+    Point sole;
+    double angle;
+};
+PlacedFoot placedFoot(const Step& step, double middle, const FootRoll& roll);
+
+/// Row of a hand or foot that holds on to what passes downwards as the figure climbs: from row `top` it goes down for
+/// the share `duty` of a cycle of `length` pixels, then up again.
+double heldRow(double phase, double length, double duty, double top);
+
+}  // namespace grub
