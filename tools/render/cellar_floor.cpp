@@ -16,7 +16,9 @@ constexpr double kJoint = 1.6;
 Material stoneMaterial(std::uint32_t number, float dim = 1) {
     return stony(varied(kPodval.floor[number % 3], number, 0.06F) * dim, 1.3F, 0.14F, 0.08F);
 }
-Material grassMaterial(std::uint32_t number) { return stony(varied(kPodval.cap * 1.06F, number, 0.1F), 0, 0.06F, 0.1F); }
+Material grassMaterial(std::uint32_t number) {
+    return stony(varied(kPodval.cap * 1.06F, number, 0.1F), 0, 0.06F, 0.1F);
+}
 
 void drawFieldStone(Canvas& canvas, double x, double y, double width, std::uint32_t number, const Mask* clip) {
     canvas.part(rectangle(x + kJoint / 2, y + kJoint / 2, width - kJoint, kCourse - kJoint, 8), stoneMaterial(number),
@@ -47,10 +49,14 @@ void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
                     {.bevel = 2.4, .line = 0, .shadow = 0.3F, .clip = clip});
 }
 
-/// Tufts that hang over the soil from `from` to `to`, the same in every cell.
-void drawGrass(Canvas& canvas, double from, double to, const Mask* clip) {
-    for (double x = from; x < to; x += 4) {
-        const auto number = static_cast<std::uint32_t>(static_cast<int>(x + 128) % 64 / 4);
+constexpr int kTuftEvery = 4;
+
+/// Tufts that hang over the soil from the one of that number on, the same in every cell.
+void drawGrass(Canvas& canvas, int first, int count, const Mask* clip) {
+    constexpr int kTufts = 64 / kTuftEvery;
+    for (int i = first; i < first + count; ++i) {
+        const auto number = static_cast<std::uint32_t>((i + kTufts) % kTufts);
+        const double x = i * kTuftEvery;
         const double at = x + 2 * randomShare(number, 1, 41);
         const double length = 8 + 6.5 * randomShare(number, 2, 41);
         canvas.part(limb({{{at, 4}, 3.4}, {{at + 1.4 * (randomShare(number, 3, 41) - 0.5), length}, 1.9}}),
@@ -69,7 +75,7 @@ void drawTop(Canvas& canvas, FloorEnds ends, FloorWear wear) {
     canvas.flat(rectangle(-40, kSoil, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = &inside});
     canvas.part(rectangle(-40, kCapTop, 144, kSoil - kCapTop), stony(kPodval.capShade, 0.6F, 0.1F),
                 {.bevel = 4, .line = 0, .shadow = 0, .clip = &inside});
-    drawGrass(canvas, -16, 80, &inside);
+    drawGrass(canvas, -4, 24, &inside);
 }
 
 void drawUnder(Canvas& canvas, FloorWear wear) {
@@ -94,7 +100,7 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
     canvas.part(rectangle(piece.x + 0.8, piece.y + 0.8, piece.width - 1.6, piece.height - 1.6, turf ? 3 : 8),
                 turf ? stony(kPodval.capShade, 0.6F, 0.1F) : stoneMaterial(piece.number, 0.95F),
                 {.bevel = turf ? 4.0 : 7.0, .line = 0.9, .shadow = 0.2F});
-    if (turf) drawGrass(canvas, piece.x + 3, piece.x + piece.width - 3, nullptr);
+    if (turf) drawGrass(canvas, static_cast<int>(piece.x) / kTuftEvery + 1, 6, nullptr);
 }
 
 }  // namespace

@@ -180,16 +180,16 @@ void drawDrops(Canvas& canvas, FrameOf frame) {
 
 // ---- rails of a frame
 
-constexpr double kRailLength = 240;
+constexpr int kRailLength = 240;
 
-void drawRail(Canvas& canvas, double length) {
-    canvas.part(rectangle(1, 2, length - 2, 12, 4), kDarkMetal, {.bevel = 5, .line = 1});
-    for (double x = 8; x < length; x += 16) canvas.part(circle({x, 8}, 2), kMetal, {.bevel = 1.7, .line = 0.6});
+void drawRail(Canvas& canvas) {
+    canvas.part(rectangle(1, 2, kRailLength - 2, 12, 4), kDarkMetal, {.bevel = 5, .line = 1});
+    for (int x = 8; x < kRailLength; x += 16) canvas.part(circle({1.0 * x, 8}, 2), kMetal, {.bevel = 1.7, .line = 0.6});
 }
-void drawRailAcross(Canvas& canvas, FrameOf) { drawRail(canvas, kRailLength); }
+void drawRailAcross(Canvas& canvas, FrameOf) { drawRail(canvas); }
 void drawRailUpright(Canvas& canvas, FrameOf) {
     const auto turned = canvas.placed({16, 0}, std::numbers::pi / 2);
-    drawRail(canvas, kRailLength);
+    drawRail(canvas);
 }
 
 constexpr std::array kPictures{

@@ -52,9 +52,10 @@ void drawPlates(Canvas& canvas, double top, FloorWear wear, const Mask* clip) {
     }
 }
 
-void drawCapSlots(Canvas& canvas, double from, double to, const Mask* clip) {
-    for (double x = from; x < to; x += 16) {
-        canvas.part(rectangle(x + 3, 4.8, 10, 2.8, 1.3), material(kJelezo.capShade),
+/// A slot every 16 pixels.
+void drawCapSlots(Canvas& canvas, double from, int slots, const Mask* clip) {
+    for (int i = 0; i < slots; ++i) {
+        canvas.part(rectangle(from + 16 * i + 3, 4.8, 10, 2.8, 1.3), material(kJelezo.capShade),
                     {.bevel = 1.3, .line = 0, .shadow = 0, .clip = clip});
     }
 }
@@ -68,7 +69,7 @@ void drawTop(Canvas& canvas, FloorEnds ends, FloorWear wear) {
     canvas.flat(rectangle(-40, kCapTop + kCapHeight - 1, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = &inside});
     canvas.part(rectangle(-40, kCapTop, 144, kCapHeight), capMaterial(),
                 {.bevel = 3.6, .line = 0, .shadow = 0, .clip = &inside});
-    drawCapSlots(canvas, -32, 96, &inside);
+    drawCapSlots(canvas, -32, 8, &inside);
 }
 
 void drawUnder(Canvas& canvas, FloorWear wear) {
@@ -90,7 +91,7 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
     const VectorPath shape = rectangle(piece.x + 0.8, piece.y + 0.4, piece.width - 1.6, piece.height - 0.8, 2.5);
     if (index < kCapPieces && storey == Storey::Top) {
         canvas.part(shape, capMaterial(), {.bevel = 3.4, .line = 0.9, .shadow = 0.2F});
-        drawCapSlots(canvas, piece.x, piece.x + piece.width, nullptr);
+        drawCapSlots(canvas, piece.x, 2, nullptr);
         return;
     }
     canvas.part(shape, plateMaterial(piece.number, 0.95F), {.bevel = 3, .line = 0.9, .shadow = 0.2F});

@@ -59,7 +59,8 @@ std::string_view firstLine(std::string_view text, std::size_t letters) {
 /// A line of text in the middle between left and right.
 void writeLine(Canvas& canvas, int y, std::string_view text, Rgb colour) {
     const int width = static_cast<int>(text.size()) * kLetterAdvance - 1;
-    canvas.flat(pixelText({static_cast<double>((kLabelWidth - width) / 2), static_cast<double>(y)}, text), colour);
+    const int x = (kLabelWidth - width) / 2;  // whole pixels, or the letters blur
+    canvas.flat(pixelText({static_cast<double>(x), static_cast<double>(y)}, text), colour);
 }
 
 void drawLabel(Canvas& canvas, FrameOf frame) {
