@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 #include <string>
 
 #include "drawn_world.h"
+#include "state_hash.h"
 
 namespace grub {
 namespace {
@@ -73,10 +75,11 @@ TEST(World, HasAnotherHashForEachDifference) {
     };
     add("nothing", hashOf(map, plain, "", 30));
     add("another frame", hashOf(map, plain, "", 31));
-    add("a command", hashOf(map, plain, "30:+U", 30));
+    add("a sign of life", hashOf(map, plain, "30:+U -U", 30));
     add("an older sign of life", hashOf(map, plain, "20:+U -U", 30));
-    add("the other side", hashOf(map, plain, "29:+R -R", 30));
-    add("a turn to come", hashOf(map, plain, "28:+R 30:-R", 30));
+    add("a command", hashOf(map, plain, "30:+U", 30));
+    add("a turn that has begun", hashOf(map, plain, "28:+R 29:-R", 30));
+    add("a turn that is nearly done", hashOf(map, plain, "28:+R 30:-R", 30));
     add("a step", hashOf(map, plain, "26:+R -R 27:+R", 30));
     add("a hole", hashOf(map, plain, "1:+X", 30));
     add("an older hole", hashOf(map, plain, "2:+X", 30));
@@ -104,6 +107,32 @@ TEST(World, HasAnotherHashForEachDifference) {
     played.world().finishFrame(false);
     EXPECT_NE(copy, played.world());
     EXPECT_EQ(copy.stateHash(), played.world().stateHash()) << "rising points are no part of play";
+}
+
+TEST(World, HasAnotherHashForWhatOnlyLaterFramesShow) {
+    constexpr void (*kChanges[])(Attempt&) = {
+        [](Attempt&) {},
+        [](Attempt& attempt) { attempt.map.fillDistances(0, 0, 0); },
+        [](Attempt& attempt) { attempt.map.cellAt(1, 1).holeOccupied = true; },
+        [](Attempt& attempt) { --attempt.bonuses.countdown; },
+        [](Attempt& attempt) { attempt.bonuses.anchorTimer = 1; },
+        [](Attempt& attempt) { attempt.bonuses.invisibilityTimer = 1; },
+        [](Attempt& attempt) { spawnBonus(attempt.bonuses, 1, 0, BonusKind::Skull); },
+        [](Attempt& attempt) { spawnBonus(attempt.bonuses, 1, 0, BonusKind::Bomb); },
+        [](Attempt& attempt) { attempt.enemies[0].setSpeed(kAnchoredSpeed); },
+        [](Attempt& attempt) { attempt.enemies[0].undoMove(); },
+        [](Attempt& attempt) { attempt.end(LossCause::Quit); },
+        [](Attempt& attempt) { attempt.end(LossCause::Load); },
+    };
+    std::set<std::uint64_t> seen;
+    for (const auto change : kChanges) {
+        Attempt attempt = attemptOn({". . .", "= = ="});
+        attempt.enemies.emplace_back(2, 0, EnemyKind::Dog).update(attempt);
+        change(attempt);
+        StateHash hash;
+        attempt.addTo(hash);
+        EXPECT_TRUE(seen.insert(hash.value()).second) << "change " << seen.size() << " is not seen";
+    }
 }
 
 TEST(World, AsksForTheSameSoundOnceAFrame) {
