@@ -55,6 +55,7 @@ void LevelScene::playing() {
 }
 
 void LevelScene::ended() {
+    world_->finishFrame(false);
     drawWorld();
     score_ = world_->score();
     lives_ = world_->lives();
