@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bonus_pictures.h"
+#include "render_lightness.h"
 #include "render_loops.h"
 #include "shield_pictures.h"
 
@@ -54,6 +55,30 @@ TEST(Bonuses, HaveARimOfGold) {
             return p.a > 200 && p.r > 180 && p.g > p.b + 50 && p.r > p.g;
         });
         EXPECT_GT(gold, 90) << bonus.name;
+    }
+}
+
+/// Mean of the pixels that are more than half opaque.
+double meanLuminance(const PixelImage& image) {
+    double sum = 0;
+    double count = 0;
+    for (const Pixel& p : image.pixels) {
+        if (p.a < 128) continue;
+        sum += luminance(p);
+        ++count;
+    }
+    return sum / count;
+}
+
+TEST(Bonuses, StandOutFromTheWallsOfEveryWorld) {
+    for (const char* wall : {"steny\\modul", "sten_jel\\fon_jel", "fon\\modul02"}) {
+        const double backdrop = meanLuminance(renderFrame(*findPicture(wall), 0));
+        for (const PictureEntry& bonus : bonusPictures()) {
+            for (const int frame : {0, 9}) {
+                const double contrast = (meanLuminance(renderFrame(bonus, frame)) + 0.05) / (backdrop + 0.05);
+                EXPECT_GE(contrast, 3) << bonus.name << " before " << wall;
+            }
+        }
     }
 }
 

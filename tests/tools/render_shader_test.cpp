@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "blur.h"
 #include "canvas.h"
@@ -129,6 +130,31 @@ TEST(Canvas, LightsBothSidesOfAnEggAlike) {
         return sum / count;
     };
     EXPECT_NEAR(column(14, 32), column(32, 50), 3);
+}
+
+TEST(Canvas, PutsABorderAroundWhatIsDrawnAndLeavesThatAsItWas) {
+    Canvas canvas(40, 40);
+    canvas.flat(rectangle(12, 12, 16, 16), rgb(0x2040ff));
+    canvas.border(3, material(rgb(0xffc93a)));
+    const PixelImage image = canvas.picture();
+    EXPECT_EQ(image.at(20, 20), (Pixel{32, 64, 255, 255}));
+    for (const auto& [x, y] : {std::pair(10, 20), std::pair(29, 20), std::pair(20, 10), std::pair(20, 29)}) {
+        EXPECT_EQ(image.at(x, y).a, 255) << x << ',' << y;
+        EXPECT_GT(image.at(x, y).r, image.at(x, y).b + 30) << x << ',' << y;
+    }
+    EXPECT_EQ(image.at(6, 20).a, 0) << "wider than its width and its line";
+}
+
+TEST(Canvas, LaysAnotherOverItselfAsSolidAsAsked) {
+    Canvas below(4, 4);
+    below.flat(rectangle(0, 0, 4, 4), rgb(0xff0000));
+    Canvas over = below.blankCopy();
+    over.flat(rectangle(0, 0, 2, 4), rgb(0x0000ff));
+    below.layOver(over, 0.5F);
+    EXPECT_EQ(below.picture().at(0, 0), (Pixel{128, 0, 128, 255}));
+    EXPECT_EQ(below.picture().at(3, 0), (Pixel{255, 0, 0, 255}));
+    EXPECT_EQ(over.drawn().at(0, 0), 1);
+    EXPECT_EQ(over.drawn().at(15, 0), 0);
 }
 
 }  // namespace

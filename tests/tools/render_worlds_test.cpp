@@ -162,6 +162,20 @@ TEST(Worlds, HaveDoorsThatShowRedWhileShutAndGreenAsTheyOpen) {
     }
 }
 
+TEST(Worlds, HaveLargeThingsThatGoOnFromCellToCell) {
+    const char* things[][4] = {{"fon\\p11", "fon\\p12", "fon\\p21", "fon\\p22"},
+                               {"fon\\k11", "fon\\k12", "fon\\k21", "fon\\k22"},
+                               {"dveri\\d11", "dveri\\d12", "dveri\\d21", "dveri\\d22"}};
+    for (const auto& thing : things) {
+        const PixelImage upperLeft = pictureOf(thing[0]);
+        const PixelImage lowerRight = pictureOf(thing[3]);
+        EXPECT_LE(acrossSeam(upperLeft, 63, pictureOf(thing[1])), strongestInside(upperLeft, acrossSeam)) << thing[1];
+        EXPECT_LE(downSeam(upperLeft, 63, pictureOf(thing[2])), strongestInside(upperLeft, downSeam)) << thing[2];
+        EXPECT_LE(acrossSeam(pictureOf(thing[2]), 63, lowerRight), strongestInside(lowerRight, acrossSeam)) << thing[3];
+        EXPECT_LE(downSeam(pictureOf(thing[1]), 63, lowerRight), strongestInside(lowerRight, downSeam)) << thing[3];
+    }
+}
+
 /// Two pictures that lie side by side, or below one another, must go on in each other.
 struct Joint {
     const char* first;

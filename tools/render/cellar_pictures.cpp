@@ -58,7 +58,7 @@ void drawHearth(Canvas& canvas, FrameOf) {
             const double inset = course == 0 ? 14 : 8;
             const double width = (128 - 2 * inset) / 4;
             const auto number = static_cast<std::uint32_t>(course * 4 + i);
-            canvas.part(rectangle(inset + i * width + 0.6, 22.0 + 21 * course, width - 1.2, 20, 6),
+            canvas.part(rectangle(inset + i * width + 0.6, 24.0 + 21.5 * course, width - 1.2, 20.5, 6),
                         stony(varied(kPodval.solid[number % 2] * 0.78F, number, 0.08F), 1.2F, 0.13F, 0.1F),
                         {.bevel = 5, .line = 0.9, .shadow = 0.2F});
         }
