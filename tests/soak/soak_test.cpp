@@ -42,6 +42,7 @@ public:
         return fault.empty() ? fault : "frame " + std::to_string(frame()) + ": " + fault;
     }
     [[nodiscard]] int frame() const { return game_.world().frame(); }
+    [[nodiscard]] std::uint64_t endHash() const { return game_.world().stateHash(); }
 
 private:
     std::string playFrame() {
@@ -122,14 +123,17 @@ TEST(Soak, RandomGamesBreakNoRule) {
     const int first = fromEnvironment("GRUB_SOAK_FIRST", 0);
     int number = first;
     int played = 0;
+    std::uint64_t digest = 0;  // of all games: the same from every build
     for (; played < frames; ++number) {
         const auto turn = static_cast<std::size_t>(number);
         const SoakLevel level = turn % 3 == 0 ? packaged[turn / 3 % packaged.size()] : levelByChance(number);
         Watch watch(level, number, coverage);
         ASSERT_EQ(watch.play(), "") << "in game " << number << ", " << level.name;
         played += watch.frame();
+        digest = digest * 31 + watch.endHash();
     }
-    std::cout << played << " frames in " << number - first << " games; " << coverage.summary() << '\n';
+    std::cout << played << " frames in " << number - first << " games, digest " << std::hex << digest << std::dec
+              << "; " << coverage.summary() << '\n';
     if (frames >= kSuiteFrames) expectEverythingHappened(coverage, frames >= 10 * kSuiteFrames);
 }
 
