@@ -57,6 +57,13 @@ TEST(OwnOptions, OnlyAScriptPlaysTheSameGameEachTime) {
     EXPECT_TRUE(scripted.start.seed);
 }
 
+TEST(OwnOptions, AGameIsReplayedOrRecorded) {
+    const OwnOptions replay = read({"--replay", "a.game", "--at", "250"});
+    EXPECT_EQ(replay.replayFile, "a.game");
+    EXPECT_EQ(replay.showFrom, 250);
+    EXPECT_EQ(read({"--record", "b.game"}).recordFile, "b.game");
+}
+
 TEST(OwnOptions, HelpAndVersionEndTheProgramWell) {
     struct Row {
         const char* argument;
@@ -84,6 +91,9 @@ TEST(OwnOptions, WrongUsageEndsTheProgramWithOneReason) {
         {"a level file that is not there", {"--level", "nowhere.lvl"}, "'nowhere.lvl' is neither"},
         {"no directory", {"--data", "/nowhere/at/all"}, "/nowhere/at/all"},
         {"an option without its value", {"--script"}, "--script"},
+        {"a frame of no game", {"--at", "5"}, "--at"},
+        {"a frame before the first", {"--replay", "a.game", "--at", "-5"}, "--at"},
+        {"two games at once", {"--replay", "a.game", "--record", "b.game"}, "--record"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
