@@ -16,7 +16,7 @@ void update(Attempt& attempt, int times) {
 }
 
 /// One enemy above an open hole between walls. The first number makes it want left, where it cannot go.
-Attempt aboveHole(EnemyKind kind, Drawing map = {"# . #", "# = #", "# # #"}) {
+Attempt aboveHole(EnemyKind kind, const Drawing& map = {"# . #", "# = #", "# # #"}) {
     Attempt attempt = attemptOn(map);
     breakFloor(attempt.map, 1, 1);
     attempt.enemies.emplace_back(1, 0, kind);
