@@ -26,6 +26,7 @@ public:
     /// Takes it: it is drawn for the rest of this frame and leaves its slot in the next.
     void take();
 
+    /// What it does.
     [[nodiscard]] BonusKind bonusKind() const { return kind_; }
     /// Frames it has left.
     [[nodiscard]] int lifetime() const { return lifetime_; }
