@@ -95,12 +95,6 @@ TEST(EnemyHunting, TurnsDownWhereTheFillHasComeBack) {
                                                 "# # # # #"}));
 }
 
-TEST(EnemyHunting, DrawsNothing) {
-    auto world = worldFrom({"@ . . . . . . d", "# # # # # # # #"});
-    EXPECT_EQ(world.runTo(90).draws(), 0);
-    EXPECT_EQ(world.enemy().x, 7 * 64 - 91 * 4);
-}
-
 // A plan takes a dug floor for a floor, and nobody plans a way through it: whoever stands in a hole is out of reach.
 TEST(EnemyHunting, LosesTheHeroWhoStandsInAHole) {
     auto world = worldFrom({"@ . . . . . . d", "= = = = = = = =", "# # # # # # # #"});
