@@ -78,6 +78,15 @@ TEST(Noise, RepeatsAfterItsPeriodAndStaysInRange) {
     EXPECT_NE(hashOf(1, 2, 3), hashOf(1, 2, 4));
 }
 
+TEST(Noise, IsTheSameLookedUpAsComputed) {
+    const NoiseTile tile(64, 28, 3, 256);
+    for (const auto& [x, y] : {std::pair(0, 0), std::pair(255, 7), std::pair(100, 201)}) {
+        const float computed = tileableNoise((x + 0.5) / 4, (y + 0.5) / 4, 64, 28, 3);
+        EXPECT_EQ(tile.at(x, y), computed);
+        EXPECT_EQ(tile.at(x - 256, y + 512), computed);
+    }
+}
+
 TEST(Rig, BendsALimbWithoutStretchingItsBones) {
     const Point root{3, 4};
     for (const Point tip : {Point{12, 9}, Point{3, 15}, Point{-4, 0}}) {

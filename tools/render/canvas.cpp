@@ -1,6 +1,8 @@
 #include "canvas.h"
 
 #include <cmath>
+#include <map>
+#include <mutex>
 
 #include "blur.h"
 #include "distance_field.h"
@@ -31,6 +33,25 @@ constexpr float kBorderShade = 0.25F;
 /// Lines grow more slowly than the picture.
 constexpr double kLineGrowth = 0.75;
 
+/// Roughness and grain of surfaces, over one map cell.
+struct SurfaceNoise {
+    NoiseTile bump;
+    NoiseTile grain;
+};
+
+/// For so many samples a cell; computed when they are first asked for. Safe from any thread.
+const SurfaceNoise& surfaceNoise(int samples) {
+    static std::mutex mutex;
+    static std::map<int, SurfaceNoise> known;
+    const std::scoped_lock lock(mutex);
+    const auto found = known.find(samples);
+    if (found != known.end()) return found->second;
+    return known
+        .emplace(samples,
+                 SurfaceNoise{{kCell, kBumpCells, kBumpSeed, samples}, {kCell, kGrainCells, kGrainSeed, samples}})
+        .first->second;
+}
+
 void cut(Mask& mask, const Mask* clip) {
     if (clip == nullptr) return;
     for (int y = mask.box.y0; y < mask.box.y1; ++y) {
@@ -54,11 +75,6 @@ Canvas::Canvas(int width, int height, int samples, double scale, int margin)
 }
 
 double Canvas::lineSamples(double width) const { return width * sampling_ * std::pow(scale_, kLineGrowth); }
-
-Point Canvas::designPoint(int x, int y) const {
-    const double s = sampling_ * scale_;
-    return {(x + 0.5) / s - margin_, (y + 0.5) / s - margin_};
-}
 
 void Canvas::lay(int x, int y, Rgb colour, float alpha) {
     Sample& under = sample(x, y);
@@ -107,15 +123,15 @@ void Canvas::drawLine(const Mask& mask, double width, Rgb ink, float alpha) {
 
 void Canvas::drawSurface(const Mask& mask, const Material& material, double bevel, double magnification, float alpha) {
     FloatPlane heights = puffyHeights(mask.coverage, bevel);
-    const auto noiseAt = [&](int x, int y, int cells, std::uint32_t seed) {
-        const Point p = designPoint(mask.box.x0 + x, mask.box.y0 + y);
-        return tileableNoise(p.x, p.y, kCell, cells, seed);
+    const SurfaceNoise& noise = surfaceNoise(static_cast<int>(std::lround(kCell * scale_ * sampling_)));
+    const int origin = static_cast<int>(std::lround(margin_ * scale_ * sampling_));
+    const auto noiseAt = [&](const NoiseTile& tile, int x, int y) {
+        return tile.at(mask.box.x0 + x - origin, mask.box.y0 + y - origin);
     };
     if (material.bump > 0) {
         const float roughness = material.bump * static_cast<float>(magnification);
         for (int y = 0; y < heights.height(); ++y) {
-            for (int x = 0; x < heights.width(); ++x)
-                heights.at(x, y) += noiseAt(x, y, kBumpCells, kBumpSeed) * roughness;
+            for (int x = 0; x < heights.width(); ++x) heights.at(x, y) += noiseAt(noise.bump, x, y) * roughness;
         }
     }
     for (int y = 0; y < heights.height(); ++y) {
@@ -124,7 +140,7 @@ void Canvas::drawSurface(const Mask& mask, const Material& material, double beve
             if (covered <= 0) continue;
             Rgb colour = shade(material, normalAt(heights, x, y));
             if (material.grain > 0) {
-                colour = colour * (1 + material.grain * (noiseAt(x, y, kGrainCells, kGrainSeed) - 0.5F) * 2);
+                colour = colour * (1 + material.grain * (noiseAt(noise.grain, x, y) - 0.5F) * 2);
             }
             lay(mask.box.x0 + x, mask.box.y0 + y, colour, covered * alpha);
         }

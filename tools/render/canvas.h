@@ -114,7 +114,6 @@ private:
     const Sample& sample(int x, int y) const { return samples_[indexOf(x, y)]; }
     void lay(int x, int y, Rgb colour, float alpha);
     double lineSamples(double width) const;
-    Point designPoint(int x, int y) const;
 
     void castShadow(const Mask& mask, double magnification, float strength);
     void drawLine(const Mask& mask, double width, Rgb ink, float alpha);

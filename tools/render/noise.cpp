@@ -53,4 +53,14 @@ float tileableNoise(double x, double y, double period, int cells, std::uint32_t 
     return sum / total;
 }
 
+NoiseTile::NoiseTile(double period, int cells, std::uint32_t seed, int samples) : samples_(samples) {
+    values_.reserve(static_cast<std::size_t>(samples) * static_cast<std::size_t>(samples));
+    for (int y = 0; y < samples; ++y) {
+        for (int x = 0; x < samples; ++x) {
+            const double step = period / samples;
+            values_.push_back(tileableNoise((x + 0.5) * step, (y + 0.5) * step, period, cells, seed));
+        }
+    }
+}
+
 }  // namespace grub
