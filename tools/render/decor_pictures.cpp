@@ -178,6 +178,21 @@ void drawDrops(Canvas& canvas, FrameOf frame) {
     }
 }
 
+/// Drool that a dog shakes off: three drops fly to one side and fall. `side` -1 left, 1 right.
+void drawDrool(Canvas& canvas, FrameOf frame, double side) {
+    const Material drool = glossy(material(0xc4dcec, 0x5a7ca0, 0xffffff), 1, 0.5F);
+    const auto flying = canvas.placed({32, 0}, 0, side, 1);
+    for (int i = 0; i < 3; ++i) {
+        const double age = frame.index - 0.8 * i;
+        if (age < 0) continue;
+        const Point at{2 + (3.4 - 0.5 * i) * age, 30 - (3.2 - 0.9 * i) * age + 0.86 * age * age};
+        const double size = 2.6 - 0.12 * age - 0.3 * i;
+        if (at.y < 60) canvas.part(ellipse(at, size, size * 1.25), drool, {.bevel = 2.4, .line = 0.8});
+    }
+}
+void drawDroolLeft(Canvas& canvas, FrameOf frame) { drawDrool(canvas, frame, -1); }
+void drawDroolRight(Canvas& canvas, FrameOf frame) { drawDrool(canvas, frame, 1); }
+
 // ---- rails of a frame
 
 constexpr int kRailLength = 240;
@@ -205,6 +220,8 @@ constexpr std::array kPictures{
     PictureEntry{"fon\\kosti", 64, 64, 1, Ground::Clear, drawBones},
     PictureEntry{"poly\\paut", 64, 64, 1, Ground::Clear, drawWebLeft},
     PictureEntry{"poly\\paut1", 64, 64, 1, Ground::Clear, drawWebRight},
+    PictureEntry{"polkan\\drop_l", 64, 64, 8, Ground::Clear, drawDroolLeft},
+    PictureEntry{"polkan\\drop_r", 64, 64, 8, Ground::Clear, drawDroolRight},
     PictureEntry{"gor", 240, 16, 1, Ground::Clear, drawRailAcross},
     PictureEntry{"vert", 16, 240, 1, Ground::Clear, drawRailUpright},
 };
