@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The cheap checks: format, comments, assertions, tests named in docs, headers alone; then clang-tidy on changed files (`all`: on all).
+# The cheap checks: format, comments, assertions, tests that docs name, headers alone; then clang-tidy on changed files
+# (`all`: on all).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/lib.sh
