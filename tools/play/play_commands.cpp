@@ -125,10 +125,23 @@ void play(const Arguments& arguments) {
     arguments.update ? update(arguments) : check(arguments);
 }
 
+/// The window's program wrote the level file that was made for it; the game's is its source.
+void nameSource(const Arguments& arguments) {
+    RecordedGame game = readGameFile(arguments.game);
+    const auto folder = std::filesystem::absolute(arguments.game).parent_path();
+    game.level = std::filesystem::relative(arguments.level, folder).string();
+    if (!replaceTextFile(arguments.game, writeGame(game)))
+        failWith(kCannotPlay, arguments.game + ": cannot be written");
+}
+
 void recordInWindow(const Arguments& arguments) {
-    std::vector<std::string> words{"--level", arguments.level, "--record", arguments.game};
+    std::vector<std::string> words{"--record", arguments.game, "--level", arguments.level};
     if (!arguments.data.empty()) words.insert(words.end(), {"--data", arguments.data});
+    if (!isLevelSource(arguments.level)) return endAs(runGameProgram(words));
+    const CompiledLevel compiled(*openContent(arguments), arguments.level);
+    words[3] = compiled.path();
     endAs(runGameProgram(words));
+    nameSource(arguments);
 }
 
 void addPlay(CLI::App& app) {
@@ -145,7 +158,7 @@ void addPlay(CLI::App& app) {
 void addRecord(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* const command = app.add_subcommand("record", "Play a level in the window and write the game down");
-    command->add_option("LEVEL", arguments->level, "1 to 50, or a level file")->required();
+    command->add_option("LEVEL", arguments->level, "1 to 50, a level file or a level source")->required();
     command->add_option("FILE", arguments->game, "recorded game to write")->required();
     command->add_option("--data", arguments->data, "directory of the packages");
     command->callback([=] { recordInWindow(*arguments); });

@@ -56,6 +56,7 @@ public:
     /// Says that `found` is not what was wanted; an earlier fault stays.
     void fail(std::string_view wanted, std::string_view found);
 
+    /// Whether the line is over; whether all was as wanted, and what was not.
     [[nodiscard]] bool atEnd() const { return rest_.empty(); }
     [[nodiscard]] bool ok() const { return error_.message.empty(); }
     [[nodiscard]] const TextError& error() const { return error_; }
