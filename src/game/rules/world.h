@@ -89,8 +89,8 @@ public:
     /// State of the world's generator, for traces.
     [[nodiscard]] std::uint32_t randomState() const { return attempt_.random.state(); }
 
-    /// A number for everything that play depends on, the generator included: two worlds with the same hash, given the
-    /// same keys, play the same. Rising score numbers and sounds do not count.
+    /// A number for everything that play changes and depends on, the generator included: two worlds of one level with
+    /// the same hash, given the same keys, play the same. Rising score numbers and sounds do not count.
     [[nodiscard]] std::uint64_t stateHash() const;
 
     friend bool operator==(const World&, const World&) = default;
