@@ -106,7 +106,8 @@ void drawIronBlock(Canvas& canvas, FrameOf) {
     canvas.part(rectangle(-40, 0.9, 144, 11), stony(mix(kJelezo.solid[0], rgb(0xeaf4f8), 0.42F), 0.3F, 0.06F, 0.5F),
                 {.bevel = 3.2, .line = 0.9, .shadow = 0});
     for (int x = -28; x < 96; x += 8) {
-        canvas.flat(polyline({{x + 1.5, 7.8}, {x + 5.0, 4.4}}), kJelezo.solid[1] * 0.72F, {.alpha = 0.8F, .stroke = 1.6});
+        canvas.flat(polyline({{x + 1.5, 7.8}, {x + 5.0, 4.4}}), kJelezo.solid[1] * 0.72F,
+                    {.alpha = 0.8F, .stroke = 1.6});
     }
 }
 
