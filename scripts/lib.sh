@@ -43,7 +43,7 @@ headless() {
 # Plays the recorded games with the tool of a build: the same hashes with every compiler and every kind of build.
 play_games() {
     local game
-    for game in tests/games/*.game; do "build/$1/bin/grubtool" play "$game" || return 1; done
+    for game in tests/games/*.game; do "build/$1/bin/grubtool" play --data build/release/data "$game" || return 1; done
 }
 
 run_tests() { headless ctest --test-dir "build/$1" --output-on-failure; }
