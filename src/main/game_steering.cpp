@@ -16,6 +16,7 @@ ReplaySteering::ReplaySteering(RecordedGame game, std::string path, int showFrom
 
 // The last frame is left to be seen: who looks at it looks for the end.
 void ReplaySteering::begin(World& world) {
+    hasBegun_ = true;
     afterFrame(world);
     while (world.frame() < showFrom_ && !isLeftAfter(world)) {
         World next = world;

@@ -33,7 +33,8 @@ public:
     void afterFrame(const World& world) override;
     /// Says on standard output that all came as recorded, or in a line on standard error what did not first.
     bool goesOnAfter(const World& world) override;
-    [[nodiscard]] int exitCode() const override { return difference_ ? 1 : 0; }
+    /// 1 as well when there was no level to play.
+    [[nodiscard]] int exitCode() const override { return hasBegun_ && !difference_ ? 0 : 1; }
 
 private:
     [[nodiscard]] bool isLeftAfter(const World& world) const;
@@ -43,6 +44,7 @@ private:
     const int showFrom_;
     KeyFeed keys_;  // of game_
     std::optional<std::string> difference_;
+    bool hasBegun_ = false;
 };
 
 /// Writes down what the player does, and at the end of the attempt the file.

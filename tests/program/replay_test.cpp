@@ -80,6 +80,8 @@ TEST_F(Replay, OfAGameThatDiffersSaysWhere) {
     write("other.game", game);
     EXPECT_EQ(play("--replay other.game"), 1);
     EXPECT_EQ(errors, "other.game: frame 100: the hash of the state differs\n");
+    write("other.game", "level none.lvl\nindex 0\nseed 1\n");
+    EXPECT_EQ(play("--replay other.game"), 1) << "the log says why";
     write("other.game", "level none.lvl\nindex 0\nseed 1\nseed 2\n");
     EXPECT_EQ(play("--replay other.game"), 2);
     EXPECT_EQ(errors, "other.game:4: wanted a game frame from 0, found 'seed'\n");
