@@ -142,6 +142,53 @@ TEST_F(LevelSceneTest, PlayDoesNotCatchUpAfterASlowPass) {
     EXPECT_EQ(after, before + 1);
 }
 
+/// Notes what it is told, lets nothing through and leaves after one attempt.
+class WatchingSteering final : public Steering {
+public:
+    void prepare(WorldStart& start) override { start.score = 700; }
+    void begin(World& world) override { note("begin", world); }
+    void keyDown(World& world, PlayKey /*key*/) override { note("down", world); }
+    void keyUp(World& world, PlayKey /*key*/) override { note("up", world); }
+    void otherKey(World& world) override { note("other", world); }
+    void beforeStep(World& world) override { lastStep = world.frame() + 1; }
+    void afterFrame(const World& world) override { EXPECT_EQ(world.frame(), lastStep); }
+    bool goesOnAfter(const World& world) override {
+        note("over", world);
+        return false;
+    }
+
+    std::vector<std::string> told;
+    int lastStep = 0;
+
+private:
+    void note(const char* what, const World& world) {
+        told.push_back(what + std::string(world.ended() ? " ended" : ""));
+    }
+};
+
+TEST_F(LevelSceneTest, SteeringComesBetweenTheKeysAndTheWorld) {
+    WatchingSteering steering;
+    scene_.setSteering(steering);
+    int x = -1;
+    int score = -1;
+    at(10, [&] {
+        press(KeyRight);
+        press(keyCodeOf('F'));
+        scene_.post(SharedRef<SceneMessage>(new MouseMessage(MessageType::Pressed, MouseButton::Right, 0, 0)));
+        release(KeyRight);
+        release(keyCodeOf('F'));
+    });
+    at(30, [&] {
+        x = scene_.world()->hero().x;
+        score = scene_.world()->score();
+    });
+    playFrom(0, 31);
+    EXPECT_EQ(steering.told, (std::vector<std::string>{"begin", "down", "other", "other", "up", "over ended"}));
+    EXPECT_EQ(x, 0);
+    EXPECT_EQ(score, 700);
+    EXPECT_TRUE(shellVisited_);
+}
+
 TEST_F(LevelSceneTest, KeysSteerTheHeroAndTheirReleaseStopsHim) {
     int x = -1;
     at(10, [&] { press(KeyRight); });

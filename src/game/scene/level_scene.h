@@ -47,7 +47,7 @@ public:
     void requestNewGame(int startIndex) { newGameAt_ = startIndex; }
     /// Plays this level in place of every level of the list: a name of the list, or the path of a level file on disk.
     void setLevel(std::string nameOrPath) { levelInPlace_ = std::move(nameOrPath); }
-    /// Lets somebody else come between the player's keys and the world; outlives the scene.
+    /// Lets somebody else come between the player's keys and the world, for as long as the scene runs.
     void setSteering(Steering& steering) { steering_ = &steering; }
     /// Starts the loader thread on the first list of pictures, or on the second once the first is there.
     void startLoadingPass();
