@@ -44,6 +44,16 @@ using HKEY = struct HKEY__*;
 /// What CreateFileA gives on failure; every other call that makes a handle gives null.
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_t{-1});
 
+/// The name of an interface.
+struct GUID {
+    DWORD Data1;
+    WORD Data2;
+    WORD Data3;
+    BYTE Data4[8];
+
+    bool operator==(const GUID&) const = default;
+};
+
 /// Calling conventions of the original; here there is only one.
 #define WINAPI
 #define CALLBACK
@@ -52,7 +62,7 @@ inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_
 constexpr bool FAILED(HRESULT result) { return result < 0; }
 constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
 
-/// Results of the system; those of Direct3D stand in d3d8.h.
+/// Results of the system; those of Direct3D stand in d3d8.h, those of DirectSound in dsound.h.
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
@@ -247,6 +257,9 @@ BOOL SetEvent(HANDLE event);
 BOOL ResetEvent(HANDLE event);
 /// Waits for an event, or for the end of a thread. A thread that owns a window serves SendMessageA meanwhile.
 DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
+/// Waits for one of up to 64 events and threads, WAIT_OBJECT_0 + the lowest index that is ready, or with `all` until
+/// all are ready at the same time; only then signals are used up. WAIT_FAILED, at once, when one handle is none.
+DWORD WaitForMultipleObjects(DWORD count, const HANDLE* objects, BOOL all, DWORD milliseconds);
 inline constexpr DWORD WAIT_OBJECT_0 = 0;
 inline constexpr DWORD WAIT_TIMEOUT = 258;
 inline constexpr DWORD WAIT_FAILED = 0xFFFFFFFFU;
@@ -263,6 +276,12 @@ HANDLE CreateThread(void* attributes, std::size_t stackSize, LPTHREAD_START_ROUT
 inline constexpr DWORD CREATE_SUSPENDED = 0x00000004;
 /// Starts a suspended thread. The suspend count before: 1 if it was suspended, 0 if not, 0xFFFFFFFF on failure.
 DWORD ResumeThread(HANDLE thread);
+/// Lets a thread run before others that are ready too, as far as the system permits it; TRUE also where it does not.
+BOOL SetThreadPriority(HANDLE thread, int priority);
+inline constexpr int THREAD_PRIORITY_HIGHEST = 2;
+/// The thread counts as ended at once and never comes back from the wait that it is in, or from its next one. What it
+/// holds stays held. The exit code is not kept.
+BOOL TerminateThread(HANDLE thread, DWORD exitCode);
 /// A number that no other thread of the process has.
 DWORD GetCurrentThreadId();
 /// Gives up the processor for at least this long.
