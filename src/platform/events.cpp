@@ -1,3 +1,9 @@
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <span>
+#include <utility>
+
 #include "clock.h"
 #include "handles.h"
 #include "waits.h"
@@ -8,16 +14,24 @@ void Waitable::set() {
     if (manualReset_) {
         signalled_ = true;
         releaseAll(this);
-    } else if (!releaseOne(this)) {
+        return;
+    }
+    const DWORD taker = releaseOne(this);
+    if (taker == 0) {
         signalled_ = true;
+    } else {
+        takenBy_ = taker;
     }
 }
 
 bool Waitable::take() {
     if (!signalled_) return false;
     if (!manualReset_) signalled_ = false;
+    takenBy_ = GetCurrentThreadId();
     return true;
 }
+
+bool Waitable::isAnswered() const { return !signalled_ && !isBusy(takenBy_); }
 
 namespace {
 
@@ -33,6 +47,46 @@ BOOL changeEvent(HANDLE event, void (Waitable::*change)()) {
     const WaitGuard lock(waitLock());
     ((*object).*change)();
     return TRUE;
+}
+
+constexpr std::size_t kMostObjects = 64;
+
+/// What one call of WaitForMultipleObjects waits for; the objects stay alive meanwhile.
+struct WaitedFor {
+    std::array<std::shared_ptr<Waitable>, kMostObjects> objects;
+    std::array<const void*, kMostObjects> keys{};
+    std::size_t count = 0;
+
+    std::span<const std::shared_ptr<Waitable>> all() const { return std::span(objects).first(count); }
+    std::span<const void* const> allKeys() const { return std::span(keys).first(count); }
+};
+
+/// False when a handle is none.
+bool lookUp(std::span<const HANDLE> handles, WaitedFor& waited) {
+    for (const HANDLE handle : handles) {
+        auto object = objectOf<Waitable>(handle);
+        if (!object) return false;
+        waited.keys[waited.count] = object.get();
+        waited.objects[waited.count++] = std::move(object);
+    }
+    return true;
+}
+
+DWORD waitForAny(WaitGuard& lock, const WaitedFor& waited, std::int64_t deadline) {
+    const auto ready = std::ranges::find_if(waited.all(), [](const auto& object) { return object->take(); });
+    if (ready != waited.all().end()) return WAIT_OBJECT_0 + static_cast<DWORD>(ready - waited.all().begin());
+    const void* released = sleepServing(lock, waited.allKeys(), deadline, Wait::Role::Taker);
+    if (released == nullptr) return WAIT_TIMEOUT;
+    const auto keys = waited.allKeys();
+    return WAIT_OBJECT_0 + static_cast<DWORD>(std::ranges::find(keys, released) - keys.begin());
+}
+
+DWORD waitForAll(WaitGuard& lock, const WaitedFor& waited, std::int64_t deadline) {
+    while (!std::ranges::all_of(waited.all(), [](const auto& object) { return object->isSet(); })) {
+        if (sleepServing(lock, waited.allKeys(), deadline, Wait::Role::Onlooker) == nullptr) return WAIT_TIMEOUT;
+    }
+    for (const auto& object : waited.all()) static_cast<void>(object->take());
+    return WAIT_OBJECT_0;
 }
 
 }  // namespace
@@ -54,4 +108,13 @@ DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds) {
     if (milliseconds == 0) return WAIT_TIMEOUT;
     const auto deadline = platform::deadlineAfter(milliseconds);
     return platform::sleepServing(lock, waitable.get(), deadline) ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+}
+
+DWORD WaitForMultipleObjects(DWORD count, const HANDLE* objects, BOOL all, DWORD milliseconds) {
+    platform::WaitedFor waited;
+    if (count == 0 || count > platform::kMostObjects || objects == nullptr) return WAIT_FAILED;
+    if (!platform::lookUp({objects, count}, waited)) return WAIT_FAILED;
+    platform::WaitGuard lock(platform::waitLock());
+    const auto deadline = platform::deadlineAfter(milliseconds);
+    return all != FALSE ? platform::waitForAll(lock, waited, deadline) : platform::waitForAny(lock, waited, deadline);
 }

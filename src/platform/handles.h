@@ -29,10 +29,15 @@ public:
     void reset() { signalled_ = false; }
     /// Whether a wait ends at once; with auto-reset this uses the signal up.
     [[nodiscard]] bool take();
+    /// Whether a wait would end at once.
+    [[nodiscard]] bool isSet() const { return signalled_; }
+    /// Whether the last signal is used up and the thread that used it waits again, or has ended.
+    [[nodiscard]] bool isAnswered() const;
 
 private:
     bool manualReset_;
     bool signalled_;
+    DWORD takenBy_ = 0;  // the thread that used the last signal, 0 for none
 };
 
 /// A new handle for an object.

@@ -1,3 +1,6 @@
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <atomic>
 #include <memory>
 #include <system_error>
@@ -18,13 +21,23 @@ public:
         : Waitable(true, false), routine_(routine), argument_(argument) {}
 
     static DWORD resume(const std::shared_ptr<ThreadObject>& thread);
+    /// Counts as ended from now on. Under the wait lock.
+    void terminate();
+    /// Asks the system for a place before others; it may refuse. Under the wait lock.
+    void setPriority(int priority);
 
 private:
     void run();
+    bool begin();
 
     LPTHREAD_START_ROUTINE routine_;
     LPVOID argument_;
     std::atomic<bool> started_{false};
+    // Guarded by the wait lock; the numbers are 0 until the thread runs.
+    bool terminated_ = false;
+    int priority_ = 0;
+    DWORD number_ = 0;
+    ::pid_t systemNumber_ = 0;
 };
 
 DWORD ThreadObject::resume(const std::shared_ptr<ThreadObject>& thread) {
@@ -35,7 +48,7 @@ DWORD ThreadObject::resume(const std::shared_ptr<ThreadObject>& thread) {
     try {
         std::thread([thread] { thread->run(); }).detach();
     } catch (const std::system_error&) {
-        leaveParticipants();
+        withdrawParticipant();
         return kFailed;
     }
     return 1;
@@ -43,12 +56,36 @@ DWORD ThreadObject::resume(const std::shared_ptr<ThreadObject>& thread) {
 
 void ThreadObject::run() {
     adoptParticipation();
-    routine_(argument_);
+    if (begin()) routine_(argument_);
     {
         const WaitGuard lock(waitLock());
         set();
     }
     leaveParticipants();
+}
+
+/// False when the thread was terminated before it ran.
+bool ThreadObject::begin() {
+    const WaitGuard lock(waitLock());
+    number_ = GetCurrentThreadId();
+    systemNumber_ = ::gettid();
+    if (priority_ != 0) setPriority(priority_);
+    return !terminated_;
+}
+
+void ThreadObject::terminate() {
+    started_ = true;  // one that was never resumed never runs
+    terminated_ = true;
+    if (number_ != 0 && !isSet()) abandonThread(number_);
+    set();
+}
+
+void ThreadObject::setPriority(int priority) {
+    constexpr int kNicenessOfOneStep = -5;
+    priority_ = priority;
+    if (systemNumber_ == 0 || isSet()) return;
+    // Threads are nice one by one here; without the privilege the call fails and the thread stays as it is.
+    ::setpriority(PRIO_PROCESS, static_cast<::id_t>(systemNumber_), priority * kNicenessOfOneStep);
 }
 
 }  // namespace
@@ -65,6 +102,22 @@ HANDLE CreateThread(void* /*attributes*/, std::size_t /*stackSize*/, LPTHREAD_ST
 DWORD ResumeThread(HANDLE thread) {
     const auto object = platform::objectOf<platform::ThreadObject>(thread);
     return object ? platform::ThreadObject::resume(object) : 0xFFFFFFFFU;
+}
+
+BOOL SetThreadPriority(HANDLE thread, int priority) {
+    const auto object = platform::objectOf<platform::ThreadObject>(thread);
+    if (!object) return FALSE;
+    const platform::WaitGuard lock(platform::waitLock());
+    object->setPriority(priority);
+    return TRUE;
+}
+
+BOOL TerminateThread(HANDLE thread, DWORD /*exitCode*/) {
+    const auto object = platform::objectOf<platform::ThreadObject>(thread);
+    if (!object) return FALSE;
+    const platform::WaitGuard lock(platform::waitLock());
+    object->terminate();
+    return TRUE;
 }
 
 DWORD GetCurrentThreadId() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <set>
 #include <vector>
 
 #include "clock.h"
@@ -20,6 +21,8 @@ public:
     std::mutex lock;
     std::vector<Wait*> list;  // oldest first
     std::size_t participants = 0;
+    std::set<DWORD> running;    // participants that have begun and not ended
+    std::set<DWORD> abandoned;  // threads that sleep for ever from their next wait on
     std::condition_variable settled;
 
     /// Participants that sleep with no reason to go on; nothing when one has a reason and only has not run yet.
@@ -31,6 +34,22 @@ public:
             ++count;
         }
         return count;
+    }
+
+    bool isSleeping(DWORD thread) const {
+        return std::ranges::any_of(
+            list, [&](const Wait* wait) { return wait->thread_ == thread && wait->asleep_ && !wait->mayGoOn(); });
+    }
+
+    void abandon(DWORD thread) {
+        abandoned.insert(thread);
+        if (running.erase(thread) != 0) --participants;
+        for (Wait* wait : list) {
+            if (wait->thread_ != thread) continue;
+            wait->abandoned_ = true;
+            wait->participant_ = false;
+        }
+        jumpIfAllWait();
     }
 
     void moveTime(std::int64_t time) {
@@ -47,7 +66,7 @@ public:
         if (participants == 0 || sleepingForGood() < participants) return;
         std::int64_t earliest = kNever;
         for (const Wait* wait : list) {
-            if (wait->asleep_) earliest = std::min(earliest, wait->deadline_);
+            if (wait->asleep_ && !wait->abandoned_) earliest = std::min(earliest, wait->deadline_);
         }
         if (earliest != kNever) moveTime(earliest);
     }
@@ -61,17 +80,28 @@ thread_local bool participating = false;
 
 std::mutex& waitLock() { return Waits::all().lock; }
 
-Wait::Wait(const void* object, std::int64_t deadline)
-    : object_(object), deadline_(deadline), thread_(GetCurrentThreadId()), participant_(participating) {
+Wait::Wait(const void* object, std::int64_t deadline) : Wait({&single_, 1}, deadline, Role::Taker) { single_ = object; }
+
+Wait::Wait(std::span<const void* const> objects, std::int64_t deadline, Role role)
+    : objects_(objects),
+      deadline_(deadline),
+      role_(role),
+      thread_(GetCurrentThreadId()),
+      abandoned_(Waits::all().abandoned.contains(thread_)),
+      participant_(participating && !abandoned_) {
     Waits::all().list.push_back(this);
 }
 
 Wait::~Wait() { std::erase(Waits::all().list, this); }
 
-bool Wait::mayGoOn() const { return released_ || called_ || deadline_ <= clockNow(); }
+bool Wait::isFor(const void* object) const {
+    return !abandoned_ && releasedBy_ == nullptr && std::ranges::find(objects_, object) != objects_.end();
+}
+
+bool Wait::mayGoOn() const { return !abandoned_ && (releasedBy_ != nullptr || called_ || deadline_ <= clockNow()); }
 
 void Wait::sleepOnce(WaitGuard& lock) {
-    if (deadline_ == kNever || handClock().inUse) return wake_.wait(lock);
+    if (deadline_ == kNever || abandoned_ || handClock().inUse) return wake_.wait(lock);
     using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 1000 * kTicksPerMillisecond>>;
     // The system's clock here, since an unset one is measured in the same ticks.
     const auto left = Ticks(deadline_ - clockNow());
@@ -83,24 +113,24 @@ Wait::End Wait::sleep(WaitGuard& lock) {
     Waits::all().jumpIfAllWait();
     while (!mayGoOn()) sleepOnce(lock);
     asleep_ = false;
-    if (released_) return End::Released;
+    if (releasedBy_ != nullptr) return End::Released;
     if (!called_) return End::TimedOut;
     called_ = false;
     return End::Called;
 }
 
-bool releaseOne(const void* object) {
+DWORD releaseOne(const void* object) {
     for (Wait* wait : Waits::all().list) {
-        if (wait->object_ != object || wait->released_) continue;
-        wait->released_ = true;
+        if (!wait->isFor(object)) continue;
+        wait->releasedBy_ = object;
         wait->wake_.notify_one();
-        return true;
+        if (wait->role_ == Wait::Role::Taker) return wait->thread_;
     }
-    return false;
+    return 0;
 }
 
 void releaseAll(const void* object) {
-    while (releaseOne(object)) {
+    while (releaseOne(object) != 0) {
     }
 }
 
@@ -113,12 +143,16 @@ void callThread(DWORD thread) {
 }
 
 bool sleepServing(WaitGuard& lock, const void* object, std::int64_t deadline) {
-    Wait wait(object, deadline);
-    for (;;) {
+    return sleepServing(lock, {&object, 1}, deadline, Wait::Role::Taker) != nullptr;
+}
+
+const void* sleepServing(WaitGuard& lock, std::span<const void* const> objects, std::int64_t deadline,
+                         Wait::Role role) {
+    Wait wait(objects, deadline, role);
+    do {
         serveOwnWindows(lock);
-        const auto end = wait.sleep(lock);
-        if (end != Wait::End::Called) return end == Wait::End::Released;
-    }
+    } while (wait.sleep(lock) == Wait::End::Called);
+    return wait.releasedBy();
 }
 
 void joinParticipants() {
@@ -131,14 +165,27 @@ void announceParticipant() {
     ++Waits::all().participants;
 }
 
-void adoptParticipation() { participating = true; }
+void adoptParticipation() {
+    const WaitGuard lock(waitLock());
+    participating = true;
+    Waits::all().running.insert(GetCurrentThreadId());
+}
+
+void withdrawParticipant() {
+    const WaitGuard lock(waitLock());
+    --Waits::all().participants;
+    Waits::all().jumpIfAllWait();
+}
 
 void leaveParticipants() {
     const WaitGuard lock(waitLock());
     participating = false;
+    if (Waits::all().running.erase(GetCurrentThreadId()) == 0) return;  // it has been terminated meanwhile
     --Waits::all().participants;
     Waits::all().jumpIfAllWait();
 }
+
+void abandonThread(DWORD thread) { Waits::all().abandon(thread); }
 
 void recheckWaits() {
     for (Wait* wait : Waits::all().list) wait->wake_.notify_one();
@@ -146,13 +193,22 @@ void recheckWaits() {
 
 void setHandTime(std::int64_t time) { Waits::all().moveTime(time); }
 
-void waitUntilOthersWait(WaitGuard& lock) {
-    auto& waits = Waits::all();
+bool isBusy(DWORD thread) {
+    const auto& waits = Waits::all();
+    return waits.running.contains(thread) && !waits.isSleeping(thread);
+}
+
+bool othersWait() {
+    const auto& waits = Waits::all();
     const std::size_t own = participating ? 1 : 0;
-    // Limited naps: a wait whose reason to go on has come says nothing when it starts to run again.
-    while (waits.sleepingForGood() + own < waits.participants) {
-        waits.settled.wait_for(lock, std::chrono::milliseconds(1));
-    }
+    return waits.sleepingForGood() + own >= waits.participants;
+}
+
+// Limited: a wait whose reason to go on has come says nothing when it starts to run again.
+void napUntilOneSettles(WaitGuard& lock) { Waits::all().settled.wait_for(lock, std::chrono::milliseconds(1)); }
+
+void waitUntilOthersWait(WaitGuard& lock) {
+    while (!othersWait()) napUntilOneSettles(lock);
 }
 
 }  // namespace platform
