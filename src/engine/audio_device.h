@@ -6,7 +6,8 @@
 
 namespace grub {
 
-/// Makes sounds and plays them. `init` and `shutdown` come from the window's thread, all else from the game thread.
+/// Makes sounds and plays them. `init` and `shutdown` come from the window's thread, playing and stopping from the game
+/// thread; a loader may create sounds meanwhile.
 class AudioDevice {
 public:
     virtual ~AudioDevice() = default;
@@ -19,10 +20,11 @@ public:
     /// An empty sound, for an effect or for music.
     [[nodiscard]] virtual std::unique_ptr<SoundBuffer> createSound() = 0;
     [[nodiscard]] virtual std::unique_ptr<SoundBuffer> createMusic() = 0;
-    /// Plays from the start, once or round and round. False when the sound is empty or too many streams play.
+    /// Plays from the start, once or round and round; a sound that is playing just goes on (true). False when the sound
+    /// is empty or too many long ones play.
     virtual bool play(SoundBuffer& sound, bool loop) = 0;
     virtual bool playLooped(SoundBuffer& sound) = 0;
-    /// Ends the playing of one sound. False when it was not playing.
+    /// Silences one sound, if it plays. False when it is empty.
     virtual bool stop(SoundBuffer& sound) = 0;
     virtual bool stopMusic(SoundBuffer& sound) = 0;
 };
