@@ -60,6 +60,7 @@ TEST(GameText, ADraftIsAGameThatSaysNothingOfWhatCameOfIt) {
     EXPECT_FALSE(draft.isComplete());
     EXPECT_EQ(draft.events, read(kGame).events);
     EXPECT_FALSE(read("level a b.txt\nindex 0\nseed 0\n30 end Quit score 0 keys 0\n").isComplete());
+    EXPECT_EQ(read("level a\nindex 0\nseed 0\n").level, "a");
     EXPECT_EQ(read("level a b.txt\nindex 0\nseed 0\n").level, "a b.txt");
     TextError error;
     EXPECT_FALSE(readGame("level a\nindex 0\nseed 0\n0 down Up\n", error)) << "frame 0 is over before a key can come";
