@@ -144,5 +144,20 @@ TEST_F(Trace, RefusesWhatIsWrongWithALineAndNoTrace) {
     }
 }
 
+// A number is its digits: no word that merely begins with one, and none that is read as another.
+TEST_F(Trace, TakesNumbersWrittenInDigitsOnly) {
+    level(Drawing{"@ .", "# #"});
+    for (const char* bad : {"", " 1", "+1", "-1", "0x1", "1.0", "1e3", "x", "4294967296", "18446744073709551617"}) {
+        SCOPED_TRACE(bad);
+        EXPECT_THROW(run("0", bad, "1"), CLI::ValidationError);
+        EXPECT_THROW(run(bad, "0", "1"), CLI::ValidationError);
+        EXPECT_THROW(run("0", "0", bad), CLI::ValidationError);
+    }
+    EXPECT_THROW(run("50", "0", "1"), CLI::ValidationError);
+    const Lines lines = linesOf("049", "010", "01");
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_THAT(lines[0], testing::HasSubstr(" rng=0000000a "));
+}
+
 }  // namespace
 }  // namespace grub

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -14,6 +15,7 @@
 #include "play_content.h"
 #include "trace_command.h"
 #include "whole_file.h"
+#include "whole_number.h"
 
 namespace grub {
 namespace {
@@ -149,7 +151,9 @@ void addPlay(CLI::App& app) {
     CLI::App* const command = app.add_subcommand("play", "Play a recorded game and check that all comes as recorded");
     command->add_option("FILE", arguments->game, "recorded game")->required();
     CLI::Option* const show = command->add_flag("--show", arguments->show, "play it in the window, at game speed");
-    command->add_option("--at", arguments->at, "first game frame to show")->needs(show)->check(CLI::NonNegativeNumber);
+    command->add_option("--at", arguments->at, "first game frame to show")
+        ->needs(show)
+        ->transform(wholeNumber(std::numeric_limits<int>::max()));
     command->add_flag("--update", arguments->update, "write its hashes and its end anew, from a run")->excludes(show);
     command->add_option("--data", arguments->data, "directory of the packages");
     command->callback([=] { play(*arguments); });

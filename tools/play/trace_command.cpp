@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -14,6 +15,7 @@
 #include "play_content.h"
 #include "table_source.h"
 #include "trace_line.h"
+#include "whole_number.h"
 
 namespace grub {
 namespace {
@@ -89,15 +91,16 @@ void addTraceCommand(CLI::App& app) {
     CLI::App* const command = app.add_subcommand("trace", "Play keys on a level and print a line for each game frame");
     command->add_option("--level", arguments->level, "level file (.lvl)")->required();
     command->add_option("--blocks", arguments->blocks, "block table")->required();
-    command->add_option("--index", arguments->index, "place in the level list, 0 to 49")
+    command->add_option("--index", arguments->index, "place in the level list")
         ->required()
-        ->check(CLI::Range(0, static_cast<int>(kLevelCount) - 1));
-    command->add_option("--seed", arguments->seed, "generator when the level starts to be built, 0 to 4294967295")
-        ->required();
+        ->transform(wholeNumber(static_cast<std::uint32_t>(kLevelCount) - 1));
+    command->add_option("--seed", arguments->seed, "generator when the level starts to be built")
+        ->required()
+        ->transform(wholeNumber(std::numeric_limits<std::uint32_t>::max()));
     command->add_option("--keys", arguments->keys, "key file: lines `FRAME down|up NAME`")->required();
     command->add_option("--frames", arguments->frames, "game frames to play")
         ->required()
-        ->check(CLI::NonNegativeNumber);
+        ->transform(wholeNumber(std::numeric_limits<int>::max()));
     command->add_option("--counts", arguments->counts, "frame counts: lines `ID COUNT`; else those of the packages");
     command->add_option("--data", arguments->data, "directory of the packages");
     command->callback([=] { trace(*arguments); });
