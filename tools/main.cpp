@@ -5,6 +5,7 @@
 #include "pack_commands.h"
 #include "play_commands.h"
 #include "render_commands.h"
+#include "synth_commands.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
     grub::addPackCommands(app);
     grub::addLevelCommands(app);
     grub::addRenderCommands(app);
+    grub::addSynthCommands(app);
     grub::addPlayCommands(app);
     try {
         app.parse(argc, argv);

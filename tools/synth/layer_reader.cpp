@@ -1,0 +1,224 @@
+#include "layer_reader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "samples.h"
+
+namespace grub {
+
+namespace {
+
+struct KindName {
+    std::string_view name;
+    LayerKind kind;
+};
+
+constexpr std::array kKinds{
+    KindName{"tone", LayerKind::Tone},   KindName{"noise", LayerKind::Noise},   KindName{"modes", LayerKind::Modes},
+    KindName{"voice", LayerKind::Voice}, KindName{"grains", LayerKind::Grains},
+};
+
+enum class Unit { Plain, Decibels };
+
+/// A key with one number behind it.
+struct NumberKey {
+    std::string_view key;
+    double SoundLayer::*field;
+    double low;
+    double high;
+    Unit unit = Unit::Plain;
+};
+
+constexpr std::array kNumberKeys{
+    //        key        field                     from    to
+    NumberKey{"gain", &SoundLayer::gain, -60, 40, Unit::Decibels},
+    NumberKey{"pan", &SoundLayer::pan, -1, 1},
+    NumberKey{"attack", &SoundLayer::attack, 0, 10},
+    NumberKey{"hold", &SoundLayer::hold, 0, 10},
+    NumberKey{"decay", &SoundLayer::decay, 0.0001, 10},
+    NumberKey{"sustain", &SoundLayer::sustain, 0, 1},
+    NumberKey{"length", &SoundLayer::length, 0.001, 10},
+    NumberKey{"release", &SoundLayer::release, 0.001, 5},
+    NumberKey{"damp", &SoundLayer::damp, 0, 100},
+    NumberKey{"breath", &SoundLayer::breath, 0, 10},
+    NumberKey{"jitter", &SoundLayer::jitter, 0, 1},
+    NumberKey{"count", &SoundLayer::count, 1, 1000},
+    NumberKey{"spread", &SoundLayer::spread, 0.001, 5},
+    NumberKey{"fade", &SoundLayer::fade, 0.001, 10},
+    NumberKey{"seed", &SoundLayer::seed, 0, 10000},
+};
+
+bool readHit(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    const auto& words = line.words;
+    LayerHit hit;
+    if (words.size() > 4) return refuse(error, line.number, "'hit TIME [PITCH [GAIN]]'", words[4]);
+    if (!readNumber(words[1], 0, 10, line.number, hit.time, error)) return false;
+    if (words.size() > 2) {
+        const auto note = noteFrequency(words[2]);
+        if (note)
+            hit.pitch = *note / layer.pitch;
+        else if (!readNumber(words[2], 0.05, 20, line.number, hit.pitch, error))
+            return false;
+    }
+    double decibels = 0;
+    if (words.size() > 3 && !readNumber(words[3], -60, 40, line.number, decibels, error)) return false;
+    hit.gain = fromDecibels(decibels);
+    layer.hits.push_back(hit);
+    return true;
+}
+
+bool readGlide(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    for (std::size_t i = 1; i < line.words.size(); ++i) {
+        const std::string& word = line.words[i];
+        const auto colon = word.find(':');
+        GlidePoint point;
+        if (colon == std::string::npos) return refuse(error, line.number, "TIME:FACTOR", word);
+        if (!readNumber(word.substr(0, colon), 0, 10, line.number, point.time, error)) return false;
+        if (!readNumber(word.substr(colon + 1), 0.01, 100, line.number, point.factor, error)) return false;
+        if (!layer.glide.empty() && point.time <= layer.glide.back().time)
+            return refuse(error, line.number, "a later time than the one before", word);
+        layer.glide.push_back(point);
+    }
+    return true;
+}
+
+bool readPartials(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    for (std::size_t i = 1; i < line.words.size(); ++i) {
+        double amplitude = 0;
+        if (!readNumber(line.words[i], -10, 10, line.number, amplitude, error)) return false;
+        layer.partials.push_back(amplitude);
+    }
+    return true;
+}
+
+/// A row of numbers that a key wants, each with its limits.
+struct NumberRow {
+    std::string_view form;
+    std::vector<std::pair<double, double>> limits;
+};
+
+bool readRow(const SourceLine& line, const NumberRow& row, std::vector<double>& values, LineError& error) {
+    if (line.words.size() != row.limits.size() + 1) return refuse(error, line.number, row.form, line.words.back());
+    for (std::size_t i = 0; i < row.limits.size(); ++i) {
+        const auto [low, high] = row.limits[i];
+        double value = 0;
+        if (!readNumber(line.words[i + 1], low, high, line.number, value, error)) return false;
+        values.push_back(value);
+    }
+    return true;
+}
+
+bool readBand(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    std::vector<double> v;
+    if (!readRow(line, {"'band LOW HIGH'", {{10, 20000}, {10, 20000}}}, v, error)) return false;
+    if (v[0] >= v[1]) return refuse(error, line.number, "a band that ends above its start", line.words[2]);
+    layer.bandLow = v[0];
+    layer.bandHigh = v[1];
+    return true;
+}
+
+bool readMode(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    std::vector<double> v;
+    if (!readRow(line, {"'mode RATIO GAIN DECAY'", {{0.01, 20000}, {-60, 40}, {0.001, 10}}}, v, error)) return false;
+    layer.modes.push_back({v[0], fromDecibels(v[1]), v[2]});
+    return true;
+}
+
+bool readFormant(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    std::vector<double> v;
+    const NumberRow row{"'formant HZ WIDTH GAIN'", {{50, 15000}, {10, 5000}, {-60, 40}}};
+    if (!readRow(line, row, v, error)) return false;
+    layer.formants.push_back({v[0], v[1], fromDecibels(v[2])});
+    return true;
+}
+
+bool readVibrato(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    std::vector<double> v;
+    if (!readRow(line, {"'vibrato RATE DEPTH'", {{0.1, 100}, {0, 1}}}, v, error)) return false;
+    layer.vibratoRate = v[0];
+    layer.vibratoDepth = v[1];
+    return true;
+}
+
+bool readTremolo(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    std::vector<double> v;
+    if (!readRow(line, {"'tremolo RATE DEPTH'", {{0.1, 200}, {0, 1}}}, v, error)) return false;
+    layer.tremoloRate = v[0];
+    layer.tremoloDepth = v[1];
+    return true;
+}
+
+bool readBasePitch(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    if (line.words.size() != 2) return refuse(error, line.number, "'pitch NOTE' or 'pitch HZ'", line.words.back());
+    if (!layer.hits.empty()) return refuse(error, line.number, "the pitch before the first hit", "pitch");
+    return readPitch(line.words[1], line.number, layer.pitch, error);
+}
+
+struct RowKey {
+    std::string_view key;
+    bool (*read)(const SourceLine&, SoundLayer&, LineError&);
+};
+
+constexpr std::array kRowKeys{
+    RowKey{"hit", readHit},         RowKey{"glide", readGlide},     RowKey{"partials", readPartials},
+    RowKey{"band", readBand},       RowKey{"mode", readMode},       RowKey{"formant", readFormant},
+    RowKey{"vibrato", readVibrato}, RowKey{"tremolo", readTremolo}, RowKey{"pitch", readBasePitch},
+};
+
+bool ends(const SoundLayer& layer, bool hasNotes) {
+    return hasNotes || layer.length > 0 || (layer.decay > 0 && layer.sustain <= 0) || layer.kind == LayerKind::Modes;
+}
+
+}  // namespace
+
+bool isLayerKind(std::string_view word) {
+    return std::any_of(kKinds.begin(), kKinds.end(), [word](const KindName& kind) { return kind.name == word; });
+}
+
+SoundLayer startLayer(const SourceLine& line) {
+    SoundLayer layer;
+    for (const KindName& kind : kKinds)
+        if (kind.name == line.words[0]) layer.kind = kind.kind;
+    return layer;
+}
+
+bool readLayerLine(const SourceLine& line, SoundLayer& layer, LineError& error) {
+    const std::string& word = line.words[0];
+    const auto row = std::find_if(kRowKeys.begin(), kRowKeys.end(), [&](const RowKey& k) { return k.key == word; });
+    const auto key =
+        std::find_if(kNumberKeys.begin(), kNumberKeys.end(), [&](const NumberKey& k) { return k.key == word; });
+    if (row == kRowKeys.end() && key == kNumberKeys.end()) return refuse(error, line.number, "a key of a layer", word);
+    if (line.words.size() < 2) return refuse(error, line.number, "a value behind the key", word);
+    if (row != kRowKeys.end()) return row->read(line, layer, error);
+    if (line.words.size() > 2) return refuse(error, line.number, "one value", line.words[2]);
+    double value = 0;
+    if (!readNumber(line.words[1], key->low, key->high, line.number, value, error)) return false;
+    layer.*(key->field) = key->unit == Unit::Decibels ? fromDecibels(value) : value;
+    return true;
+}
+
+bool layerIsWhole(const SoundLayer& layer, bool hasNotes, int line, LineError& error) {
+    const auto lacks = [&](std::string_view wanted) { return refuse(error, line, wanted, "a layer without"); };
+    switch (layer.kind) {
+        case LayerKind::Tone:
+            if (layer.partials.empty()) return lacks("partials");
+            break;
+        case LayerKind::Noise:
+            if (layer.bandLow <= 0) return lacks("a band");
+            break;
+        case LayerKind::Modes:
+            if (layer.modes.empty()) return lacks("a mode");
+            break;
+        case LayerKind::Voice:
+            if (layer.formants.empty()) return lacks("a formant");
+            break;
+        case LayerKind::Grains:
+            if (layer.bandLow <= 0 || layer.count <= 0 || layer.spread <= 0 || layer.decay <= 0)
+                return lacks("a band, count, spread and decay");
+            break;
+    }
+    return ends(layer, hasNotes) || lacks("a decay or a length");
+}
+
+}  // namespace grub

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "samples.h"
+
+namespace grub {
+
+/// The loudest 400 ms of a sound after ITU-R BS.1770, in LUFS: what is heard weighs more than what is deep. A shorter
+/// sound counts as if silence followed. `channels` have the same length.
+[[nodiscard]] double loudestMoment(std::span<const Samples> channels, int rate);
+
+/// How loud a whole track is after ITU-R BS.1770, in LUFS: moments far below the rest do not count.
+[[nodiscard]] double integratedLoudness(std::span<const Samples> channels, int rate);
+
+}  // namespace grub

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "samples.h"
+#include "sound_layer.h"
+#include "source_lines.h"
+
+namespace grub {
+
+/// A sound effect, as its source describes it (docs/formats/sound-sources.md).
+struct SoundSource {
+    double length = 0;  ///< seconds, to the last sample
+    double rate = kMusicRate;
+    double loudness = 0;  ///< loudest 400 ms, LUFS
+    double room = 0;      ///< amplitude of the room beside the dry sound; 0 is outdoors
+    double roomDecay = 0.045;
+    double drive = 0;  ///< how far a soft limit is overdriven; 0 is none
+    std::vector<SoundLayer> layers;
+};
+
+/// Reads a source; empty and `error` filled at the first line that is wrong.
+[[nodiscard]] std::optional<SoundSource> readSoundSource(std::string_view text, LineError& error);
+
+/// The finished sound: mono, at the source's rate, without DC, as loud as its source says. Empty and `error` filled
+/// when it would be louder than -1.5 dB of full scale.
+[[nodiscard]] std::optional<Samples> renderSound(const SoundSource& source, LineError& error);
+
+}  // namespace grub

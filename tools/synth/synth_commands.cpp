@@ -1,0 +1,113 @@
+#include "synth_commands.h"
+
+#include <iostream>
+#include <memory>
+
+#include "measure.h"
+#include "score_source.h"
+#include "sound_sheet.h"
+#include "sound_source.h"
+#include "vorbis_file.h"
+#include "wav_file.h"
+#include "whole_file.h"
+
+namespace grub {
+
+namespace {
+
+struct SynthOptions {
+    std::string source;
+    std::string output;
+    std::vector<std::string> files;
+};
+
+[[noreturn]] void fail(const std::string& reason) {
+    std::cerr << "sound: " << reason << '\n';
+    throw CLI::RuntimeError(1);
+}
+
+[[noreturn]] void fail(const std::string& file, const LineError& error) {
+    const std::string place = error.line > 0 ? ":" + std::to_string(error.line) : "";
+    fail(file + place + ": " + error.message);
+}
+
+std::vector<std::uint8_t> wholeFile(const std::string& path) {
+    auto bytes = readWholeFile(path);
+    if (!bytes) fail("cannot read " + path);
+    return std::move(*bytes);
+}
+
+std::string_view textOf(const std::vector<std::uint8_t>& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+void write(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+    if (!writeWholeFile(path, bytes)) fail("cannot write " + path);
+}
+
+SoundRecording recordingOf(const std::string& path) {
+    auto recording = decodeSound(wholeFile(path));
+    if (!recording) fail(path + ": wanted a 16-bit WAV or an Ogg Vorbis file");
+    return std::move(*recording);
+}
+
+void renderEffect(const SynthOptions& options) {
+    const auto text = wholeFile(options.source);
+    LineError error;
+    const auto source = readSoundSource(textOf(text), error);
+    if (!source) fail(options.source, error);
+    const auto sound = renderSound(*source, error);
+    if (!sound) fail(options.source, error);
+    write(options.output, wavBytes(*sound, static_cast<int>(source->rate)));
+}
+
+void renderMusic(const SynthOptions& options) {
+    const auto text = wholeFile(options.source);
+    LineError error;
+    const auto score = readScore(textOf(text), error);
+    if (!score) fail(options.source, error);
+    write(options.output, vorbisBytes(renderScore(*score), kMusicRate));
+}
+
+void measure(const SynthOptions& options) {
+    for (const std::string& file : options.files)
+        std::cout << measureLine(measureSound(recordingOf(file))) << "  " << file << '\n';
+}
+
+void drawSheet(const SynthOptions& options) {
+    std::vector<NamedRecording> sounds;
+    for (const std::string& file : options.files)
+        sounds.push_back({std::filesystem::path(file).stem().string(), recordingOf(file)});
+    if (!writeSoundSheet(options.output, sounds)) fail("cannot write " + options.output);
+}
+
+}  // namespace
+
+void addSynthCommands(CLI::App& app) {
+    const auto options = std::make_shared<SynthOptions>();
+    CLI::App* sound = app.add_subcommand("sound", "Render the game's sound effects, and look at sounds");
+    sound->require_subcommand(1);
+
+    CLI::App* render = sound->add_subcommand("render", "Render a sound source as a WAV file");
+    render->add_option("source", options->source, "Sound source, such as content/sound/steps.txt")->required();
+    render->add_option("file", options->output, "WAV file to write")->required();
+    render->callback([options] { renderEffect(*options); });
+
+    CLI::App* numbers = sound->add_subcommand("measure", "Print what stands for hearing a WAV or Ogg Vorbis file");
+    numbers->add_option("files", options->files, "Files")->required();
+    numbers->callback([options] { measure(*options); });
+
+    CLI::App* sheet = sound->add_subcommand("sheet", "Draw waveforms and spectra of WAV or Ogg Vorbis files");
+    sheet->add_option("picture", options->output, "PNG file to write")->required();
+    sheet->add_option("files", options->files, "Files")->required();
+    sheet->callback([options] { drawSheet(*options); });
+
+    CLI::App* music = app.add_subcommand("music", "Render the game's music");
+    music->require_subcommand(1);
+    CLI::App* score = music->add_subcommand("render", "Render a score as an Ogg Vorbis file");
+    score->add_option("score", options->source, "Score, such as content/music/menu.txt")->required();
+    score->add_option("file", options->output, "Ogg file to write")->required();
+    score->callback([options] { renderMusic(*options); });
+}
+
+}  // namespace grub

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace grub {
+
+/// Adds `sound` with render, sheet and measure, and `music` with render. A command that fails prints a line on standard
+/// error and throws CLI::RuntimeError with its exit code.
+void addSynthCommands(CLI::App& app);
+
+}  // namespace grub
