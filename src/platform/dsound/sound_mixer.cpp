@@ -1,0 +1,62 @@
+#include "sound_mixer.h"
+
+#include <algorithm>
+
+namespace platform {
+
+SoundMixer::SoundMixer(DWORD rate) : rate_(rate), limiter_(rate) {}
+
+std::shared_ptr<const ResamplingFilter> SoundMixer::filterFrom(DWORD rate) {
+    if (rate == rate_) return nullptr;
+    {
+        const std::lock_guard guard(lock_);
+        if (const auto known = filters_.find(rate); known != filters_.end()) return known->second;
+    }
+    auto filter = std::make_shared<const ResamplingFilter>(rate, rate_);  // takes milliseconds: not under the lock
+    const std::lock_guard guard(lock_);
+    return filters_.emplace(rate, std::move(filter)).first->second;
+}
+
+void SoundMixer::add(SoundVoice& voice) {
+    const std::lock_guard guard(lock_);
+    voices_.push_back(&voice);
+}
+
+void SoundMixer::remove(SoundVoice& voice) {
+    const std::lock_guard guard(lock_);
+    std::erase(voices_, &voice);
+}
+
+bool SoundMixer::mix(std::span<float> stereo) {
+    bool raised = false;
+    while (!stereo.empty()) {
+        const auto block = stereo.first(std::min(stereo.size(), 2 * kBlockFrames));
+        const std::lock_guard guard(lock_);
+        mixBlock(block);
+        raised = raised_.count > 0;
+        stereo = stereo.subspan(block.size());
+    }
+    return raised;
+}
+
+void SoundMixer::mixBlock(std::span<float> stereo) {
+    std::array<float, kBlockFrames> leftSums{};
+    std::array<float, kBlockFrames> rightSums{};
+    const auto left = std::span(leftSums).first(stereo.size() / 2);
+    const auto right = std::span(rightSums).first(stereo.size() / 2);
+    for (SoundVoice* voice : voices_) voice->mix(scratch_, left, right, raised_);
+    limiter_.apply(left, right);
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        stereo[2 * i] = left[i];
+        stereo[2 * i + 1] = right[i];
+    }
+}
+
+RaisedEvents SoundMixer::takeRaised() {
+    const std::lock_guard guard(lock_);
+    const RaisedEvents taken = raised_;
+    raised_.count = 0;
+    return taken;
+}
+
+}  // namespace platform
