@@ -5,6 +5,7 @@
 #include "application_base.h"
 #include "level_scene.h"
 #include "scene_ids.h"
+#include "sound_bank.h"
 
 namespace grub {
 
@@ -15,6 +16,7 @@ void MenuShell::handleMessage(const SharedRef<SceneMessage>& message) {
 bool MenuShell::enter() {
     quit_ = !std::exchange(firstVisit_, false);
     if (quit_) return true;
+    if (SoundBank* const bank = SoundBank::current()) bank->load(false);
     level_.startLoadingPass();
     level_.requestNewGame(startIndex_);
     return true;

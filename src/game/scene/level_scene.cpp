@@ -56,6 +56,8 @@ bool LevelScene::enter() {
         newGameAt_.reset();
     }
     if (state_ != LevelState::LoadSlot) state_ = LevelState::FirstLoad;
+    sound_.forgetTrack();
+    sound_.applyVolumes();
     levelLoader_.loadBlockTypes();
     collectedKeys_.clear();
     animations_.acquireAll();
@@ -113,6 +115,7 @@ void LevelScene::stopLoading() {
 
 void LevelScene::loadStep(int step) {
     const int list = resourcesLoaded_ ? 1 : 0;
+    if (list == 1 && step == 0) LevelSound::loadSecondPhase();
     for (const LoadEntry& entry : loadingStep(list, step)) {
         const EngineString file(entry.path().c_str());
         if (entry.kind == LoadEntry::Kind::Block)
@@ -132,11 +135,16 @@ bool LevelScene::startLevel(int index) {
     world_.emplace(std::move(*map), start, animations_.frameCounts());
     camera_.reset();
     world_->step();  // nobody sees this one: the first picture shows a level that has settled
+    sound_.play(world_->sounds());
     steering_->begin(*world_);
+    sound_.startMusic();
     return true;
 }
 
-void LevelScene::teardownLevel() { world_.reset(); }
+void LevelScene::teardownLevel() {
+    if (world_) sound_.stopMusic();
+    world_.reset();
+}
 
 std::optional<LevelMap> LevelScene::loadMap(int index) {
     const std::string_view level = levelInPlace_.empty() ? kLevelNames[static_cast<std::size_t>(index)] : levelInPlace_;

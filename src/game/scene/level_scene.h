@@ -12,6 +12,7 @@
 #include "engine_timer.h"
 #include "key_message.h"
 #include "level_loader.h"
+#include "level_sound.h"
 #include "resource_loader.h"
 #include "resource_source.h"
 #include "scene.h"
@@ -64,6 +65,7 @@ public:
     [[nodiscard]] int levelIndex() const { return levelIndex_; }
     [[nodiscard]] const World* world() const { return world_ ? &*world_ : nullptr; }
     [[nodiscard]] const Camera& camera() const { return camera_; }
+    [[nodiscard]] const LevelSound& sound() const { return sound_; }
     [[nodiscard]] const AnimationTable& animations() const { return animations_; }
     [[nodiscard]] const ResourceLoader& loader() const { return loader_; }
     /// Key code of the last key pressed.
@@ -100,6 +102,7 @@ private:
     std::optional<World> world_;               // there while a level is built
     std::vector<CellPosition> collectedKeys_;  // keys that stay taken when the level is tried again
     Camera camera_;
+    LevelSound sound_;
     LevelState state_ = LevelState::FirstLoad;
     std::optional<int> newGameAt_;
     std::string levelInPlace_;  // of those of the list; empty: none

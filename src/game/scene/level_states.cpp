@@ -27,6 +27,7 @@ void LevelScene::runState() {
 // it was given when it was built.
 void LevelScene::firstLoad() {
     if (resourcesLoaded_ && loader_.isComplete()) {
+        sound_.applyVolumes();  // what the second pass has loaded is at full volume
         if (!startLevel(levelIndex_)) return leaveToShell();
         state_ = LevelState::Intro;
     } else if (!loader_.isComplete()) {
@@ -49,6 +50,7 @@ void LevelScene::playing() {
     steering_->beforeStep(*world_);
     world_->step();
     world_->finishFrame(true);
+    sound_.play(world_->sounds());
     steering_->afterFrame(*world_);
     drawWorld();
     if (world_->ended()) state_ = LevelState::Ended;

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "music_id.h"
+#include "sound_requests.h"
+
+namespace grub {
+
+/// What a level sounds like: plays what the world asks for, and the music of the level, from the current sound bank.
+/// Without a bank all is silent. Game thread, but for `loadSecondPhase`.
+class LevelSound {
+public:
+    /// Volume levels of a player who has not chosen any, of 0 to 9: music stays well behind the effects.
+    static constexpr std::uint32_t kEffectsLevel = 7;
+    static constexpr std::uint32_t kMusicLevel = 3;
+
+    /// Gives both volumes to all sounds that are loaded. A load forgets them.
+    void applyVolumes() const;
+    /// Loads the sounds of bonuses and lost levels; on the loader thread.
+    static void loadSecondPhase();
+
+    /// Starts and stops what a game frame asks for, in its order.
+    void play(std::span<const SoundRequest> requests) const;
+
+    /// The next level draws its track by chance, as the first one after the start does.
+    void forgetTrack() { track_.reset(); }
+    /// Starts the music of a level: from one level to the next the two tracks take turns. Draws a number of the
+    /// process's sequence when it chooses by chance.
+    void startMusic();
+    void stopMusic() const;
+    /// The track of the level; none before the first.
+    [[nodiscard]] std::optional<MusicId> track() const { return track_; }
+
+private:
+    std::optional<MusicId> track_;
+};
+
+}  // namespace grub
