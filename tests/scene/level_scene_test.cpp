@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bmp_writer.h"
+#include "fake_audio_device.h"
 #include "fake_renderer.h"
 #include "level_list.h"
 #include "level_writer.h"
@@ -16,7 +17,9 @@
 #include "mouse_message.h"
 #include "recording_scene.h"
 #include "scratch_directory.h"
+#include "sound_bank.h"
 #include "testing.h"
+#include "wav_writer.h"
 
 namespace grub {
 namespace {
@@ -383,6 +386,36 @@ TEST_F(LevelSceneTest, ALoaderThatIsStoppedLoadsNothingMoreUntilItIsStartedAgain
         while (!scene.loader().isComplete()) std::this_thread::yield();
         EXPECT_EQ(scene.animations().count(), 335);
     }
+}
+
+/// A bank with one effect of each phase and the two tracks of the game, named by their sizes.
+class BankOfFour {
+public:
+    BankOfFour() {
+        package_.put("sound\\sound.ini", std::string("[music]\ngame1=a\ngame2=a\n[sound]\nsteps=b\nskull=c\n"));
+        package_.put("sound\\a", writeWav({.samples = Bytes(200, 0)}));
+        package_.put("sound\\b", writeWav({.samples = Bytes(126, 0)}));
+        package_.put("sound\\c", writeWav({.samples = Bytes(148, 0)}));
+        bank_.load(false);
+        SoundBank::setCurrent(&bank_);
+    }
+
+private:
+    MemorySource package_;
+    SoundBank bank_{package_};
+};
+
+TEST_F(LevelSceneTest, PlaysSoundsAndMusicAndSetsTheVolumeOfWhatTheSecondPassLoads) {
+    const auto log = FakeAudioDevice::install();
+    const BankOfFour bank;
+    at(10, [this] { press(KeyRight); });
+    playFrom(0, 30);
+    const std::vector<std::string>& calls = log->calls;
+    const auto place = [&](const char* call) { return std::find(calls.begin(), calls.end(), call) - calls.begin(); };
+    EXPECT_LT(place("volume 148 99"), place("loop 200")) << "before the level begins";
+    EXPECT_LT(place("loop 200"), place("play 126")) << "he walks to music";
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "loop 200"), 1);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "stop music 200"), 1);
 }
 
 }  // namespace
