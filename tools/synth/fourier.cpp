@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdint>
 
 namespace grub {
 
@@ -10,7 +9,12 @@ namespace {
 
 using Complex = std::complex<double>;
 
-/// Sorts the values by their mirrored index, as the butterflies below want them.
+/// Plain multiplication; std::complex also asks for infinities.
+Complex product(Complex a, Complex b) {
+    return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
+}
+
+/// Sorts the values by their mirrored index, as the butterflies want them.
 void mirrorOrder(std::vector<Complex>& values) {
     for (std::size_t i = 1, j = 0; i < values.size(); ++i) {
         std::size_t bit = values.size() / 2;
@@ -22,59 +26,65 @@ void mirrorOrder(std::vector<Complex>& values) {
 
 }  // namespace
 
-void transform(std::vector<Complex>& values, bool inverse) {
-    mirrorOrder(values);
-    const std::size_t size = values.size();
-    std::vector<Complex> turns(size / 2);
-    for (std::size_t i = 0; i < turns.size(); ++i) {
-        const double angle = (inverse ? kTwoPi : -kTwoPi) * static_cast<double>(i) / static_cast<double>(size);
-        turns[i] = {std::cos(angle), std::sin(angle)};
-    }
+FourierTransform::FourierTransform(std::size_t size) {
     for (std::size_t half = 1; half < size; half *= 2) {
-        for (std::size_t start = 0; start < size; start += 2 * half) {
-            for (std::size_t i = 0; i < half; ++i) {
-                const Complex a = values[start + i];
-                const Complex v = values[start + half + i];
-                const Complex w = turns[i * (size / (2 * half))];
-                const Complex b{v.real() * w.real() - v.imag() * w.imag(), v.real() * w.imag() + v.imag() * w.real()};
-                values[start + i] = a + b;
-                values[start + half + i] = a - b;
+        for (std::size_t i = 0; i < half; ++i) {
+            const double angle = -std::numbers::pi * static_cast<double>(i) / static_cast<double>(half);
+            turns_.emplace_back(std::cos(angle), std::sin(angle));
+        }
+    }
+}
+
+void FourierTransform::forward(std::vector<Complex>& values) const {
+    mirrorOrder(values);
+    for (std::size_t half = 1; half < values.size(); half *= 2) {
+        const Complex* turns = turns_.data() + (half - 1);
+        for (std::size_t start = 0; start < values.size(); start += 2 * half) {
+            for (std::size_t i = start; i < start + half; ++i) {
+                const Complex turned = product(values[i + half], turns[i - start]);
+                values[i + half] = values[i] - turned;
+                values[i] += turned;
             }
         }
     }
-    if (!inverse) return;
-    for (Complex& value : values) value /= static_cast<double>(size);
+}
+
+void FourierTransform::backward(std::vector<Complex>& values) const {
+    forward(values);
+    std::reverse(values.begin() + 1, values.end());
 }
 
 std::size_t powerOfTwo(std::size_t size) { return std::bit_ceil(size); }
 
-std::vector<double> powerSpectrum(std::span<const double> piece) {
+std::vector<double> powerSpectrum(const FourierTransform& fourier, std::span<const double> piece) {
     std::vector<Complex> values(piece.begin(), piece.end());
-    transform(values, false);
+    fourier.forward(values);
     std::vector<double> power(values.size() / 2 + 1);
-    for (std::size_t i = 0; i < power.size(); ++i) power[i] = std::norm(values[i % values.size()]);
+    for (std::size_t i = 0; i < power.size(); ++i) power[i] = std::norm(values[i]);
     return power;
 }
 
-/// Piece by piece, each as long as the response, so that a whole tune needs little memory.
+/// Piece by piece, each as long as the response, so that a whole tune needs little memory. Two pieces go at once: the
+/// response is real, so one stays in the real parts and the other in the imaginary parts.
 Samples convolve(std::span<const double> sound, std::span<const double> response) {
     const std::size_t piece = powerOfTwo(std::max<std::size_t>(response.size(), 1024));
+    const FourierTransform fourier(2 * piece);
     std::vector<Complex> echo(response.begin(), response.end());
     echo.resize(2 * piece);
-    transform(echo, false);
+    fourier.forward(echo);
+    for (Complex& value : echo) value /= static_cast<double>(2 * piece);
     Samples out(sound.size() + response.size() - 1);
-    for (std::size_t start = 0; start < sound.size(); start += piece) {
-        const auto part = sound.subspan(start, std::min(piece, sound.size() - start));
-        std::vector<Complex> values(part.begin(), part.end());
-        values.resize(2 * piece);
-        transform(values, false);
+    const auto at = [&](std::size_t i) { return i < sound.size() ? sound[i] : 0.0; };
+    for (std::size_t start = 0; start < sound.size(); start += 2 * piece) {
+        std::vector<Complex> values(2 * piece);
+        for (std::size_t i = 0; i < piece; ++i) values[i] = {at(start + i), at(start + piece + i)};
+        fourier.forward(values);
+        for (std::size_t i = 0; i < values.size(); ++i) values[i] = product(values[i], echo[i]);
+        fourier.backward(values);
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const Complex a = values[i];
-            const Complex b = echo[i];
-            values[i] = {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
+            if (start + i < out.size()) out[start + i] += values[i].real();
+            if (start + piece + i < out.size()) out[start + piece + i] += values[i].imag();
         }
-        transform(values, true);
-        for (std::size_t i = 0; i < values.size() && start + i < out.size(); ++i) out[start + i] += values[i].real();
     }
     return out;
 }

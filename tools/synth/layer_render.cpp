@@ -13,6 +13,8 @@ namespace {
 constexpr double kUntilSilent = 9.2;
 /// The corner of a moving filter follows its curve in steps of so many samples.
 constexpr std::size_t kTuneStep = 16;
+/// Of the rate: no sine is higher.
+constexpr double kHighestShare = 0.45;
 /// Seconds between two random pitches of a hoarse voice.
 constexpr double kJitterStep = 0.007;
 
@@ -72,19 +74,34 @@ double frequencyAt(const HitContext& hit, double t) {
     return layer.pitch * hit.pitch * glideAt(layer.glide, t) * vibrato;
 }
 
+/// Partials of a phase one after the other: sin(n x) follows from the two before it, and so does how far each has died
+/// away.
+double partialSum(const std::vector<double>& partials, std::size_t count, double phase, double dampedShare) {
+    const double turn = kTwoPi * phase;
+    const double twiceCos = 2 * std::cos(turn);
+    double before = 0;
+    double sine = std::sin(turn);
+    double left = 1;
+    double sum = 0;
+    for (std::size_t n = 0; n < count; ++n) {
+        sum += partials[n] * left * sine;
+        left *= dampedShare;
+        const double next = twiceCos * sine - before;
+        before = sine;
+        sine = next;
+    }
+    return sum;
+}
+
 void renderTone(const HitContext& hit, Samples& out) {
     const auto& partials = hit.layer.partials;
     double phase = 0;
     for (std::size_t i = 0; i < out.size(); ++i) {
         const double t = hit.time(i);
         const double frequency = frequencyAt(hit, t);
-        double sample = 0;
-        for (std::size_t n = 0; n < partials.size(); ++n) {
-            const auto above = static_cast<double>(n);
-            if (frequency * (above + 1) > 0.45 * hit.rate) break;  // it would come back as a wrong tone
-            sample += partials[n] * std::exp(-hit.layer.damp * above * t) * std::sin(kTwoPi * (above + 1) * phase);
-        }
-        out[i] = sample;
+        // Partials beyond that would come back as wrong tones.
+        const double fitting = std::min(kHighestShare * hit.rate / frequency, static_cast<double>(partials.size()));
+        out[i] = partialSum(partials, static_cast<std::size_t>(fitting), phase, std::exp(-hit.layer.damp * t));
         phase += frequency / hit.rate;
         phase -= std::floor(phase);
     }
@@ -113,7 +130,7 @@ void renderModes(const HitContext& hit, Samples& out) {
         for (std::size_t i = 0; i < out.size(); ++i) {
             const double t = hit.time(i);
             const double frequency = frequencyAt(hit, t) * mode.ratio;
-            if (frequency > 0.45 * hit.rate) break;
+            if (frequency > kHighestShare * hit.rate) break;
             out[i] += mode.gain * std::exp(-t / mode.decay) * std::sin(kTwoPi * phase);
             phase += frequency / hit.rate;
             phase -= std::floor(phase);

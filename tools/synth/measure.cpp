@@ -18,8 +18,8 @@ struct SpectrumSums {
     double weighted = 0;
     double heard = 0;
 
-    void add(std::span<const double> piece, int rate) {
-        const std::vector<double> power = powerSpectrum(piece);
+    void add(const FourierTransform& fourier, std::span<const double> piece, int rate) {
+        const std::vector<double> power = powerSpectrum(fourier, piece);
         for (std::size_t i = 0; i < power.size(); ++i) {
             const double frequency = static_cast<double>(i) * rate / static_cast<double>(piece.size());
             energy += power[i];
@@ -33,12 +33,13 @@ SpectrumSums spectrumOf(const SoundRecording& sound) {
     constexpr std::size_t kLargestPiece = 1 << 18;
     SpectrumSums sums;
     for (const Samples& channel : sound.channels) {
-        const std::size_t piece = std::min(kLargestPiece, powerOfTwo(channel.size()));
+        const std::size_t piece = std::min(kLargestPiece, powerOfTwo(channel.size() + 1));
+        const FourierTransform fourier(piece);
         for (std::size_t start = 0; start < channel.size(); start += piece) {
             Samples part(channel.begin() + static_cast<std::ptrdiff_t>(start),
                          channel.begin() + static_cast<std::ptrdiff_t>(std::min(start + piece, channel.size())));
             part.resize(piece);
-            sums.add(part, sound.rate);
+            sums.add(fourier, part, sound.rate);
         }
     }
     return sums;

@@ -1,6 +1,7 @@
 #include "filters.h"
 #include "fourier.h"
 #include "layer_render.h"
+#include "limiter.h"
 #include "loudness.h"
 #include "room.h"
 #include "score_source.h"
@@ -12,8 +13,7 @@ namespace {
 
 constexpr double kArticulation = 0.92;  // of its beats a note sounds before it is let go
 constexpr double kLowestCorner = 35;    // Hz
-constexpr double kLimit = 0.76;         // amplitude; leaves the encoder 0.9 dB to err
-constexpr double kBendAt = 0.5;         // amplitude from which the limit is felt
+constexpr double kLimit = 0.72;         // amplitude, -2.9 dB; leaves the encoder room to err
 constexpr double kUnevenness = 0.12;    // share by which notes differ in loudness, as a player's do
 
 /// A stereo loop: what goes on behind the end comes in again at the start, as if it had been played before.
@@ -73,14 +73,6 @@ void playPhrase(LoopMix& mix, const Score& score, const Phrase& phrase, double s
     }
 }
 
-/// Linear up to the bend, then ever closer to the limit. It has no memory, so the seam of a loop passes unharmed.
-double limited(double sample) {
-    const double size = std::abs(sample);
-    if (size <= kBendAt) return sample;
-    const double bent = kBendAt + (kLimit - kBendAt) * std::tanh((size - kBendAt) / (kLimit - kBendAt));
-    return std::copysign(bent, sample);
-}
-
 /// A loop filtered as if it had been going on for ever.
 void cutLowOfLoop(Samples& loop) {
     Samples twice(loop);
@@ -96,7 +88,8 @@ std::vector<Samples> mastered(const std::vector<Samples>& mix, double loudness) 
     double gain = fromDecibels(loudness - integratedLoudness(mix, kMusicRate));
     for (int round = 0; round < kRounds; ++round) {
         for (std::size_t c = 0; c < mix.size(); ++c)
-            for (std::size_t i = 0; i < mix[c].size(); ++i) out[c][i] = limited(gain * mix[c][i]);
+            for (std::size_t i = 0; i < mix[c].size(); ++i) out[c][i] = gain * mix[c][i];
+        limitLoop(out, kLimit, kMusicRate);
         gain *= fromDecibels(loudness - integratedLoudness(out, kMusicRate));
     }
     return out;

@@ -73,7 +73,7 @@ Pixel heat(double share) {
             255};
 }
 
-std::vector<double> columnSpectrum(const Tile& tile, int column) {
+std::vector<double> columnSpectrum(const FourierTransform& fourier, const Tile& tile, int column) {
     Samples piece(kWindow);
     const auto middle = static_cast<std::ptrdiff_t>(tile.sampleAt(column));
     for (std::size_t i = 0; i < kWindow; ++i) {
@@ -82,14 +82,15 @@ std::vector<double> columnSpectrum(const Tile& tile, int column) {
         const double window = 0.5 - 0.5 * std::cos(kTwoPi * static_cast<double>(i) / kWindow);
         piece[i] = window * tile.sound[static_cast<std::size_t>(at)];
     }
-    return powerSpectrum(piece);
+    return powerSpectrum(fourier, piece);
 }
 
 void drawSpectrum(const Tile& tile) {
+    const FourierTransform fourier(kWindow);
     std::vector<std::vector<double>> columns;
     double loudest = 1e-12;
     for (int column = 0; column < kTileWidth; ++column) {
-        columns.push_back(columnSpectrum(tile, column));
+        columns.push_back(columnSpectrum(fourier, tile, column));
         loudest = std::max(loudest, *std::max_element(columns.back().begin(), columns.back().end()));
     }
     const int bottom = tile.y + kNameHeight + kWaveHeight + kSpectrumHeight - 1;

@@ -34,24 +34,32 @@ private:
 }  // namespace
 
 std::vector<std::uint8_t> wavBytes(std::span<const double> sound, int rate) {
+    std::vector<std::int16_t> samples;
+    samples.reserve(sound.size());
+    for (const double sample : sound)
+        samples.push_back(static_cast<std::int16_t>(std::lround(std::clamp(sample, -1.0, 1.0) * 32767)));
+    return wavBytes(samples, 1, rate);
+}
+
+std::vector<std::uint8_t> wavBytes(std::span<const std::int16_t> samples, int channels, int rate) {
     std::vector<std::uint8_t> bytes;
-    const auto dataSize = static_cast<std::uint32_t>(sound.size()) * kSampleSize;
+    const auto dataSize = static_cast<std::uint32_t>(samples.size()) * kSampleSize;
     const auto samplesPerSecond = static_cast<std::uint32_t>(rate);
+    const auto blockSize = static_cast<std::uint32_t>(channels) * kSampleSize;
     HeaderWriter out(bytes);
     out.text("RIFF");
     out.u32(kHeaderSize - 8 + dataSize);
     out.text("WAVEfmt ");
     out.u32(16);
     out.u16(kPcm);
-    out.u16(1);
+    out.u16(static_cast<std::uint32_t>(channels));
     out.u32(samplesPerSecond);
-    out.u32(samplesPerSecond * kSampleSize);
-    out.u16(kSampleSize);
+    out.u32(samplesPerSecond * blockSize);
+    out.u16(blockSize);
     out.u16(8 * kSampleSize);
     out.text("data");
     out.u32(dataSize);
-    for (const double sample : sound)
-        out.u16(static_cast<std::uint32_t>(std::lround(std::clamp(sample, -1.0, 1.0) * 32767)) & 0xFFFF);
+    for (const std::int16_t sample : samples) out.u16(static_cast<std::uint16_t>(sample));
     return bytes;
 }
 
