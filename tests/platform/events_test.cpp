@@ -26,6 +26,13 @@ struct ScopedEvent {
     HANDLE handle;
 };
 
+DWORD WINAPI setFlag(LPVOID flag) {
+    *static_cast<std::atomic<bool>*>(flag) = true;
+    return 0;
+}
+
+DWORD WINAPI waitFor(LPVOID event) { return WaitForSingleObject(event, INFINITE); }
+
 TEST(Events, StayOrFallBackAsTheyWereMade) {
     struct Row {
         const char* what;
@@ -141,6 +148,106 @@ TEST(Waits, KeepTheClockStillWhileAThreadWorks) {
     EXPECT_EQ(clock.now(), milliseconds(5));
 }
 
+/// What WaitForMultipleObjects answers at once.
+DWORD waitNow(const std::vector<HANDLE>& handles, bool all) {
+    return WaitForMultipleObjects(static_cast<DWORD>(handles.size()), handles.data(), all ? TRUE : FALSE, 0);
+}
+
+TEST(WaitsForSeveral, TakeTheFirstThatIsReadyAndLeaveTheOthers) {
+    const ScopedEvent first(false, false);
+    const ScopedEvent second(false, true);
+    const ScopedEvent third(false, true);
+    const std::vector<HANDLE> all{first.handle, second.handle, third.handle};
+    EXPECT_EQ(waitNow(all, false), WAIT_OBJECT_0 + 1);
+    EXPECT_EQ(waitNow(all, false), WAIT_OBJECT_0 + 2);
+    EXPECT_EQ(waitNow(all, false), WAIT_TIMEOUT);
+    EXPECT_EQ(WaitForMultipleObjects(3, all.data(), FALSE, 2), WAIT_TIMEOUT);
+}
+
+TEST(WaitsForSeveral, UseNothingUpUntilAllAreReady) {
+    const ScopedEvent first(false, true);
+    const ScopedEvent second(false, false);
+    const std::vector<HANDLE> both{first.handle, second.handle};
+    EXPECT_EQ(waitNow(both, true), WAIT_TIMEOUT);
+    EXPECT_EQ(waitNow({first.handle}, false), WAIT_OBJECT_0) << "the signal was left where it was";
+    SetEvent(first.handle);
+    SetEvent(second.handle);
+    EXPECT_EQ(waitNow(both, true), WAIT_OBJECT_0);
+    EXPECT_EQ(waitNow(both, false), WAIT_TIMEOUT) << "both signals are used up";
+}
+
+TEST(WaitsForSeveral, RefuseCountsAndHandlesThatAreNone) {
+    const ScopedEvent event(true, true);
+    EXPECT_EQ(waitNow(std::vector<HANDLE>(64, event.handle), false), WAIT_OBJECT_0);
+    EXPECT_EQ(waitNow(std::vector<HANDLE>(65, event.handle), false), WAIT_FAILED);
+    EXPECT_EQ(waitNow({}, false), WAIT_FAILED);
+    EXPECT_EQ(WaitForMultipleObjects(1, nullptr, FALSE, INFINITE), WAIT_FAILED);
+    EXPECT_EQ(waitNow({event.handle, nullptr}, false), WAIT_FAILED);
+}
+
+TEST(WaitsForSeveral, SleepUntilOneIsSet) {
+    for (const std::size_t index : {0, 1, 16}) {
+        const HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
+        std::deque<ScopedEvent> events;
+        std::vector<HANDLE> handles;
+        for (int i = 0; i < 17; ++i) handles.push_back(events.emplace_back(i == 16, false).handle);
+        std::atomic<DWORD> first{WAIT_FAILED};
+        std::atomic<DWORD> second{WAIT_FAILED};
+        const GameThread one([&] { first = WaitForMultipleObjects(17, handles.data(), FALSE, INFINITE); });
+        clock.settle();
+        const GameThread two([&] { second = WaitForMultipleObjects(17, handles.data(), FALSE, INFINITE); });
+        clock.settle();
+        SetEvent(handles[index]);
+        clock.settle();
+        EXPECT_EQ(first, WAIT_OBJECT_0 + index) << "the older wait";
+        EXPECT_EQ(second, index == 16 ? WAIT_OBJECT_0 + 16 : WAIT_FAILED) << "a manual event ends both";
+        SetEvent(handles[16]);
+    }
+}
+
+TEST(WaitsForSeveral, SleepUntilTheLastOfAllIsSetWithoutTakingFromOthers) {
+    const HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
+    const ScopedEvent shared(false, false);
+    const ScopedEvent own(false, false);
+    const GameThread thread([&] { WaitForSingleObject(own.handle, INFINITE); });
+    std::atomic<bool> waitedForAll{false};
+    std::atomic<bool> waitedForOne{false};
+    const std::vector<HANDLE> awaited{shared.handle, own.handle};
+    const GameThread all([&] {
+        WaitForMultipleObjects(2, awaited.data(), TRUE, INFINITE);
+        waitedForAll = true;
+    });
+    clock.settle();
+    const GameThread one([&] {
+        WaitForSingleObject(shared.handle, INFINITE);
+        waitedForOne = true;
+    });
+    clock.settle();
+    SetEvent(shared.handle);
+    clock.settle();
+    EXPECT_TRUE(waitedForOne);
+    EXPECT_FALSE(waitedForAll);
+    SetEvent(own.handle);  // for the first thread, the oldest wait
+    clock.settle();
+    EXPECT_TRUE(thread.hasEnded());
+    SetEvent(own.handle);
+    clock.settle();
+    EXPECT_FALSE(waitedForAll) << "the shared signal has gone to another";
+    SetEvent(shared.handle);
+    clock.settle();
+    EXPECT_TRUE(waitedForAll);
+}
+
+TEST(WaitsForSeveral, EndWithTheThreadsThatTheyWaitFor) {
+    const ScopedEvent go(true, false);
+    const HANDLE threads[]{CreateThread(nullptr, 0, waitFor, go.handle, 0, nullptr),
+                           CreateThread(nullptr, 0, waitFor, go.handle, 0, nullptr)};
+    EXPECT_EQ(WaitForMultipleObjects(2, threads, TRUE, 2), WAIT_TIMEOUT);
+    SetEvent(go.handle);
+    EXPECT_EQ(WaitForMultipleObjects(2, threads, TRUE, INFINITE), WAIT_OBJECT_0);
+    for (const HANDLE thread : threads) CloseHandle(thread);
+}
+
 TEST(Clock, CountsTenMillionTicksASecondAndNeverGoesBack) {
     LARGE_INTEGER frequency{};
     EXPECT_TRUE(QueryPerformanceFrequency(&frequency));
@@ -167,9 +274,61 @@ TEST(Clock, ReadsWhatTestsWant) {
     EXPECT_EQ(counter.QuadPart, 4'294'967'291 + 3'579'545 + 7);
 }
 
-DWORD WINAPI setFlag(LPVOID flag) {
-    *static_cast<std::atomic<bool>*>(flag) = true;
-    return 0;
+TEST(Threads, StopForEverWhereTheyWaitWhenTheyAreTerminated) {
+    const HandDrivenClock clock;
+    const ScopedEvent event(false, false);
+    const HANDLE waiting = CreateThread(nullptr, 0, waitFor, event.handle, 0, nullptr);
+    clock.settle();
+    EXPECT_TRUE(TerminateThread(waiting, 0xFFFFFFFFU));
+    EXPECT_EQ(WaitForSingleObject(waiting, 0), WAIT_OBJECT_0) << "it counts as ended";
+    SetEvent(event.handle);
+    EXPECT_EQ(WaitForSingleObject(event.handle, 0), WAIT_OBJECT_0) << "nobody took the signal";
+    Sleep(5);
+    EXPECT_EQ(clock.now(), milliseconds(5)) << "the clock no longer waits for it";
+    std::atomic<bool> ran{false};
+    const HANDLE suspended = CreateThread(nullptr, 0, setFlag, &ran, CREATE_SUSPENDED, nullptr);
+    EXPECT_TRUE(TerminateThread(suspended, 0));
+    EXPECT_EQ(ResumeThread(suspended), 0U);
+    EXPECT_EQ(WaitForSingleObject(suspended, INFINITE), WAIT_OBJECT_0);
+    EXPECT_FALSE(ran);
+    EXPECT_FALSE(TerminateThread(event.handle, 0));
+    CloseHandle(waiting);
+    CloseHandle(suspended);
+}
+
+TEST(Threads, StopAtTheirNextWaitWhenTheyAreTerminatedAtWork) {
+    struct Work {
+        std::atomic<bool> begun{false}, goOn{false}, slept{false};
+    };
+    static Work work;  // the thread never ends
+    const HandDrivenClock clock;
+    const auto run = [](LPVOID) -> DWORD {
+        work.begun = true;
+        while (!work.goOn) std::this_thread::yield();
+        Sleep(1);
+        work.slept = true;
+        return 0;
+    };
+    const HANDLE thread = CreateThread(nullptr, 0, run, nullptr, 0, nullptr);
+    while (!work.begun) std::this_thread::yield();
+    EXPECT_TRUE(TerminateThread(thread, 0));
+    work.goOn = true;
+    for (int i = 0; i < 20; ++i) Sleep(1);
+    std::this_thread::sleep_for(milliseconds(20));
+    EXPECT_FALSE(work.slept);
+    CloseHandle(thread);
+}
+
+TEST(Threads, AreAskedForInAnOrderThatTheSystemMayRefuse) {
+    const ScopedEvent go(true, false);
+    const HANDLE thread = CreateThread(nullptr, 0, waitFor, go.handle, 0, nullptr);
+    EXPECT_TRUE(SetThreadPriority(thread, THREAD_PRIORITY_HIGHEST));
+    SetEvent(go.handle);
+    EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_TRUE(SetThreadPriority(thread, THREAD_PRIORITY_HIGHEST));
+    CloseHandle(thread);
+    EXPECT_FALSE(SetThreadPriority(thread, THREAD_PRIORITY_HIGHEST));
+    EXPECT_FALSE(SetThreadPriority(go.handle, THREAD_PRIORITY_HIGHEST));
 }
 
 TEST(Threads, StartSuspendedAndReportTheirSuspendCount) {

@@ -70,6 +70,8 @@ TEST(ResultNames, AreTheSymbolsOfTheCodes) {
     EXPECT_STREQ(DXGetErrorString8A(static_cast<HRESULT>(0x8876086A)), "D3DERR_NOTAVAILABLE");
     EXPECT_STREQ(DXGetErrorString8A(static_cast<HRESULT>(0x88760868)), "D3DERR_DEVICELOST");
     EXPECT_STREQ(DXGetErrorString8A(static_cast<HRESULT>(0x8876086C)), "D3DERR_INVALIDCALL");
+    EXPECT_STREQ(DXGetErrorString8A(static_cast<HRESULT>(0x88780078)), "DSERR_NODRIVER");
+    EXPECT_STREQ(DXGetErrorString8A(static_cast<HRESULT>(0x88780096)), "DSERR_BUFFERLOST");
     EXPECT_STREQ(DXGetErrorString8A(12345), "Unknown");
 }
 

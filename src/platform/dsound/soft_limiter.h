@@ -16,8 +16,8 @@ public:
     void apply(std::span<float> left, std::span<float> right);
 
 private:
-    float recovery_;  // the part of what is missing to full gain that one frame gives back
-    float gain_ = 1;
+    float kept_;         // what one frame leaves of it
+    float missing_ = 0;  // to full gain
 };
 
 }  // namespace platform

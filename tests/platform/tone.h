@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <numbers>
+#include <span>
+#include <vector>
+
+/// A sine in 16 bits, starting at phase 0.
+inline std::vector<std::int16_t> tone(double hertz, double rate, std::size_t count, double amplitude = 0.5) {
+    std::vector<std::int16_t> samples;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double phase = 2 * std::numbers::pi * hertz * static_cast<double>(i) / rate;
+        samples.push_back(static_cast<std::int16_t>(std::lround(amplitude * 0x8000 * std::sin(phase))));
+    }
+    return samples;
+}
+
+/// A sine found in a sound: amplitude (1 is full), phase of sample 0 in cycles, and what is left without it, in
+/// decibels below it.
+struct FoundTone {
+    double amplitude;
+    double phase;
+    double residual;
+};
+
+/// Fits a sine of this frequency to `samples`; they should hold whole periods.
+template <class Samples>
+FoundTone findTone(const Samples& samples, double hertz, double rate) {
+    double sine = 0;
+    double cosine = 0;
+    double all = 0;
+    double angle = 0;
+    const auto count = static_cast<double>(samples.size());
+    for (const double value : samples) {
+        sine += value * std::sin(angle);
+        cosine += value * std::cos(angle);
+        all += value * value;
+        angle += 2 * std::numbers::pi * hertz / rate;
+    }
+    const double a = 2 * sine / count;
+    const double b = 2 * cosine / count;
+    const double power = (a * a + b * b) / 2;
+    const double rest = std::max(all / count - power, 1e-30);
+    return {std::sqrt(a * a + b * b), std::atan2(b, a) / (2 * std::numbers::pi), 10 * std::log10(rest / power)};
+}
+
+/// One side of interleaved samples from frame `first` on, as numbers from -1 to 1.
+inline std::vector<double> sideOf(std::span<const std::int16_t> stereo, std::size_t side, std::size_t first,
+                                  std::size_t count) {
+    std::vector<double> samples;
+    for (std::size_t i = first; i < first + count; ++i) samples.push_back(stereo[2 * i + side] / 32768.0);
+    return samples;
+}
