@@ -1,5 +1,6 @@
 #include "script.h"
 
+#include <dsound.h>
 #include <gtest/gtest.h>
 #include <png.h>
 
@@ -110,6 +111,36 @@ void playInThisProcess(const std::string& script, bool presents) {
     ExitProcess(5);
 }
 
+/// The same with a sound that a thread refills on its events, as a game does; the number of refills comes at the end.
+void playSoundInThisProcess(const std::string& script) {
+    if (!platform::playScript(script)) ExitProcess(3);
+    IDirectSound8* sound = nullptr;
+    if (DirectSoundCreate8(nullptr, &sound, nullptr) != DS_OK) ExitProcess(4);
+    const TestWindow window(TestWindow::defaultProcedure);
+    sound->SetCooperativeLevel(window.handle(), DSSCL_PRIORITY);
+    WAVEFORMATEX format{WAVE_FORMAT_PCM, 1, 10'000, 20'000, 2, 16, 0};
+    const DSBUFFERDESC description{sizeof(DSBUFFERDESC), DSBCAPS_CTRLPOSITIONNOTIFY, 2000, 0, &format, {}};
+    IDirectSoundBuffer* buffer = nullptr;
+    sound->CreateSoundBuffer(&description, &buffer, nullptr);
+    const HANDLE passed = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    void* notify = nullptr;
+    buffer->QueryInterface(IID_IDirectSoundNotify, &notify);
+    const DSBPOSITIONNOTIFY at[]{{999, passed}, {1999, passed}};
+    static_cast<IDirectSoundNotify*>(notify)->SetNotificationPositions(2, at);
+    int refills = 0;
+    const GameThread streaming([&] {
+        while (WaitForSingleObject(passed, INFINITE) == WAIT_OBJECT_0) ++refills;
+    });
+    buffer->Play(0, 0, DSBPLAY_LOOPING);
+    const GameThread game([&] {
+        const std::vector<std::uint32_t> pixels(800UL * 600);
+        while (platform::showFrame(window.handle(), pixels.data(), 800, 600, 3200)) Sleep(40);
+    });
+    TestWindow::loop();
+    std::fprintf(stderr, "%d refills", refills);
+    ExitProcess(5);
+}
+
 /// Death tests of this style start the test program again, so both processes must mean the same directory.
 class ScriptDeathTest : public testing::Test {
 protected:
@@ -152,6 +183,11 @@ TEST_F(ScriptDeathTest, PlaysItsLinesAtTheirPicturesAndEndsOneSecondLater) {
 TEST_F(ScriptDeathTest, ClosesTheWindowWhichMayEndTheProgramEarlier) {
     const auto path = script("3 close\n");
     EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(5), "^closed at 80$");
+}
+
+TEST_F(ScriptDeathTest, LetsSoundGoOnWithItsOwnClock) {
+    const auto path = script("26 close\n");  // one second, and a half of the buffer is 50 ms
+    EXPECT_EXIT(playSoundInThisProcess(path), testing::ExitedWithCode(5), "^20 refills$");
 }
 
 TEST_F(ScriptDeathTest, SavesThePictureThatWasHandedOver) {

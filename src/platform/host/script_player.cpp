@@ -1,8 +1,11 @@
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <utility>
 
 #include "host.h"
@@ -10,6 +13,7 @@
 #include "picture_observer.h"
 #include "png_file.h"
 #include "script.h"
+#include "sound_output.h"
 #include "testing.h"
 #include "window.h"
 
@@ -29,6 +33,7 @@ public:
 
     /// Performs the lines of this picture.
     void pictureShown(HWND window, std::uint64_t number) {
+        playSoundUntilNow();
         while (next_ < lines_.size() && lines_[next_].tick <= number) perform(window, lines_[next_++]);
         if (next_ == lines_.size()) SetEvent(allPerformed_);
         SetEvent(pictureCame_);
@@ -47,6 +52,18 @@ public:
     }
 
 private:
+    /// Sound goes on with the script's clock and not with the world's, so that cursors and refills are the same in each
+    /// run; nobody hears it.
+    void playSoundUntilNow() {
+        const std::int64_t due = clock_.now().count() * kHandMixedRate / 1000;
+        std::array<std::int16_t, 2048> unheard{};
+        while (soundFrames_ < due) {
+            const auto count = std::min<std::int64_t>(due - soundFrames_, unheard.size() / kHandMixedChannels);
+            mixSound(std::span(unheard).first(static_cast<std::size_t>(count) * kHandMixedChannels));
+            soundFrames_ += count;
+        }
+    }
+
     static void key(Window& window, const std::string& name, bool down) {
         const auto stroke = namedKey(name, down);
         if (const auto message = window.keys.translate(*stroke)) {
@@ -79,6 +96,7 @@ private:
     testing::HandDrivenClock clock_;
     std::vector<ScriptLine> lines_;
     std::size_t next_ = 0;
+    std::int64_t soundFrames_ = 0;  // mixed so far
     HANDLE allPerformed_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     HANDLE pictureCame_ = CreateEventA(nullptr, FALSE, FALSE, nullptr);
 };
@@ -102,6 +120,7 @@ bool playScript(const std::string& path) {
         return false;
     }
     useDummyDrivers();
+    setSoundOutput(SoundOutput::ByHand);
     static auto* player = new ScriptPlayer(std::move(*lines));  // stays for the rest of the process, and its clock too
     observePictures([](HWND window, std::uint64_t number) { player->pictureShown(window, number); });
     return CreateThread(nullptr, 0, watchScript, player, 0, nullptr) != nullptr;
