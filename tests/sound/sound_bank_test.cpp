@@ -21,6 +21,9 @@ std::string number(std::size_t value) { return std::to_string(value); }
 // A package with a sound for every key. Effect n has 100 + 2n bytes of PCM and track n 200 + 2n, which is what the log
 // calls them.
 class SoundBanks : public testing::Test {
+public:
+    ~SoundBanks() override { EngineServices::installSoundDevice(nullptr); }
+
 protected:
     SoundBanks() {
         std::string table = "[music]\r\n";
@@ -29,7 +32,6 @@ protected:
         for (std::size_t i = 0; i < kEffectKeys.size(); ++i) table += addSound(kEffectKeys[i], effectName(i));
         setTable(table);
     }
-    ~SoundBanks() override { EngineServices::installSoundDevice(nullptr); }
 
     static std::size_t effectName(std::size_t id) { return 100 + 2 * id; }
     static std::size_t trackName(std::size_t id) { return 200 + 2 * id; }

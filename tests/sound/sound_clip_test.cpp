@@ -11,9 +11,10 @@ using testing::ElementsAre;
 
 // A device for each test, and files whose sounds are called by their size in the log.
 class SoundClips : public testing::Test {
-protected:
+public:
     ~SoundClips() override { EngineServices::installSoundDevice(nullptr); }
 
+protected:
     static SharedBuffer wavOf(std::size_t sampleBytes) { return bufferOf(writeWav({.samples = Bytes(sampleBytes)})); }
 
     std::shared_ptr<AudioLog> log_ = FakeAudioDevice::install();

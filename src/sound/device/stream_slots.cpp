@@ -45,11 +45,10 @@ void StreamSlots::refill(std::size_t index) {
     if (slot.ending) {
         slot.sound->halt();
         slot.sound = nullptr;
-    } else if (slot.sound->fillHalf(slot.dueHalf, slot.looping)) {
-        slot.dueHalf ^= 1;
-    } else {
-        slot.ending = true;
+        return;
     }
+    slot.ending = !slot.sound->fillHalf(slot.dueHalf, slot.looping);
+    slot.dueHalf ^= 1;
 }
 
 }  // namespace grub

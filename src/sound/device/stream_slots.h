@@ -34,7 +34,7 @@ private:
     struct Slot {
         CriticalSection lock;  // over all below
         DSoundBuffer* sound = nullptr;
-        unsigned dueHalf = 0;  // the one to refill next
+        unsigned dueHalf = 0;  // the one whose end is told next
         bool looping = false;
         bool ending = false;  // nothing is left; the half that plays is the last one
     };
