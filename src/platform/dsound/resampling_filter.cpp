@@ -10,8 +10,8 @@ namespace platform {
 namespace {
 
 // With a window of this shape everything that is to be kept out is below -96 dB. The taps and the cutoff, relative to
-// the lower of both rates, decide how wide the edge of the filter is: flat to 0.38 of that rate, silent from 0.54 on.
-constexpr std::size_t kTaps = 40;
+// the lower of both rates, decide how wide the edge of the filter is: flat to 0.39 of that rate, silent from 0.53 on.
+constexpr std::size_t kTaps = 48;
 constexpr double kWindowShape = 9.6;
 constexpr double kCutoff = 0.46;
 // Rates that divide badly would need a row for each of thousands of places; theirs are rounded to the nearest row.
