@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 
+#include "capture_commands.h"
 #include "level_commands.h"
 #include "pack_commands.h"
 #include "play_commands.h"
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
     grub::addLevelCommands(app);
     grub::addRenderCommands(app);
     grub::addSynthCommands(app);
+    grub::addCaptureCommands(app);
     grub::addPlayCommands(app);
     try {
         app.parse(argc, argv);
