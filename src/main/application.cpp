@@ -1,5 +1,6 @@
 #include "application.h"
 
+#include "dsound_device.h"
 #include "engine_services.h"
 #include "game_window.h"
 #include "keyboard_input.h"
@@ -42,6 +43,9 @@ void Application::createServices() {
     if (!renderer_->init()) ExitProcess(1);
     EngineServices::installMouse(std::make_unique<MouseInput>(*this));
     EngineServices::installKeyboard(std::make_unique<KeyboardInput>(*this));
+    auto sound = std::make_unique<DSoundDevice>(window_);
+    sound->init();  // without it the game goes on in silence
+    EngineServices::installSoundDevice(std::move(sound));
 }
 
 bool Application::resumeGameThread() {

@@ -9,6 +9,7 @@
 #include "menu_shell.h"
 #include "resource_package.h"
 #include "scene_ids.h"
+#include "sound_bank.h"
 
 namespace grub {
 
@@ -23,6 +24,7 @@ struct Game {
     ResourcePackage data{"data64.pak"};
     ResourcePackage levels{"levels.pak"};
     ResourcePackage sound{"sound.pak"};
+    SoundBank bank{sound};
     LevelScene level{data, levels};
     MenuShell shell;
 
@@ -46,6 +48,7 @@ int runGame(HINSTANCE instance, HINSTANCE, const char* commandLine, int, const P
     static Game& game = *new Game(start.levelIndex);  // never destroyed
     game.level.setLevel(start.level);
     if (start.steering != nullptr) game.level.setSteering(*start.steering);
+    SoundBank::setCurrent(&game.bank);
     application.registerScene(kLevelSceneId, game.level);
     application.registerScene(kMenuShellId, game.shell);
 
