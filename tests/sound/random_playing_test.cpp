@@ -1,0 +1,69 @@
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <random>
+#include <thread>
+
+#include "hand_mixed_device.h"
+#include "ogg_writer.h"
+
+namespace grub {
+namespace {
+
+constexpr int kActions = 600;
+
+// The test is the game's thread; the speakers' thread asks for sound all the time, much faster than a card would.
+class RandomPlaying : public HandMixedDevice {
+public:
+    ~RandomPlaying() override {
+        ended_ = true;
+        speakers_.join();
+    }
+
+protected:
+    // Everything that can happen to a sound, to a random one of `sounds`.
+    void act(std::vector<std::unique_ptr<SoundBuffer>>& sounds) {
+        auto& sound = sounds[random_() % sounds.size()];
+        switch (random_() % 12) {
+            case 0: sound = soundOf(file()); break;
+            case 1: sound = sound->clone(); break;
+            case 2: sound->create(createSoundDecoder(bufferOf(file()))); break;
+            case 3: sound->setVolume(static_cast<int>(random_() % 101)); break;
+            case 4: sound->setPan(static_cast<int>(random_() % 101)); break;
+            case 5: std::this_thread::sleep_for(std::chrono::milliseconds(1)); break;
+            case 6: device_.playLooped(*sound); break;
+            case 7:
+            case 8: device_.stop(*sound); break;
+            default: device_.play(*sound, false);
+        }
+    }
+    const Bytes& file() { return files_[random_() % files_.size()]; }
+
+    std::mt19937 random_{testing::UnitTest::GetInstance()->random_seed() + 1U};
+    const std::vector<Bytes> files_{monoWav(Samples(200, 1)), monoWav(Samples(140000, 2)), monoWav(Samples(300000, 3)),
+                                    writeOgg({sine(3000, 440, 44100)})};
+    std::atomic<bool> ended_ = false;
+    std::thread speakers_{[this] {
+        Samples stereo(2 * 4410);
+        while (!ended_) platform::mixSound(stereo);
+    }};
+};
+
+TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
+    std::vector<std::unique_ptr<SoundBuffer>> sounds;
+    for (int i = 0; i < 24; ++i) sounds.push_back(soundOf(file()));
+    for (int i = 0; i < kActions; ++i) act(sounds);
+
+    for (const auto& sound : sounds) EXPECT_TRUE(device_.stop(*sound));
+    for (const auto& voice : platform::testing::voices()) EXPECT_FALSE(voice.playing);
+    sounds.clear();
+    for (std::size_t i = 0; i < StreamSlots::kCount; ++i) {
+        sounds.push_back(soundOf(monoWav(Samples(300000))));
+        EXPECT_TRUE(device_.playLooped(*sounds[i])) << i;
+    }
+    device_.shutdown();
+    EXPECT_FALSE(device_.isReady());
+}
+
+}  // namespace
+}  // namespace grub
