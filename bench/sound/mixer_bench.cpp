@@ -51,7 +51,7 @@ struct BusyMixer {
     }
 
     void mixSecond(std::vector<float>& stereo) {
-        stereo.resize(2 * mixer.rate());
+        stereo.resize(std::size_t{2} * mixer.rate());
         for (std::size_t at = 0; at < stereo.size(); at += 2 * kPeriod) {
             mixer.mix(std::span(stereo).subspan(at, std::min(2 * kPeriod, stereo.size() - at)));
         }

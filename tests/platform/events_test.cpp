@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <deque>
@@ -189,8 +190,8 @@ TEST(WaitsForSeveral, SleepUntilOneIsSet) {
     for (const std::size_t index : {0, 1, 16}) {
         const HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
         std::deque<ScopedEvent> events;
-        std::vector<HANDLE> handles;
-        for (int i = 0; i < 17; ++i) handles.push_back(events.emplace_back(i == 16, false).handle);
+        std::array<HANDLE, 17> handles{};
+        for (HANDLE& handle : handles) handle = events.emplace_back(&handle == &handles.back(), false).handle;
         std::atomic<DWORD> first{WAIT_FAILED};
         std::atomic<DWORD> second{WAIT_FAILED};
         const GameThread one([&] { first = WaitForMultipleObjects(17, handles.data(), FALSE, INFINITE); });

@@ -113,7 +113,7 @@ TEST(SoundCard, WantsToBeSharedBeforeItIsUsed) {
     EXPECT_EQ(sound->SetCooperativeLevel(nullptr, DSSCL_PRIORITY), DSERR_INVALIDPARAM);
     EXPECT_EQ(sound->SetCooperativeLevel(reinterpret_cast<HWND>(std::uintptr_t{8}), DSSCL_PRIORITY), DS_OK);
     EXPECT_EQ(sound->CreateSoundBuffer(&description, &buffer, nullptr), DS_OK);
-    BufferRef{buffer};
+    const BufferRef owned(buffer);
     platform::setSoundOutput(SoundOutput::Card);
 }
 

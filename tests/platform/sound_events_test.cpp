@@ -116,7 +116,7 @@ TEST(PositionEvents, ThatFitNowhereAreDropped) {
     mixer.add(voice);
     voice.setEvents({{0, eventNumber(1)}, {1, eventNumber(2)}});
     voice.play(true);
-    std::vector<float> stereo(2 * 5000);
+    std::vector<float> stereo(10'000);
     mixer.mix(stereo);
     EXPECT_EQ(mixer.takeRaised().count, 1024U);
     EXPECT_EQ(mixer.takeRaised().count, 0U);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <tuple>
 
 #include "hand_mixed_card.h"
@@ -81,7 +82,7 @@ TEST(Resampling, LeavesNothingOfWhatTheCardCannotPlay) {
 }
 
 TEST(Resampling, NeedsNoCommonDivisor) {
-    MixedVoice mixed(44'101, 48'000, tone(kConcertA, 44'101, 44'101 * 5 / 4));
+    MixedVoice mixed(44'101, 48'000, tone(kConcertA, 44'101, 60'000));
     mixed.voice.play(false);
     EXPECT_LT(findTone(mixed.left(4800, 48'000), kConcertA, 48'000).residual, kPure);
 }
@@ -119,7 +120,8 @@ TEST(Resampling, LastsAsLongAsTheSound) {
 class ToneStream {
 public:
     ToneStream(const HandMixedCard& card, DWORD rate, double hertz)
-        : samples_(tone(hertz, rate, rate * 3)), buffer_(card.silence(waveFormat(1, 16, rate), 2 * kHalf)) {
+        : samples_(tone(hertz, rate, std::size_t{3} * rate)),
+          buffer_(card.silence(waveFormat(1, 16, rate), 2 * kHalf)) {
         const DSBPOSITIONNOTIFY at[]{{kHalf - 1, played_[0]}, {2 * kHalf - 1, played_[1]}};
         EXPECT_EQ(setEvents(*buffer_, at), DS_OK);
         refill(0);
@@ -158,7 +160,7 @@ TEST(Streaming, JoinsRefilledHalvesWithoutASeam) {
         const HandMixedCard card;
         ToneStream stream(card, rate, 441);
         std::vector<std::int16_t> heard;
-        while (heard.size() < 2 * 88'200) {
+        while (heard.size() < 176'400) {
             const auto block = HandMixedCard::play(100);
             heard.insert(heard.end(), block.begin(), block.end());
             stream.refillPlayed();
@@ -169,8 +171,8 @@ TEST(Streaming, JoinsRefilledHalvesWithoutASeam) {
 
 TEST(Mixing, GivesSamplesOfItsOwnRateBackAsTheyWere) {
     const HandMixedCard card;
-    std::vector<std::int16_t> samples;
-    for (int i = 0; i < 65'536; ++i) samples.push_back(static_cast<std::int16_t>(i * 40'503));  // each value once
+    std::vector<std::int16_t> samples(65'536);
+    for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = static_cast<std::int16_t>(i * 40'503);  // each once
     const auto buffer = card.bufferOf(2, 44'100, samples);
     buffer->Play(0, 0, 0);
     EXPECT_EQ(HandMixedCard::play(32'768), samples);
@@ -241,8 +243,8 @@ TEST(Mixing, TakesVolumeAndPanInHundredthsOfADecibel) {
 TEST(Mixing, AddsUpAndTurnsDownWhatWouldBeTooLoud) {
     const HandMixedCard card;
     const auto samples = tone(441, 44'100, 44'100, 0.9);
-    std::vector<BufferRef> buffers;
-    for (int i = 0; i < 3; ++i) buffers.push_back(card.bufferOf(1, 44'100, samples));
+    std::array<BufferRef, 3> buffers;
+    for (auto& buffer : buffers) buffer = card.bufferOf(1, 44'100, samples);
     buffers[0]->SetVolume(-1000);
     buffers[1]->SetVolume(-1000);
     buffers[0]->Play(0, 0, DSBPLAY_LOOPING);
@@ -259,7 +261,7 @@ TEST(Mixing, AddsUpAndTurnsDownWhatWouldBeTooLoud) {
 
     buffers[1]->Stop();
     buffers[2]->Stop();
-    HandMixedCard::play(5 * 44'100);
+    HandMixedCard::play(220'500);
     const FoundTone after = findTone(sideOf(HandMixedCard::play(44'100), 0, 0, 44'100), 441, 44'100);
     EXPECT_NEAR(after.amplitude, 0.9, 0.0001) << "the loud passage is forgotten";
     EXPECT_LT(after.residual, kPure);

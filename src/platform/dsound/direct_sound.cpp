@@ -32,8 +32,8 @@ public:
         if (!levelSet_) return DSERR_PRIOLEVELNEEDED;
         const auto format = readFormat(*description->lpwfxFormat);
         if (!format) return DSERR_BADFORMAT;
-        auto memory = std::make_shared<SampleMemory>(*format, description->dwBufferBytes);
-        *buffer = new (std::nothrow) SecondaryBuffer(card_, std::move(memory), description->dwFlags);
+        const auto memory = std::make_shared<SampleMemory>(*format, description->dwBufferBytes);
+        *buffer = new (std::nothrow) SecondaryBuffer(card_, memory, description->dwFlags);
         return *buffer == nullptr ? DSERR_OUTOFMEMORY : DS_OK;
     }
 

@@ -15,7 +15,7 @@ constexpr DWORD kSafeParts = 50;  // of a second
 
 }  // namespace
 
-SecondaryBuffer::SecondaryBuffer(std::shared_ptr<SoundCard> card, std::shared_ptr<SampleMemory> memory,
+SecondaryBuffer::SecondaryBuffer(std::shared_ptr<SoundCard> card, const std::shared_ptr<SampleMemory>& memory,
                                  DWORD capabilities)
     : card_(std::move(card)),
       capabilities_(capabilities),

@@ -14,7 +14,7 @@ namespace platform {
 class SecondaryBuffer final : public ComObject<IDirectSoundBuffer> {
 public:
     /// `capabilities` are DSBCAPS_ flags.
-    SecondaryBuffer(std::shared_ptr<SoundCard> card, std::shared_ptr<SampleMemory> memory, DWORD capabilities);
+    SecondaryBuffer(std::shared_ptr<SoundCard> card, const std::shared_ptr<SampleMemory>& memory, DWORD capabilities);
     /// A stopped duplicate at the start of the same memory, with the settings of this buffer. One reference, the
     /// caller's; null when memory is short.
     [[nodiscard]] SecondaryBuffer* duplicate();
@@ -41,6 +41,7 @@ private:
     class Notify final : public IDirectSoundNotify {
     public:
         explicit Notify(SecondaryBuffer& buffer) : buffer_(buffer) {}
+        virtual ~Notify() = default;
         ULONG AddRef() override { return buffer_.AddRef(); }
         ULONG Release() override { return buffer_.Release(); }
         HRESULT SetNotificationPositions(DWORD count, const DSBPOSITIONNOTIFY* positions) override {

@@ -86,7 +86,7 @@ void setSoundOutput(SoundOutput output) {
 }
 
 void mixSound(std::span<std::int16_t> stereo44100) {
-    constexpr std::size_t kBlock = 256 * kHandMixedChannels;
+    constexpr std::size_t kBlock = std::size_t{256} * kHandMixedChannels;
     const auto card = presentSoundCard();
     std::ranges::fill(stereo44100, std::int16_t{0});
     if (!card || !card->byHand()) return;
