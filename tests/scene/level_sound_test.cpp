@@ -31,7 +31,7 @@ protected:
         SoundBank::setCurrent(&bank_);
         log_->calls.clear();
     }
-    ~LevelSoundTest() override {
+    void TearDown() override {
         SoundBank::setCurrent(nullptr);
         bank_.unloadEffects();
     }
