@@ -13,6 +13,7 @@
 #include "com_object.h"
 #include "sound_output.h"
 
+/// Owns one reference to a buffer.
 using BufferRef = platform::ObjectRef<IDirectSoundBuffer>;
 
 /// Samples in 16 bits as a buffer stores them.
@@ -22,6 +23,7 @@ inline std::vector<BYTE> bytesOf(std::span<const std::int16_t> samples) {
     return bytes;
 }
 
+/// Plain samples, `rate` frames a second.
 inline WAVEFORMATEX waveFormat(int channels, int bits, DWORD rate) {
     const auto frame = static_cast<WORD>(channels * bits / 8);
     return {WAVE_FORMAT_PCM, static_cast<WORD>(channels), rate, rate * frame, frame, static_cast<WORD>(bits), 0};
@@ -57,6 +59,7 @@ public:
     HandMixedCard(const HandMixedCard&) = delete;
     HandMixedCard& operator=(const HandMixedCard&) = delete;
 
+    /// The card's interface.
     IDirectSound8& sound() const { return *sound_; }
 
     /// A buffer with all controls that holds `bytes`.
@@ -69,6 +72,7 @@ public:
     BufferRef bufferOf(int channels, DWORD rate, std::span<const std::int16_t> samples) const {
         return bufferOf(waveFormat(channels, 16, rate), bytesOf(samples));
     }
+    /// The same, as it was created.
     BufferRef silence(WAVEFORMATEX format, DWORD bytes) const {
         constexpr DWORD kAll = DSBCAPS_LOCSOFTWARE | DSBCAPS_CTRLPAN | DSBCAPS_CTRLVOLUME | DSBCAPS_CTRLPOSITIONNOTIFY |
                                DSBCAPS_GETCURRENTPOSITION2;
@@ -77,6 +81,7 @@ public:
         EXPECT_EQ(sound_->CreateSoundBuffer(&description, &buffer, nullptr), DS_OK);
         return BufferRef(buffer);
     }
+    /// A buffer on the same memory.
     BufferRef duplicate(IDirectSoundBuffer& buffer) const {
         IDirectSoundBuffer* copy = nullptr;
         EXPECT_EQ(sound_->DuplicateSoundBuffer(&buffer, &copy), DS_OK);
@@ -102,12 +107,14 @@ inline HRESULT setEvents(IDirectSoundBuffer& buffer, std::span<const DSBPOSITION
     return notify->SetNotificationPositions(static_cast<DWORD>(at.size()), at.data());
 }
 
+/// DSBSTATUS_ flags.
 inline DWORD statusOf(IDirectSoundBuffer& buffer) {
     DWORD status = 0;
     EXPECT_EQ(buffer.GetStatus(&status), DS_OK);
     return status;
 }
 
+/// The play cursor, in bytes.
 inline DWORD positionOf(IDirectSoundBuffer& buffer) {
     DWORD position = 0;
     EXPECT_EQ(buffer.GetCurrentPosition(&position, nullptr), DS_OK);

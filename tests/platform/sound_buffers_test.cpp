@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "hand_mixed_card.h"
+#include "host.h"
 #include "testing_dsound.h"
 
 // What the calls of the sound card and its buffers promise and refuse.
@@ -28,11 +29,11 @@ TEST(SoundCard, IsNotThereWhenTheSystemHasNone) {
     EXPECT_EQ(DirectSoundCreate8(nullptr, &sound, nullptr), DSERR_NODRIVER);
     EXPECT_EQ(sound, nullptr);
     platform::setSoundOutput(SoundOutput::Card);
-    const char* const usual = std::getenv("SDL_AUDIODRIVER");
-    const std::string kept = usual == nullptr ? "" : usual;
     ::setenv("SDL_AUDIODRIVER", "no such driver", 1);
     EXPECT_EQ(DirectSoundCreate8(nullptr, &sound, nullptr), DSERR_NODRIVER);
-    ::setenv("SDL_AUDIODRIVER", kept.c_str(), 1);
+    platform::useDummyDrivers();
+    EXPECT_EQ(DirectSoundCreate8(nullptr, &sound, nullptr), DS_OK) << "a driver was all that was missing";
+    sound->Release();
 }
 
 TEST(SoundCard, IsSilentUntilItIsOpenAndAfterItIsClosed) {
@@ -109,8 +110,11 @@ TEST(SoundCard, WantsToBeSharedBeforeItIsUsed) {
     WAVEFORMATEX format = waveFormat(1, 16, 44'100);
     const DSBUFFERDESC description{sizeof(DSBUFFERDESC), 0, 1000, 0, &format, {}};
     IDirectSoundBuffer* buffer = nullptr;
+    EXPECT_EQ(sound->CreateSoundBuffer(&description, &buffer, sound.get()), DSERR_NOAGGREGATION);
+    EXPECT_EQ(DirectSoundCreate8(nullptr, &created, sound.get()), DSERR_NOAGGREGATION);
     EXPECT_EQ(sound->CreateSoundBuffer(&description, &buffer, nullptr), DSERR_PRIOLEVELNEEDED);
     EXPECT_EQ(sound->SetCooperativeLevel(nullptr, DSSCL_PRIORITY), DSERR_INVALIDPARAM);
+    EXPECT_EQ(sound->SetCooperativeLevel(reinterpret_cast<HWND>(std::uintptr_t{8}), 1), DSERR_INVALIDPARAM);
     EXPECT_EQ(sound->SetCooperativeLevel(reinterpret_cast<HWND>(std::uintptr_t{8}), DSSCL_PRIORITY), DS_OK);
     EXPECT_EQ(sound->CreateSoundBuffer(&description, &buffer, nullptr), DS_OK);
     const BufferRef owned(buffer);

@@ -7,6 +7,7 @@
 
 #include "game_thread.h"
 #include "hand_mixed_card.h"
+#include "host.h"
 #include "testing_dsound.h"
 
 // Sound under many hands: meant for the thread sanitizer, and for clocks that do not wait.
@@ -101,6 +102,7 @@ TEST(SoundThreads, StartAndStopWhileTheMixGoesOn) {
 
 /// The system's device, here the dummy one.
 BufferRef streamOnCard(platform::ObjectRef<IDirectSound8>& sound) {
+    platform::useDummyDrivers();
     IDirectSound8* created = nullptr;
     EXPECT_EQ(DirectSoundCreate8(nullptr, &created, nullptr), DS_OK);
     sound.reset(created);

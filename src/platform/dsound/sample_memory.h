@@ -28,6 +28,7 @@ public:
     /// Silence; at least one frame.
     SampleMemory(const SampleFormat& format, std::size_t bytes);
 
+    /// How the bytes are to be read; it never changes.
     [[nodiscard]] const SampleFormat& format() const { return format_; }
     /// Whole frames; bytes behind the last one are stored and never heard.
     [[nodiscard]] std::size_t frames() const { return bytes_.size() / format_.frameBytes(); }

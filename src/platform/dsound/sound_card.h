@@ -16,6 +16,7 @@ public:
     SoundCard(const SoundCard&) = delete;
     SoundCard& operator=(const SoundCard&) = delete;
 
+    /// What it plays, and whether nobody but mixSound() asks for it.
     [[nodiscard]] SoundMixer& mixer() { return mixer_; }
     [[nodiscard]] bool byHand() const { return stream_ == nullptr; }
 

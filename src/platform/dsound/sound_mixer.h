@@ -20,6 +20,7 @@ public:
     /// `rate` of the card in frames a second.
     explicit SoundMixer(DWORD rate);
 
+    /// The card's rate, and the lock; whoever holds it must not wait.
     [[nodiscard]] DWORD rate() const { return rate_; }
     [[nodiscard]] std::mutex& lock() { return lock_; }
 

@@ -69,7 +69,7 @@ struct DSBPOSITIONNOTIFY {
 };
 
 /// The interface that `IDirectSoundBuffer::QueryInterface` gives.
-inline constexpr GUID IID_IDirectSoundNotify{
+inline constexpr GUID IID_IDirectSoundNotify = {
     0xB0210783, 0x89CD, 0x11D0, {0xAF, 0x08, 0x00, 0xA0, 0xC9, 0x25, 0xCD, 0x16}};
 
 /// The sound card. Any thread may call it and its buffers.
