@@ -13,6 +13,7 @@
 #include "package_writer.h"
 #include "run_command.h"
 #include "scratch_directory.h"
+#include "wav_writer.h"
 
 namespace grub {
 namespace {
@@ -153,6 +154,8 @@ Bytes damaged(Damage damage) {
 }
 Bytes holding(std::string_view name, Bytes bytes) { return PackageWriter().add(name, std::move(bytes)).package(); }
 
+Bytes wavOf(std::size_t sampleBytes) { return writeWav({.samples = Bytes(sampleBytes)}); }
+
 // clang-format off
 const VerifyRule kVerifyRules[] = {
     {"a good one",          goodPackage(), ""},
@@ -173,6 +176,11 @@ const VerifyRule kVerifyRules[] = {
     {"a picture by magic",  holding("a", bytesOf("GIF89a")), "a: the picture does not decode: "},
     {"no picture",          holding("a.gif", bytesOf("hello")), "a.gif: the picture does not decode: "},
     {"a fatal JPEG",        holding("a.jpg", bytesOf("\xFF\xD8\xFF\xC0garbage")), "a.jpg: the picture does not decode: "},
+    {"a sound",             holding("a.wav", wavOf(10)), ""},
+    {"a large sound",       holding("a.wav", wavOf(262144)), "a.wav: a WAV file of this size is streamed"},
+    {"an empty sound",      holding("a.WAV", wavOf(0)), "a.WAV: the sound does not decode"},
+    {"no sound",            holding("a.ogg", bytesOf("hello")), "a.ogg: the sound does not decode"},
+    {"a cut sound by magic", holding("a", bytesOf("OggS")), "a: the sound does not decode"},
     {"a table",             holding("a.ini", bytesOf("[1]\r\n; x\r\n\r\ntype=1\r\n")), ""},
     {"a line without =",    holding("a.ini", bytesOf("[1]\r\ntype\r\n")), "a.ini: line 2 is neither"},
     {"an unclosed section", holding("a.ini", bytesOf("x=1\n[1\n")), "a.ini: line 2 is neither"},

@@ -7,12 +7,19 @@
 #include "byte_reader.h"
 #include "image_decoder.h"
 #include "ini_lines.h"
+#include "sound_decoder.h"
 
 namespace grub {
 namespace {
 
 constexpr std::array<std::string_view, 4> kPictureEndings{".bmp", ".gif", ".jpg", ".jpeg"};
 constexpr std::array<std::string_view, 3> kPictureMagics{"BM", "GI", "\xFF\xD8"};
+
+constexpr std::array<std::string_view, 2> kSoundEndings{".wav", ".ogg"};
+constexpr std::array<std::string_view, 2> kSoundMagics{"RIFF", "OggS"};
+/// The game holds WAV files below this size whole; larger ones are read piece by piece while they play.
+constexpr std::size_t kStreamedSize = 262144;
+constexpr std::size_t kWavHeader = 44;
 
 std::string_view textOf(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -25,11 +32,20 @@ std::string lowerCase(std::string_view text) {
     return lower;
 }
 
-bool isPicture(const std::string& lowerName, std::span<const std::uint8_t> bytes) {
+/// A resource is of a kind by its name or by its first bytes.
+bool isOfKind(std::span<const std::string_view> endings, std::span<const std::string_view> magics,
+              std::string_view lowerName, std::span<const std::uint8_t> bytes) {
     const auto endsName = [&](std::string_view ending) { return lowerName.ends_with(ending); };
     const auto startsFile = [&](std::string_view magic) { return textOf(bytes).starts_with(magic); };
-    return std::any_of(kPictureEndings.begin(), kPictureEndings.end(), endsName) ||
-           std::any_of(kPictureMagics.begin(), kPictureMagics.end(), startsFile);
+    return std::any_of(endings.begin(), endings.end(), endsName) ||
+           std::any_of(magics.begin(), magics.end(), startsFile);
+}
+
+bool soundDecodes(std::span<const std::uint8_t> bytes) {
+    const auto decoder = createSoundDecoder(SharedBuffer::view(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
+    if (!decoder || !decoder->rewind() || decoder->channels() == 0 || decoder->sampleRate() == 0) return false;
+    SharedBuffer piece = SharedBuffer::create(4096);
+    return decoder->read(piece) > 0;
 }
 
 std::string iniFault(std::span<const std::uint8_t> bytes) {
@@ -69,12 +85,18 @@ std::string contentFault(std::string_view name, std::span<const std::uint8_t> by
     const std::string lowerName = lowerCase(name);
     std::string fault;
     if (lowerName.ends_with(".ini")) return iniFault(bytes);
-    if (isPicture(lowerName, bytes) && !pictureDecodes(bytes, &fault)) return "the picture does not decode: " + fault;
+    if (isOfKind(kPictureEndings, kPictureMagics, lowerName, bytes) && !pictureDecodes(bytes, &fault))
+        return "the picture does not decode: " + fault;
+    if (isOfKind(kSoundEndings, kSoundMagics, lowerName, bytes) && !soundDecodes(bytes))
+        return "the sound does not decode";
     return {};
 }
 
 std::string contentWarning(std::span<const std::uint8_t> bytes) {
-    return isInvisibleBmp(bytes) ? "the alpha plane is all zero, nothing of the picture will be seen" : "";
+    if (isInvisibleBmp(bytes)) return "the alpha plane is all zero, nothing of the picture will be seen";
+    if (textOf(bytes).starts_with("RIFF") && bytes.size() >= kStreamedSize + kWavHeader)
+        return "a WAV file of this size is streamed, so as an effect it cannot sound again for seconds";
+    return {};
 }
 
 }  // namespace grub
