@@ -87,7 +87,8 @@ TEST(ScoreFormat, SmallestScoreRenders) {
 
 TEST(ScoreRendering, WhatRingsBehindTheEndIsInTheStart) {
     const std::string text =
-        "tempo 60\nloudness -20\nform A\ninstrument bell\n  modes\n    mode 1 0 0.5\n    release 1\nphrase A\n  bell .:3 A4:1 |\n";
+        "tempo 60\nloudness -20\nform A\ninstrument bell\n  modes\n    mode 1 0 0.5\n    release 1\nphrase A\n  bell "
+        ".:3 A4:1 |\n";
     const auto score = scoreOf(text);
     ASSERT_TRUE(score);
     const Samples left = renderScore(*score)[0];

@@ -8,7 +8,8 @@ namespace grub {
 /// sound counts as if silence followed. `channels` have the same length.
 [[nodiscard]] double loudestMoment(std::span<const Samples> channels, int rate);
 
-/// How loud a whole track is after ITU-R BS.1770, in LUFS: moments far below the rest do not count.
+/// How loud a whole track is after ITU-R BS.1770, in LUFS: moments far below the rest do not count. Below -100
+/// for what is shorter than 400 ms.
 [[nodiscard]] double integratedLoudness(std::span<const Samples> channels, int rate);
 
 }  // namespace grub

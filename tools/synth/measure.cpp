@@ -69,10 +69,11 @@ SoundMeasures measureSound(const SoundRecording& sound) {
 }
 
 std::string measureLine(const SoundMeasures& m) {
+    constexpr double kMoment = 0.4;  // seconds; the loudness of a whole is that of its moments
     char text[200];
     std::snprintf(text, sizeof text,
                   "%6.2f s  peak %6.1f dB  loudest %6.1f LUFS  whole %6.1f LUFS  centroid %5.0f Hz  300-5000 Hz %.2f",
-                  m.duration, m.peak, m.loudest, m.integrated, m.centroid, m.heard);
+                  m.duration, m.peak, m.loudest, m.duration < kMoment ? m.loudest : m.integrated, m.centroid, m.heard);
     return text;
 }
 
