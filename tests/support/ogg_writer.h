@@ -105,16 +105,36 @@ private:
     return samples;
 }
 
-/// Where the pages of an Ogg file begin.
-[[nodiscard]] inline std::vector<std::size_t> oggPages(const Bytes& file) {
-    std::vector<std::size_t> pages;
-    for (std::size_t at = 0; at + 27 <= file.size();) {
-        pages.push_back(at);
-        std::size_t size = 27 + std::size_t{file[at + 26]};
-        for (std::size_t i = 0; i < file[at + 26]; ++i) size += file[at + 27 + i];
-        at += size;
+/// A page of an Ogg file; its body follows its header.
+struct OggPage {
+    std::size_t start;
+    std::size_t headerBytes;
+    std::size_t bodyBytes;
+};
+
+/// The pages of an Ogg file one after another, up to the first that is not all there.
+[[nodiscard]] inline std::vector<OggPage> oggPages(const Bytes& file) {
+    constexpr std::size_t kFixed = 27;  // then a byte for each segment: its length
+    std::vector<OggPage> pages;
+    std::size_t at = 0;
+    while (file.size() - at >= kFixed) {
+        const std::size_t segments = file[at + kFixed - 1];
+        if (file.size() - at < kFixed + segments) break;
+        OggPage page{at, kFixed + segments, 0};
+        for (std::size_t i = 0; i < segments; ++i) page.bodyBytes += file[at + kFixed + i];
+        at += page.headerBytes;
+        if (file.size() - at < page.bodyBytes) break;
+        at += page.bodyBytes;
+        pages.push_back(page);
     }
     return pages;
+}
+
+/// Makes the checksum of a page right again, so that what was changed in it is believed.
+inline void sealOggPage(Bytes& file, const OggPage& at) {
+    unsigned char* const start = file.data() + at.start;
+    ogg_page page{start, static_cast<long>(at.headerBytes), start + at.headerBytes, static_cast<long>(at.bodyBytes)};
+    ogg_page_checksum_set(&page);
 }
 
 }  // namespace grub

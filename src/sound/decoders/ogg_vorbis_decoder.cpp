@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <bit>
-#include <span>
+#include <cstring>
 
 namespace grub {
 
@@ -11,32 +11,38 @@ namespace {
 constexpr int kHeaders = 3;  // identification, comments, setup
 constexpr unsigned kSampleBytes = 2;
 
-// Rounds to the nearest whole number. The sum has no bits left for a fraction, and its low bits are the number: a plain
-// conversion with rounding is a library call, which costs as much as the decoding of the sample.
-std::int16_t toSample(float value) {
+// The nearest sample of 16 bits. The sum has no bits left for a fraction, so its low bits are the rounded number; and
+// since the bits of floats are ordered like whole numbers, the limits hold for them, whatever the value is. Thus the
+// compiler can take several samples at once, which it cannot with the library's ways to round and to clamp.
+std::int32_t toSample(float value) {
     constexpr float kShift = 12582912.0F;  // 1.5 * 2^23
-    // In this order even a value that is not a number becomes one.
-    const float clamped = std::max(-32768.0F, std::min(32767.0F, value * 32767.0F));
-    return static_cast<std::int16_t>(std::bit_cast<std::int32_t>(clamped + kShift) -
-                                     std::bit_cast<std::int32_t>(kShift));
+    constexpr auto kZero = std::bit_cast<std::int32_t>(kShift);
+    const auto bits = std::bit_cast<std::int32_t>(value * 32767.0F + kShift);
+    return std::max(kZero - 32768, std::min(kZero + 32767, bits)) - kZero;
 }
 
-void putSample(std::uint8_t* to, float value) {
-    const auto sample = static_cast<std::uint16_t>(toSample(value));
-    to[0] = static_cast<std::uint8_t>(sample);
-    to[1] = static_cast<std::uint8_t>(sample >> 8);
-}
+static_assert(std::endian::native == std::endian::little, "PCM is written as numbers of this machine");
 
-// Interleaves the first `channels` channels, 1 or 2.
-void putFrames(std::uint8_t* to, float* const* samples, unsigned channels, std::size_t count) {
-    if (channels == 1) {
-        for (std::size_t i = 0; i < count; ++i) putSample(to + i * kSampleBytes, samples[0][i]);
-        return;
-    }
+void putMono(std::uint8_t* to, const float* samples, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
-        putSample(to + i * 2 * kSampleBytes, samples[0][i]);
-        putSample(to + i * 2 * kSampleBytes + kSampleBytes, samples[1][i]);
+        const auto sample = static_cast<std::int16_t>(toSample(samples[i]));
+        std::memcpy(to + i * sizeof sample, &sample, sizeof sample);
     }
+}
+
+// Both samples of a frame are one number, for the same reason.
+void putStereo(std::uint8_t* to, const float* left, const float* right, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto low = static_cast<std::uint32_t>(toSample(left[i])) & 0xFFFF;
+        const std::uint32_t frame = static_cast<std::uint32_t>(toSample(right[i])) << 16 | low;
+        std::memcpy(to + i * sizeof frame, &frame, sizeof frame);
+    }
+}
+
+// Interleaves the first two channels, or writes the only one.
+void putFrames(std::uint8_t* to, float* const* samples, unsigned channels, std::size_t count) {
+    if (channels == 1) return putMono(to, samples[0], count);
+    putStereo(to, samples[0], samples[1], count);
 }
 
 }  // namespace
