@@ -187,7 +187,7 @@ TEST(WaitsForSeveral, RefuseCountsAndHandlesThatAreNone) {
 }
 
 TEST(WaitsForSeveral, SleepUntilOneIsSet) {
-    for (const std::size_t index : {0, 1, 16}) {
+    for (const std::size_t index : {0U, 1U, 16U}) {
         const HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
         std::deque<ScopedEvent> events;
         std::array<HANDLE, 17> handles{};

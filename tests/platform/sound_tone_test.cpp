@@ -90,7 +90,7 @@ TEST(Resampling, NeedsNoCommonDivisor) {
 TEST(Resampling, DoesNotDependOnTheSizeOfTheBlocks) {
     const auto samples = tone(1234.5, 22'050, 5000);
     std::vector<float> whole;
-    for (const std::size_t block : {4096, 1, 7, 255, 257, 1000}) {
+    for (const std::size_t block : {4096U, 1U, 7U, 255U, 257U, 1000U}) {
         MixedVoice mixed(22'050, 48'000, samples);
         mixed.voice.play(true);
         const auto heard = mixed.left(0, 30'000, block);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <thread>
@@ -36,7 +37,7 @@ private:
     DWORD rate_ = 0;
     SoundMixer* mixer_ = nullptr;
     SDL_sem* raised_ = nullptr;
-    bool ending_ = false;  // written before the last post of the semaphore
+    std::atomic<bool> ending_{false};  // set before the last post of the semaphore
     std::thread notifier_;
 };
 

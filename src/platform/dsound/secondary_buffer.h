@@ -60,7 +60,7 @@ private:
     };
 
     HRESULT setPositions(DWORD count, const DSBPOSITIONNOTIFY* positions);
-    [[nodiscard]] std::unique_lock<std::mutex> guard() { return std::unique_lock(card_->mixer().lock()); }
+    [[nodiscard]] std::unique_lock<MixerLock> guard() { return std::unique_lock(card_->mixer().lock()); }
     [[nodiscard]] std::size_t bytes() const { return voice_.memory().bytes().size(); }
 
     std::shared_ptr<SoundCard> card_;

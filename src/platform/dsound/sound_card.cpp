@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <mutex>
 
+#include "handles.h"
 #include "sound_output.h"
 #include "sound_watch.h"
 #include "waits.h"
-
-#include "handles.h"
 
 namespace platform {
 namespace {

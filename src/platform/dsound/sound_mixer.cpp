@@ -31,7 +31,8 @@ bool SoundMixer::mix(std::span<float> stereo) {
     bool raised = false;
     while (!stereo.empty()) {
         const auto block = stereo.first(std::min(stereo.size(), 2 * kBlockFrames));
-        const std::lock_guard guard(lock_);
+        lock_.lockFirst();
+        const std::lock_guard guard(lock_, std::adopt_lock);
         mixBlock(block);
         raised = raised_.count > 0;
         stereo = stereo.subspan(block.size());

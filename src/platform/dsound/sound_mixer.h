@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <span>
 #include <vector>
 
+#include "mixer_lock.h"
 #include "soft_limiter.h"
 #include "sound_voice.h"
 
@@ -22,7 +22,7 @@ public:
 
     /// The card's rate, and the lock; whoever holds it must not wait.
     [[nodiscard]] DWORD rate() const { return rate_; }
-    [[nodiscard]] std::mutex& lock() { return lock_; }
+    [[nodiscard]] MixerLock& lock() { return lock_; }
 
     /// The filter from this rate to the card's, null when they are equal; made once for each rate. Takes the lock.
     [[nodiscard]] std::shared_ptr<const ResamplingFilter> filterFrom(DWORD rate);
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] std::span<SoundVoice* const> voices() const { return voices_; }
 
     /// The next samples for the speakers, left and right in turn, from -1 to 1. Allocates nothing; takes the lock for
-    /// one block at a time. Whether events wait to be taken.
+    /// one block at a time. One thread at a time. Whether events wait to be taken.
     bool mix(std::span<float> stereo);
     /// The events that were passed since the last call. Takes the lock.
     [[nodiscard]] RaisedEvents takeRaised();
@@ -44,7 +44,7 @@ private:
     void mixBlock(std::span<float> stereo);
 
     const DWORD rate_;
-    std::mutex lock_;
+    MixerLock lock_;
     std::vector<SoundVoice*> voices_;
     std::map<DWORD, std::shared_ptr<const ResamplingFilter>> filters_;
     SoftLimiter limiter_;
