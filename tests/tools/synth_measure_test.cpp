@@ -40,6 +40,17 @@ TEST(Loudness, DoesNotCountSilence) {
     EXPECT_NEAR(loudestMoment({&shortTone, 1}, kMusicRate), alone - 6.02, 0.2);
 }
 
+// Samples of a quarter of the rate that miss every crest by an eighth of a turn are all 3 dB too low.
+TEST(Loudness, PeaksAreFoundBetweenTheSamples) {
+    Samples sound(4000);
+    for (std::size_t i = 0; i < sound.size(); ++i)
+        sound[i] =
+            std::sin(kTwoPi * (static_cast<double>(i) / 4 + 0.125)) * std::min(1.0, static_cast<double>(i) / 2000);
+    EXPECT_NEAR(peakOf(sound), std::sqrt(0.5), 1e-3);
+    EXPECT_NEAR(truePeak(std::span(sound).first(3900)), 1, 0.05);
+    EXPECT_EQ(truePeak({}), 0);
+}
+
 TEST(Fourier, EchoIsTheSumOfDelayedCopies) {
     WhiteNoise noise(1);
     Samples sound(5000);

@@ -1,6 +1,7 @@
 #include "loudness.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace grub {
@@ -82,6 +83,26 @@ double meanAbove(const std::vector<double>& means, double floor) {
     return count > 0 ? sum / count : 0;
 }
 
+/// Between two samples the curve is looked at in three places.
+constexpr std::size_t kPlaces = 4;
+/// So many samples on either side make a value between two.
+constexpr std::size_t kSpan = 8;
+using Interpolation = std::array<std::array<double, 2 * kSpan>, kPlaces>;
+
+/// A sinc under a raised cosine, for each place; the first is the sample itself.
+Interpolation interpolation() {
+    Interpolation weights{};
+    for (std::size_t place = 0; place < kPlaces; ++place) {
+        for (std::size_t i = 0; i < 2 * kSpan; ++i) {
+            const double t = static_cast<double>(i) - (kSpan - 1) - static_cast<double>(place) / kPlaces;
+            const double x = std::numbers::pi * t;
+            const double sinc = std::abs(t) < 1e-9 ? 1 : std::sin(x) / x;
+            weights[place][i] = sinc * (0.5 + 0.5 * std::cos(x / kSpan));
+        }
+    }
+    return weights;
+}
+
 }  // namespace
 
 double loudestMoment(std::span<const Samples> channels, int rate) {
@@ -93,6 +114,21 @@ double integratedLoudness(std::span<const Samples> channels, int rate) {
     const std::vector<double> means = moments(tenths(channels, rate, 0));
     const double loud = meanAbove(means, -70);
     return toLufs(meanAbove(means, toLufs(loud) - 10));
+}
+
+double truePeak(std::span<const double> sound) {
+    static const Interpolation kWeights = interpolation();
+    Samples padded(kSpan);
+    padded.insert(padded.end(), sound.begin(), sound.end());
+    padded.resize(padded.size() + kSpan);
+    double peak = 0;
+    for (std::size_t start = 0; start + 2 * kSpan <= padded.size(); ++start) {
+        for (const auto& weights : kWeights)
+            peak =
+                std::max(peak, std::abs(std::inner_product(weights.begin(), weights.end(),
+                                                           padded.begin() + static_cast<std::ptrdiff_t>(start), 0.0)));
+    }
+    return peak;
 }
 
 }  // namespace grub

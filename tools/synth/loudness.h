@@ -12,4 +12,7 @@ namespace grub {
 /// for what is shorter than 400 ms.
 [[nodiscard]] double integratedLoudness(std::span<const Samples> channels, int rate);
 
+/// The largest amplitude of the curve that goes through the samples; between them it can be higher than any of them.
+[[nodiscard]] double truePeak(std::span<const double> sound);
+
 }  // namespace grub

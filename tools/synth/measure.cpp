@@ -53,7 +53,7 @@ SoundMeasures measureSound(const SoundRecording& sound) {
     double sum = 0;
     double count = 0;
     for (const Samples& channel : sound.channels) {
-        peak = std::max(peak, peakOf(channel));
+        peak = std::max(peak, truePeak(channel));
         for (const double sample : channel) sum += sample;
         count += static_cast<double>(channel.size());
     }

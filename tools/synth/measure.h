@@ -9,7 +9,7 @@ namespace grub {
 /// What stands for hearing it.
 struct SoundMeasures {
     double duration = 0;    ///< seconds
-    double peak = 0;        ///< dB of full scale
+    double peak = 0;        ///< dB of full scale, between the samples too
     double loudest = 0;     ///< loudest 400 ms, LUFS
     double integrated = 0;  ///< LUFS, of the whole
     double centroid = 0;    ///< Hz

@@ -59,7 +59,7 @@ std::optional<Samples> renderSound(const SoundSource& source, LineError& error) 
     fadeOut(sound, rate);
     const double gain = fromDecibels(source.loudness - loudestMoment({&sound, 1}, rate));
     for (double& sample : sound) sample *= gain;
-    const double peak = toDecibels(peakOf(sound));
+    const double peak = toDecibels(truePeak(sound));
     if (peak > kHighestPeak) {
         refuse(error, 0, "a peak of at most -1.5 dB at this loudness (more drive lowers it)", decibelText(peak));
         return std::nullopt;
