@@ -53,8 +53,9 @@ public:
         const auto index = static_cast<std::size_t>(function);
         ++counts[index];
         Fault& fault = faults[index];
-        if (fault.successes > 0) return --fault.successes, DS_OK;
-        return fault.result;
+        if (fault.successes == 0) return fault.result;
+        --fault.successes;
+        return DS_OK;
     }
 
     void eventSet() override {
