@@ -20,17 +20,6 @@ double largestStep(const Samples& channel) {
     return largest;
 }
 
-/// The energy above what a straight line between neighbours explains, per sample: a click stands out of it.
-double roughness(const Samples& channel, std::size_t from, std::size_t count) {
-    double sum = 0;
-    const std::size_t size = channel.size();
-    for (std::size_t i = from; i < from + count; ++i) {
-        const double bend = channel[(i + 2) % size] - 2 * channel[(i + 1) % size] + channel[i % size];
-        sum += bend * bend;
-    }
-    return sum / static_cast<double>(count);
-}
-
 TEST(MusicTracks, AreStereoVorbisLoudAndWithinOneLoudnessUnit) {
     SoundPackage package;
     for (const char* key : kMusicKeys) {
@@ -48,19 +37,17 @@ TEST(MusicTracks, AreStereoVorbisLoudAndWithinOneLoudnessUnit) {
     }
 }
 
+/// Drums make larger steps than this all the time; a track whose first samples are missing has more at its seam.
+constexpr double kUnheardStep = 0.01;
+
 TEST(MusicTracks, JoinTheirEndToTheirStartWithoutAClick) {
     SoundPackage package;
     for (const char* key : kMusicKeys) {
         const SoundRecording sound = package.recording("music", key);
         for (const Samples& channel : sound.channels) {
-            EXPECT_LE(std::abs(channel.front() - channel.back()), largestStep(channel)) << key;
-            // A beat starts at the seam, as at every bar; so it is compared with the roughest moments, not with the
-            // mean.
-            constexpr std::size_t kMoment = 64;
-            double roughest = 0;
-            for (std::size_t i = 0; i + kMoment < channel.size(); i += kMoment)
-                roughest = std::max(roughest, roughness(channel, i, kMoment));
-            EXPECT_LE(roughness(channel, channel.size() - kMoment / 2, kMoment), roughest) << key;
+            const double step = std::abs(channel.front() - channel.back());
+            EXPECT_LE(step, largestStep(channel)) << key;
+            EXPECT_LT(step, kUnheardStep) << key;
         }
     }
 }
