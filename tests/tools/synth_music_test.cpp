@@ -37,8 +37,9 @@ TEST(MusicTracks, AreStereoVorbisLoudAndWithinOneLoudnessUnit) {
     }
 }
 
-/// Drums make larger steps than this all the time; a track whose first samples are missing has more at its seam.
-constexpr double kUnheardStep = 0.01;
+/// What the encoder's noise may do. Drums make larger steps than this all the time, but here the track before the first
+/// beat dies away; one whose first samples are missing has 0.02 and more at its seam.
+constexpr double kUnheardStep = 0.015;
 
 TEST(MusicTracks, JoinTheirEndToTheirStartWithoutAClick) {
     SoundPackage package;
