@@ -9,6 +9,9 @@
 
 namespace grub {
 
+/// What shells add to the number of the signal that ended a program.
+constexpr int kKilled = 128;
+
 int runGameProgram(const std::vector<std::string>& arguments) {
     std::error_code failure;
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failure);
@@ -20,7 +23,7 @@ int runGameProgram(const std::vector<std::string>& arguments) {
     if (posix_spawn(&child, words.front().c_str(), nullptr, nullptr, pointers.data(), environ) != 0) return -1;
     int status = 0;
     waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : kKilled + WTERMSIG(status);
 }
 
 }  // namespace grub

@@ -80,8 +80,10 @@ void trace(const Arguments& arguments) {
     for (int frame = 1; frame <= arguments.frames; ++frame) {
         playFrame(world, feed);
         std::puts(traceLine(world).c_str());
-        if (world.ended()) return;
+        if (world.ended()) break;
     }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        failWith(kCannotPlay, "the trace cannot be written to standard output");
 }
 
 }  // namespace
