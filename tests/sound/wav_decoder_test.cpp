@@ -89,12 +89,14 @@ Bytes withDataSize(std::uint32_t size) {
 }
 Bytes cutAt(Bytes file, std::size_t size) { return file.resize(size), file; }
 Bytes list() { return riffChunk("LIST", Bytes{'o', 'd', 'd'}); }
-Bytes withOtherNames() {
+// The usual file, with chunk ids and sizes that nobody needs to look at overwritten.
+Bytes usualBut(std::initializer_list<std::size_t> overwritten) {
     Bytes file = usual();
-    for (const std::size_t at : {8, 12, 36})
+    for (const std::size_t at : overwritten)
         std::fill_n(file.begin() + static_cast<std::ptrdiff_t>(at), 4, std::uint8_t{'x'});
     return file;
 }
+Bytes withOtherNames() { return usualBut({8, 12, 36}); }
 
 const WavCase kCases[] = {
     {"the good file", usual, 1, 1000},
@@ -110,6 +112,8 @@ const WavCase kCases[] = {
      },
      1, 1000},
     {"chunks with other names", withOtherNames, 1, 1000},
+    {"samples with another name", [] { return usualBut({36}); }, 1, 1000},
+    {"a format that lies about its size", [] { return usualBut({16}); }, 1, 1000},
     {"data size 0", [] { return withDataSize(0); }, 1, 0},
     {"data size 10", [] { return withDataSize(10); }, 1, 10},
     {"data size beyond the file", [] { return withDataSize(1001); }, 1, 1000},
@@ -117,7 +121,8 @@ const WavCase kCases[] = {
     {"cut behind the samples' size", [] { return cutAt(usual(), 44); }, 1, 0},
     {"cut before the samples' size", [] { return cutAt(usual(), 40); }, 0, 0},
     {"cut in the format", [] { return cutAt(usual(), 30); }, 0, 0},
-    {"cut in an extra chunk", [] { return cutAt(writeWav({.samples = kSamples, .beforeData = list()}), 46); }, 0, 0},
+    {"cut in the size of an extra chunk",
+     [] { return cutAt(writeWav({.samples = kSamples, .beforeData = list()}), 43); }, 0, 0},
     {"other names, cut", [] { return cutAt(withOtherNames(), 43); }, 0, 0},
     {"no channels", [] { return writeWav({.channels = 0, .samples = kSamples}); }, 0, 1000},
     {"9 channels", [] { return writeWav({.channels = 9, .samples = kSamples}); }, 9, 1000},

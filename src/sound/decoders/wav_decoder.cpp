@@ -28,7 +28,7 @@ WavDecoder::WavDecoder(const SharedBuffer& source) : SoundDecoder(source) {
     rest_ = samples_;
 }
 
-// Samples before the format are not looked for. False without a format chunk.
+// Samples before the format are not looked for. False without a chunk of samples.
 bool WavDecoder::readChunks() {
     ByteReader reader(file());
     reader.skip(kRiffHeader);
@@ -36,7 +36,7 @@ bool WavDecoder::readChunks() {
     while (true) {
         const std::uint32_t id = reader.u32();
         const std::uint32_t size = reader.u32();
-        if (!reader.ok()) break;
+        if (!reader.ok()) return false;
         const auto chunk = takeAtMost(reader, size);
         if (size % 2 == 1) takeAtMost(reader, 1);  // chunks begin at even places
         if (id == kFormatChunk && chunk.size() >= kFormatSize) {
@@ -48,8 +48,6 @@ bool WavDecoder::readChunks() {
             return true;
         }
     }
-    channels_ = 0;
-    return formatKnown;
 }
 
 void WavDecoder::readUsualHeader() {

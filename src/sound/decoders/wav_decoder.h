@@ -7,8 +7,9 @@
 
 namespace grub {
 
-/// PCM in a RIFF file. Chunks are looked for; a file without a format chunk is taken to have its fields at the places
-/// of the usual header of 44 bytes. The stored samples are given out as they are, without being copied.
+/// PCM in a RIFF file. Chunks are looked for; a file without those of the format and the samples is taken to have its
+/// fields at the places of the usual header of 44 bytes, whatever its chunks are called. The stored samples are given
+/// out as they are, without being copied.
 class WavDecoder final : public SoundDecoder, public PoolAllocated<WavDecoder> {
 public:
     /// Only the file's own size is trusted: samples that it does not hold do not count. A file without a place for
