@@ -34,7 +34,7 @@ TEST_F(MixedTone, ComesOutAtItsPitchItsLoudnessAndItsPlace) {
         sound->setVolume(row.volume);
         sound->setPan(row.pan);
         ASSERT_TRUE(device_.play(*sound, false));
-        Samples stereo(2 * 44100 * row.seconds);
+        Samples stereo(row.seconds * 2 * 44100);
         platform::mixSound(stereo);
         const std::size_t lastWholeSecond = 44100 * (row.seconds - 1) - 4410;
         for (const std::size_t side : {0, 1}) {

@@ -135,7 +135,7 @@ const OggFault kFaults[] = {
     {"cut behind the first page", [](Bytes& f) { f.resize(oggPages(f).at(1).start); }, false, 0, 0},
     {"cut in the headers", [](Bytes& f) { f.resize(oggPages(f).at(2).start - 100); }, false, 0, 0},
     {"cut behind the headers", [](Bytes& f) { f.resize(oggPages(f).at(2).start); }, true, 0, 0},
-    {"cut in the last page", [](Bytes& f) { f.resize(f.size() - 1); }, true, 1000, kFrames - 1},
+    {"cut in the last page", [](Bytes& f) { f.pop_back(); }, true, 1000, kFrames - 1},
     {"first page damaged", [](Bytes& f) { damagePage(f, 0); }, false, 0, 0},
     {"headers damaged", [](Bytes& f) { damagePage(f, 1); }, false, 0, 0},
     {"a page in the middle damaged", [](Bytes& f) { damagePage(f, pageCount(f) / 2 + 1); }, true, 1000, kFrames},

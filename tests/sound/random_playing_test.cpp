@@ -44,14 +44,14 @@ protected:
                                     writeOgg({sine(3000, 440, 44100)})};
     std::atomic<bool> ended_ = false;
     std::thread speakers_{[this] {
-        Samples stereo(2 * 4410);
+        Samples stereo(8820);
         while (!ended_) platform::mixSound(stereo);
     }};
 };
 
 TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
-    std::vector<std::unique_ptr<SoundBuffer>> sounds;
-    for (int i = 0; i < 24; ++i) sounds.push_back(soundOf(file()));
+    std::vector<std::unique_ptr<SoundBuffer>> sounds(24);
+    for (auto& sound : sounds) sound = soundOf(file());
     for (int i = 0; i < kActions; ++i) act(sounds);
 
     for (const auto& sound : sounds) EXPECT_TRUE(device_.stop(*sound));

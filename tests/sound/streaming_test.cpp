@@ -83,7 +83,7 @@ TEST_F(Streaming, AtAnotherRateTheLargestStepIsThatOfTheTone) {
     };
     mixMono(1000);
     const int inside = largestStep(mixMono(100000));
-    EXPECT_LE(largestStep(mixMono(3 * 300000)), inside + 1) << "one for rounding";
+    EXPECT_LE(largestStep(mixMono(900000)), inside + 1) << "one for rounding";
 }
 
 TEST_F(Streaming, AVeryShortLoopIsBoundedAndAnEmptyOneEnds) {
