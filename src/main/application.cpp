@@ -43,9 +43,8 @@ void Application::createServices() {
     if (!renderer_->init()) ExitProcess(1);
     EngineServices::installMouse(std::make_unique<MouseInput>(*this));
     EngineServices::installKeyboard(std::make_unique<KeyboardInput>(*this));
-    auto sound = std::make_unique<DSoundDevice>(window_);
-    sound->init();  // without it the game goes on in silence
-    EngineServices::installSoundDevice(std::move(sound));
+    EngineServices::installSoundDevice(std::make_unique<DSoundDevice>(window_));
+    EngineServices::soundDevice()->init();  // without it the game goes on in silence
 }
 
 bool Application::resumeGameThread() {

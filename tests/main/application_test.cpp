@@ -10,6 +10,7 @@
 #include "key_message.h"
 #include "mouse_message.h"
 #include "recording_scene.h"
+#include "sound_output.h"
 #include "testing.h"
 #include "testing_d3d8.h"
 #include "window_procedure.h"
@@ -78,16 +79,31 @@ TEST(ApplicationRun, ScenesFindTheServicesOnAThreadOfTheirOwn) {
     DWORD sceneThread = mainThread;
     game.scene.onRun = [&] {
         sceneThread = GetCurrentThreadId();
-        allThere = EngineServices::renderer()->isReady() && EngineServices::mouse() && EngineServices::keyboard();
+        allThere = EngineServices::renderer()->isReady() && EngineServices::mouse() && EngineServices::keyboard() &&
+                   EngineServices::soundDevice()->isReady();
     };
     EXPECT_TRUE(game.application.run(kScene));
     EXPECT_TRUE(allThere);
     EXPECT_NE(sceneThread, mainThread);
     EXPECT_EQ(EngineServices::renderer(), nullptr);
     EXPECT_EQ(EngineServices::mouse(), nullptr);
+    EXPECT_EQ(EngineServices::soundDevice(), nullptr);
+}
+
+TEST(ApplicationRun, WithoutASoundCardTheGameGoesOnInSilenceAfterOneBox) {
+    platform::setSoundOutput(platform::SoundOutput::None);
+    const platform::testing::MessageBoxRecorder boxes;
+    RunningGame game;
+    bool silent = false;
+    game.scene.onRun = [&] { silent = !EngineServices::soundDevice()->isReady(); };
+    EXPECT_TRUE(game.application.run(kScene));
+    EXPECT_TRUE(silent);
+    EXPECT_EQ(boxes.boxes().size(), 1U);
+    platform::setSoundOutput(platform::SoundOutput::Card);
 }
 
 TEST(ApplicationRun, StartsAndStopsAThousandTimes) {
+    platform::setSoundOutput(platform::SoundOutput::ByHand);  // the system's device takes 40 ms to open and close
     int ended = 0;
     for (int round = 0; round < 1000; ++round) {
         RunningGame game;
@@ -95,6 +111,7 @@ TEST(ApplicationRun, StartsAndStopsAThousandTimes) {
         if (game.application.run(kScene)) ++ended;
     }
     EXPECT_EQ(ended, 1000);
+    platform::setSoundOutput(platform::SoundOutput::Card);
 }
 
 TEST(ApplicationRun, SendingToAWindowThatGoesAwayReturns) {
