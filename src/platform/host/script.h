@@ -23,10 +23,10 @@ struct ScriptLine {
 /// Nothing, and one line in `error` that names the place, when a line is not understood.
 [[nodiscard]] std::optional<std::vector<ScriptLine>> parseScript(std::string_view text, std::string& error);
 
-/// Makes this process play the script at `path`: dummy drivers, a clock that moves as fast as the program lets it, sound
-/// that is mixed with that clock, picture by picture, one more second of that clock after the last line, then exit code 0 (1 when a shot could not be written or its lines
-/// never come due). Call it on the main thread before any window exists. False after one line on standard error when
-/// the script cannot be read.
+/// Makes this process play the script at `path`: dummy drivers, a clock that moves as fast as the program lets it,
+/// sound that is mixed with that clock, picture by picture; one more second of that clock after the last line, then
+/// exit code 0 (1 when a shot could not be written or its lines never come due). Call it on the main thread before any
+/// window exists. False after one line on standard error when the script cannot be read.
 bool playScript(const std::string& path);
 
 }  // namespace platform
