@@ -13,7 +13,7 @@ public:
     virtual ~AudioDevice() = default;
     /// Opens the sound output. False after a message box that names what failed; the game then goes on without sound.
     virtual bool init() = 0;
-    /// Ends all playing and closes the output. Always true.
+    /// Ends everything that streams and lets go of the output, which closes with the last sound. Always true.
     virtual bool shutdown() = 0;
     /// Whether the output is open.
     [[nodiscard]] virtual bool isReady() const = 0;

@@ -15,7 +15,7 @@ class SoundDecoder;
 class PcmPieces {
 public:
     /// Takes whole frames, at most `bytes`, which is a number of whole frames itself. With `loop` a decoder that has
-    /// ended is rewound and goes on; less than `bytes` then means that there is nothing to be had from it.
+    /// ended is rewound and goes on; less than `bytes` then means that there is next to nothing to be had from it.
     PcmPieces(SoundDecoder& decoder, std::uint32_t bytes, std::uint32_t frameBytes, bool loop);
 
     /// How many bytes came.
