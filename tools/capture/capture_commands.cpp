@@ -32,9 +32,10 @@ void capture(const Arguments& arguments) {
     auto world = content->worldOf(*game, arguments.game, error);
     if (!world) failWith(kCannotPlay, error);
 
+    ResourcePackage package("sound.pak");
+    if (!package.exists("sound\\sound.ini")) failWith(kCannotPlay, "sound.pak: wanted sound\\sound.ini, found none");
     const HandMixedDevice device;
     if (!device.isReady()) failWith(kCannotPlay, "no sound can be mixed");
-    ResourcePackage package("sound.pak");
     SoundBank bank(package);
     const auto samples = captureSound(*game, *world, bank);
     if (!writeWholeFile(arguments.output, wavBytes(samples, platform::kHandMixedChannels, platform::kHandMixedRate)))
