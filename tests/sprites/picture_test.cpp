@@ -106,7 +106,7 @@ TEST(Picture, ShowsWhatADamagedImageHoldsAndSaysSo) {
     Picture whole(bufferOf(file));
     EXPECT_TRUE(whole.acquire());
     EXPECT_EQ(whole.fault(), "");
-    file.resize(file.size() - 4);  // the last codes, the end of the data, the trailer
+    file.erase(file.end() - 4, file.end());  // the last codes, the end of the data, the trailer
     Picture cut(bufferOf(file));
     EXPECT_TRUE(cut.acquire());
     EXPECT_EQ(cut.fault(), "GIF: the image data ends before the picture is full");
