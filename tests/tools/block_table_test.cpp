@@ -40,7 +40,7 @@ const TableFault kFaults[] = {
 };
 
 TEST(BlockTable, GivesLinesTheEndsThatTheGameReads) {
-    SourceError error;
+    TextError error;
     EXPECT_EQ(packBlockTable("; c\n[6]\ntype=1\nspriteFire=88\nspriteRost=90\n", error),
               "; c\r\n[6]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=90\r\n");
     EXPECT_EQ(packBlockTable("[6]\r\ntype=2\r\n", error), "[6]\r\ntype=2\r\n");
@@ -48,7 +48,7 @@ TEST(BlockTable, GivesLinesTheEndsThatTheGameReads) {
 
 TEST(BlockTable, RefusesWhatTheGameWouldSkipOrMisread) {
     for (const TableFault& fault : kFaults) {
-        SourceError error{-1, "no error"};
+        TextError error{-1, "no error"};
         EXPECT_FALSE(packBlockTable(fault.text, error)) << fault.what;
         EXPECT_EQ(error.line, fault.line) << fault.what << ": " << error.message;
         EXPECT_NE(error.message.find(fault.message), std::string::npos) << fault.what << ": " << error.message;

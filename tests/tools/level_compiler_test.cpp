@@ -77,7 +77,7 @@ const SourceFault kFaults[] = {
 
 TEST(LevelCompiler, NamesLineAndFaultOfASourceItRefuses) {
     const BlockPalette palette = testPalette();
-    SourceError error;
+    TextError error;
     ASSERT_TRUE(compileLevel(sourceOf(kGoodField), palette, error)) << error.message;
     for (const SourceFault& fault : kFaults) {
         error = {-1, "no error"};
@@ -102,7 +102,7 @@ TEST(LevelCompiler, WarnsOfARatThatIsShutIn) {
     };
     const BlockPalette palette = testPalette();
     for (const auto& row : rows) {
-        SourceError error;
+        TextError error;
         std::string reason;
         const auto bytes = compileLevel(sourceOf(row.field), palette, error);
         ASSERT_TRUE(bytes) << error.message;
@@ -112,7 +112,7 @@ TEST(LevelCompiler, WarnsOfARatThatIsShutIn) {
 
 TEST(LevelCompiler, TakesLineEndsOfEitherKindCommentsAndBlanksAtTheEndOfRows) {
     const BlockPalette palette = testPalette();
-    SourceError error;
+    TextError error;
     const auto plain = compileLevel(sourceOf(kGoodField), palette, error);
     ASSERT_TRUE(plain);
     EXPECT_EQ(plain, compileLevel("; a comment\r\n title A b\r\nworld t\r\n\r\nfield\r\n@k.E  \r\nXXXX\r\nend", palette,
@@ -124,7 +124,7 @@ TEST(LevelCompiler, AnyCutOfASourceIsAnswered) {
     const std::string whole = "title x\nworld t\nlegend X marble\nbytes " + std::string(46, '1') +
                               "\nfield\n@k.E\nXXXX\nend\nlayer4 sun 0 0\nobject drops 2 0\n";
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        SourceError error{-1, ""};
+        TextError error{-1, ""};
         const bool good = compileLevel(whole.substr(0, length), palette, error).has_value();
         EXPECT_EQ(good, error.line == -1) << length;
     }
@@ -136,7 +136,7 @@ void expectComesBack(const std::vector<std::uint8_t>& bytes, const BlockPalette&
     const auto level = readLevelFile(bytes, reason);
     ASSERT_TRUE(level) << reason;
     const std::string text = showLevel(*level, palette);
-    SourceError error;
+    TextError error;
     const auto source = parseLevelSource(text, error);
     ASSERT_TRUE(source) << error.line << ": " << error.message << "\n" << text;
     const auto back = dressLevel(*source, palette, error);
@@ -148,7 +148,7 @@ TEST(LevelText, ShowsALevelAsItWasDrawn) {
     const BlockPalette palette = testPalette();
     const std::string source =
         "world t\nlegend X marble\n\nfield\n@k.#.H\nS-h-DE\nXXXXXX\nend\n\nlayer2 lamp  2 0  4 1\nobject drops  2 0\n";
-    SourceError error;
+    TextError error;
     const auto bytes = compileLevel(source, palette, error);
     ASSERT_TRUE(bytes) << error.message;
     std::string reason;
@@ -181,7 +181,7 @@ TEST(LevelText, WidensOlderVersions) {
     const auto read = readLevelFile(writeLevelFile(level), reason);
     ASSERT_TRUE(read) << reason;
     level.version = LevelFile::kCurrentVersion;
-    SourceError error;
+    TextError error;
     const auto back = dressLevel(*parseLevelSource(showLevel(*read, testPalette()), error), testPalette(), error);
     ASSERT_TRUE(back) << error.message;
     EXPECT_EQ(back->records, level.records);

@@ -48,7 +48,7 @@ std::vector<std::pair<std::string, fs::path>> levelSources() {
 class LevelContent : public testing::Test {
 protected:
     LevelContent() {
-        SourceError error;
+        TextError error;
         const auto packed = packBlockTable(textOf(kLevels / "typeblok.ini"), error);
         EXPECT_TRUE(packed) << "typeblok.ini:" << error.line << ": " << error.message;
         source_.put(std::string(kBlockTableName), packed.value_or(""));
@@ -61,7 +61,7 @@ protected:
     BlockPalette palette() { return BlockPalette(IniTable(source_.load(EngineString(kBlockTableName)), 3000)); }
 
     Bytes compiled(const fs::path& path) {
-        SourceError error;
+        TextError error;
         const auto bytes = compileLevel(textOf(path), palette(), error);
         EXPECT_TRUE(bytes) << path << ":" << error.line << ": " << error.message;
         return bytes.value_or(Bytes());
@@ -114,7 +114,7 @@ TEST_F(LevelContent, EveryLevelComesBackFromItsText) {
         std::string reason;
         const auto level = readLevelFile(bytes, reason);
         ASSERT_TRUE(level) << name << ": " << reason;
-        SourceError error;
+        TextError error;
         EXPECT_EQ(compileLevel(showLevel(*level, palette()), palette(), error), bytes) << name << ": " << error.message;
     }
 }

@@ -11,7 +11,7 @@ namespace grub {
 namespace {
 
 LevelFile dressed(const std::string& text) {
-    SourceError error;
+    TextError error;
     const auto source = parseLevelSource(text, error);
     const auto level = source ? dressLevel(*source, testPalette(), error) : std::nullopt;
     EXPECT_TRUE(level) << error.line << ": " << error.message;

@@ -57,7 +57,7 @@ constexpr const char* kSmallScore =
     "tempo 120\nloudness -14\nform A\ninstrument reed\n  tone\n    partials 1\nphrase A\n  reed A4 . C5 .\n";
 
 std::optional<Score> scoreOf(const std::string& text) {
-    LineError error;
+    TextError error;
     auto score = readScore(text, error);
     EXPECT_TRUE(score) << error.line << ": " << error.message;
     return score;

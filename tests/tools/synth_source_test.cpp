@@ -84,7 +84,7 @@ const SourceFault kScoreFaults[] = {
 };
 
 TEST(SoundSourceFormat, SmallestSourceRenders) {
-    LineError error;
+    TextError error;
     const auto source = readSoundSource(kSmallSound, error);
     ASSERT_TRUE(source) << error.message;
     const auto sound = renderSound(*source, error);
@@ -96,7 +96,7 @@ TEST(SoundSourceFormat, SmallestSourceRenders) {
 
 TEST(SoundSourceFormat, NamesTheLineThatItDoesNotUnderstand) {
     for (const SourceFault& fault : kSoundFaults) {
-        LineError error{-1, "no error"};
+        TextError error{-1, "no error"};
         EXPECT_FALSE(readSoundSource(fault.text, error)) << fault.what;
         EXPECT_EQ(error.line, fault.line) << fault.what << ": " << error.message;
         EXPECT_NE(error.message.find(fault.message), std::string::npos) << fault.what << ": " << error.message;
@@ -105,7 +105,7 @@ TEST(SoundSourceFormat, NamesTheLineThatItDoesNotUnderstand) {
 
 TEST(ScoreFormat, NamesTheLineThatItDoesNotUnderstand) {
     for (const SourceFault& fault : kScoreFaults) {
-        LineError error{-1, "no error"};
+        TextError error{-1, "no error"};
         EXPECT_FALSE(readScore(fault.text, error)) << fault.what;
         EXPECT_EQ(error.line, fault.line) << fault.what << ": " << error.message;
         EXPECT_NE(error.message.find(fault.message), std::string::npos) << fault.what << ": " << error.message;
@@ -113,7 +113,7 @@ TEST(ScoreFormat, NamesTheLineThatItDoesNotUnderstand) {
 }
 
 TEST(SoundSourceFormat, RefusesASoundThatItsLoudnessWouldClip) {
-    LineError error;
+    TextError error;
     const auto source = readSoundSource("length 0.1\nloudness -3\nnoise\n  band 300 3000\n  decay 0.001\n", error);
     ASSERT_TRUE(source) << error.message;
     EXPECT_FALSE(renderSound(*source, error));

@@ -35,7 +35,7 @@ bool isSpriteNumber(int number) {
 /// Reads the table line by line; each handler returns false after it has filled the error.
 class TableChecker {
 public:
-    explicit TableChecker(SourceError& error) : error_(error) {}
+    explicit TableChecker(TextError& error) : error_(error) {}
 
     bool read(std::string_view line) {
         ++line_;
@@ -101,7 +101,7 @@ private:
         return names_.emplace(value).second || fail("each name once", value);
     }
 
-    SourceError& error_;
+    TextError& error_;
     int line_ = 0;
     int sectionLine_ = 0;
     std::map<std::string, int, std::less<>> section_;
@@ -111,7 +111,7 @@ private:
 
 }  // namespace
 
-std::optional<std::string> packBlockTable(std::string_view text, SourceError& error) {
+std::optional<std::string> packBlockTable(std::string_view text, TextError& error) {
     TableChecker checker(error);
     std::string packed;
     bool good = true;

@@ -12,6 +12,6 @@ namespace grub {
 /// what it does not understand without a word, so here a line that it would skip or misread is refused: a key with a
 /// blank, a value that is no number, a block or a picture number that is defined twice or does not exist, a diggable
 /// floor without pictures of breaking and growing back, an exit without a door. Empty, and `error` filled, then.
-[[nodiscard]] std::optional<std::string> packBlockTable(std::string_view text, SourceError& error);
+[[nodiscard]] std::optional<std::string> packBlockTable(std::string_view text, TextError& error);
 
 }  // namespace grub

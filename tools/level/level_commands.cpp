@@ -39,9 +39,7 @@ struct Arguments {
     throw CLI::RuntimeError(1);
 }
 
-[[noreturn]] void failAt(const std::string& file, const SourceError& error) {
-    failWith(file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ": " + error.message);
-}
+[[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(error.in(file)); }
 
 Bytes read(const std::string& path) {
     auto bytes = readWholeFile(path);
@@ -72,7 +70,7 @@ BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(
 
 Bytes compiled(const Arguments& arguments, const TableSource& table) {
     const Bytes source = read(arguments.input);
-    SourceError error;
+    TextError error;
     auto level = compileLevel(textOf(source), paletteOf(table), error);
     if (!level) failAt(arguments.input, error);
     return std::move(*level);
@@ -114,7 +112,7 @@ void picture(const Arguments& arguments) {
 
 void blocks(const Arguments& arguments) {
     const Bytes source = read(arguments.input);
-    SourceError error;
+    TextError error;
     const auto packed = packBlockTable(textOf(source), error);
     if (!packed) failAt(arguments.input, error);
     write(arguments.output, {reinterpret_cast<const std::uint8_t*>(packed->data()), packed->size()});

@@ -7,7 +7,7 @@
 namespace grub {
 
 std::optional<std::vector<std::uint8_t>> compileLevel(std::string_view text, const BlockPalette& palette,
-                                                      SourceError& error) {
+                                                      TextError& error) {
     const auto source = parseLevelSource(text, error);
     if (!source) return std::nullopt;
     const auto level = dressLevel(*source, palette, error);

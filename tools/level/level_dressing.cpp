@@ -32,7 +32,7 @@ constexpr unsigned placeHash(int column, int row) {
 /// Dresses one level; every step needs what the steps before it found.
 class Dresser {
 public:
-    Dresser(const LevelSource& source, const BlockPalette& palette, SourceError& error)
+    Dresser(const LevelSource& source, const BlockPalette& palette, TextError& error)
         : source_(source),
           palette_(palette),
           error_(error),
@@ -235,7 +235,7 @@ private:
 
     const LevelSource& source_;
     const BlockPalette& palette_;
-    SourceError& error_;
+    TextError& error_;
     LevelFile level_;
     std::vector<const Block*> families_;
 };
@@ -244,7 +244,7 @@ bool isShape(std::string_view part) { return std::find(kShapes.begin(), kShapes.
 
 }  // namespace
 
-std::optional<LevelFile> dressLevel(const LevelSource& source, const BlockPalette& palette, SourceError& error) {
+std::optional<LevelFile> dressLevel(const LevelSource& source, const BlockPalette& palette, TextError& error) {
     return Dresser(source, palette, error).dress();
 }
 

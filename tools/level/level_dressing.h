@@ -15,7 +15,7 @@ namespace grub {
 /// then what the placement lines say. The same source and palette give the same level everywhere.
 /// Empty, and `error` filled, when a character or a name means nothing.
 [[nodiscard]] std::optional<LevelFile> dressLevel(const LevelSource& source, const BlockPalette& palette,
-                                                  SourceError& error);
+                                                  TextError& error);
 
 /// A block's name without world, shape and variant: "floor" for "turma.floor.left~2".
 [[nodiscard]] std::string familyOf(std::string_view blockName);

@@ -36,7 +36,7 @@ std::optional<int> coordinate(std::string_view word) {
 /// Reads the lines of one source in order. Each handler returns false after it has filled the error.
 class SourceParser {
 public:
-    explicit SourceParser(SourceError& error) : error_(error) {}
+    explicit SourceParser(TextError& error) : error_(error) {}
 
     bool read(std::string_view line) {
         ++line_;
@@ -144,7 +144,7 @@ private:
         return rest.empty() ? "nothing" : quoted(rest);
     }
 
-    SourceError& error_;
+    TextError& error_;
     LevelSource source_;
     int line_ = 0;
     bool inField_ = false;
@@ -158,7 +158,7 @@ const FieldCharacter* fieldCharacter(char character) {
     return row == kFieldCharacters.end() ? nullptr : &*row;
 }
 
-std::optional<LevelSource> parseLevelSource(std::string_view text, SourceError& error) {
+std::optional<LevelSource> parseLevelSource(std::string_view text, TextError& error) {
     SourceParser parser(error);
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());

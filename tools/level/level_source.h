@@ -11,14 +11,9 @@
 #include "level_slots.h"
 #include "object_code.h"
 #include "rules.h"
+#include "text_error.h"
 
 namespace grub {
-
-/// Where a level source is wrong, what was wanted and what was found. Line 0 means the file as a whole.
-struct SourceError {
-    int line = 0;
-    std::string message;
-};
 
 /// What a character of the playing field puts into its cell: a block family of the world and an object code (0 = none).
 struct FieldCharacter {
@@ -98,6 +93,6 @@ struct LevelSource {
 };
 
 /// Takes a level source apart; empty and `error` filled at the first line that is none.
-[[nodiscard]] std::optional<LevelSource> parseLevelSource(std::string_view text, SourceError& error);
+[[nodiscard]] std::optional<LevelSource> parseLevelSource(std::string_view text, TextError& error);
 
 }  // namespace grub

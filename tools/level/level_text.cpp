@@ -135,7 +135,7 @@ private:
     }
 
     std::string corrections() const {
-        SourceError error;
+        TextError error;
         const auto compiled = dressLevel(draft_, palette_, error);
         // A palette without the draft's blocks leaves nothing to compare with: then every cell is written out.
         const LevelFile draft = compiled ? *compiled : emptyLevel(level_.width, level_.height);

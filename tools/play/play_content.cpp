@@ -72,10 +72,10 @@ std::optional<LevelMap> PlayContent::mapOfFile(const std::string& path, std::str
 
 std::optional<std::vector<std::uint8_t>> PlayContent::compile(const std::string& sourcePath, std::string& error) {
     const auto text = readTextFile(sourcePath);
-    SourceError fault{0, "cannot be read"};
+    TextError fault{0, "cannot be read"};
     const BlockPalette palette(IniTable(levels_.load(EngineString(kBlockTableName)), kTableBuckets));
     auto level = text ? compileLevel(*text, palette, fault) : std::nullopt;
-    if (!level) error = TextError{fault.line, fault.message}.in(sourcePath);
+    if (!level) error = fault.in(sourcePath);
     return level;
 }
 

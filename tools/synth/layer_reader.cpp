@@ -49,7 +49,7 @@ constexpr std::array kNumberKeys{
     NumberKey{"seed", &SoundLayer::seed, 0, 10000},
 };
 
-bool readHit(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readHit(const SourceLine& line, SoundLayer& layer, TextError& error) {
     const auto& words = line.words;
     LayerHit hit;
     if (words.size() > 4) return refuse(error, line.number, "'hit TIME [PITCH [GAIN]]'", words[4]);
@@ -68,7 +68,7 @@ bool readHit(const SourceLine& line, SoundLayer& layer, LineError& error) {
     return true;
 }
 
-bool readGlide(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readGlide(const SourceLine& line, SoundLayer& layer, TextError& error) {
     for (std::size_t i = 1; i < line.words.size(); ++i) {
         const std::string& word = line.words[i];
         const auto colon = word.find(':');
@@ -83,7 +83,7 @@ bool readGlide(const SourceLine& line, SoundLayer& layer, LineError& error) {
     return true;
 }
 
-bool readPartials(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readPartials(const SourceLine& line, SoundLayer& layer, TextError& error) {
     for (std::size_t i = 1; i < line.words.size(); ++i) {
         double amplitude = 0;
         if (!readNumber(line.words[i], -10, 10, line.number, amplitude, error)) return false;
@@ -98,7 +98,7 @@ struct NumberRow {
     std::vector<std::pair<double, double>> limits;
 };
 
-bool readRow(const SourceLine& line, const NumberRow& row, std::vector<double>& values, LineError& error) {
+bool readRow(const SourceLine& line, const NumberRow& row, std::vector<double>& values, TextError& error) {
     if (line.words.size() != row.limits.size() + 1) return refuse(error, line.number, row.form, line.words.back());
     for (std::size_t i = 0; i < row.limits.size(); ++i) {
         const auto [low, high] = row.limits[i];
@@ -109,7 +109,7 @@ bool readRow(const SourceLine& line, const NumberRow& row, std::vector<double>& 
     return true;
 }
 
-bool readBand(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readBand(const SourceLine& line, SoundLayer& layer, TextError& error) {
     std::vector<double> v;
     if (!readRow(line, {"'band LOW HIGH'", {{10, 20000}, {10, 20000}}}, v, error)) return false;
     if (v[0] >= v[1]) return refuse(error, line.number, "a band that ends above its start", line.words[2]);
@@ -118,14 +118,14 @@ bool readBand(const SourceLine& line, SoundLayer& layer, LineError& error) {
     return true;
 }
 
-bool readMode(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readMode(const SourceLine& line, SoundLayer& layer, TextError& error) {
     std::vector<double> v;
     if (!readRow(line, {"'mode RATIO GAIN DECAY'", {{0.01, 20000}, {-60, 40}, {0.001, 10}}}, v, error)) return false;
     layer.modes.push_back({v[0], fromDecibels(v[1]), v[2]});
     return true;
 }
 
-bool readFormant(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readFormant(const SourceLine& line, SoundLayer& layer, TextError& error) {
     std::vector<double> v;
     const NumberRow row{"'formant HZ WIDTH GAIN'", {{50, 15000}, {10, 5000}, {-60, 40}}};
     if (!readRow(line, row, v, error)) return false;
@@ -133,7 +133,7 @@ bool readFormant(const SourceLine& line, SoundLayer& layer, LineError& error) {
     return true;
 }
 
-bool readVibrato(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readVibrato(const SourceLine& line, SoundLayer& layer, TextError& error) {
     std::vector<double> v;
     if (!readRow(line, {"'vibrato RATE DEPTH'", {{0.1, 100}, {0, 1}}}, v, error)) return false;
     layer.vibratoRate = v[0];
@@ -141,7 +141,7 @@ bool readVibrato(const SourceLine& line, SoundLayer& layer, LineError& error) {
     return true;
 }
 
-bool readTremolo(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readTremolo(const SourceLine& line, SoundLayer& layer, TextError& error) {
     std::vector<double> v;
     if (!readRow(line, {"'tremolo RATE DEPTH'", {{0.1, 200}, {0, 1}}}, v, error)) return false;
     layer.tremoloRate = v[0];
@@ -149,7 +149,7 @@ bool readTremolo(const SourceLine& line, SoundLayer& layer, LineError& error) {
     return true;
 }
 
-bool readBasePitch(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readBasePitch(const SourceLine& line, SoundLayer& layer, TextError& error) {
     if (line.words.size() != 2) return refuse(error, line.number, "'pitch NOTE' or 'pitch HZ'", line.words.back());
     if (!layer.hits.empty()) return refuse(error, line.number, "the pitch before the first hit", "pitch");
     return readPitch(line.words[1], line.number, layer.pitch, error);
@@ -157,7 +157,7 @@ bool readBasePitch(const SourceLine& line, SoundLayer& layer, LineError& error) 
 
 struct RowKey {
     std::string_view key;
-    bool (*read)(const SourceLine&, SoundLayer&, LineError&);
+    bool (*read)(const SourceLine&, SoundLayer&, TextError&);
 };
 
 constexpr std::array kRowKeys{
@@ -183,7 +183,7 @@ SoundLayer startLayer(const SourceLine& line) {
     return layer;
 }
 
-bool readLayerLine(const SourceLine& line, SoundLayer& layer, LineError& error) {
+bool readLayerLine(const SourceLine& line, SoundLayer& layer, TextError& error) {
     const std::string& word = line.words[0];
     const auto row = std::find_if(kRowKeys.begin(), kRowKeys.end(), [&](const RowKey& k) { return k.key == word; });
     const auto key =
@@ -198,7 +198,7 @@ bool readLayerLine(const SourceLine& line, SoundLayer& layer, LineError& error) 
     return true;
 }
 
-bool layerIsWhole(const SoundLayer& layer, bool hasNotes, int line, LineError& error) {
+bool layerIsWhole(const SoundLayer& layer, bool hasNotes, int line, TextError& error) {
     const auto lacks = [&](std::string_view wanted) { return refuse(error, line, wanted, "a layer without"); };
     switch (layer.kind) {
         case LayerKind::Tone:

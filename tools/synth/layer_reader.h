@@ -12,10 +12,10 @@ namespace grub {
 [[nodiscard]] SoundLayer startLayer(const SourceLine& line);
 
 /// Takes one line below the start of a layer; false and `error` filled when it is none.
-[[nodiscard]] bool readLayerLine(const SourceLine& line, SoundLayer& layer, LineError& error);
+[[nodiscard]] bool readLayerLine(const SourceLine& line, SoundLayer& layer, TextError& error);
 
 /// Whether the layer says all that its kind needs, and ends; `line` is where it starts. The notes of a score end
 /// (`hasNotes`), else the layer must die away or be let go.
-[[nodiscard]] bool layerIsWhole(const SoundLayer& layer, bool hasNotes, int line, LineError& error);
+[[nodiscard]] bool layerIsWhole(const SoundLayer& layer, bool hasNotes, int line, TextError& error);
 
 }  // namespace grub

@@ -37,7 +37,7 @@ std::optional<std::size_t> indexOf(const std::vector<Named>& all, std::string_vi
 /// Takes a score apart line by line; what a line means depends on the block that it stands in.
 class ScoreReader {
 public:
-    explicit ScoreReader(LineError& error) : error_(error) {}
+    explicit ScoreReader(TextError& error) : error_(error) {}
 
     std::optional<Score> read(std::string_view text) {
         for (const SourceLine& line : sourceLines(text)) {
@@ -187,7 +187,7 @@ private:
         return !score_.form.empty() || refuse(error_, form_.number, "a phrase", "form");
     }
 
-    LineError& error_;
+    TextError& error_;
     Score score_;
     SourceLine form_;  // names phrases that come later
     Block block_ = Block::Head;
@@ -201,6 +201,6 @@ double Score::beats() const {
     return sum;
 }
 
-std::optional<Score> readScore(std::string_view text, LineError& error) { return ScoreReader(error).read(text); }
+std::optional<Score> readScore(std::string_view text, TextError& error) { return ScoreReader(error).read(text); }
 
 }  // namespace grub

@@ -57,7 +57,7 @@ struct Score {
 };
 
 /// Reads a score; empty and `error` filled at the first line that is wrong.
-[[nodiscard]] std::optional<Score> readScore(std::string_view text, LineError& error);
+[[nodiscard]] std::optional<Score> readScore(std::string_view text, TextError& error);
 
 /// The finished loop, stereo at `kMusicRate`: what rings at its end is already in its start.
 [[nodiscard]] std::vector<Samples> renderScore(const Score& score);

@@ -50,7 +50,7 @@ std::string decibelText(double value) {
 
 }  // namespace
 
-std::optional<Samples> renderSound(const SoundSource& source, LineError& error) {
+std::optional<Samples> renderSound(const SoundSource& source, TextError& error) {
     const int rate = static_cast<int>(source.rate);
     Samples sound = mixLayers(source, rate);
     if (source.drive > 0) drive(sound, source.drive);

@@ -21,7 +21,7 @@ constexpr std::array kHeadKeys{
     HeadKey{"roomdecay", &SoundSource::roomDecay, 0.01, 2}, HeadKey{"drive", &SoundSource::drive, 0.1, 20},
 };
 
-bool readHeadLine(const SourceLine& line, SoundSource& source, LineError& error) {
+bool readHeadLine(const SourceLine& line, SoundSource& source, TextError& error) {
     for (const HeadKey& key : kHeadKeys) {
         if (key.key != line.words[0]) continue;
         if (line.words.size() != 2) return refuse(error, line.number, "one value", line.words.back());
@@ -32,7 +32,7 @@ bool readHeadLine(const SourceLine& line, SoundSource& source, LineError& error)
     return refuse(error, line.number, "a key of the head or a layer", line.words[0]);
 }
 
-bool readLine(const SourceLine& line, SoundSource& source, std::vector<int>& starts, LineError& error) {
+bool readLine(const SourceLine& line, SoundSource& source, std::vector<int>& starts, TextError& error) {
     if (isLayerKind(line.words[0])) {
         if (line.words.size() > 1) return refuse(error, line.number, "nothing behind a layer's kind", line.words[1]);
         source.layers.push_back(startLayer(line));
@@ -44,7 +44,7 @@ bool readLine(const SourceLine& line, SoundSource& source, std::vector<int>& sta
 
 }  // namespace
 
-std::optional<SoundSource> readSoundSource(std::string_view text, LineError& error) {
+std::optional<SoundSource> readSoundSource(std::string_view text, TextError& error) {
     SoundSource source;
     std::vector<int> starts;
     for (const SourceLine& line : sourceLines(text)) {

@@ -22,10 +22,10 @@ struct SoundSource {
 };
 
 /// Reads a source; empty and `error` filled at the first line that is wrong.
-[[nodiscard]] std::optional<SoundSource> readSoundSource(std::string_view text, LineError& error);
+[[nodiscard]] std::optional<SoundSource> readSoundSource(std::string_view text, TextError& error);
 
 /// The finished sound: mono, at the source's rate, without DC, as loud as its source says. Empty and `error` filled
 /// when it would be louder than -1.5 dB of full scale.
-[[nodiscard]] std::optional<Samples> renderSound(const SoundSource& source, LineError& error);
+[[nodiscard]] std::optional<Samples> renderSound(const SoundSource& source, TextError& error);
 
 }  // namespace grub

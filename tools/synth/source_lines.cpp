@@ -19,7 +19,7 @@ std::vector<SourceLine> sourceLines(std::string_view text) {
     return lines;
 }
 
-bool refuse(LineError& error, int line, std::string_view wanted, std::string_view found) {
+bool refuse(TextError& error, int line, std::string_view wanted, std::string_view found) {
     error.line = line;
     error.message = "wanted " + std::string(wanted) + ", found '" + std::string(found) + "'";
     return false;
@@ -33,7 +33,7 @@ std::optional<double> numberOf(std::string_view word) {
     return value;
 }
 
-bool readNumber(std::string_view word, double low, double high, int line, double& value, LineError& error) {
+bool readNumber(std::string_view word, double low, double high, int line, double& value, TextError& error) {
     const auto number = numberOf(word);
     if (!number || *number < low || *number > high) {
         std::ostringstream wanted;
@@ -59,7 +59,7 @@ std::optional<double> noteFrequency(std::string_view word) {
     return 440 * std::pow(2, (semitone - kA4) / 12.0);
 }
 
-bool readPitch(std::string_view word, int line, double& hertz, LineError& error) {
+bool readPitch(std::string_view word, int line, double& hertz, TextError& error) {
     if (const auto note = noteFrequency(word)) {
         hertz = *note;
         return true;

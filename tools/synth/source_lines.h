@@ -5,13 +5,9 @@
 #include <string_view>
 #include <vector>
 
-namespace grub {
+#include "text_error.h"
 
-/// Where a sound source or score is wrong: what was wanted and what was found. Line 0 means the file as a whole.
-struct LineError {
-    int line = 0;
-    std::string message;
-};
+namespace grub {
 
 /// A line of a source as words; words are separated by blanks, `;` starts a comment.
 struct SourceLine {
@@ -23,18 +19,18 @@ struct SourceLine {
 [[nodiscard]] std::vector<SourceLine> sourceLines(std::string_view text);
 
 /// Fills `error` with "wanted WANTED, found 'FOUND'"; always false, so that a reader can return it.
-bool refuse(LineError& error, int line, std::string_view wanted, std::string_view found);
+bool refuse(TextError& error, int line, std::string_view wanted, std::string_view found);
 
 /// A finite decimal number that is the whole word.
 [[nodiscard]] std::optional<double> numberOf(std::string_view word);
 
 /// A number from `low` to `high`; else refuses the word.
-bool readNumber(std::string_view word, double low, double high, int line, double& value, LineError& error);
+bool readNumber(std::string_view word, double low, double high, int line, double& value, TextError& error);
 
 /// Hz of a note such as A4 (440), C#5 or Bb1, octaves 0 to 8, twelve equal steps an octave.
 [[nodiscard]] std::optional<double> noteFrequency(std::string_view word);
 
 /// Hz of a note, or a plain number of Hz.
-bool readPitch(std::string_view word, int line, double& hertz, LineError& error);
+bool readPitch(std::string_view word, int line, double& hertz, TextError& error);
 
 }  // namespace grub

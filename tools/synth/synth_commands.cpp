@@ -26,10 +26,7 @@ struct SynthOptions {
     throw CLI::RuntimeError(1);
 }
 
-[[noreturn]] void fail(const std::string& file, const LineError& error) {
-    const std::string place = error.line > 0 ? ":" + std::to_string(error.line) : "";
-    fail(file + place + ": " + error.message);
-}
+[[noreturn]] void fail(const std::string& file, const TextError& error) { fail(error.in(file)); }
 
 std::vector<std::uint8_t> wholeFile(const std::string& path) {
     auto bytes = readWholeFile(path);
@@ -53,7 +50,7 @@ SoundRecording recordingOf(const std::string& path) {
 
 void renderEffect(const SynthOptions& options) {
     const auto text = wholeFile(options.source);
-    LineError error;
+    TextError error;
     const auto source = readSoundSource(textOf(text), error);
     if (!source) fail(options.source, error);
     const auto sound = renderSound(*source, error);
@@ -63,7 +60,7 @@ void renderEffect(const SynthOptions& options) {
 
 void renderMusic(const SynthOptions& options) {
     const auto text = wholeFile(options.source);
-    LineError error;
+    TextError error;
     const auto score = readScore(textOf(text), error);
     if (!score) fail(options.source, error);
     write(options.output, vorbisBytes(renderScore(*score), kMusicRate));

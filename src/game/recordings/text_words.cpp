@@ -16,10 +16,6 @@ std::string_view trimmed(std::string_view text) {
 
 }  // namespace
 
-std::string TextError::in(std::string_view file) const {
-    return std::string(file) + (line > 0 ? ":" + std::to_string(line) : "") + ": " + message;
-}
-
 std::vector<TextLine> textLines(std::string_view text) {
     std::vector<TextLine> lines;
     for (int number = 1; !text.empty(); ++number) {

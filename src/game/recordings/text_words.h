@@ -6,16 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "text_error.h"
+
 namespace grub {
-
-/// Where a text is wrong, what was wanted and what was found. Line 0 means the text as a whole.
-struct TextError {
-    int line = 0;
-    std::string message;
-
-    /// "file:line: message".
-    [[nodiscard]] std::string in(std::string_view file) const;
-};
 
 /// A line that says something.
 struct TextLine {
