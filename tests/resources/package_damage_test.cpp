@@ -117,7 +117,7 @@ TEST_F(PackageDamage, TakesNoMemoryForWhatTheFileCannotHold) {
         ResourcePackage package(path.c_str());
         const long before = peakAddressSpace();
         const bool refused = package.load("b").empty();
-        std::exit(before > 0 && refused && peakAddressSpace() - before < 128 * 1024 ? 0 : 1);
+        std::exit(before > 0 && refused && peakAddressSpace() - before < 128L * 1024 ? 0 : 1);
     };
     EXPECT_EXIT(loadInFreshProcess(), testing::ExitedWithCode(0), "");
 }

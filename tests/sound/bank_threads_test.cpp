@@ -43,7 +43,7 @@ TEST_F(BankOnTheDevice, TheSecondPhaseLoadsWhileTheGamePlays) {
         for (int i = 0; i < kLoads; ++i) bank_.load(true);
         loaded = true;
     });
-    Samples stereo(2 * 4410);
+    Samples stereo(8820);  // a tenth of a second
     while (!loaded) {
         for (const SoundId id : {SoundId::GetKey, SoundId::Skull, SoundId::Bomb}) bank_.playEffect(id);
         bank_.setEffectsVolume(9);

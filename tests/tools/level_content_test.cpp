@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "block_table.h"
-#include "level_commands.h"
 #include "level_compiler.h"
 #include "level_file.h"
 #include "level_list.h"
@@ -15,7 +14,7 @@
 #include "loading_list.h"
 #include "memory_source.h"
 #include "package_builder.h"
-#include "run_command.h"
+#include "run_grubtool.h"
 #include "scratch_directory.h"
 #include "whole_file.h"
 
@@ -127,19 +126,18 @@ TEST_F(LevelContent, TheLargestLevelScrollsBothWays) {
     EXPECT_GT(level->height, 9);
 }
 
-int run(const std::vector<std::string>& words) { return runCommand(addLevelCommands, words); }
-
 TEST(LevelCommands, MakeTheSamePackageTwice) {
     Bytes packages[2];
     for (Bytes& package : packages) {
         const ScratchDirectory scratch;
         fs::create_directories(scratch.path() / "levels" / "turma");
         for (const char* level : {"level22", "level01"})
-            ASSERT_EQ(run({"level", "compile", (kLevels / "turma" / level).string() + ".txt",
-                           scratch.file("levels/turma/") + level + ".lvl"}),
+            ASSERT_EQ(runGrubtool({"level", "compile", (kLevels / "turma" / level).string() + ".txt",
+                                   scratch.file("levels/turma/") + level + ".lvl"}),
                       0);
-        ASSERT_EQ(run({"level", "blocks", (kLevels / "typeblok.ini").string(), scratch.file("levels/typeblok.ini")}),
-                  0);
+        ASSERT_EQ(
+            runGrubtool({"level", "blocks", (kLevels / "typeblok.ini").string(), scratch.file("levels/typeblok.ini")}),
+            0);
         std::string fault;
         auto items = collectPackItems(scratch.path(), fault);
         ASSERT_TRUE(items) << fault;
@@ -152,7 +150,8 @@ TEST(LevelCommands, MakeTheSamePackageTwice) {
 
 TEST(LevelCommands, DrawALevelSourceWith64PixelsACell) {
     const ScratchDirectory scratch;
-    ASSERT_EQ(run({"level", "picture", (kLevels / "turma" / "level01.txt").string(), scratch.file("level.png")}), 0);
+    ASSERT_EQ(
+        runGrubtool({"level", "picture", (kLevels / "turma" / "level01.txt").string(), scratch.file("level.png")}), 0);
     const Bytes png = scratch.read("level.png");
     ASSERT_GT(png.size(), 24U);
     const auto big = [&](std::size_t at) { return png[at] << 24 | png[at + 1] << 16 | png[at + 2] << 8 | png[at + 3]; };
@@ -174,7 +173,7 @@ TEST(LevelCommands, FailWithALineThatNamesTheFile) {
     };
     for (const auto& command : commands) {
         testing::internal::CaptureStderr();
-        EXPECT_EQ(run(command), 1) << command[1];
+        EXPECT_EQ(runGrubtool(command), 1) << command[1];
         const std::string said = testing::internal::GetCapturedStderr();
         EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
         EXPECT_TRUE(said.starts_with(scratch.path().string())) << said;

@@ -21,6 +21,7 @@ LevelFile dressed(const std::string& text) {
 /// What a row of a level has in a slot.
 std::vector<int> row(const LevelFile& level, int y, Slot slot = Slot::Base) {
     std::vector<int> values;
+    values.reserve(static_cast<std::size_t>(level.width));
     for (int x = 0; x < level.width; ++x) values.push_back(valueIn(recordAt(level, x, y), slot));
     return values;
 }

@@ -1,5 +1,3 @@
-#include "pack_commands.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,25 +9,23 @@
 #include "package_extractor.h"
 #include "package_verifier.h"
 #include "package_writer.h"
-#include "run_command.h"
+#include "run_grubtool.h"
 #include "scratch_directory.h"
 #include "wav_writer.h"
 
 namespace grub {
 namespace {
 
-int run(const std::vector<std::string>& words) { return runCommand(addPackCommands, words); }
-
 std::string outputOf(const std::vector<std::string>& arguments) {
     testing::internal::CaptureStdout();
-    EXPECT_EQ(run(arguments), 0);
+    EXPECT_EQ(runGrubtool(arguments), 0);
     return testing::internal::GetCapturedStdout();
 }
 
 /// What a command that must fail says on standard error.
 std::string complaintOf(const std::vector<std::string>& arguments) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(run(arguments), 1);
+    EXPECT_EQ(runGrubtool(arguments), 1);
     return testing::internal::GetCapturedStderr();
 }
 
@@ -44,7 +40,7 @@ TEST_F(PackCommands, PackLaysFilesInTheOrderOfTheirNames) {
     scratch_.write("in/data/gif/a.txt", bytesOf("aye"));
     scratch_.write("in/data/B.txt", bytesOf("B"));
     scratch_.write("in/\xE9.txt", {});
-    ASSERT_EQ(run({"pack", scratch_.file("in"), package_}), 0);
+    ASSERT_EQ(runGrubtool({"pack", scratch_.file("in"), package_}), 0);
     EXPECT_EQ(scratch_.read("test.pak"), PackageWriter()
                                              .add("b.txt", bytesOf("bee"))
                                              .add("data\\B.txt", bytesOf("B"))
@@ -52,7 +48,7 @@ TEST_F(PackCommands, PackLaysFilesInTheOrderOfTheirNames) {
                                              .add("\xE9.txt", {})
                                              .package());
     EXPECT_EQ(outputOf({"list", package_}), "3 b.txt\n1 data\\B.txt\n3 data\\gif\\a.txt\n0 \xE9.txt\n");
-    EXPECT_EQ(run({"verify", package_}), 0);
+    EXPECT_EQ(runGrubtool({"verify", package_}), 0);
 }
 
 TEST_F(PackCommands, ExtractedPackagePacksToTheSameBytes) {
@@ -60,19 +56,19 @@ TEST_F(PackCommands, ExtractedPackagePacksToTheSameBytes) {
         scratch_.write("in/" + std::to_string(i % 7) + "/f" + std::to_string(i),
                        Bytes(static_cast<std::size_t>(i), static_cast<std::uint8_t>(i)));
     }
-    ASSERT_EQ(run({"pack", scratch_.file("in"), package_}), 0);
-    ASSERT_EQ(run({"extract", package_, scratch_.file("out")}), 0);
-    ASSERT_EQ(run({"pack", scratch_.file("out"), scratch_.file("again.pak")}), 0);
+    ASSERT_EQ(runGrubtool({"pack", scratch_.file("in"), package_}), 0);
+    ASSERT_EQ(runGrubtool({"extract", package_, scratch_.file("out")}), 0);
+    ASSERT_EQ(runGrubtool({"pack", scratch_.file("out"), scratch_.file("again.pak")}), 0);
     EXPECT_EQ(scratch_.read("again.pak"), scratch_.read("test.pak"));
     EXPECT_EQ(scratch_.read("out/5/f299"), Bytes(299, 299 - 256));
 }
 
 TEST_F(PackCommands, AnEmptyDirectoryGivesTheSmallestPackage) {
     std::filesystem::create_directory(scratch_.path() / "in");
-    ASSERT_EQ(run({"pack", scratch_.file("in"), package_}), 0);
+    ASSERT_EQ(runGrubtool({"pack", scratch_.file("in"), package_}), 0);
     EXPECT_EQ(scratch_.read("test.pak"), PackageWriter().package());
     EXPECT_EQ(outputOf({"list", package_}), "");
-    EXPECT_EQ(run({"verify", package_}), 0);
+    EXPECT_EQ(runGrubtool({"verify", package_}), 0);
 }
 
 TEST_F(PackCommands, FailureIsALineThatNamesTheFile) {
@@ -118,7 +114,7 @@ TEST(PackageExtractor, WritesNothingOutsideItsDirectory) {
 TEST(PackageExtractor, GivesTheFirstOfTwoEqualNamesAsTheGameDoes) {
     const ScratchDirectory scratch;
     scratch.write("two.pak", PackageWriter().add("a", bytesOf("first")).add("a", bytesOf("other")).package());
-    ASSERT_EQ(run({"extract", scratch.file("two.pak"), scratch.file("out")}), 0);
+    ASSERT_EQ(runGrubtool({"extract", scratch.file("two.pak"), scratch.file("out")}), 0);
     EXPECT_EQ(scratch.read("out/a"), bytesOf("first"));
 }
 
@@ -205,7 +201,7 @@ TEST(PackageVerifier, NamesEntryAndFault) {
         EXPECT_TRUE(line.starts_with(rule.line)) << line;
         EXPECT_EQ(line.empty(), std::string_view(rule.line).empty()) << line;
         testing::internal::CaptureStderr();
-        EXPECT_EQ(run({"verify", scratch.file("test.pak")}), line.empty() || isWarning ? 0 : 1);
+        EXPECT_EQ(runGrubtool({"verify", scratch.file("test.pak")}), line.empty() || isWarning ? 0 : 1);
         const std::string printed = testing::internal::GetCapturedStderr();
         EXPECT_EQ(printed.empty(), line.empty());
         EXPECT_EQ(printed.find(": warning: ") != std::string::npos, isWarning);

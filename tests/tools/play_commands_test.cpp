@@ -1,14 +1,12 @@
 // grubtool play on games of a few frames.
 
-#include "play_commands.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 
-#include "run_command.h"
+#include "run_grubtool.h"
 #include "scratch_directory.h"
 
 namespace grub {
@@ -40,7 +38,7 @@ protected:
         words.insert(words.end(), options.begin(), options.end());
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
-        const int exitCode = runCommand(addPlayCommands, words);
+        const int exitCode = runGrubtool(words);
         out = testing::internal::GetCapturedStdout();
         errors = testing::internal::GetCapturedStderr();
         return exitCode;

@@ -14,10 +14,10 @@
 
 #include "bmp_file.h"
 #include "picture_registry.h"
-#include "render_commands.h"
 #include "render_extent.h"
 #include "render_lightness.h"
 #include "render_loops.h"
+#include "run_grubtool.h"
 #include "strip.h"
 
 namespace grub {
@@ -266,35 +266,23 @@ TEST(Strips, GiveClearPixelsTheNearestColour) {
                             [](const Pixel& p) { return p.a == 0 && p.r + p.g + p.b > 0; }));
 }
 
-int runRender(std::vector<std::string> arguments) {
-    CLI::App app;
-    addRenderCommands(app);
-    std::reverse(arguments.begin(), arguments.end());
-    try {
-        app.parse(arguments);
-    } catch (const CLI::RuntimeError& error) {
-        return error.get_exit_code();
-    }
-    return 0;
-}
-
 TEST(RenderCommands, ReportANameNobodyKnowsAndAPlaceNobodyCanWriteTo) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(runRender({"render", "picture", "grub\\nobody", "x.bmp"}), 1);
+    EXPECT_EQ(runGrubtool({"render", "picture", "grub\\nobody", "x.bmp"}), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("grub\\nobody"));
     testing::internal::CaptureStderr();
-    EXPECT_EQ(runRender({"render", "picture", "c_small", "/dev/null/x.bmp"}), 1);
+    EXPECT_EQ(runGrubtool({"render", "picture", "c_small", "/dev/null/x.bmp"}), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("/dev/null/x.bmp"));
 }
 
 TEST(RenderCommands, ListEveryName) {
     testing::internal::CaptureStdout();
-    EXPECT_EQ(runRender({"render", "list"}), 0);
+    EXPECT_EQ(runGrubtool({"render", "list"}), 0);
     const std::string list = testing::internal::GetCapturedStdout();
     EXPECT_EQ(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\n')), allPictures().size());
     EXPECT_THAT(list, testing::HasSubstr("grub\\ani_01\n"));
     testing::internal::CaptureStdout();
-    EXPECT_EQ(runRender({"render", "list", "--labels"}), 0);
+    EXPECT_EQ(runGrubtool({"render", "list", "--labels"}), 0);
     EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::Not(testing::HasSubstr("grub\\ani_01\n")));
 }
 

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "measure.h"
-#include "run_command.h"
+#include "run_grubtool.h"
 #include "score_source.h"
 #include "scratch_directory.h"
 #include "sound_source.h"
-#include "synth_commands.h"
 #include "wav_file.h"
 
 namespace grub {
@@ -131,10 +130,9 @@ TEST(SoundSourceFormat, NotesAreTwelveEqualStepsAnOctave) {
 
 class SynthCommands : public testing::Test {
 protected:
-    int run(const std::vector<std::string>& words) { return runCommand(addSynthCommands, words); }
     std::string complaintOf(const std::vector<std::string>& words) {
         testing::internal::CaptureStderr();
-        EXPECT_EQ(run(words), 1);
+        EXPECT_EQ(runGrubtool(words), 1);
         return testing::internal::GetCapturedStderr();
     }
     std::string written(const std::string& name, std::string_view text) {
@@ -146,21 +144,21 @@ protected:
 
 TEST_F(SynthCommands, RenderTheSameBytesOnEveryRun) {
     const std::string source = written("tap.txt", kSmallSound);
-    ASSERT_EQ(run({"sound", "render", source, scratch_.file("a.wav")}), 0);
-    ASSERT_EQ(run({"sound", "render", source, scratch_.file("b.wav")}), 0);
+    ASSERT_EQ(runGrubtool({"sound", "render", source, scratch_.file("a.wav")}), 0);
+    ASSERT_EQ(runGrubtool({"sound", "render", source, scratch_.file("b.wav")}), 0);
     EXPECT_EQ(scratch_.read("a.wav").size(), 44U + 2 * 4410U);
     EXPECT_EQ(scratch_.read("a.wav"), scratch_.read("b.wav"));
 }
 
 TEST_F(SynthCommands, MeasureAndDrawWhatTheyRendered) {
     const std::string wav = scratch_.file("tap.wav");
-    ASSERT_EQ(run({"sound", "render", written("tap.txt", kSmallSound), wav}), 0);
+    ASSERT_EQ(runGrubtool({"sound", "render", written("tap.txt", kSmallSound), wav}), 0);
     testing::internal::CaptureStdout();
-    ASSERT_EQ(run({"sound", "measure", wav}), 0);
+    ASSERT_EQ(runGrubtool({"sound", "measure", wav}), 0);
     const std::string line = testing::internal::GetCapturedStdout();
     EXPECT_NE(line.find("  0.10 s"), std::string::npos) << line;
     EXPECT_NE(line.find("loudest  -30.0 LUFS"), std::string::npos) << line;
-    ASSERT_EQ(run({"sound", "sheet", scratch_.file("sheet.png"), wav, wav}), 0);
+    ASSERT_EQ(runGrubtool({"sound", "sheet", scratch_.file("sheet.png"), wav, wav}), 0);
     EXPECT_GT(scratch_.read("sheet.png").size(), 1000U);
 }
 

@@ -1,5 +1,6 @@
 #include "capture_commands.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <memory>
 #include <string>

@@ -1,5 +1,6 @@
 #include "level_commands.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
 #include <memory>

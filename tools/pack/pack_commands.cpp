@@ -1,5 +1,6 @@
 #include "pack_commands.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <memory>
 #include <string>

@@ -1,5 +1,6 @@
 #include "play_commands.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
 #include <limits>

@@ -1,5 +1,6 @@
 #include "trace_command.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <cstdio>
 #include <limits>

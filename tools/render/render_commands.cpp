@@ -1,5 +1,6 @@
 #include "render_commands.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <atomic>
 #include <filesystem>

@@ -1,5 +1,6 @@
 #include "synth_commands.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 

@@ -40,7 +40,7 @@ std::optional<SampleFormat> readFormat(const WAVEFORMATEX& wave) {
 }
 
 SampleMemory::SampleMemory(const SampleFormat& format, std::size_t bytes)
-    : format_(format), bytes_(bytes, silence(format)) {}
+    : format_(format), frames_(bytes / format.frameBytes()), bytes_(bytes, silence(format)) {}
 
 void SampleMemory::read(std::size_t first, std::size_t channel, std::span<float> samples) const {
     if (lost_) {

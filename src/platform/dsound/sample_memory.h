@@ -31,7 +31,7 @@ public:
     /// How the bytes are to be read; it never changes.
     [[nodiscard]] const SampleFormat& format() const { return format_; }
     /// Whole frames; bytes behind the last one are stored and never heard.
-    [[nodiscard]] std::size_t frames() const { return bytes_.size() / format_.frameBytes(); }
+    [[nodiscard]] std::size_t frames() const { return frames_; }
     [[nodiscard]] std::span<BYTE> bytes() { return bytes_; }
 
     /// One channel of frames from `first` on as numbers from -1 to 1; silence while the memory is lost.
@@ -44,6 +44,7 @@ public:
 
 private:
     SampleFormat format_;
+    std::size_t frames_;
     std::vector<BYTE> bytes_;
     bool lost_ = false;
 };
