@@ -8,6 +8,7 @@
 #include "game_file.h"
 #include "game_text.h"
 #include "level_list.h"
+#include "whole_file.h"
 
 namespace grub {
 
@@ -68,7 +69,7 @@ void RecordSteering::otherKey(World& world) {
 }
 
 bool RecordSteering::goesOnAfter(const World& /*world*/) {
-    isWritten_ = replaceTextFile(path_, writeGame(recorder_->game()));
+    isWritten_ = writeWholeText(path_, writeGame(recorder_->game()));
     if (!isWritten_) std::fprintf(stderr, "%s: cannot be written\n", path_.c_str());
     return false;
 }

@@ -1,11 +1,11 @@
 #include "own_options.h"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
 
 #include "level_list.h"
+#include "text_lines.h"
 
 namespace grub {
 
@@ -18,11 +18,8 @@ bool isLevelFile(const std::string& level) { return level.ends_with(".lvl"); }
 
 // Empty when `level` is a number of the list or names a level file, else what is wrong with it.
 std::string faultOfLevel(const std::string& level) {
-    int number = 0;
-    const char* const end = level.data() + level.size();
-    const auto read = std::from_chars(level.data(), end, number);
-    const bool isNumber = read.ec == std::errc() && read.ptr == end;
-    const bool isListed = isNumber && number >= 1 && number <= static_cast<int>(kLevelNames.size());
+    const auto number = numberIn<std::size_t>(level);
+    const bool isListed = number && *number >= 1 && *number <= kLevelNames.size();
     if (isListed || (isLevelFile(level) && std::filesystem::exists(level))) return {};
     return "'" + level + "' is neither a level from 1 to 50 nor a level file (.lvl)";
 }

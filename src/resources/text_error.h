@@ -11,9 +11,13 @@ struct TextError {
     std::string message;
 
     /// "file:line: message".
-    [[nodiscard]] std::string in(std::string_view file) const {
-        return std::string(file) + (line > 0 ? ":" + std::to_string(line) : "") + ": " + message;
-    }
+    [[nodiscard]] std::string in(std::string_view file) const;
 };
+
+/// "wanted WANTED, found FOUND".
+[[nodiscard]] TextError wantedButFound(int line, std::string_view wanted, std::string_view found);
+
+/// A piece of a text for a message: in quotes, on one line, and not endless, whatever the file holds.
+[[nodiscard]] std::string inQuotes(std::string_view text);
 
 }  // namespace grub

@@ -27,9 +27,9 @@ using Bytes = std::vector<std::uint8_t>;
 const fs::path kLevels = fs::path(GRUB_CONTENT_DIR) / "levels";
 
 std::string textOf(const fs::path& path) {
-    const auto bytes = readWholeFile(path);
-    EXPECT_TRUE(bytes) << path;
-    return bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
+    const auto text = readWholeText(path);
+    EXPECT_TRUE(text) << path;
+    return text.value_or("");
 }
 
 /// Every level source of the game, under its name in the package.

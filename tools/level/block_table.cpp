@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <map>
 #include <set>
 #include <span>
@@ -11,6 +10,7 @@
 #include "block_type.h"
 #include "ini_lines.h"
 #include "loading_list.h"
+#include "text_lines.h"
 
 namespace grub {
 
@@ -18,13 +18,6 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kSpriteKeys{"sprite", "spriteFire", "spriteRost", "spriteFon"};
 constexpr int kHighestBlockType = static_cast<int>(BlockType::SpawnPoint);
-
-std::optional<int> decimal(std::string_view digits) {
-    std::uint16_t value = 0;
-    const auto [end, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (fault != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
-    return value;
-}
 
 bool isSpriteNumber(int number) {
     const std::span<const LoadEntry> list = loadingList();
@@ -64,17 +57,17 @@ private:
     bool has(std::string_view key) const { return section_.contains(key); }
 
     bool fail(std::string_view wanted, std::string_view found) {
-        error_ = {line_, "wanted " + std::string(wanted) + ", found '" + std::string(found) + "'"};
+        error_ = wantedButFound(line_, wanted, inQuotes(found));
         return false;
     }
 
     bool failSection(std::string_view wanted) {
-        error_ = {sectionLine_, "wanted " + std::string(wanted) + ", found none in this section"};
+        error_ = wantedButFound(sectionLine_, wanted, "none in this section");
         return false;
     }
 
     bool beginSection(std::string_view name) {
-        const auto id = decimal(name);
+        const auto id = numberIn<std::uint16_t>(name);
         if (!id || std::to_string(*id) != name) return fail("a block id from 0 to 65535", name);
         if (!ids_.insert(*id).second) return fail("each block once", name);
         section_.clear();
@@ -88,7 +81,7 @@ private:
         if (key == "name") return name(value);
         const bool isSprite = std::find(kSpriteKeys.begin(), kSpriteKeys.end(), key) != kSpriteKeys.end();
         if (key != "type" && !isSprite) return fail("name, type, sprite, spriteFire, spriteRost or spriteFon", key);
-        const auto number = decimal(value);
+        const auto number = numberIn<std::uint16_t>(value);
         if (!number) return fail("decimal digits and nothing else", value);
         section_.find(key)->second = *number;
         if (isSprite) return isSpriteNumber(*number) || fail("a sprite number of the loading list", value);
@@ -97,7 +90,8 @@ private:
 
     bool name(std::string_view value) {
         const bool isWord = value.find_first_of(" \t;=[]") == std::string_view::npos;
-        if (!isWord || decimal(value) || value == "none") return fail("a name without blanks that is no number", value);
+        if (!isWord || numberIn<std::uint16_t>(value) || value == "none")
+            return fail("a name without blanks that is no number", value);
         return names_.emplace(value).second || fail("each name once", value);
     }
 
@@ -121,8 +115,8 @@ std::optional<std::string> packBlockTable(std::string_view text, TextError& erro
     });
     if (!good || !checker.finishSection()) return std::nullopt;
     if (rest.empty()) return packed;
-    error = {static_cast<int>(std::count(text.begin(), text.end(), '\n')) + 1,
-             "wanted a line end, found the end of the file"};
+    const auto lines = std::count(text.begin(), text.end(), '\n');
+    error = wantedButFound(static_cast<int>(lines) + 1, "a line end", "the end of the file");
     return std::nullopt;
 }
 

@@ -48,7 +48,11 @@ Bytes read(const std::string& path) {
     return std::move(*bytes);
 }
 
-std::string_view textOf(const Bytes& bytes) { return {reinterpret_cast<const char*>(bytes.data()), bytes.size()}; }
+std::string readText(const std::string& path) {
+    auto text = readWholeText(path);
+    if (!text) failWith(path + ": cannot be read");
+    return std::move(*text);
+}
 
 void write(const std::string& path, std::span<const std::uint8_t> bytes) {
     if (!writeWholeFile(path, bytes)) failWith(path + ": cannot be written");
@@ -70,9 +74,8 @@ std::string blocksFor(const Arguments& arguments) {
 BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(table.buffer(), kTableBuckets)); }
 
 Bytes compiled(const Arguments& arguments, const TableSource& table) {
-    const Bytes source = read(arguments.input);
     TextError error;
-    auto level = compileLevel(textOf(source), paletteOf(table), error);
+    auto level = compileLevel(readText(arguments.input), paletteOf(table), error);
     if (!level) failAt(arguments.input, error);
     return std::move(*level);
 }
@@ -112,11 +115,10 @@ void picture(const Arguments& arguments) {
 }
 
 void blocks(const Arguments& arguments) {
-    const Bytes source = read(arguments.input);
     TextError error;
-    const auto packed = packBlockTable(textOf(source), error);
+    const auto packed = packBlockTable(readText(arguments.input), error);
     if (!packed) failAt(arguments.input, error);
-    write(arguments.output, {reinterpret_cast<const std::uint8_t*>(packed->data()), packed->size()});
+    if (!writeWholeText(arguments.output, *packed)) failWith(arguments.output + ": cannot be written");
 }
 
 }  // namespace

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <vector>
 
 #include "block_type.h"
+#include "text_lines.h"
 
 namespace grub {
 
@@ -182,14 +182,7 @@ private:
     std::optional<std::uint16_t> blockId(const Placement& placement) const {
         if (placement.name == "none") return 0;
         const Block* block = palette_.find(source_.world, placement.name);
-        return block != nullptr ? block->id : decimal(placement.name);
-    }
-
-    static std::optional<std::uint16_t> decimal(std::string_view digits) {
-        std::uint16_t value = 0;
-        const auto [end, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        if (fault != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
-        return value;
+        return block != nullptr ? block->id : numberIn<std::uint16_t>(placement.name);
     }
 
     bool placeObject(const Placement& placement) {
@@ -197,7 +190,7 @@ private:
                                         [&](const ObjectName& object) { return object.name == placement.name; });
         if (named != kObjectNames.end()) return put(placement, 0, 0, named->code);
         if (placement.name == "none") return put(placement, 0, 0, 0);
-        const auto code = decimal(placement.name);
+        const auto code = numberIn<std::uint16_t>(placement.name);
         return code ? put(placement, 0, 0, *code)
                     : fail(placement.line, "wanted " + objectNames() + ", found '" + placement.name + "'");
     }

@@ -1,37 +1,14 @@
 #include "level_source.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "text_lines.h"
 
 namespace grub {
 
 namespace {
 
 using Words = std::vector<std::string_view>;
-
-Words split(std::string_view line) {
-    Words words;
-    for (std::size_t at = line.find_first_not_of(" \t"); at != std::string_view::npos;) {
-        const std::size_t end = std::min(line.find_first_of(" \t", at), line.size());
-        words.push_back(line.substr(at, end - at));
-        at = line.find_first_not_of(" \t", end);
-    }
-    return words;
-}
-
-std::string quoted(std::string_view text) {
-    constexpr std::size_t kEnough = 40;  // a message stays on one line whatever the file holds
-    std::string shown = "'";
-    for (const char c : text.substr(0, kEnough)) shown += (c < ' ' || c > '~') ? '?' : c;
-    return shown + (text.size() > kEnough ? "...'" : "'");
-}
-
-std::optional<int> coordinate(std::string_view word) {
-    std::uint16_t value = 0;
-    const auto [end, fault] = std::from_chars(word.data(), word.data() + word.size(), value);
-    if (fault != std::errc() || end != word.data() + word.size()) return std::nullopt;
-    return value;
-}
 
 /// Reads the lines of one source in order. Each handler returns false after it has filled the error.
 class SourceParser {
@@ -40,7 +17,7 @@ public:
 
     bool read(std::string_view line) {
         ++line_;
-        return inField_ ? fieldRow(line) : statement(split(line));
+        return inField_ ? fieldRow(line) : statement(splitWords(line));
     }
 
     std::optional<LevelSource> finish() {
@@ -57,7 +34,7 @@ public:
 
 private:
     bool fail(std::string_view wanted, std::string_view found) {
-        error_ = {line_, "wanted " + std::string(wanted) + ", found " + std::string(found)};
+        error_ = wantedButFound(line_, wanted, found);
         return false;
     }
 
@@ -73,7 +50,7 @@ private:
         if (slot != kSlotWords.end())
             return placement(kAllSlots[static_cast<std::size_t>(slot - kSlotWords.begin())], words);
         return fail("title, idea, world, legend, field, base, layer2 to layer5, object, bytes or a comment behind ';'",
-                    quoted(word));
+                    inQuotes(word));
     }
 
     bool world(const Words& words) {
@@ -86,7 +63,7 @@ private:
     bool legend(const Words& words) {
         if (words.size() != 3 || words[1].size() != 1) return fail("'legend CHARACTER BLOCK'", quotedRest(words));
         const bool isNew = source_.legend.try_emplace(words[1][0], LegendEntry{std::string(words[2]), line_}).second;
-        return isNew || fail("one meaning of each character", "a second one of " + quoted(words[1]));
+        return isNew || fail("one meaning of each character", "a second one of " + inQuotes(words[1]));
     }
 
     bool beginField(const Words& words) {
@@ -117,10 +94,10 @@ private:
         if (words.size() < 4 || words.size() % 2 != 0)
             return fail("'" + std::string(words[0]) + " NAME COLUMN ROW [COLUMN ROW ...]'", quotedRest(words));
         for (std::size_t i = 2; i < words.size(); i += 2) {
-            const auto column = coordinate(words[i]);
-            const auto row = coordinate(words[i + 1]);
+            const auto column = numberIn<std::uint16_t>(words[i]);
+            const auto row = numberIn<std::uint16_t>(words[i + 1]);
             if (!column || !row)
-                return fail("a column and a row, counted from 0", quoted(column ? words[i + 1] : words[i]));
+                return fail("a column and a row, counted from 0", inQuotes(column ? words[i + 1] : words[i]));
             source_.placements.push_back({slot, std::string(words[1]), *column, *row, line_});
         }
         return true;
@@ -132,8 +109,9 @@ private:
             return fail("'bytes' and 46 hexadecimal digits", quotedRest(words));
         for (std::size_t i = 0; i < source_.freeBytes.size(); ++i) {
             const std::string_view pair = digits.substr(2 * i, 2);
-            const auto [end, fault] = std::from_chars(pair.data(), pair.data() + 2, source_.freeBytes[i], 16);
-            if (fault != std::errc() || end != pair.data() + 2) return fail("hexadecimal digits", quoted(pair));
+            const auto byte = hexadecimalIn<std::uint8_t>(pair);
+            if (!byte) return fail("hexadecimal digits", inQuotes(pair));
+            source_.freeBytes[i] = *byte;
         }
         return true;
     }
@@ -141,7 +119,7 @@ private:
     static std::string quotedRest(const Words& words) {
         std::string rest;
         for (std::size_t i = 1; i < words.size(); ++i) rest += (i > 1 ? " " : "") + std::string(words[i]);
-        return rest.empty() ? "nothing" : quoted(rest);
+        return rest.empty() ? "nothing" : inQuotes(rest);
     }
 
     TextError& error_;

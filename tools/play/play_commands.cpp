@@ -67,7 +67,7 @@ void check(const Arguments& arguments) {
 }
 
 void update(const Arguments& arguments) {
-    const auto text = readTextFile(arguments.game);
+    const auto text = readWholeText(arguments.game);
     TextError error{.message = "cannot be read"};
     auto game = text ? readGame(draftOf(*text), error) : std::nullopt;
     if (!game) failWith(kCannotPlay, error.in(arguments.game));
@@ -75,7 +75,7 @@ void update(const Arguments& arguments) {
     World world = worldOf(*content, *game, arguments.game);
     if (!record(*game, world))
         failWith(kCannotPlay, arguments.game + ": the keys reach no end; 'FRAME end Quit score 0 keys 0' leaves");
-    if (!replaceTextFile(arguments.game, withOutcome(*text, *game)))
+    if (!writeWholeText(arguments.game, withOutcome(*text, *game)))
         failWith(kCannotPlay, arguments.game + ": cannot be written");
 }
 
@@ -133,8 +133,7 @@ void nameSource(const Arguments& arguments) {
     RecordedGame game = readGameFile(arguments.game);
     const auto folder = std::filesystem::absolute(arguments.game).parent_path();
     game.level = std::filesystem::relative(arguments.level, folder).string();
-    if (!replaceTextFile(arguments.game, writeGame(game)))
-        failWith(kCannotPlay, arguments.game + ": cannot be written");
+    if (!writeWholeText(arguments.game, writeGame(game))) failWith(kCannotPlay, arguments.game + ": cannot be written");
 }
 
 void recordInWindow(const Arguments& arguments) {

@@ -1,7 +1,6 @@
 #include "play_content.h"
 
 #include <filesystem>
-#include <string_view>
 
 #include "block_palette.h"
 #include "frame_counts.h"
@@ -11,6 +10,7 @@
 #include "level_file.h"
 #include "level_list.h"
 #include "table_source.h"
+#include "whole_file.h"
 
 namespace grub {
 
@@ -24,10 +24,6 @@ constexpr std::uint32_t kTableBuckets = 3000;
 
 bool isThere(const std::string& package) {
     return std::filesystem::exists(package) || std::filesystem::exists(platform::dataDirectory() + "/" + package);
-}
-
-std::span<const std::uint8_t> bytesOf(std::string_view text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
 }  // namespace
@@ -60,8 +56,8 @@ std::optional<LevelMap> PlayContent::mapOfFile(const std::string& path, std::str
     if (isLevelSource(path)) {
         bytes = compile(path, error);
         if (!bytes) return std::nullopt;
-    } else if (const auto text = readTextFile(path)) {
-        bytes.emplace(bytesOf(*text).begin(), bytesOf(*text).end());
+    } else {
+        bytes = readWholeFile(path);
     }
     std::string reason = "cannot be read";
     const auto level = bytes ? readLevelFile(*bytes, reason) : std::nullopt;
@@ -71,8 +67,8 @@ std::optional<LevelMap> PlayContent::mapOfFile(const std::string& path, std::str
 }
 
 std::optional<std::vector<std::uint8_t>> PlayContent::compile(const std::string& sourcePath, std::string& error) {
-    const auto text = readTextFile(sourcePath);
-    TextError fault{0, "cannot be read"};
+    const auto text = readWholeText(sourcePath);
+    TextError fault{.message = "cannot be read"};
     const BlockPalette palette(IniTable(levels_.load(EngineString(kBlockTableName)), kTableBuckets));
     auto level = text ? compileLevel(*text, palette, fault) : std::nullopt;
     if (!level) error = fault.in(sourcePath);

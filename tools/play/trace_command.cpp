@@ -9,13 +9,13 @@
 
 #include "failure.h"
 #include "frame_counts.h"
-#include "game_file.h"
 #include "key_events.h"
 #include "level_file.h"
 #include "level_loader.h"
 #include "play_content.h"
 #include "table_source.h"
 #include "trace_line.h"
+#include "whole_file.h"
 #include "whole_number.h"
 
 namespace grub {
@@ -32,21 +32,25 @@ struct Arguments {
     int frames = 0;
 };
 
-std::string textOf(const std::string& path, int exitCode = kCannotPlay) {
-    auto text = readTextFile(path);
-    if (!text) failWith(exitCode, path + ": cannot be read");
+std::string textOf(const std::string& path) {
+    auto text = readWholeText(path);
+    if (!text) failWith(kCannotPlay, path + ": cannot be read");
     return std::move(*text);
 }
 
-std::vector<std::uint8_t> bytesOf(const std::string& text) { return {text.begin(), text.end()}; }
+std::vector<std::uint8_t> bytesOf(const std::string& path, int exitCode) {
+    auto bytes = readWholeFile(path);
+    if (!bytes) failWith(exitCode, path + ": cannot be read");
+    return std::move(*bytes);
+}
 
 LevelMap mapOf(const Arguments& arguments) {
-    TableSource table(bytesOf(textOf(arguments.blocks)));
+    TableSource table(bytesOf(arguments.blocks, kCannotPlay));
     LevelLoader loader(table);
     loader.loadBlockTypes();
     addListedSpriteNumbers(loader.spriteNumbers());
     std::string reason;
-    const auto level = readLevelFile(bytesOf(textOf(arguments.level, kRefused)), reason);
+    const auto level = readLevelFile(bytesOf(arguments.level, kRefused), reason);
     auto map = level ? loader.build(*level, reason) : std::nullopt;
     if (!map) failWith(kRefused, arguments.level + ": " + reason);
     return std::move(*map);

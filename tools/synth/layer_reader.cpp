@@ -70,10 +70,10 @@ bool readHit(const SourceLine& line, SoundLayer& layer, TextError& error) {
 
 bool readGlide(const SourceLine& line, SoundLayer& layer, TextError& error) {
     for (std::size_t i = 1; i < line.words.size(); ++i) {
-        const std::string& word = line.words[i];
+        const std::string_view word = line.words[i];
         const auto colon = word.find(':');
         GlidePoint point;
-        if (colon == std::string::npos) return refuse(error, line.number, "TIME:FACTOR", word);
+        if (colon == std::string_view::npos) return refuse(error, line.number, "TIME:FACTOR", word);
         if (!readNumber(word.substr(0, colon), 0, 10, line.number, point.time, error)) return false;
         if (!readNumber(word.substr(colon + 1), 0.01, 100, line.number, point.factor, error)) return false;
         if (!layer.glide.empty() && point.time <= layer.glide.back().time)
@@ -184,7 +184,7 @@ SoundLayer startLayer(const SourceLine& line) {
 }
 
 bool readLayerLine(const SourceLine& line, SoundLayer& layer, TextError& error) {
-    const std::string& word = line.words[0];
+    const std::string_view word = line.words[0];
     const auto row = std::find_if(kRowKeys.begin(), kRowKeys.end(), [&](const RowKey& k) { return k.key == word; });
     const auto key =
         std::find_if(kNumberKeys.begin(), kNumberKeys.end(), [&](const NumberKey& k) { return k.key == word; });

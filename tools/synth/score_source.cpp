@@ -51,7 +51,7 @@ private:
     enum class Block { Head, Instrument, Phrase };
 
     bool readLine(const SourceLine& line) {
-        const std::string& word = line.words[0];
+        const std::string_view word = line.words[0];
         if (word == "instrument" || word == "phrase") return startBlock(line);
         if (block_ == Block::Instrument) return readInstrumentLine(line);
         if (block_ == Block::Phrase) return readVoiceLine(line);
@@ -75,7 +75,7 @@ private:
 
     bool startBlock(const SourceLine& line) {
         if (line.words.size() != 2) return refuse(error_, line.number, "one name", line.words.back());
-        const std::string& name = line.words[1];
+        const std::string name(line.words[1]);
         if (line.words[0] == "instrument") {
             if (indexOf(score_.instruments, name)) return refuse(error_, line.number, "each instrument once", name);
             score_.instruments.push_back({name, {}, line.number});
@@ -113,12 +113,12 @@ private:
     }
 
     /// NOTE[+NOTE...][!][:BEATS], x for a note without pitch, . for a rest, | for the end of a bar.
-    bool readNote(const std::string& word, int line, PhraseVoice& voice, double& beats) {
+    bool readNote(std::string_view word, int line, PhraseVoice& voice, double& beats) {
         if (word == "|") {
             const double over = std::fmod(voice.beats + kBeatSlack / 2, score_.bar);
             return over < kBeatSlack || refuse(error_, line, "the end of a bar", "| after " + beatText(voice.beats));
         }
-        std::string pitches = word.substr(0, word.find(':'));
+        std::string_view pitches = word.substr(0, word.find(':'));
         if (pitches.size() != word.size() &&
             !readNumber(word.substr(pitches.size() + 1), 0.05, 64, line, beats, error_))
             return false;
@@ -127,15 +127,15 @@ private:
         if (pitches == ".") return true;
         if (pitches.ends_with('!')) {
             note.gain = kAccent;
-            pitches.pop_back();
+            pitches.remove_suffix(1);
         }
         return readPitches(pitches, line, note, voice);
     }
 
-    bool readPitches(const std::string& pitches, int line, ScoreNote note, PhraseVoice& voice) {
+    bool readPitches(std::string_view pitches, int line, ScoreNote note, PhraseVoice& voice) {
         for (std::size_t start = 0; start <= pitches.size();) {
             const auto end = std::min(pitches.find('+', start), pitches.size());
-            const std::string name = pitches.substr(start, end - start);
+            const std::string_view name = pitches.substr(start, end - start);
             const auto pitch = noteFrequency(name);
             if (!pitch && name != "x") return refuse(error_, line, "a note, x, . or |", name);
             note.pitch = pitch.value_or(0);

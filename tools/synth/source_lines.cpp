@@ -1,41 +1,26 @@
 #include "source_lines.h"
 
-#include <charconv>
 #include <cmath>
 #include <sstream>
+
+#include "text_lines.h"
 
 namespace grub {
 
 std::vector<SourceLine> sourceLines(std::string_view text) {
     std::vector<SourceLine> lines;
-    std::istringstream stream{std::string(text)};
-    std::string line;
-    for (int number = 1; std::getline(stream, line); ++number) {
-        std::istringstream blanks(line.substr(0, line.find(';')));
-        SourceLine source{number, {}};
-        for (std::string word; blanks >> word;) source.words.push_back(word);
-        if (!source.words.empty()) lines.push_back(source);
-    }
+    for (const TextLine& line : textLines(text, ';')) lines.push_back({line.number, splitWords(line.content)});
     return lines;
 }
 
 bool refuse(TextError& error, int line, std::string_view wanted, std::string_view found) {
-    error.line = line;
-    error.message = "wanted " + std::string(wanted) + ", found '" + std::string(found) + "'";
+    error = wantedButFound(line, wanted, inQuotes(found));
     return false;
 }
 
-std::optional<double> numberOf(std::string_view word) {
-    double value = 0;
-    const char* end = word.data() + word.size();
-    const auto result = std::from_chars(word.data(), end, value);
-    if (result.ec != std::errc{} || result.ptr != end || !std::isfinite(value)) return std::nullopt;
-    return value;
-}
-
 bool readNumber(std::string_view word, double low, double high, int line, double& value, TextError& error) {
-    const auto number = numberOf(word);
-    if (!number || *number < low || *number > high) {
+    const auto number = numberIn<double>(word);
+    if (!number || !(*number >= low && *number <= high)) {  // "nan" is in no range
         std::ostringstream wanted;
         wanted << "a number from " << low << " to " << high;
         return refuse(error, line, wanted.str(), word);
@@ -64,8 +49,8 @@ bool readPitch(std::string_view word, int line, double& hertz, TextError& error)
         hertz = *note;
         return true;
     }
-    const auto number = numberOf(word);
-    if (!number || *number < 1 || *number > 20000)
+    const auto number = numberIn<double>(word);
+    if (!number || !(*number >= 1 && *number <= 20000))
         return refuse(error, line, "a note or a number of Hz from 1 to 20000", word);
     hertz = *number;
     return true;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,22 +8,19 @@
 
 namespace grub {
 
-/// A line of a source as words; words are separated by blanks, `;` starts a comment.
+/// A line of a source as words; `;` starts a comment.
 struct SourceLine {
     int number = 0;
-    std::vector<std::string> words;
+    std::vector<std::string_view> words;
 };
 
-/// The lines that say something, in order.
+/// The lines that say something, in order. Views of `text`.
 [[nodiscard]] std::vector<SourceLine> sourceLines(std::string_view text);
 
 /// Fills `error` with "wanted WANTED, found 'FOUND'"; always false, so that a reader can return it.
 bool refuse(TextError& error, int line, std::string_view wanted, std::string_view found);
 
-/// A finite decimal number that is the whole word.
-[[nodiscard]] std::optional<double> numberOf(std::string_view word);
-
-/// A number from `low` to `high`; else refuses the word.
+/// A decimal number from `low` to `high`; else refuses the word.
 bool readNumber(std::string_view word, double low, double high, int line, double& value, TextError& error);
 
 /// Hz of a note such as A4 (440), C#5 or Bb1, octaves 0 to 8, twelve equal steps an octave.

@@ -35,8 +35,10 @@ std::vector<std::uint8_t> wholeFile(const std::string& path) {
     return std::move(*bytes);
 }
 
-std::string_view textOf(const std::vector<std::uint8_t>& bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+std::string wholeText(const std::string& path) {
+    auto text = readWholeText(path);
+    if (!text) fail("cannot read " + path);
+    return std::move(*text);
 }
 
 void write(const std::string& path, const std::vector<std::uint8_t>& bytes) {
@@ -50,9 +52,9 @@ SoundRecording recordingOf(const std::string& path) {
 }
 
 void renderEffect(const SynthOptions& options) {
-    const auto text = wholeFile(options.source);
+    const std::string text = wholeText(options.source);
     TextError error;
-    const auto source = readSoundSource(textOf(text), error);
+    const auto source = readSoundSource(text, error);
     if (!source) fail(options.source, error);
     const auto sound = renderSound(*source, error);
     if (!sound) fail(options.source, error);
@@ -60,9 +62,9 @@ void renderEffect(const SynthOptions& options) {
 }
 
 void renderMusic(const SynthOptions& options) {
-    const auto text = wholeFile(options.source);
+    const std::string text = wholeText(options.source);
     TextError error;
-    const auto score = readScore(textOf(text), error);
+    const auto score = readScore(text, error);
     if (!score) fail(options.source, error);
     write(options.output, vorbisBytes(renderScore(*score), kMusicRate));
 }

@@ -7,11 +7,6 @@
 
 namespace grub {
 
-/// The whole of a text file; nothing when it cannot be read.
-[[nodiscard]] std::optional<std::string> readTextFile(const std::string& path);
-/// Writes a file anew: it has either its old contents or all of the new ones. False when it cannot be written.
-[[nodiscard]] bool replaceTextFile(const std::string& path, const std::string& text);
-
 /// Reads a recorded game. Nothing, and one line in `error` that begins with the path, when it cannot be read.
 [[nodiscard]] std::optional<RecordedGame> loadGame(const std::string& path, std::string& error);
 

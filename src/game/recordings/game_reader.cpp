@@ -20,14 +20,12 @@ LossCause readCause(WordReader& words) {
 
 /// Takes "COLUMN,ROW" apart.
 std::optional<CellPosition> cellOf(std::string_view text) {
-    CellPosition cell;
-    const char* const end = text.data() + text.size();
-    const auto column = std::from_chars(text.data(), end, cell.x);
-    if (column.ec != std::errc() || column.ptr == end || *column.ptr != ',') return std::nullopt;
-    const auto row = std::from_chars(column.ptr + 1, end, cell.y);
-    const bool isOnMap = cell.x >= 0 && cell.x < kMaxMapSize && cell.y >= 0 && cell.y < kMaxMapSize;
-    if (row.ec != std::errc() || row.ptr != end || !isOnMap) return std::nullopt;
-    return cell;
+    const auto comma = std::min(text.find(','), text.size());
+    const auto column = numberIn<int>(text.substr(0, comma));
+    const auto row = numberIn<int>(text.substr(std::min(comma + 1, text.size())));
+    const auto isOnMap = [](int at) { return at >= 0 && at < kMaxMapSize; };
+    if (!column || !row || !isOnMap(*column) || !isOnMap(*row)) return std::nullopt;
+    return CellPosition{*column, *row};
 }
 
 CellPosition readCell(WordReader& words, std::string_view wanted) {
@@ -50,10 +48,9 @@ FieldMark readMark(WordReader& words) {
 std::uint64_t readHash(WordReader& words) {
     constexpr std::string_view kWanted = "a hash of 16 hexadecimal digits";
     const std::string_view digits = words.word(kWanted);
-    std::uint64_t hash = 0;
-    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), hash, 16);
-    if (digits.size() != 16 || read.ec != std::errc() || read.ptr != digits.data() + 16) words.fail(kWanted, digits);
-    return hash;
+    const auto hash = hexadecimalIn<std::uint64_t>(digits);
+    if (digits.size() != 16 || !hash) words.fail(kWanted, digits);
+    return hash.value_or(0);
 }
 
 /// Builds a game line by line: what it starts with, then what happened, in the order of frames.
@@ -167,7 +164,7 @@ private:
 
 std::optional<RecordedGame> readGame(std::string_view text, TextError& error) {
     GameReader reader;
-    for (const TextLine& line : textLines(text)) {
+    for (const TextLine& line : textLines(text, kComment)) {
         WordReader words(line);
         reader.read(words);
         words.finish();

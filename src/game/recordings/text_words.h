@@ -1,23 +1,15 @@
 #pragma once
 
-#include <charconv>
 #include <limits>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "text_error.h"
+#include "text_lines.h"
 
 namespace grub {
 
-/// A line that says something.
-struct TextLine {
-    int number = 0;            // from 1
-    std::string_view content;  // without its comment and the blanks around it
-};
-
-/// The lines of a text without those that are empty; "#" starts a comment. Views of `text`.
-[[nodiscard]] std::vector<TextLine> textLines(std::string_view text);
+/// Starts a comment in every text that is read word by word.
+inline constexpr char kComment = '#';
 
 /// Takes the words of a line one after the other. The first word that is not what was wanted fails the line for good:
 /// what is taken then is empty or 0, and `error` tells of that first word.
@@ -37,10 +29,8 @@ public:
     template <class Number>
     Number number(std::string_view wanted, Number low = 0, Number high = std::numeric_limits<Number>::max()) {
         const std::string_view digits = word(wanted);
-        Number value{};
-        const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        const bool isRead = read.ec == std::errc() && read.ptr == digits.data() + digits.size();
-        if (isRead && value >= low && value <= high) return value;
+        const auto value = numberIn<Number>(digits);
+        if (value && *value >= low && *value <= high) return *value;
         fail(wanted, digits);
         return {};
     }
