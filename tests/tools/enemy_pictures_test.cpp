@@ -5,13 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <map>
 #include <string_view>
 #include <vector>
 
+#include "built_pictures.h"
 #include "dog_pictures.h"
 #include "lady_pictures.h"
-#include "picture_registry.h"
 #include "rat_pictures.h"
 #include "render_extent.h"
 #include "render_lightness.h"
@@ -19,16 +18,6 @@
 
 namespace grub {
 namespace {
-
-/// The pictures of a strip; drawn once for all tests.
-const std::vector<PixelImage>& stripOf(std::string_view name) {
-    static std::map<std::string_view, std::vector<PixelImage>> strips;
-    const auto known = strips.find(name);
-    if (known != strips.end()) return known->second;
-    const PictureEntry* entry = findPicture(name);
-    EXPECT_NE(entry, nullptr) << name;
-    return strips.emplace(name, framesOf(entry != nullptr ? *entry : allPictures().front())).first->second;
-}
 
 constexpr std::array kWalks{"polkan\\ani_01", "tetka\\ani_01", "rat\\ani_01"};
 
@@ -43,14 +32,14 @@ constexpr StripRow kStrips[] = {
 };
 
 TEST(EnemyStrips, HaveAsManyPicturesAsTheRulesCount) {
-    for (const StripRow& row : kStrips) EXPECT_EQ(stripOf(row.name).size(), row.pictures) << row.name;
+    for (const StripRow& row : kStrips) EXPECT_EQ(builtStrip(row.name).size(), row.pictures) << row.name;
     EXPECT_EQ(dogPictures().size() + ladyPictures().size() + ratPictures().size(), std::size(kStrips));
 }
 
 TEST(EnemyStrips, StayInsideTheirCell) {
     for (const StripRow& row : kStrips) {
         for (std::size_t i = 0; i < row.pictures; ++i)
-            EXPECT_EQ(opaqueOnBorder(stripOf(row.name)[i]), 0) << row.name << " picture " << i;
+            EXPECT_EQ(opaqueOnBorder(builtStrip(row.name)[i]), 0) << row.name << " picture " << i;
     }
 }
 
@@ -59,12 +48,12 @@ TEST(EnemyStrips, StayInsideTheirCell) {
 TEST(EnemyFeet, StandOnTheRowThatGrubStandsOn) {
     constexpr int kRow = 61;
     for (const char* walk : kWalks) {
-        for (const PixelImage& picture : stripOf(walk)) EXPECT_EQ(lowestRow(picture), kRow) << walk;
+        for (const PixelImage& picture : builtStrip(walk)) EXPECT_EQ(lowestRow(picture), kRow) << walk;
     }
     for (const char* still : {"polkan\\ani_04", "tetka\\ani_06"})
-        EXPECT_EQ(lowestRow(stripOf(still)[0]), kRow) << still;
+        EXPECT_EQ(lowestRow(builtStrip(still)[0]), kRow) << still;
     for (const char* held : {"polkan\\ani_05", "polkan\\ani_06", "tetka\\ani_04", "tetka\\ani_05", "rat\\ani_down"})
-        EXPECT_EQ(lowestRow(stripOf(held).back()), kRow) << held << ": its last picture is held on the ground";
+        EXPECT_EQ(lowestRow(builtStrip(held).back()), kRow) << held << ": its last picture is held on the ground";
 }
 
 /// Whether a side of something that touches the row lies 8 +- 1 px further right in the next picture.
@@ -80,7 +69,7 @@ bool slidesBack(const PixelImage& before, const PixelImage& after, int row) {
 
 TEST(EnemyFeet, GoBackAsFastAsTheGroundPasses) {
     for (const char* walk : kWalks) {
-        const std::vector<PixelImage>& pictures = stripOf(walk);
+        const std::vector<PixelImage>& pictures = builtStrip(walk);
         const bool onTwoFeet = walk == std::string_view("tetka\\ani_01");
         for (std::size_t i = 0; i < pictures.size(); ++i) {
             if (onTwoFeet && i % 4 == 3) continue;  // she changes feet
@@ -91,7 +80,7 @@ TEST(EnemyFeet, GoBackAsFastAsTheGroundPasses) {
 
 TEST(EnemyHands, HoldThePipeAndStayOnTheirPlace) {
     for (const char* hang : {"polkan\\ani_03", "tetka\\ani_03"}) {
-        const std::vector<PixelImage>& pictures = stripOf(hang);
+        const std::vector<PixelImage>& pictures = builtStrip(hang);
         for (std::size_t i = 0; i < pictures.size(); ++i) {
             int held = 0;
             for (const auto& [from, to] : runsIn(pictures[i], 10)) held += to - from;
@@ -115,7 +104,7 @@ int highestRowBetween(const PixelImage& image, int from, int to) {
 TEST(EnemyHands, StayOnTheirRung) {
     constexpr int kOutside = 15;  // columns on either side that only hands reach
     for (const char* climb : {"polkan\\ani_02", "tetka\\ani_02"}) {
-        const std::vector<PixelImage>& pictures = stripOf(climb);
+        const std::vector<PixelImage>& pictures = builtStrip(climb);
         for (const std::size_t i : {0U, 1U}) {
             const auto left = [&](std::size_t at) { return highestRowBetween(pictures[at], 0, kOutside); };
             const auto right = [&](std::size_t at) { return highestRowBetween(pictures[at], 64 - kOutside, 64); };
@@ -130,13 +119,13 @@ TEST(EnemyHands, StayOnTheirRung) {
 TEST(EnemyCycles, CloseWithoutAJump) {
     for (const char* cycle : {"polkan\\ani_01", "polkan\\ani_02", "polkan\\ani_03", "tetka\\ani_01", "tetka\\ani_02",
                               "tetka\\ani_03", "rat\\ani_01"})
-        EXPECT_LE(jumpAtTheEnd(stripOf(cycle)), 1.3) << cycle;
+        EXPECT_LE(jumpAtTheEnd(builtStrip(cycle)), 1.3) << cycle;
 }
 
 TEST(EnemyWalks, KeepTheirMassInPlace) {
     for (const char* walk : kWalks) {
         std::vector<double> columns;
-        for (const PixelImage& picture : stripOf(walk)) columns.push_back(middleColumn(picture, 0, 64));
+        for (const PixelImage& picture : builtStrip(walk)) columns.push_back(middleColumn(picture, 0, 64));
         const auto [least, most] = std::minmax_element(columns.begin(), columns.end());
         EXPECT_LE(*most - *least, 3) << walk;
     }
@@ -170,7 +159,7 @@ TEST(EnemyWalks, LookWhereTheyGo) {
     };
     for (const Row& row : {Row{"polkan\\ani_01", true, 20, 40, 0, 64}, Row{"polkan\\ani_03", true, 26, 50, 0, 64},
                            Row{"tetka\\ani_01", false, 8, 22, 44, 52}, Row{"rat\\ani_01", false, 40, 54, 0, 64}}) {
-        for (const PixelImage& picture : stripOf(row.name)) {
+        for (const PixelImage& picture : builtStrip(row.name)) {
             EXPECT_LT(eyeColumn(picture, row.amber, row.from, row.to),
                       middleColumn(picture, row.bodyFrom, row.bodyTo) - 2)
                 << row.name << " is the picture of the way to the left";
@@ -180,10 +169,10 @@ TEST(EnemyWalks, LookWhereTheyGo) {
 
 TEST(RatsHoles, MakeUpForTheHalfCellThatItIsMovedAtOnce) {
     const auto middleRow = [](const PixelImage& image) { return middleOf(image).second; };
-    const double running = middleRow(stripOf("rat\\ani_01")[0]);
-    const double diving = middleRow(stripOf("rat\\ani_down")[0]);
+    const double running = middleRow(builtStrip("rat\\ani_01")[0]);
+    const double diving = middleRow(builtStrip("rat\\ani_down")[0]);
     EXPECT_NEAR(running - diving, 32, 10) << "it must not jump down as it loses the ground";
-    EXPECT_NEAR(middleRow(stripOf("rat\\ani_up").back()), running, 4);
+    EXPECT_NEAR(middleRow(builtStrip("rat\\ani_up").back()), running, 4);
 }
 
 // ---- what the eye needs
@@ -191,7 +180,7 @@ TEST(RatsHoles, MakeUpForTheHalfCellThatItIsMovedAtOnce) {
 TEST(Enemies, AreToldApartByTheirHeight) {
     const auto height = [](const char* walk) {
         int most = 0;
-        for (const PixelImage& picture : stripOf(walk)) most = std::max(most, 62 - highestRow(picture));
+        for (const PixelImage& picture : builtStrip(walk)) most = std::max(most, 62 - highestRow(picture));
         return most;
     };
     EXPECT_NEAR(height("polkan\\ani_01"), 45, 2);
@@ -212,9 +201,9 @@ double meanLuminance(const PixelImage& image) {
 
 TEST(Enemies, StandOutAgainstTheWallsOfEveryWorld) {
     for (const char* wall : {"steny\\modul", "sten_jel\\fon_jel", "fon\\modul02"}) {
-        const double backdrop = meanLuminance(stripOf(wall)[0]);
+        const double backdrop = meanLuminance(builtStrip(wall)[0]);
         for (const StripRow& row : kStrips) {
-            for (const PixelImage& picture : stripOf(row.name))
+            for (const PixelImage& picture : builtStrip(row.name))
                 EXPECT_GE((meanLuminance(picture) + 0.05) / (backdrop + 0.05), 2.5) << row.name << " before " << wall;
         }
     }

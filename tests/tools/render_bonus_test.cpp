@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "bonus_pictures.h"
+#include "built_pictures.h"
+#include "picture_registry.h"
 #include "render_lightness.h"
 #include "render_loops.h"
 #include "shield_pictures.h"
@@ -32,7 +34,7 @@ double silhouetteDifference(const PixelImage& a, const PixelImage& b) {
 TEST(Bonuses, LoopInTwelvePicturesInsideTheirCell) {
     ASSERT_EQ(bonusPictures().size(), 6U);
     for (const PictureEntry& bonus : bonusPictures()) {
-        const std::vector<PixelImage> frames = framesOf(bonus);
+        const std::vector<PixelImage>& frames = builtStrip(bonus.name);
         EXPECT_EQ(frames.size(), 12U) << bonus.name;
         EXPECT_LE(jumpAtTheEnd(frames), 1.3) << bonus.name;
         for (const PixelImage& frame : frames) EXPECT_EQ(opaqueOnBorder(frame), 0) << bonus.name;
@@ -43,14 +45,15 @@ TEST(Bonuses, AreToldApartByTheirShapeAlone) {
     for (const PictureEntry& a : bonusPictures()) {
         for (const PictureEntry& b : bonusPictures()) {
             if (a.name >= b.name) continue;
-            EXPECT_GT(silhouetteDifference(renderFrame(a, 0), renderFrame(b, 0)), 0.2) << a.name << ' ' << b.name;
+            EXPECT_GT(silhouetteDifference(builtFrame(a.name, 0), builtFrame(b.name, 0)), 0.2)
+                << a.name << ' ' << b.name;
         }
     }
 }
 
 TEST(Bonuses, HaveARimOfGold) {
     for (const PictureEntry& bonus : bonusPictures()) {
-        const PixelImage image = renderFrame(bonus, 0);
+        const PixelImage& image = builtFrame(bonus.name, 0);
         const auto gold = std::count_if(image.pixels.begin(), image.pixels.end(), [](const Pixel& p) {
             return p.a > 200 && p.r > 180 && p.g > p.b + 50 && p.r > p.g;
         });
@@ -72,10 +75,10 @@ double meanLuminance(const PixelImage& image) {
 
 TEST(Bonuses, StandOutFromTheWallsOfEveryWorld) {
     for (const char* wall : {"steny\\modul", "sten_jel\\fon_jel", "fon\\modul02"}) {
-        const double backdrop = meanLuminance(renderFrame(*findPicture(wall), 0));
+        const double backdrop = meanLuminance(builtFrame(wall));
         for (const PictureEntry& bonus : bonusPictures()) {
             for (const int frame : {0, 9}) {
-                const double contrast = (meanLuminance(renderFrame(bonus, frame)) + 0.05) / (backdrop + 0.05);
+                const double contrast = (meanLuminance(builtFrame(bonus.name, frame)) + 0.05) / (backdrop + 0.05);
                 EXPECT_GE(contrast, 3) << bonus.name << " before " << wall;
             }
         }
@@ -97,15 +100,15 @@ TEST(ShieldStrips, ShowTheSamePoseInsideAWholeBubble) {
         const PictureEntry& own = *findPicture(std::string("grub\\ani_") + number);
         const PictureEntry& shielded = *findPicture(std::string("led\\shield_") + number);
         const int last = own.frames - 1;
-        const PixelImage image = renderFrame(shielded, last);
-        EXPECT_EQ(opaqueOnBorder(image), opaqueOnBorder(renderFrame(own, last))) << number;
+        const PixelImage& image = builtFrame(shielded.name, last);
+        EXPECT_EQ(opaqueOnBorder(image), opaqueOnBorder(builtFrame(own.name, last))) << number;
         for (int i = 0; i < 32; ++i) {
             const double angle = 2 * std::numbers::pi * i / 32;
             const int x = static_cast<int>(std::floor(32 + 30.2 * std::cos(angle)));
             const int y = static_cast<int>(std::floor(32 + 30.2 * std::sin(angle)));
             EXPECT_GT(image.at(x, y).a, 110) << number << ": a gap in the rim at " << x << ", " << y;
         }
-        EXPECT_LT(differenceWhereOpaque(renderFrame(own, last), image), 60) << number << " is not the same pose";
+        EXPECT_LT(differenceWhereOpaque(builtFrame(own.name, last), image), 60) << number << " is not the same pose";
     }
 }
 

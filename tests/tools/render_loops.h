@@ -5,18 +5,9 @@
 #include <cstdlib>
 #include <vector>
 
-#include "picture_registry.h"
-#include "strip.h"
+#include "pixel_image.h"
 
 namespace grub {
-
-/// All pictures of a strip.
-inline std::vector<PixelImage> framesOf(const PictureEntry& entry) {
-    std::vector<PixelImage> frames;
-    frames.reserve(static_cast<std::size_t>(entry.frames));
-    for (int i = 0; i < entry.frames; ++i) frames.push_back(renderFrame(entry, i));
-    return frames;
-}
 
 /// Sum over red, green and blue.
 inline double difference(const Pixel& a, const Pixel& b) {

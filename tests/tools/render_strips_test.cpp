@@ -5,19 +5,15 @@
 #include <algorithm>
 #include <vector>
 
+#include "built_pictures.h"
 #include "label_pictures.h"
+#include "picture_registry.h"
 #include "render_extent.h"
 #include "render_lightness.h"
 #include "render_loops.h"
 
 namespace grub {
 namespace {
-
-std::vector<PixelImage> stripOf(const char* name) {
-    const PictureEntry* entry = findPicture(name);
-    EXPECT_NE(entry, nullptr) << name;
-    return entry != nullptr ? framesOf(*entry) : std::vector<PixelImage>{};
-}
 
 std::ptrdiff_t visibleIn(const PixelImage& image) {
     return std::count_if(image.pixels.begin(), image.pixels.end(), isVisible);
@@ -32,7 +28,7 @@ std::ptrdiff_t litIn(const PixelImage& image) {
 TEST(FloorsThatBreak, OnlyLoseOnceTheyFall) {
     for (const char* name : {"poly\\lom1", "poly\\lom2", "poly\\lom3", "poly\\lom4", "poly\\truba_za1",
                              "jelezo\\animation_floor_iron_01"}) {
-        const std::vector<PixelImage> strip = stripOf(name);
+        const std::vector<PixelImage>& strip = builtStrip(name);
         EXPECT_EQ(visibleIn(strip[0]), 64 * 64) << name << " is whole when it is hit";
         for (std::size_t i = 2; i < strip.size(); ++i)
             EXPECT_LT(visibleIn(strip[i]), visibleIn(strip[i - 1])) << name << " picture " << i;
@@ -42,7 +38,7 @@ TEST(FloorsThatBreak, OnlyLoseOnceTheyFall) {
 TEST(FloorsThatGrow, OnlyGainAndEndWhole) {
     for (const char* name :
          {"poly\\vosstfull", "poly\\vossthalf", "poly\\truba_za2", "jelezo\\animation_floor_iron_close01"}) {
-        const std::vector<PixelImage> strip = stripOf(name);
+        const std::vector<PixelImage>& strip = builtStrip(name);
         EXPECT_LT(visibleIn(strip[0]), 64 * 64 / 3) << name << " starts as a hole";
         for (std::size_t i = 1; i < strip.size(); ++i)
             EXPECT_GT(visibleIn(strip[i]), visibleIn(strip[i - 1])) << name << " picture " << i;
@@ -53,7 +49,7 @@ TEST(FloorsThatGrow, OnlyGainAndEndWhole) {
 TEST(Doors, OpenWithoutGoingBack) {
     for (const char* name : {"dveri\\door_a", "dveri\\door_d", "dveri\\animation_door_iron_01",
                              "dveri\\animation_door_iron_03", "dveri\\dverfin2", "dveri\\dverfin4"}) {
-        const std::vector<PixelImage> strip = stripOf(name);
+        const std::vector<PixelImage>& strip = builtStrip(name);
         for (std::size_t i = 3; i < strip.size(); ++i)
             EXPECT_GE(litIn(strip[i]) + 8, litIn(strip[i - 1])) << name << " picture " << i;
         EXPECT_GT(litIn(strip.back()), litIn(strip.front()) + 400) << name;
@@ -64,14 +60,14 @@ TEST(Doors, OpenWithoutGoingBack) {
 
 TEST(Torches, BurnWithoutAJump) {
     for (const char* name : {"fon\\fakel", "kam_left", "kam_right"}) {
-        const double jump = jumpAtTheEnd(stripOf(name));
+        const double jump = jumpAtTheEnd(builtStrip(name));
         EXPECT_LE(jump, 1.3) << name;
         EXPECT_GT(jump, 0) << name << " does not move";
     }
 }
 
 TEST(Drops, FallFromTheTopToTheFloor) {
-    const std::vector<PixelImage> strip = stripOf("kapli");
+    const std::vector<PixelImage>& strip = builtStrip("kapli");
     EXPECT_LT(highestRow(strip[0]), 6);
     for (std::size_t i = 1; i < 8; ++i)
         EXPECT_GE(middleOf(strip[i]).second, middleOf(strip[i - 1]).second) << "picture " << i;
@@ -81,7 +77,7 @@ TEST(Drops, FallFromTheTopToTheFloor) {
 TEST(ThingsOnTheWall, LeaveSomeOfItToSee) {
     for (const PictureEntry& entry : allPictures()) {
         if (isLabel(entry) || entry.ground == Ground::Joined || entry.width != 64 || entry.frameHeight != 64) continue;
-        const PixelImage image = renderFrame(entry, 0);
+        const PixelImage& image = builtFrame(entry.name);
         EXPECT_LT(visibleIn(image), 64 * 64 * 92 / 100) << entry.name;
     }
 }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "built_pictures.h"
+#include "picture_registry.h"
 #include "render_extent.h"
 #include "render_lightness.h"
 #include "render_loops.h"
@@ -64,12 +66,6 @@ const World kWorlds[] = {
      {"dveri\\dverfin1", "dveri\\dverfin2", "dveri\\dverfin3", "dveri\\dverfin4"}},
 };
 
-PixelImage pictureOf(const char* name, int frame = 0) {
-    const PictureEntry* entry = findPicture(name);
-    EXPECT_NE(entry, nullptr) << name;
-    return entry != nullptr ? renderFrame(*entry, frame) : PixelImage(64, 64);
-}
-
 /// Mean step of brightness between two columns or rows of pixels that lie side by side.
 double acrossSeam(const PixelImage& left, int column, const PixelImage& right) {
     double sum = 0;
@@ -92,26 +88,26 @@ double strongestInside(const PixelImage& image, double (*seam)(const PixelImage&
 
 TEST(Worlds, ClimbInBrightnessFromWallToCap) {
     for (const World& world : kWorlds) {
-        const Spread wall = lightnessOf(pictureOf(world.walls[0]));
+        const Spread wall = lightnessOf(builtFrame(world.walls[0]));
         EXPECT_GE(wall.mean, 19) << world.name;
         EXPECT_LE(wall.mean, 26) << world.name;
         EXPECT_LE(wall.deviation, 9) << world.name;
-        const PixelImage floor = pictureOf(world.floors[0]);
+        const PixelImage floor = builtFrame(world.floors[0]);
         const double face = lightnessOf(floor, 18, 62).mean;
         EXPECT_GE(face, 38) << world.name;
         EXPECT_LE(face, 45) << world.name;
-        EXPECT_GT(lightnessOf(pictureOf(world.solid)).mean, face) << world.name;
-        EXPECT_GT(lightnessOf(pictureOf(world.ladder)).mean, 49) << world.name;
-        EXPECT_GT(lightnessOf(pictureOf(world.pipe), 5, 15).mean, 49) << world.name;
+        EXPECT_GT(lightnessOf(builtFrame(world.solid)).mean, face) << world.name;
+        EXPECT_GT(lightnessOf(builtFrame(world.ladder)).mean, 49) << world.name;
+        EXPECT_GT(lightnessOf(builtFrame(world.pipe), 5, 15).mean, 49) << world.name;
         EXPECT_GE(lightnessOf(floor, 2, 10).mean, 66) << world.name;
     }
 }
 
 TEST(Worlds, HaveWallsThatJoinInAnyMixture) {
     for (const World& world : kWorlds) {
-        const PixelImage plain = pictureOf(world.walls[0]);
+        const PixelImage plain = builtFrame(world.walls[0]);
         for (const char* name : world.walls) {
-            const PixelImage other = pictureOf(name);
+            const PixelImage other = builtFrame(name);
             EXPECT_LE(acrossSeam(plain, 63, other), 1.3 * strongestInside(plain, acrossSeam)) << name;
             EXPECT_LE(downSeam(plain, 63, other), 1.3 * strongestInside(plain, downSeam)) << name;
             EXPECT_TRUE(
@@ -124,23 +120,23 @@ TEST(Worlds, HaveWallsThatJoinInAnyMixture) {
 TEST(Worlds, HaveFloorsThatFillTheirCellAndEndsThatDoNot) {
     for (const World& world : kWorlds) {
         for (const char* name : world.floors) {
-            const PixelImage floor = pictureOf(name);
+            const PixelImage floor = builtFrame(name);
             EXPECT_EQ(runsIn(floor, 30), (std::vector{std::pair(0, 64)})) << name;
             EXPECT_LE(highestRow(floor), 1) << name;
         }
-        EXPECT_LT(pictureOf(world.leftEnd).at(0, 1).a, 128) << world.name;
-        EXPECT_EQ(pictureOf(world.leftEnd).at(63, 30).a, 255) << world.name;
-        EXPECT_LT(pictureOf(world.rightEnd).at(63, 1).a, 128) << world.name;
-        EXPECT_EQ(pictureOf(world.rightEnd).at(0, 30).a, 255) << world.name;
+        EXPECT_LT(builtFrame(world.leftEnd).at(0, 1).a, 128) << world.name;
+        EXPECT_EQ(builtFrame(world.leftEnd).at(63, 30).a, 255) << world.name;
+        EXPECT_LT(builtFrame(world.rightEnd).at(63, 1).a, 128) << world.name;
+        EXPECT_EQ(builtFrame(world.rightEnd).at(0, 30).a, 255) << world.name;
     }
 }
 
 TEST(Worlds, BreakTheirOwnFloorAndGrowItAgain) {
     for (const World& world : kWorlds) {
-        const PixelImage whole = pictureOf(world.floors[0]);
-        const PixelImage start = pictureOf(world.breaking, 0);
-        const PixelImage hole = pictureOf(world.breaking, 7);
-        const PixelImage grown = pictureOf(world.growing, 7);
+        const PixelImage whole = builtFrame(world.floors[0]);
+        const PixelImage start = builtFrame(world.breaking, 0);
+        const PixelImage hole = builtFrame(world.breaking, 7);
+        const PixelImage grown = builtFrame(world.growing, 7);
         EXPECT_EQ(findPicture(world.breaking)->frames, 8) << world.name;
         EXPECT_EQ(findPicture(world.growing)->frames, 8) << world.name;
         EXPECT_LT(differenceWhereOpaque(whole, start), 40) << world.name << ": another floor breaks";
@@ -153,11 +149,11 @@ TEST(Worlds, BreakTheirOwnFloorAndGrowItAgain) {
 TEST(Worlds, HaveDoorsThatShowRedWhileShutAndGreenAsTheyOpen) {
     for (const World& world : kWorlds) {
         for (const char* name : world.doors) {
-            const Pixel shut = pictureOf(name, 0).at(32, 8);
-            const Pixel open = pictureOf(name, 9).at(32, 8);
+            const Pixel shut = builtFrame(name, 0).at(32, 8);
+            const Pixel open = builtFrame(name, 9).at(32, 8);
             EXPECT_GT(shut.r, shut.g + 40) << name;
             EXPECT_GT(open.g, open.r + 40) << name;
-            EXPECT_GT(lightness(pictureOf(name, 9).at(32, 58)), 70) << name << " shows no light";
+            EXPECT_GT(lightness(builtFrame(name, 9).at(32, 58)), 70) << name << " shows no light";
         }
     }
 }
@@ -167,12 +163,13 @@ TEST(Worlds, HaveLargeThingsThatGoOnFromCellToCell) {
                                {"fon\\k11", "fon\\k12", "fon\\k21", "fon\\k22"},
                                {"dveri\\d11", "dveri\\d12", "dveri\\d21", "dveri\\d22"}};
     for (const auto& thing : things) {
-        const PixelImage upperLeft = pictureOf(thing[0]);
-        const PixelImage lowerRight = pictureOf(thing[3]);
-        EXPECT_LE(acrossSeam(upperLeft, 63, pictureOf(thing[1])), strongestInside(upperLeft, acrossSeam)) << thing[1];
-        EXPECT_LE(downSeam(upperLeft, 63, pictureOf(thing[2])), strongestInside(upperLeft, downSeam)) << thing[2];
-        EXPECT_LE(acrossSeam(pictureOf(thing[2]), 63, lowerRight), strongestInside(lowerRight, acrossSeam)) << thing[3];
-        EXPECT_LE(downSeam(pictureOf(thing[1]), 63, lowerRight), strongestInside(lowerRight, downSeam)) << thing[3];
+        const PixelImage upperLeft = builtFrame(thing[0]);
+        const PixelImage lowerRight = builtFrame(thing[3]);
+        EXPECT_LE(acrossSeam(upperLeft, 63, builtFrame(thing[1])), strongestInside(upperLeft, acrossSeam)) << thing[1];
+        EXPECT_LE(downSeam(upperLeft, 63, builtFrame(thing[2])), strongestInside(upperLeft, downSeam)) << thing[2];
+        EXPECT_LE(acrossSeam(builtFrame(thing[2]), 63, lowerRight), strongestInside(lowerRight, acrossSeam))
+            << thing[3];
+        EXPECT_LE(downSeam(builtFrame(thing[1]), 63, lowerRight), strongestInside(lowerRight, downSeam)) << thing[3];
     }
 }
 
@@ -206,8 +203,8 @@ TEST(Worlds, HavePipesAndCablesThatMeetAtTheirSides) {
         return result;
     };
     for (const Joint& joint : joints) {
-        PixelImage first = pictureOf(joint.first);
-        PixelImage second = pictureOf(joint.second);
+        PixelImage first = builtFrame(joint.first);
+        PixelImage second = builtFrame(joint.second);
         if (joint.below) first = turned(first);
         if (joint.below) second = turned(second);
         int visible = 0;
