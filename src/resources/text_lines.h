@@ -20,26 +20,18 @@ struct TextLine {
 /// Without the blanks around it.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 
-/// The first word of a trimmed line, up to a blank; the words of a line.
+/// A trimmed line up to its first blank.
 [[nodiscard]] std::string_view firstWord(std::string_view line);
+
+/// The words of a line, which blanks separate.
 [[nodiscard]] std::vector<std::string_view> splitWords(std::string_view line);
 
-/// The number that the whole word is: no blanks, no "+", and nothing behind it.
-template <class Number>
-[[nodiscard]] std::optional<Number> numberIn(std::string_view word) {
+/// The number that the whole word is: no blanks, no "+", and nothing behind it. `base` for integers other than decimal.
+template <class Number, class... Base>
+[[nodiscard]] std::optional<Number> numberIn(std::string_view word, Base... base) {
     Number value{};
     const char* const end = word.data() + word.size();
-    const auto read = std::from_chars(word.data(), end, value);
-    if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
-    return value;
-}
-
-/// The same for hexadecimal digits.
-template <class Number>
-[[nodiscard]] std::optional<Number> hexadecimalIn(std::string_view word) {
-    Number value{};
-    const char* const end = word.data() + word.size();
-    const auto read = std::from_chars(word.data(), end, value, 16);
+    const auto read = std::from_chars(word.data(), end, value, base...);
     if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
     return value;
 }

@@ -60,10 +60,10 @@ TEST(TextLines, AreNumberedAndLoseWhatSaysNothing) {
 TEST(TextLines, ANumberIsTheWholeWord) {
     EXPECT_EQ(numberIn<int>("-12"), -12);
     EXPECT_EQ(numberIn<double>("0.5"), 0.5);
-    EXPECT_EQ(hexadecimalIn<std::uint8_t>("fF"), 255);
+    EXPECT_EQ(numberIn<std::uint8_t>("fF", 16), 255);
     for (const char* word : {"", "+1", " 1", "1 ", "1x", "0x1", "300"})
         EXPECT_EQ(numberIn<std::uint8_t>(word), std::nullopt) << word;
-    EXPECT_EQ(hexadecimalIn<std::uint8_t>("100"), std::nullopt);
+    EXPECT_EQ(numberIn<std::uint8_t>("100", 16), std::nullopt);
 }
 
 TEST(TextError, IsOneLineWhateverTheTextHolds) {

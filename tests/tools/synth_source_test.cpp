@@ -165,12 +165,11 @@ TEST_F(SynthCommands, MeasureAndDrawWhatTheyRendered) {
 TEST_F(SynthCommands, NameFileAndLineOfWhatTheyRefuse) {
     const std::string bad = written("bad.txt", "length 1\nloud 3\n");
     EXPECT_EQ(complaintOf({"sound", "render", bad, scratch_.file("a.wav")}),
-              "sound: " + bad + ":2: wanted a key of the head or a layer, found 'loud'\n");
+              bad + ":2: wanted a key of the head or a layer, found 'loud'\n");
     EXPECT_NE(complaintOf({"music", "render", bad, scratch_.file("a.ogg")}).find("bad.txt:1: "), std::string::npos);
-    EXPECT_EQ(complaintOf({"sound", "measure", bad}),
-              "sound: " + bad + ": wanted a 16-bit WAV or an Ogg Vorbis file\n");
+    EXPECT_EQ(complaintOf({"sound", "measure", bad}), bad + ": wanted a 16-bit WAV or an Ogg Vorbis file\n");
     EXPECT_EQ(complaintOf({"sound", "render", scratch_.file("none.txt"), scratch_.file("a.wav")}),
-              "sound: cannot read " + scratch_.file("none.txt") + "\n");
+              scratch_.file("none.txt") + ": cannot be read\n");
     EXPECT_TRUE(scratch_.read("a.wav").empty());
 }
 

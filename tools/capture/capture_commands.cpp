@@ -5,14 +5,14 @@
 #include <memory>
 #include <string>
 
-#include "failure.h"
+#include "command.h"
+#include "exit_codes.h"
 #include "game_file.h"
 #include "play_content.h"
 #include "resource_package.h"
 #include "sound_capture.h"
 #include "sound_output.h"
 #include "wav_file.h"
-#include "whole_file.h"
 
 namespace grub {
 namespace {
@@ -39,8 +39,8 @@ void capture(const Arguments& arguments) {
     if (!device.isReady()) failWith(kCannotPlay, "no sound can be mixed");
     SoundBank bank(package);
     const auto samples = captureSound(*game, *world, bank);
-    if (!writeWholeFile(arguments.output, wavBytes(samples, platform::kHandMixedChannels, platform::kHandMixedRate)))
-        failWith(kCannotPlay, arguments.output + ": cannot be written");
+    const auto bytes = wavBytes(samples, platform::kHandMixedChannels, platform::kHandMixedRate);
+    outputBytes(arguments.output, bytes, kCannotPlay);
     std::printf("%s: %d frames\n", arguments.output.c_str(), world->frame());
 }
 

@@ -10,6 +10,7 @@
 
 #include "block_palette.h"
 #include "block_table.h"
+#include "command.h"
 #include "level_checks.h"
 #include "level_compiler.h"
 #include "level_file.h"
@@ -18,7 +19,6 @@
 #include "level_text.h"
 #include "picture_book.h"
 #include "table_source.h"
-#include "whole_file.h"
 
 namespace grub {
 namespace {
@@ -35,28 +35,7 @@ struct Arguments {
     std::string art;
 };
 
-[[noreturn]] void failWith(const std::string& line) {
-    std::fprintf(stderr, "%s\n", line.c_str());
-    throw CLI::RuntimeError(1);
-}
-
-[[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(error.in(file)); }
-
-Bytes read(const std::string& path) {
-    auto bytes = readWholeFile(path);
-    if (!bytes) failWith(path + ": cannot be read");
-    return std::move(*bytes);
-}
-
-std::string readText(const std::string& path) {
-    auto text = readWholeText(path);
-    if (!text) failWith(path + ": cannot be read");
-    return std::move(*text);
-}
-
-void write(const std::string& path, std::span<const std::uint8_t> bytes) {
-    if (!writeWholeFile(path, bytes)) failWith(path + ": cannot be written");
-}
+[[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(kFailed, error.in(file)); }
 
 /// The block table that belongs to a level: the one given, else the nearest typeblok.ini in the level's folder or
 /// above.
@@ -65,7 +44,7 @@ std::string blocksFor(const Arguments& arguments) {
     std::filesystem::path folder = std::filesystem::absolute(arguments.input).parent_path();
     while (!std::filesystem::exists(folder / "typeblok.ini")) {
         if (folder == folder.root_path())
-            failWith(arguments.input + ": no typeblok.ini in its folder or above; give --blocks FILE");
+            failWith(kFailed, arguments.input + ": no typeblok.ini in its folder or above; give --blocks FILE");
         folder = folder.parent_path();
     }
     return (folder / "typeblok.ini").string();
@@ -75,7 +54,7 @@ BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(
 
 Bytes compiled(const Arguments& arguments, const TableSource& table) {
     TextError error;
-    auto level = compileLevel(readText(arguments.input), paletteOf(table), error);
+    auto level = compileLevel(inputText(arguments.input), paletteOf(table), error);
     if (!level) failAt(arguments.input, error);
     return std::move(*level);
 }
@@ -83,42 +62,42 @@ Bytes compiled(const Arguments& arguments, const TableSource& table) {
 LevelFile parsed(const std::string& name, const Bytes& bytes) {
     std::string reason;
     auto level = readLevelFile(bytes, reason);
-    if (!level) failWith(name + ": " + reason);
+    if (!level) failWith(kFailed, name + ": " + reason);
     return std::move(*level);
 }
 
 void compile(const Arguments& arguments) {
-    const TableSource table(read(blocksFor(arguments)));
+    const TableSource table(inputBytes(blocksFor(arguments)));
     const Bytes level = compiled(arguments, table);
     for (const std::string& warning : levelWarnings(parsed(arguments.output, level), paletteOf(table)))
         std::fprintf(stderr, "%s: warning: %s\n", arguments.input.c_str(), warning.c_str());
-    write(arguments.output, level);
+    outputBytes(arguments.output, level);
 }
 
 void show(const Arguments& arguments) {
-    const LevelFile level = parsed(arguments.input, read(arguments.input));
-    std::fputs(showLevel(level, paletteOf(TableSource(read(blocksFor(arguments))))).c_str(), stdout);
+    const LevelFile level = parsed(arguments.input, inputBytes(arguments.input));
+    std::fputs(showLevel(level, paletteOf(TableSource(inputBytes(blocksFor(arguments))))).c_str(), stdout);
 }
 
 void picture(const Arguments& arguments) {
-    TableSource table(read(blocksFor(arguments)));
+    TableSource table(inputBytes(blocksFor(arguments)));
     const bool isSource = std::filesystem::path(arguments.input).extension() == ".txt";
-    const Bytes bytes = isSource ? compiled(arguments, table) : read(arguments.input);
+    const Bytes bytes = isSource ? compiled(arguments, table) : inputBytes(arguments.input);
     LevelLoader loader(table);
     loader.loadBlockTypes();
     addListedSpriteNumbers(loader.spriteNumbers());
     std::string reason;
     const auto map = loader.build(parsed(arguments.input, bytes), reason);
-    if (!map) failWith(arguments.input + ": " + reason);
+    if (!map) failWith(kFailed, arguments.input + ": " + reason);
     PictureBook book(arguments.art);
-    if (!writePng(arguments.output, drawLevel(*map, book))) failWith(arguments.output + ": cannot be written");
+    if (!writePng(arguments.output, drawLevel(*map, book))) failWith(kFailed, arguments.output + ": cannot be written");
 }
 
 void blocks(const Arguments& arguments) {
     TextError error;
-    const auto packed = packBlockTable(readText(arguments.input), error);
+    const auto packed = packBlockTable(inputText(arguments.input), error);
     if (!packed) failAt(arguments.input, error);
-    if (!writeWholeText(arguments.output, *packed)) failWith(arguments.output + ": cannot be written");
+    outputText(arguments.output, *packed);
 }
 
 }  // namespace

@@ -109,7 +109,7 @@ private:
             return fail("'bytes' and 46 hexadecimal digits", quotedRest(words));
         for (std::size_t i = 0; i < source_.freeBytes.size(); ++i) {
             const std::string_view pair = digits.substr(2 * i, 2);
-            const auto byte = hexadecimalIn<std::uint8_t>(pair);
+            const auto byte = numberIn<std::uint8_t>(pair, 16);
             if (!byte) return fail("hexadecimal digits", inQuotes(pair));
             source_.freeBytes[i] = *byte;
         }

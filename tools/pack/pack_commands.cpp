@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
+#include "command.h"
 #include "package_builder.h"
 #include "package_contents.h"
 #include "package_extractor.h"
 #include "package_verifier.h"
-#include "whole_file.h"
 
 namespace grub {
 namespace {
@@ -19,25 +19,20 @@ struct Arguments {
     std::string directory;
 };
 
-[[noreturn]] void failWith(const std::string& where, const std::string& fault) {
-    std::fprintf(stderr, "%s: %s\n", where.c_str(), fault.c_str());
-    throw CLI::RuntimeError(1);
-}
-
 PackageContents open(const std::string& path) {
     std::string fault;
     auto contents = readPackageContents(path, fault);
-    if (!contents) failWith(path, fault);
+    if (!contents) failWith(kFailed, path + ": " + fault);
     return std::move(*contents);
 }
 
 void pack(const Arguments& arguments) {
     std::string fault;
     auto items = collectPackItems(arguments.directory, fault);
-    if (!items) failWith(arguments.package, fault);
+    if (!items) failWith(kFailed, arguments.package + ": " + fault);
     const auto bytes = buildPackage(std::move(*items), fault);
-    if (!bytes) failWith(arguments.package, fault);
-    if (!writeWholeFile(arguments.package, *bytes)) failWith(arguments.package, "cannot be written");
+    if (!bytes) failWith(kFailed, arguments.package + ": " + fault);
+    outputBytes(arguments.package, *bytes);
 }
 
 void list(const Arguments& arguments) {
@@ -49,7 +44,8 @@ void list(const Arguments& arguments) {
 
 void extract(const Arguments& arguments) {
     std::string fault;
-    if (!extractPackage(open(arguments.package), arguments.directory, fault)) failWith(arguments.package, fault);
+    if (!extractPackage(open(arguments.package), arguments.directory, fault))
+        failWith(kFailed, arguments.package + ": " + fault);
 }
 
 void verify(const Arguments& arguments) {
@@ -59,7 +55,7 @@ void verify(const Arguments& arguments) {
                      finding.entry.empty() ? "" : (finding.entry + ": ").c_str(), finding.text.c_str());
         isSound = isSound && finding.isWarning;
     }
-    if (!isSound) throw CLI::RuntimeError(1);
+    if (!isSound) throw CLI::RuntimeError(kFailed);
 }
 
 }  // namespace

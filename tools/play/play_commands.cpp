@@ -7,7 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "failure.h"
+#include "command.h"
+#include "exit_codes.h"
 #include "game_file.h"
 #include "game_player.h"
 #include "game_program.h"
@@ -15,7 +16,6 @@
 #include "game_text.h"
 #include "play_content.h"
 #include "trace_command.h"
-#include "whole_file.h"
 #include "whole_number.h"
 
 namespace grub {
@@ -67,16 +67,15 @@ void check(const Arguments& arguments) {
 }
 
 void update(const Arguments& arguments) {
-    const auto text = readWholeText(arguments.game);
-    TextError error{.message = "cannot be read"};
-    auto game = text ? readGame(draftOf(*text), error) : std::nullopt;
+    const std::string text = inputText(arguments.game, kCannotPlay);
+    TextError error;
+    auto game = readGame(draftOf(text), error);
     if (!game) failWith(kCannotPlay, error.in(arguments.game));
     const auto content = openContent(arguments);
     World world = worldOf(*content, *game, arguments.game);
     if (!record(*game, world))
         failWith(kCannotPlay, arguments.game + ": the keys reach no end; 'FRAME end Quit score 0 keys 0' leaves");
-    if (!writeWholeText(arguments.game, withOutcome(*text, *game)))
-        failWith(kCannotPlay, arguments.game + ": cannot be written");
+    outputText(arguments.game, withOutcome(text, *game), kCannotPlay);
 }
 
 /// A level file made for the game of another program, for as long as it runs.
@@ -89,7 +88,7 @@ public:
         std::string pattern = (std::filesystem::temp_directory_path() / "grubtool-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) failWith(kCannotPlay, pattern + ": cannot be made");
         directory_ = pattern;
-        if (!writeWholeFile(path(), *level)) failWith(kCannotPlay, path() + ": cannot be written");
+        outputBytes(path(), *level, kCannotPlay);
     }
     CompiledLevel(const CompiledLevel&) = delete;
     CompiledLevel& operator=(const CompiledLevel&) = delete;
@@ -133,7 +132,7 @@ void nameSource(const Arguments& arguments) {
     RecordedGame game = readGameFile(arguments.game);
     const auto folder = std::filesystem::absolute(arguments.game).parent_path();
     game.level = std::filesystem::relative(arguments.level, folder).string();
-    if (!writeWholeText(arguments.game, writeGame(game))) failWith(kCannotPlay, arguments.game + ": cannot be written");
+    outputText(arguments.game, writeGame(game), kCannotPlay);
 }
 
 void recordInWindow(const Arguments& arguments) {

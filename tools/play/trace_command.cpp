@@ -7,7 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "failure.h"
+#include "command.h"
+#include "exit_codes.h"
 #include "frame_counts.h"
 #include "key_events.h"
 #include "level_file.h"
@@ -15,7 +16,6 @@
 #include "play_content.h"
 #include "table_source.h"
 #include "trace_line.h"
-#include "whole_file.h"
 #include "whole_number.h"
 
 namespace grub {
@@ -32,25 +32,13 @@ struct Arguments {
     int frames = 0;
 };
 
-std::string textOf(const std::string& path) {
-    auto text = readWholeText(path);
-    if (!text) failWith(kCannotPlay, path + ": cannot be read");
-    return std::move(*text);
-}
-
-std::vector<std::uint8_t> bytesOf(const std::string& path, int exitCode) {
-    auto bytes = readWholeFile(path);
-    if (!bytes) failWith(exitCode, path + ": cannot be read");
-    return std::move(*bytes);
-}
-
 LevelMap mapOf(const Arguments& arguments) {
-    TableSource table(bytesOf(arguments.blocks, kCannotPlay));
+    TableSource table(inputBytes(arguments.blocks, kCannotPlay));
     LevelLoader loader(table);
     loader.loadBlockTypes();
     addListedSpriteNumbers(loader.spriteNumbers());
     std::string reason;
-    const auto level = readLevelFile(bytesOf(arguments.level, kRefused), reason);
+    const auto level = readLevelFile(inputBytes(arguments.level, kRefused), reason);
     auto map = level ? loader.build(*level, reason) : std::nullopt;
     if (!map) failWith(kRefused, arguments.level + ": " + reason);
     return std::move(*map);
@@ -64,14 +52,14 @@ AnimationFrameCounts countsOf(const Arguments& arguments) {
         return content->frameCounts();
     }
     TextError error;
-    const auto counts = readFrameCounts(textOf(arguments.counts), error);
+    const auto counts = readFrameCounts(inputText(arguments.counts, kCannotPlay), error);
     if (!counts) failWith(kCannotPlay, error.in(arguments.counts));
     return *counts;
 }
 
 std::vector<KeyEvent> keysOf(const Arguments& arguments) {
     TextError error;
-    auto keys = readKeyFile(textOf(arguments.keys), error);
+    auto keys = readKeyFile(inputText(arguments.keys, kCannotPlay), error);
     if (!keys) failWith(kCannotPlay, error.in(arguments.keys));
     return std::move(*keys);
 }

@@ -1,7 +1,5 @@
 #include "bmp_file.h"
 
-#include <fstream>
-
 namespace grub {
 
 namespace {
@@ -52,13 +50,6 @@ std::vector<std::uint8_t> bmpBytes(const PixelImage& image) {
         for (int x = 0; x < image.width; ++x) out.pixel(image.at(x, y));
     }
     return out.take();
-}
-
-bool writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-    std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    return !file.fail();
 }
 
 }  // namespace grub

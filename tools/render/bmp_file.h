@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "pixel_image.h"
@@ -11,8 +10,5 @@ namespace grub {
 /// The picture as a BMP file: 40-byte header, 32 bits a pixel, uncompressed, bottom-up, pixels from byte 54, straight
 /// alpha.
 std::vector<std::uint8_t> bmpBytes(const PixelImage& image);
-
-/// Writes a file whole; false when that fails.
-[[nodiscard]] bool writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
 
 }  // namespace grub

@@ -9,10 +9,12 @@
 #include <thread>
 
 #include "bmp_file.h"
+#include "command.h"
 #include "contact_sheet.h"
 #include "label_pictures.h"
 #include "picture_registry.h"
 #include "strip.h"
+#include "whole_file.h"
 
 namespace grub {
 
@@ -26,21 +28,16 @@ struct RenderOptions {
     bool labels = false;
 };
 
-[[noreturn]] void fail(const std::string& reason) {
-    std::cerr << "render: " << reason << '\n';
-    throw CLI::RuntimeError(1);
-}
-
 const PictureEntry& wanted(const std::string& name) {
     const PictureEntry* entry = findPicture(name);
-    if (entry == nullptr) fail("no picture is called " + name);
+    if (entry == nullptr) failWith(kFailed, name + ": there is no such picture");
     return *entry;
 }
 
 bool renderFile(const PictureEntry& entry, const std::filesystem::path& path) {
     std::error_code ignored;
     if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), ignored);
-    return writeFile(path.string(), bmpBytes(renderStrip(entry)));
+    return writeWholeFile(path, bmpBytes(renderStrip(entry)));
 }
 
 void list(const RenderOptions& options) {
@@ -50,7 +47,7 @@ void list(const RenderOptions& options) {
 }
 
 void renderOne(const RenderOptions& options) {
-    if (!renderFile(wanted(options.name), options.output)) fail("cannot write " + options.output);
+    if (!renderFile(wanted(options.name), options.output)) failWith(kFailed, options.output + ": cannot be written");
 }
 
 /// One picture a thread at a time; which thread draws what does not show in the files.
@@ -69,7 +66,7 @@ void renderAll(const RenderOptions& options) {
         std::vector<std::jthread> threads;
         for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i) threads.emplace_back(work);
     }
-    if (!good) fail("cannot write below " + options.output);
+    if (!good) failWith(kFailed, options.output + ": cannot be written below");
 }
 
 void renderSheet(const RenderOptions& options) {
@@ -78,7 +75,8 @@ void renderSheet(const RenderOptions& options) {
     if (options.names.empty()) {
         for (const PictureEntry& entry : allPictures()) entries.push_back(&entry);
     }
-    if (!writePng(options.output, contactSheet(entries, options.zoom))) fail("cannot write " + options.output);
+    if (!writePng(options.output, contactSheet(entries, options.zoom)))
+        failWith(kFailed, options.output + ": cannot be written");
 }
 
 }  // namespace

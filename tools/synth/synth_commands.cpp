@@ -4,13 +4,13 @@
 #include <iostream>
 #include <memory>
 
+#include "command.h"
 #include "measure.h"
 #include "score_source.h"
 #include "sound_sheet.h"
 #include "sound_source.h"
 #include "vorbis_file.h"
 #include "wav_file.h"
-#include "whole_file.h"
 
 namespace grub {
 
@@ -22,51 +22,30 @@ struct SynthOptions {
     std::vector<std::string> files;
 };
 
-[[noreturn]] void fail(const std::string& reason) {
-    std::cerr << "sound: " << reason << '\n';
-    throw CLI::RuntimeError(1);
-}
-
-[[noreturn]] void fail(const std::string& file, const TextError& error) { fail(error.in(file)); }
-
-std::vector<std::uint8_t> wholeFile(const std::string& path) {
-    auto bytes = readWholeFile(path);
-    if (!bytes) fail("cannot read " + path);
-    return std::move(*bytes);
-}
-
-std::string wholeText(const std::string& path) {
-    auto text = readWholeText(path);
-    if (!text) fail("cannot read " + path);
-    return std::move(*text);
-}
-
-void write(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-    if (!writeWholeFile(path, bytes)) fail("cannot write " + path);
-}
+[[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(kFailed, error.in(file)); }
 
 SoundRecording recordingOf(const std::string& path) {
-    auto recording = decodeSound(wholeFile(path));
-    if (!recording) fail(path + ": wanted a 16-bit WAV or an Ogg Vorbis file");
+    auto recording = decodeSound(inputBytes(path));
+    if (!recording) failWith(kFailed, path + ": wanted a 16-bit WAV or an Ogg Vorbis file");
     return std::move(*recording);
 }
 
 void renderEffect(const SynthOptions& options) {
-    const std::string text = wholeText(options.source);
+    const std::string text = inputText(options.source);
     TextError error;
     const auto source = readSoundSource(text, error);
-    if (!source) fail(options.source, error);
+    if (!source) failAt(options.source, error);
     const auto sound = renderSound(*source, error);
-    if (!sound) fail(options.source, error);
-    write(options.output, wavBytes(*sound, static_cast<int>(source->rate)));
+    if (!sound) failAt(options.source, error);
+    outputBytes(options.output, wavBytes(*sound, static_cast<int>(source->rate)));
 }
 
 void renderMusic(const SynthOptions& options) {
-    const std::string text = wholeText(options.source);
+    const std::string text = inputText(options.source);
     TextError error;
     const auto score = readScore(text, error);
-    if (!score) fail(options.source, error);
-    write(options.output, vorbisBytes(renderScore(*score), kMusicRate));
+    if (!score) failAt(options.source, error);
+    outputBytes(options.output, vorbisBytes(renderScore(*score), kMusicRate));
 }
 
 void measure(const SynthOptions& options) {
@@ -78,7 +57,7 @@ void drawSheet(const SynthOptions& options) {
     std::vector<NamedRecording> sounds;
     for (const std::string& file : options.files)
         sounds.push_back({std::filesystem::path(file).stem().string(), recordingOf(file)});
-    if (!writeSoundSheet(options.output, sounds)) fail("cannot write " + options.output);
+    if (!writeSoundSheet(options.output, sounds)) failWith(kFailed, options.output + ": cannot be written");
 }
 
 }  // namespace

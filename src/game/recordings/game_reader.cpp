@@ -20,9 +20,10 @@ LossCause readCause(WordReader& words) {
 
 /// Takes "COLUMN,ROW" apart.
 std::optional<CellPosition> cellOf(std::string_view text) {
-    const auto comma = std::min(text.find(','), text.size());
+    const auto comma = text.find(',');
+    if (comma == std::string_view::npos) return std::nullopt;
     const auto column = numberIn<int>(text.substr(0, comma));
-    const auto row = numberIn<int>(text.substr(std::min(comma + 1, text.size())));
+    const auto row = numberIn<int>(text.substr(comma + 1));
     const auto isOnMap = [](int at) { return at >= 0 && at < kMaxMapSize; };
     if (!column || !row || !isOnMap(*column) || !isOnMap(*row)) return std::nullopt;
     return CellPosition{*column, *row};
@@ -48,7 +49,7 @@ FieldMark readMark(WordReader& words) {
 std::uint64_t readHash(WordReader& words) {
     constexpr std::string_view kWanted = "a hash of 16 hexadecimal digits";
     const std::string_view digits = words.word(kWanted);
-    const auto hash = hexadecimalIn<std::uint64_t>(digits);
+    const auto hash = numberIn<std::uint64_t>(digits, 16);
     if (digits.size() != 16 || !hash) words.fail(kWanted, digits);
     return hash.value_or(0);
 }
