@@ -13,7 +13,7 @@ bool FrameStrip::reset(const SharedBuffer& source, std::uint16_t frameHeight, Te
     return true;
 }
 
-// Divides the image, whose height is still that of the whole strip.
+// Until the last line height() is that of the whole strip.
 void FrameStrip::cut(std::uint16_t frameHeight) {
     stripHeight_ = height();
     frameCount_ = frameHeight == 0 ? std::uint16_t{0} : static_cast<std::uint16_t>(stripHeight_ / frameHeight);

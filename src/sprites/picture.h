@@ -7,27 +7,49 @@
 
 #include "block_pool.h"
 #include "colour.h"
-#include "graphic.h"
-#include "image_decoder.h"
+#include "renderer.h"
 #include "shared_buffer.h"
 #include "texture.h"
 
 namespace grub {
 
-/// One image and, while it is used, one texture. The image stays encoded in memory and is decoded by each first
-/// `acquire`. Failures show in results only. One thread at a time uses a picture.
+/// The top-left corner of a sprite, in screen pixels.
+struct Position {
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+
+    friend constexpr bool operator==(Position, Position) = default;
+};
+
+/// An image that can be drawn while it is in use. Textures exist from the first `acquire` to the last `release`, so a
+/// scene decides when video memory is spent.
+class Graphic {
+public:
+    virtual ~Graphic() = default;
+
+    /// Counts a use; the first one makes the textures. Returns false and counts no use when it cannot make them.
+    virtual bool acquire() = 0;
+    /// Ends a use; the last one destroys the textures. Always returns true, also without a use.
+    virtual bool release() = 0;
+    [[nodiscard]] virtual bool isAcquired() const = 0;
+    /// `opacity` is 0 to 1. Draws nothing while the image is not acquired.
+    virtual void draw(Renderer& renderer, Position position, float opacity) const = 0;
+};
+
+/// One image and, while it is in use, one texture. The image stays encoded in memory; each first `acquire` decodes it.
+/// Failures show in results only. One thread at a time uses a picture.
 class Picture : public Graphic, public PoolAllocated<Picture> {
 public:
-    /// Empty: 0 x 0 pixels, nothing to acquire, until `reset` brings a source.
+    /// An empty picture of 0 x 0 pixels: `acquire` fails until `reset` brings a source.
     Picture() = default;
-    /// The encoded image (BMP, GIF or JPEG), of which only the size is read now, and what an upload does with it.
-    /// Data that no decoder knows gives 0 x 0.
+    /// `source` is the encoded image (BMP, GIF or JPEG), of which this reads the size only; each upload applies
+    /// `uploadFlags`. Data that no decoder knows gives 0 x 0.
     explicit Picture(const SharedBuffer& source, TextureTransform uploadFlags = TextureTransform::Identity);
     Picture(const Picture&) = delete;
     Picture& operator=(const Picture&) = delete;
 
-    /// Another image. It is not in use afterwards, whoever had acquired the old one; the colour key stays. An empty
-    /// source gives false and changes nothing: then the old image is still there and must not be taken for the new.
+    /// Replaces the image, forgets all uses, and keeps the colour key. An empty source returns false and changes
+    /// nothing: then the old image is still there.
     bool reset(const SharedBuffer& source, TextureTransform uploadFlags);
 
     bool acquire() override;
@@ -35,34 +57,33 @@ public:
     [[nodiscard]] bool isAcquired() const override { return useCount_ > 0; }
     void draw(Renderer& renderer, Position position, float opacity) const override;
 
-    /// This colour shall be transparent where the image brings no alpha. Pixels change with the next first `acquire`;
-    /// textures that exist are only told.
+    /// Makes this colour transparent unless the image has alpha. Textures that exist take the key too, but their pixels
+    /// change only with the next first `acquire`.
     virtual void setColourKey(Colour key);
-    /// What `draw` shows, or null. Belongs to the picture.
+    /// What `draw` shows, or null. The picture owns it.
     [[nodiscard]] virtual const Texture* texture() const { return texture_.get(); }
 
-    /// What the last first `acquire` met, in a few words: why it failed, or what is lost of a damaged image that is
+    /// What was wrong at the last decoding, in a few words: why `acquire` failed, or what a damaged image lacks that is
     /// shown as far as it goes. Empty when all is well.
     [[nodiscard]] const std::string& fault() const { return fault_; }
-    /// Size in pixels, of one frame in a strip.
+    /// Size in pixels; of one frame in a strip.
     [[nodiscard]] std::uint16_t width() const { return width_; }
     [[nodiscard]] std::uint16_t height() const { return height_; }
 
 protected:
-    /// The decoded source: rows of width() pixels, from top to bottom.
+    /// The decoded source, rows from top to bottom.
     struct Pixels {
         SharedBuffer rgb;    ///< 3 bytes a pixel
         SharedBuffer alpha;  ///< 1 byte a pixel; empty when the colour key decides
     };
 
-    /// Makes what `texture` hands out. False when the renderer or an upload refuses; what was made may stay.
+    /// Makes what `texture` returns. False when the renderer or an upload refuses; some textures may be left then.
     virtual bool makeTextures(const Pixels& pixels);
-    /// Destroys what `makeTextures` has made.
     virtual void dropTextures();
-    /// A texture of width() x height() with the colour key and these pixels (alpha may be null); null when the renderer
-    /// or the upload refuses.
+    /// Returns a texture of width() x height() with the colour key and these pixels (`alpha` may be null). Null when
+    /// the renderer or the upload refuses.
     [[nodiscard]] std::unique_ptr<Texture> makeTexture(const std::uint8_t* rgb, const std::uint8_t* alpha) const;
-    /// Makes height() that of a frame.
+    /// A strip makes height() that of a frame.
     void setHeight(std::uint16_t height) { height_ = height; }
 
 private:

@@ -8,7 +8,7 @@
 namespace grub {
 namespace {
 
-// Below this nothing is drawn, and a change of less than this is not sent.
+// `draw` draws nothing below this opacity, and sends no change that is smaller than this.
 constexpr float kOpacityStep = 0.05F;
 constexpr DWORD kLostDevicePause = 100;  // ms
 
@@ -136,7 +136,12 @@ bool D3DRenderer::setFullScreen(bool fullScreen) {
     if (fullScreen_ == fullScreen) return true;
     fullScreen_ = fullScreen;
     buildPresentParameters();
-    return requestReset();
+    if (requestReset()) return true;
+    // The next reset of a lost device must not try the refused mode again, nor may the next call take it for the
+    // present one.
+    fullScreen_ = !fullScreen;
+    buildPresentParameters();
+    return false;
 }
 
 // A reset forgets all states and bindings.

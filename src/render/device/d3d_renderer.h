@@ -16,12 +16,12 @@ class D3DTexture;
 /// opacity in the alpha byte of the texture factor.
 class D3DRenderer final : public Renderer {
 public:
-    /// The renderer sends these to its window, without parameters, and the window's procedure answers with
-    /// `testCooperativeLevel` and `resetDevice`: Direct3D wants both on the window's own thread.
+    /// The renderer sends these messages, without parameters, to its window. The window's procedure answers them with
+    /// the results of `testCooperativeLevel` and `resetDevice`: Direct3D needs both on the window's own thread.
     static constexpr UINT kTestDeviceMessage = WM_USER + 2;
     static constexpr UINT kResetDeviceMessage = WM_USER + 3;
 
-    /// Nothing is created before `init`. The size is that of the picture in pixels.
+    /// Creates nothing before `init`. `width` and `height` are the screen's, in pixels.
     D3DRenderer(HWND window, std::uint16_t width, std::uint16_t height, bool fullScreen);
     ~D3DRenderer() override;
     D3DRenderer(const D3DRenderer&) = delete;
@@ -39,13 +39,14 @@ public:
                   std::uint16_t w, std::uint16_t h, float alpha) override;
     bool draw(std::int16_t x, std::int16_t y, const Texture& texture, float alpha) override;
 
-    /// Changes between window and full screen, by a reset that the window's procedure carries out; between frames.
-    /// True when nothing had to change or the reset succeeded.
+    /// Changes between window and full screen, by a reset that the window's procedure carries out. Call it between
+    /// frames. Returns true when the mode is the wanted one; after a refused reset the old mode stays.
     bool setFullScreen(bool fullScreen);
-    /// What `init` decided, or `setFullScreen` since: a desktop that cannot hold the picture forces full screen.
+    /// The mode that `init` chose (a desktop that is not larger than the picture forces full screen) or that
+    /// `setFullScreen` reached since.
     [[nodiscard]] bool isFullScreen() const { return fullScreen_; }
 
-    /// The device's answers, for the window's procedure. Without a device D3DERR_INVALIDCALL.
+    /// The device's answers, for the window's procedure; D3DERR_INVALIDCALL without a device.
     HRESULT testCooperativeLevel();
     HRESULT resetDevice();
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr DWORD kLayout = D3DFVF_XYZRHW | D3DFVF_TEX1;
 
-// Tells the player why there will be no picture. Always false.
+// Tells the player why the game cannot draw. Always returns false.
 bool complain(const std::string& text) {
     MessageBoxA(nullptr, text.c_str(), "DirectX error", MB_ICONERROR | MB_TASKMODAL);
     return false;
@@ -119,7 +119,7 @@ bool D3DRenderer::createVertexBuffer() {
     return true;
 }
 
-// What a fresh or reset device has to be told; what was bound and sent before is gone.
+// Sets all states of a new or reset device, which has forgotten its texture and its opacity.
 void D3DRenderer::applyDeviceStates() {
     struct RenderState {
         D3DRENDERSTATETYPE state;

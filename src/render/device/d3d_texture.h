@@ -12,11 +12,11 @@
 namespace grub {
 
 /// The texture of `D3DRenderer`: a picture in the top-left corner of a power-of-two surface, transparent elsewhere.
-/// It may be created, filled and destroyed on any thread, one at a time.
+/// Any thread may create, fill and destroy it, one at a time.
 class D3DTexture final : public Texture, public PoolAllocated<D3DTexture> {
 public:
-    /// Keeps the device alive. `format` is A8R8G8B8 or A4R4G4B4; `square`: the device wants square surfaces. A refused
-    /// surface leaves the texture invalid.
+    /// Keeps the device alive. `format` is A8R8G8B8 or A4R4G4B4; `square`: the device allows square surfaces only. When
+    /// the device refuses the surface, the texture is not valid.
     D3DTexture(IDirect3DDevice8& device, std::uint16_t width, std::uint16_t height, D3DFORMAT format, bool square);
 
     [[nodiscard]] D3DTexture* clone() const override;

@@ -6,7 +6,7 @@ namespace grub {
 
 namespace {
 
-// Each of these turns one stored row of `width` pixels into output.
+// Each of these converts one stored row of `width` pixels.
 
 void convertRow16(const std::uint8_t* stored, std::uint8_t* rgb, unsigned width) {
     for (unsigned x = 0; x < width; ++x, stored += 2, rgb += 3) {

@@ -7,8 +7,8 @@
 
 namespace grub {
 
-/// Uncompressed BMP with 16, 24 or 32 bits a pixel. The header's 32-bit fields count with their low 16 bits only, and
-/// the rows are taken as bottom-up whatever the sign of the height.
+/// Uncompressed BMP with 16, 24 or 32 bits a pixel. Of the header's 32-bit fields only the low 16 bits count. The rows
+/// are always read bottom-up, also when the height is negative.
 class BmpDecoder final : public ImageDecoder, public PoolAllocated<BmpDecoder> {
 public:
     explicit BmpDecoder(const SharedBuffer& file);
@@ -17,7 +17,7 @@ public:
     bool decode(SharedBuffer& rgbOut, SharedBuffer& alphaOut) override;
 
 private:
-    /// The stored rows, first to last in the file; empty, with the fault noted, when the file does not hold them.
+    /// Returns all stored rows. When the file does not hold them: nothing, and a fault.
     [[nodiscard]] std::span<const std::uint8_t> storedRows();
 
     std::uint16_t pixelOffset_ = 0;    // bytes from the file's start

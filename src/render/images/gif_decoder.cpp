@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "gif_lzw.h"
-#include "picture_size.h"
 
 namespace grub {
 
@@ -13,7 +12,7 @@ namespace {
 constexpr std::uint8_t kExtensionIntroducer = 0x21;
 constexpr std::uint8_t kImageSeparator = 0x2C;
 
-// The colours of the table that these flags announce.
+// How many colours the table has that these flags announce; 0: no table.
 std::uint32_t tableSize(std::uint8_t flags) { return (flags & 0x80) != 0 ? 2u << (flags & 7) : 0; }
 
 const char* describe(LzwEnd end) {

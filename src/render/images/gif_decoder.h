@@ -10,20 +10,20 @@
 namespace grub {
 
 /// The first image of a GIF file, as wide and as high as the logical screen. Its pixels fill the output one after
-/// another from the top-left corner, in stored order: place, size and interlacing of the image are not looked at, nor
-/// is any extension. What the file does not fill is black.
+/// another from the top-left corner, in stored order. The decoder ignores the image's place, size and interlacing, and
+/// all extensions. Pixels that the file does not hold are black.
 class GifDecoder final : public ImageDecoder, public PoolAllocated<GifDecoder> {
 public:
     explicit GifDecoder(const SharedBuffer& file);
 
-    /// Image data that ends early or makes no sense still gives true and the pixels before; `fault` tells.
+    /// Image data that ends early or makes no sense still gives true and the pixels before; `fault` says so.
     bool decode(SharedBuffer& rgbOut, SharedBuffer& alphaOut) override;
 
 private:
     void readPalette();
-    /// Leaves the reader behind the separator of the first image; false when something else comes first.
+    /// Moves the reader behind the separator of the first image; false when another block comes first.
     bool skipExtensions();
-    /// Leaves the reader before the image data; false, with the fault noted, when there is no usable image.
+    /// Moves the reader to the image data; false and a fault when there is no usable image.
     bool readImageHeader();
 
     ByteReader reader_;                                         // at the next unread byte

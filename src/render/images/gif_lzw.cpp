@@ -9,6 +9,66 @@ namespace {
 
 constexpr std::size_t kPixel = 3;  // bytes
 
+// Reads the LZW codes of a GIF image, least significant bit first. The codes run on across the boundaries of the file's
+// data sub-blocks.
+class GifCodeReader {
+public:
+    // What `read` returns when a sub-block of length zero, or the end of the file, comes before the code's last bit.
+    static constexpr std::uint32_t kNoCode = 0xFFFFFFFF;
+
+    // `blocks` are the sub-blocks and whatever follows them in the file.
+    explicit GifCodeReader(std::span<const std::uint8_t> blocks)
+        : cursor_(blocks.data()), blockEnd_(blocks.data()), fileEnd_(blocks.data() + blocks.size()) {}
+
+    // Returns the next code of `width` bits, 1 to 12.
+    std::uint32_t read(unsigned width) {
+        if (bitCount_ < width && !refill(width)) return kNoCode;
+        const auto code = static_cast<std::uint32_t>(bits_) & ((1u << width) - 1);
+        bits_ >>= width;
+        bitCount_ -= width;
+        return code;
+    }
+
+private:
+    // Takes in as many bytes as fit. Returns false when the file holds fewer than `wanted` more bits.
+    bool refill(unsigned wanted) {
+        if (blockEnd_ - cursor_ >= 8) {
+            takeEight();
+            return true;
+        }
+        while (bitCount_ <= 56) {
+            if (cursor_ == blockEnd_ && !openBlock()) return bitCount_ >= wanted;
+            bits_ |= std::uint64_t{*cursor_++} << bitCount_;
+            bitCount_ += 8;
+        }
+        return true;
+    }
+
+    // Takes eight bytes at once. Those that do not fit are not counted; the next refill puts them onto the same bits.
+    void takeEight() {
+        std::uint64_t bytes = 0;
+        for (unsigned i = 0; i < 8; ++i) bytes |= std::uint64_t{cursor_[i]} << 8 * i;
+        bits_ |= bytes << bitCount_;
+        const unsigned taken = (63 - bitCount_) / 8;
+        cursor_ += taken;
+        bitCount_ += taken * 8;
+    }
+
+    // Steps over a length byte. Of a block that the file cuts short it takes what is there. False: no more bytes.
+    bool openBlock() {
+        if (cursor_ == fileEnd_ || *cursor_ == 0) return false;
+        const std::ptrdiff_t length = *cursor_++;
+        blockEnd_ = cursor_ + std::min(length, fileEnd_ - cursor_);
+        return cursor_ != blockEnd_;
+    }
+
+    const std::uint8_t* cursor_;
+    const std::uint8_t* blockEnd_;
+    const std::uint8_t* fileEnd_;
+    std::uint64_t bits_ = 0;
+    unsigned bitCount_ = 0;
+};
+
 }  // namespace
 
 LzwExpander::LzwExpander(unsigned minCodeSize, std::span<const std::uint8_t> palette, std::span<std::uint8_t> out)
@@ -58,7 +118,7 @@ void LzwExpander::putFirst(std::uint32_t code) {
     putColour(first_);
 }
 
-// Puts the string of a code and learns a new one. False when the walk through the tables does not end.
+// Writes the string of a code and learns a new one. Returns false when the walk through the tables does not end.
 bool LzwExpander::put(std::uint32_t code) {
     Run written{out_.data() + filled_, 0, 0};
     if (code < next_ && entries_[code].run.length != 0) {
@@ -80,7 +140,7 @@ bool LzwExpander::put(std::uint32_t code) {
     return true;
 }
 
-// Copies what fits; a piece may reach beyond the run where there is room, since what it spoils there comes later.
+// Copies as much as fits. Where there is room a piece may write beyond the run: later pixels overwrite those bytes.
 void LzwExpander::putCopy(const Run& run) {
     std::uint8_t* const to = out_.data() + filled_;
     const std::size_t size = run.length * kPixel;
@@ -98,8 +158,8 @@ void LzwExpander::putCopy(const Run& run) {
     filled_ += size;
 }
 
-// Collects the string from its last colour to its first, then puts it in order. Stray codes may have tied the prefixes
-// into a ring, so the walk is bounded.
+// Collects the string from its last colour to its first, then writes it in order. Stray codes can tie the prefixes
+// into a ring, so the walk has a limit.
 bool LzwExpander::putByWalking(std::uint32_t code) {
     std::array<std::uint8_t, kTableSize + 1> stack;
     std::size_t height = 0;
@@ -132,7 +192,7 @@ void LzwExpander::learn(std::uint32_t code, Run written) {
             entry.run.length = sideBySide ? previousRun_.length + 1 : 0;
             entry.run.first = previousRun_.first;
         }
-        // A code that was not yet known means what was put for it only when it is that of the new string.
+        // A code that was not known stands for the pixels just written only when it is the code of the new string.
         const bool isNewString = code == next_ && code >= colourCount_ && sideBySide;
         if (code >= next_ && !isNewString) written.length = 0;
         previous_ = code;

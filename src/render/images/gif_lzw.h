@@ -6,26 +6,24 @@
 #include <span>
 #include <vector>
 
-#include "gif_codes.h"
-
 namespace grub {
 
 /// Why the expansion of an image stopped.
 enum class LzwEnd { EndCode, PictureFull, DataRanOut, Damaged };
 
-/// Expands the LZW data of one GIF image into RGB bytes. It keeps to what a decoder with plain prefix and suffix
-/// tables would do, also where encoders should not go:
+/// Expands the LZW data of one GIF image into RGB bytes. The result is that of a decoder with plain prefix and suffix
+/// tables, also for codes that a good encoder never writes:
 /// - a known code is a colour when it is below the number of colours, and not when it is below the clear code;
-/// - the first code, and the first after a clear code, is taken modulo the number of colours and adds no string;
-/// - a code beyond the strings known stands for the string that is just being made, however large it is.
-/// A string normally stands in the output already, since it was put there when it was learnt; so it is copied from
-/// there, as a colour is from the palette. Only a string of which that is not sure is walked through the tables.
+/// - the first code, and the first after a clear code, counts modulo the number of colours and adds no string;
+/// - a code beyond the known strings stands for the string that is just being made, whatever its number.
+/// Most strings stand in the output already, from the time when they were learnt, and are copied from there, as a
+/// colour is copied from the palette. Only where that is not sure does the expander walk a string through the tables.
 class LzwExpander {
 public:
     /// `minCodeSize` is 1 to 11 bits; `palette` holds R, G, B of 2, 4, 8 ... 256 colours.
     LzwExpander(unsigned minCodeSize, std::span<const std::uint8_t> palette, std::span<std::uint8_t> out);
 
-    /// Runs over the data sub-blocks (and whatever follows them) until one of the ends; may be called once.
+    /// Reads the data sub-blocks (other bytes may follow them) until one of the ends; call it once.
     LzwEnd run(std::span<const std::uint8_t> blocks);
     /// Bytes of the output written so far.
     [[nodiscard]] std::size_t filled() const { return filled_; }
@@ -36,7 +34,7 @@ private:
     // Bytes copied at once, so that short strings need no loop.
     static constexpr std::size_t kPiece = 16;
 
-    // Pixels that stand together in the output, or a colour in the palette. Length 0: it is not known where they stand.
+    // Pixels that stand together in the output, or a colour in the palette. Length 0: their place is not known.
     struct Run {
         const std::uint8_t* at = nullptr;
         std::uint32_t length = 0;  // pixels

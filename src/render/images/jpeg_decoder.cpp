@@ -5,14 +5,12 @@
 #include <cstdlib>
 #include <mutex>
 
-#include "picture_size.h"
-
 namespace grub {
 
 namespace {
 
-// Guards the staging buffer from the first to the last call of a decompression. Never destroyed: a thread may still
-// decode while the process ends.
+// Guards the staging buffer from the first to the last call of a decompression. It is never destroyed, because a thread
+// may still decode while the process ends.
 std::mutex& libjpegTurn() {
     static std::mutex& turn = *new std::mutex;
     return turn;
@@ -61,7 +59,7 @@ JpegOutcome JpegDecoder::decodeInto(SharedBuffer& rgbOut, SharedBuffer& alphaOut
     return outcome;
 }
 
-// The two operations below are where a fatal error comes out of libjpeg.
+// A fatal error of libjpeg jumps to one of the next two functions.
 
 JpegOutcome JpegDecoder::readHeader() {
     if (const int outcome = setjmp(errors_.escape)) {
@@ -106,14 +104,14 @@ bool JpegDecoder::decompressHere(std::uint8_t* rgb) {
     if (info_.output_components != 3) return explain("no RGB output");
     while (info_.output_scanline < info_.output_height) {
         JSAMPROW row = rgb + std::size_t{rowBytes(1)} * info_.output_scanline;
-        // 0 rows at the file's end, and so it would be for ever.
+        // At the file's end libjpeg gives 0 rows, again and again.
         if (jpeg_read_scanlines(&info_, &row, 1) == 0) return explain("the file ends before the last row");
     }
     jpeg_finish_decompress(&info_);
     return true;
 }
 
-// Notes a reason of our own. Always false.
+// Keeps a reason of our own. Always returns false.
 bool JpegDecoder::explain(const char* fault) {
     std::snprintf(errors_.message, sizeof errors_.message, "%s", fault);
     return false;

@@ -4,22 +4,21 @@
 
 #include "block_pool.h"
 #include "image_decoder.h"
-#include "jpeg_errors.h"
-#include "jpeg_source.h"
+#include "libjpeg_callbacks.h"
 
 namespace grub {
 
-/// JPEG through libjpeg, with its default output settings. Grey pictures come out as RGB; others that are not made of
+/// JPEG through libjpeg with its default output settings. Grey pictures become RGB; other pictures without exactly
 /// three components are refused. Decoders of several threads take turns, since they share a staging buffer.
 class JpegDecoder final : public ImageDecoder, public PoolAllocated<JpegDecoder> {
 public:
-    /// Not valid when libjpeg cannot read the header completely, for whatever reason.
+    /// The decoder is not valid when libjpeg cannot read the whole header.
     explicit JpegDecoder(const SharedBuffer& file);
 
-    /// An error that libjpeg calls fatal ends the process, as libjpeg's own handler does: with its message on standard
-    /// error and exit code 1. A file that ends before the last row gives false.
+    /// A fatal error of libjpeg ends the process as libjpeg's own handler does: its message goes to standard error, the
+    /// exit code is 1. Returns false when the file ends before the last row.
     bool decode(SharedBuffer& rgbOut, SharedBuffer& alphaOut) override;
-    /// The same, but a fatal error is one more reason to give false.
+    /// The same, but returns false on a fatal error too.
     bool decodeOrRefuse(SharedBuffer& rgbOut, SharedBuffer& alphaOut);
 
 private:
