@@ -5,8 +5,6 @@
 namespace grub {
 namespace {
 
-using platform::DeviceFunction;
-
 // A picture drawn with letters: each is a colour of its own, a dot is what lies behind the picture.
 using Letters = std::vector<std::string>;
 
@@ -29,9 +27,13 @@ protected:
         return texture.upload(pixels.data(), transform, nullptr);
     }
 
+    ScreenPixels shownOverWhite(const Texture& texture) {
+        return frameOver(kWhite, [&] { EXPECT_TRUE(drawAt(0, 0, texture)); });
+    }
+
     // The letters on the screen, as many as the surface has texels.
     Letters shown(const Texture& texture, int columns, int rows) {
-        const auto screen = frameOver(kWhite, [&] { EXPECT_TRUE(renderer.draw(0, 0, texture, 1.0F)); });
+        const auto screen = shownOverWhite(texture);
         Letters letters;
         for (int y = 0; y < rows; ++y) {
             letters.emplace_back();
@@ -41,12 +43,6 @@ protected:
             }
         }
         return letters;
-    }
-
-    // Opacity of one texel as black shows it over white: 255 hides the white.
-    std::uint32_t coverOf(Texture& texture, int x, int y) {
-        const auto screen = frameOver(kWhite, [&] { EXPECT_TRUE(renderer.draw(0, 0, texture, 1.0F)); });
-        return 255 - (screen.at(x, y) & 0xFF);
     }
 };
 
@@ -85,81 +81,41 @@ TEST_F(SquareTextures, NothingOfAnOlderPictureIsLeft) {
     EXPECT_EQ(shown(*texture, 4, 4), (Letters{"hjl.", "gik.", "....", "...."}));
 }
 
-TEST_F(SquareTextures, HaveSquareSurfacesForAnyPicture) {
-    device.forgetCalls();
-    const auto texture = makeTexture(100, 50);
-    ASSERT_EQ(device.count(DeviceFunction::CreateTexture), 1u);
-    EXPECT_EQ(device.calls()[0].first, 128u);
-    EXPECT_EQ(device.calls()[0].second, 128u);
-}
-
-TEST_F(Textures, HaveSurfacesOfPowersOfTwo) {
-    constexpr struct {
-        int width, height;
-        DWORD surfaceWidth, surfaceHeight;
-    } kSizes[] = {{100, 50, 128, 64}, {64, 64, 64, 64}, {65, 1, 128, 1}, {0, 0, 1, 1}, {800, 600, 1024, 1024}};
-    for (const auto& size : kSizes) {
-        device.forgetCalls();
-        const auto texture = makeTexture(size.width, size.height);
-        EXPECT_TRUE(texture->isValid());
-        EXPECT_EQ(device.calls()[0].first, size.surfaceWidth) << size.width;
-        EXPECT_EQ(device.calls()[0].second, size.surfaceHeight) << size.height;
-    }
-}
-
 TEST_F(Textures, RefuseQuarterTurnsOfASurfaceThatIsNotSquare) {
     const Letters picture{"abc", "def"};
     const auto texture = textureOf(picture);
     ASSERT_TRUE(upload(*texture, picture, TextureTransform::Identity));
     EXPECT_FALSE(upload(*texture, {"ghi", "jkl"}, TextureTransform::Rotate90));
     EXPECT_FALSE(upload(*texture, {"ghi", "jkl"}, TextureTransform::Rotate270));
-    EXPECT_FALSE(upload(*texture, {"ghi", "jkl"}, static_cast<TextureTransform>(3)));
+    EXPECT_FALSE(upload(*texture, {"ghi", "jkl"}, static_cast<TextureTransform>(3))) << "no transform";
     EXPECT_EQ(shown(*texture, 4, 2), (Letters{"abc.", "def."}));
     EXPECT_EQ(texture->width(), 3);
 }
 
-TEST_F(Textures, ARefusedSurfaceOrLockIsReported) {
-    device.fail(DeviceFunction::CreateTexture, D3DERR_OUTOFVIDEOMEMORY);
-    const auto invalid = makeTexture(2, 2);
-    device.fail(DeviceFunction::CreateTexture, D3D_OK);
-    ASSERT_NE(invalid, nullptr);
-    EXPECT_FALSE(invalid->isValid());
-    EXPECT_FALSE(upload(*invalid, {"ab", "cd"}, TextureTransform::Identity));
-    frameOver(kWhite, [&] { EXPECT_FALSE(renderer.draw(0, 0, *invalid, 1.0F)); });
-
-    const auto texture = makeTexture(2, 2);
-    for (const DeviceFunction function : {DeviceFunction::LockTexture, DeviceFunction::UnlockTexture}) {
-        device.fail(function, D3DERR_INVALIDCALL);
-        EXPECT_FALSE(upload(*texture, {"ab", "cd"}, TextureTransform::Identity));
-        device.fail(function, D3D_OK);
-    }
-}
-
-TEST_F(Textures, AHugePictureIsRefusedBeforeMemoryIsAsked) {
-    EXPECT_FALSE(makeTexture(65535, 65535)->isValid());
-    EXPECT_FALSE(makeTexture(4097, 1)->isValid());
-    EXPECT_TRUE(makeTexture(4096, 1)->isValid());
-}
+// Pixels beside the key's colour, each with one channel of another value.
+constexpr std::uint8_t kNearBrown[] = {80, 54, 25, 81, 54, 25, 80, 55, 25, 80, 54, 24};
 
 TEST_F(Textures, TheKeyIsTheOnlyTransparentColourAndServesTheNextUpload) {
-    const auto texture = makeTexture(2, 1);
-    const std::uint8_t pixels[] = {80, 54, 25, 80, 54, 24};
-    ASSERT_TRUE(texture->upload(pixels, TextureTransform::Identity, nullptr));
+    const auto texture = makeTexture(4, 1);
+    ASSERT_TRUE(texture->upload(kNearBrown, TextureTransform::Identity, nullptr));
     texture->setColourKey(kBrown);
-    EXPECT_EQ(coverOf(*texture, 0, 0), 255u - 25) << "a key alone changes no pixel";
-    ASSERT_TRUE(texture->upload(pixels, TextureTransform::Identity, nullptr));
-    EXPECT_EQ(coverOf(*texture, 0, 0), 0u);
-    EXPECT_EQ(coverOf(*texture, 1, 0), 255u - 24);
+    EXPECT_EQ(shownOverWhite(*texture).at(0, 0), rgb(kBrown)) << "a key alone changes no pixel";
+    ASSERT_TRUE(texture->upload(kNearBrown, TextureTransform::Identity, nullptr));
+    const auto screen = shownOverWhite(*texture);
+    EXPECT_EQ(screen.at(0, 0), rgb(kWhite));
+    EXPECT_EQ(screen.at(1, 0), 0x513619u);
+    EXPECT_EQ(screen.at(2, 0), 0x503719u);
+    EXPECT_EQ(screen.at(3, 0), 0x503618u);
 }
 
 TEST_F(Textures, AnAlphaPlaneBeatsTheKey) {
-    const auto texture = makeTexture(2, 1);
+    const auto texture = makeTexture(4, 1);
     texture->setColourKey(kBrown);
-    const std::uint8_t pixels[] = {80, 54, 25, 0, 0, 0};
-    const std::uint8_t alpha[] = {255, 0};
-    ASSERT_TRUE(texture->upload(pixels, TextureTransform::Identity, alpha));
-    EXPECT_EQ(coverOf(*texture, 0, 0), 255u - 25);
-    EXPECT_EQ(coverOf(*texture, 1, 0), 0u);
+    constexpr std::uint8_t kAlpha[] = {255, 0, 0, 0};
+    ASSERT_TRUE(texture->upload(kNearBrown, TextureTransform::Identity, kAlpha));
+    const auto screen = shownOverWhite(*texture);
+    EXPECT_EQ(screen.at(0, 0), rgb(kBrown));
+    EXPECT_EQ(screen.at(1, 0), rgb(kWhite));
 }
 
 TEST_F(Textures, ACloneHasPixelsSizesAndKeyOfItsOwn) {
@@ -176,38 +132,21 @@ TEST_F(Textures, ACloneHasPixelsSizesAndKeyOfItsOwn) {
     EXPECT_EQ(shown(*clone, 4, 2), (Letters{"abc.", "d.f."})) << "the key went along";
 }
 
-TEST_F(Textures, AFailedCopyLeavesTheCloneInvalid) {
-    const auto texture = textureOf({"ab"});
-    for (const DeviceFunction function : {DeviceFunction::CreateTexture, DeviceFunction::LockTexture}) {
-        device.fail(function, D3DERR_OUTOFVIDEOMEMORY);
-        const std::unique_ptr<Texture> clone(texture->clone());
-        EXPECT_FALSE(clone->isValid());
-        device.fail(function, D3D_OK);
-    }
-    EXPECT_TRUE(upload(*texture, {"cd"}, TextureTransform::Identity)) << "the original is not left locked";
-}
-
 class SixteenBitTextures : public Textures {
 protected:
     SixteenBitTextures() { device.refuse(D3DFMT_A8R8G8B8, D3DERR_NOTAVAILABLE); }
 };
 
-TEST_F(SixteenBitTextures, KeepTheUpperFourBitsOfEveryChannel) {
+TEST_F(SixteenBitTextures, KeepTheUpperFourBitsButCompareTheKeyWithAll) {
     const auto texture = makeTexture(2, 1, {{{0x1F, 0x80, 0xFF}}, {{0, 0, 0}, 0x9A}});
-    const auto screen = frameOver(kWhite, [&] { renderer.draw(0, 0, *texture, 1.0F); });
-    EXPECT_EQ(screen.at(0, 0), 0x1188FFu);
-    EXPECT_EQ(screen.at(1, 0), 0x666666u) << "opacity 0x99 over white";
-    EXPECT_EQ(screen.at(2, 0), 0xFFFFFFu);
-}
-
-TEST_F(SixteenBitTextures, CompareTheKeyWithAllBits) {
-    const auto texture = makeTexture(2, 1);
+    EXPECT_EQ(shownOverWhite(*texture).at(0, 0), 0x1188FFu);
+    EXPECT_EQ(shownOverWhite(*texture).at(1, 0), 0x666666u) << "opacity 0x99 over white";
+    EXPECT_EQ(shownOverWhite(*texture).at(2, 0), 0xFFFFFFu);
     texture->setColourKey({0x11, 0x22, 0x33});
-    const std::uint8_t pixels[] = {0x11, 0x22, 0x33, 0x12, 0x22, 0x33};
-    ASSERT_TRUE(texture->upload(pixels, TextureTransform::Identity, nullptr));
-    const auto screen = frameOver(kWhite, [&] { renderer.draw(0, 0, *texture, 1.0F); });
-    EXPECT_EQ(screen.at(0, 0), 0xFFFFFFu);
-    EXPECT_EQ(screen.at(1, 0), 0x112233u);
+    constexpr std::uint8_t kPixels[] = {0x11, 0x22, 0x33, 0x12, 0x22, 0x33};
+    ASSERT_TRUE(texture->upload(kPixels, TextureTransform::Identity, nullptr));
+    EXPECT_EQ(shownOverWhite(*texture).at(0, 0), 0xFFFFFFu);
+    EXPECT_EQ(shownOverWhite(*texture).at(1, 0), 0x112233u);
 }
 
 }  // namespace

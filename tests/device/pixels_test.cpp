@@ -31,9 +31,7 @@ TEST_F(Pixels, AtWholePositionsTexelsAreShownOneToOneAndCutAtTheEdges) {
         for (int i = 0; i < kW * kH; ++i) {
             wanted.set(x + i % kW, y + i / kW, rgb(texels[static_cast<std::size_t>(i)].colour));
         }
-        const auto got = frameOver(kBackground, [&, left = x, top = y] {
-            EXPECT_TRUE(renderer.draw(static_cast<std::int16_t>(left), static_cast<std::int16_t>(top), *texture, 1.0F));
-        });
+        const auto got = frameOver(kBackground, [&, left = x, top = y] { EXPECT_TRUE(drawAt(left, top, *texture)); });
         EXPECT_TRUE(sameScreen(got, wanted)) << "drawn at " << x << ", " << y;
     }
 }
@@ -46,7 +44,7 @@ TEST_F(Pixels, BlendingStaysWithinTwoOfTheExactFormula) {
     const auto upper = makeTexture(kSize, kSize, above);
     for (const float opacity : {1.0F, 0.9F, 0.5F, 0.25F, 0.1F}) {
         const auto got = frameOver(kBackground, [&] {
-            renderer.draw(0, 0, *lower, 1.0F);
+            drawAt(0, 0, *lower);
             renderer.draw(0, 0, *upper, opacity);
         });
         const double factor = std::floor(opacity * 255.0F + 0.5F) / 255.0;
@@ -67,21 +65,43 @@ TEST_F(Pixels, BlendingStaysWithinTwoOfTheExactFormula) {
     }
 }
 
-TEST_F(Pixels, BeyondThePictureNothingIsSeen) {
+// White over black, at opacities one after another; the second column is what is seen.
+constexpr std::pair<float, std::uint32_t> kOpacities[] = {
+    {1.0F, 255},  {0.96F, 255},  {0.92F, 0xEB}, {0.9F, 0xEB},  // a change below 0.05 against the opacity last sent
+    {0.5F, 0x80}, {0.52F, 0x80}, {0.04F, 0},                   // is not sent; below 0.05 nothing is drawn
+    {1.0F, 255},  {0.95F, 0xF2},                               // in single precision 1 - 0.95 is a little more,
+    {0.9F, 0xE6}, {0.85F, 0xE6},                               // and 0.9 - 0.85 a little less
+    {3.0F, 255},
+};
+
+TEST_F(Pixels, OpacityFollowsInStepsOfATwentieth) {
+    const auto texture = plainTexture(1, 1, kWhite);
+    const auto got = frameOver(kBlack, [&] {
+        for (std::int16_t x = 0; const auto& row : kOpacities) EXPECT_TRUE(renderer.draw(x++, 0, *texture, row.first));
+    });
+    for (int x = 0; const auto& [opacity, seen] : kOpacities) EXPECT_EQ(got.at(x++, 0) & 0xFF, seen) << opacity;
+}
+
+TEST_F(Pixels, APictureIsOffTheScreenByItsOwnSizeAndInvisibleBeyondIt) {
     constexpr int kW = 100;  // the surface has 128 x 64 texels
     constexpr int kH = 50;
     const auto texture = plainTexture(kW, kH, kWhite);
-    for (const int x : {-100, -99, 799, 800}) {
+    constexpr struct {
+        int x, y;
+        bool shown;
+    } kPlaces[] = {{-100, 7, false}, {-99, 7, true}, {799, 7, true},  {800, 7, false},       {7, -50, false},
+                   {7, -49, true},   {7, 599, true}, {7, 600, false}, {-32768, 32767, false}};
+    for (const auto& [x, y, shown] : kPlaces) {
         ScreenPixels wanted(rgb(kBackground));
-        bool shown = false;
-        const auto got =
-            frameOver(kBackground, [&] { shown = renderer.draw(static_cast<std::int16_t>(x), 7, *texture, 1.0F); });
-        EXPECT_EQ(shown, x == -99 || x == 799);
-        if (shown) {
-            for (int i = 0; i < kW * kH; ++i) wanted.set(x + i % kW, 7 + i / kW, rgb(kWhite));
-        }
-        EXPECT_TRUE(sameScreen(got, wanted)) << "drawn at " << x;
+        for (int i = 0; shown && i < kW * kH; ++i) wanted.set(x + i % kW, y + i / kW, rgb(kWhite));
+        bool drawn = false;
+        const auto got = frameOver(kBackground, [&, left = x, top = y] { drawn = drawAt(left, top, *texture); });
+        EXPECT_EQ(drawn, shown) << "drawn at " << x << ", " << y;
+        EXPECT_TRUE(sameScreen(got, wanted)) << "drawn at " << x << ", " << y;
     }
+    EXPECT_FALSE(renderer.draw(800, 0, *texture, 0.0F)) << "also when it is invisible";
+    EXPECT_FALSE(renderer.drawPart(-10, 0, *texture, 0, 0, 10, 50, 1.0F)) << "a part counts with its own size";
+    EXPECT_TRUE(renderer.drawPart(0, 0, *texture, 0, 0, 8, 8, 0.04F));
 }
 
 TEST_F(Pixels, APartIsCutOutOfTheTexture) {
@@ -113,16 +133,12 @@ TEST_F(Pixels, APartBeyondTheSurfaceRepeatsItsEdge) {
 }
 
 TEST_F(Pixels, ASecondPictureInTheSameTextureIsShown) {
-    const auto texture = plainTexture(8, 8, kWhite);
-    frameOver(kBackground, [&] { renderer.draw(0, 0, *texture, 1.0F); });
-    const std::vector<std::uint8_t> blue = [] {
-        std::vector<std::uint8_t> rgb(std::size_t{8} * 8 * 3);
-        for (std::size_t i = 2; i < rgb.size(); i += 3) rgb[i] = 255;
-        return rgb;
-    }();
-    ASSERT_TRUE(texture->upload(blue.data(), TextureTransform::Identity, nullptr));
-    const auto got = frameOver(kBackground, [&] { renderer.draw(0, 0, *texture, 1.0F); });
-    EXPECT_EQ(got.at(3, 3), rgb(kBlue));
+    const auto texture = plainTexture(1, 1, kWhite);
+    frameOver(kBackground, [&] { drawAt(0, 0, *texture); });
+    constexpr std::uint8_t kBluePixel[] = {0, 0, 255};
+    ASSERT_TRUE(texture->upload(kBluePixel, TextureTransform::Identity, nullptr));
+    const auto got = frameOver(kBackground, [&] { drawAt(0, 0, *texture); });
+    EXPECT_EQ(got.at(0, 0), rgb(kBlue));
 }
 
 TEST_F(Pixels, ADestroyedTextureDoesNotLiveOnInTheNextOne) {
@@ -133,8 +149,7 @@ TEST_F(Pixels, ADestroyedTextureDoesNotLiveOnInTheNextOne) {
     const auto got = frameOver(kBackground, [&] {
         for (int i = 0; i < kRounds; ++i) {
             const auto texture = plainTexture(1, 1, colourOf(i));
-            renderer.draw(static_cast<std::int16_t>(i % kScreenWidth), static_cast<std::int16_t>(i / kScreenWidth),
-                          *texture, 1.0F);
+            drawAt(i % kScreenWidth, i / kScreenWidth, *texture);
         }
     });
     for (int i = 0; i < kRounds; ++i) {
@@ -152,13 +167,8 @@ TEST_F(Pixels, RectanglesAreFilledAndCutAtTheEdges) {
     wanted.set(798, 599, rgb(kBlue));
     wanted.set(799, 599, rgb(kBlue));
     EXPECT_TRUE(sameScreen(got, wanted));
-}
-
-TEST_F(Pixels, AFrameStartsBlack) {
-    frameOver(kBackground, [] {});
-    ASSERT_TRUE(renderer.beginFrame());
-    ASSERT_TRUE(renderer.endFrame());
-    EXPECT_TRUE(sameScreen(ScreenPixels(device.frame()), ScreenPixels(0u)));
+    ASSERT_TRUE(renderer.beginFrame() && renderer.endFrame());
+    EXPECT_TRUE(sameScreen(ScreenPixels(device.frame()), ScreenPixels(0u))) << "a frame starts black";
 }
 
 }  // namespace

@@ -40,17 +40,12 @@ testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels&
     return testing::AssertionSuccess();
 }
 
-ReadyRenderer::ReadyRenderer() { RendererWindow::renderer = &renderer; }
-
-ReadyRenderer::~ReadyRenderer() { RendererWindow::renderer = nullptr; }
-
 std::unique_ptr<Texture> ReadyRenderer::makeTexture(int width, int height) {
     return std::unique_ptr<Texture>(
         renderer.createTexture(static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height)));
 }
 
-std::unique_ptr<Texture> ReadyRenderer::makeTexture(int width, int height, const std::vector<Texel>& texels,
-                                                    TextureTransform transform) {
+std::unique_ptr<Texture> ReadyRenderer::makeTexture(int width, int height, const std::vector<Texel>& texels) {
     std::vector<std::uint8_t> colours;
     std::vector<std::uint8_t> alpha;
     for (const Texel& texel : texels) {
@@ -58,7 +53,7 @@ std::unique_ptr<Texture> ReadyRenderer::makeTexture(int width, int height, const
         alpha.push_back(texel.alpha);
     }
     auto texture = makeTexture(width, height);
-    EXPECT_TRUE(texture->upload(colours.data(), transform, alpha.data()));
+    EXPECT_TRUE(texture->upload(colours.data(), TextureTransform::Identity, alpha.data()));
     return texture;
 }
 

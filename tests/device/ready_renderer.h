@@ -13,7 +13,7 @@
 
 namespace grub {
 
-/// The game's picture.
+/// The game's screen, in pixels.
 inline constexpr int kScreenWidth = 800;
 inline constexpr int kScreenHeight = 600;
 
@@ -25,21 +25,21 @@ public:
     RendererWindow(const RendererWindow&) = delete;
     RendererWindow& operator=(const RendererWindow&) = delete;
 
-    /// Lives as long as this object.
+    /// Valid as long as this object.
     [[nodiscard]] HWND handle() const { return handle_; }
 
-    /// Whose device the next message is for; one window exists at a time.
+    /// The renderer whose device answers the next message; one window exists at a time.
     static inline D3DRenderer* renderer = nullptr;
 
 private:
     HWND handle_;
 };
 
-/// What the screen shows, 0x00RRGGBB.
+/// The pixels of the screen, 0x00RRGGBB.
 class ScreenPixels {
 public:
     explicit ScreenPixels(std::vector<std::uint32_t> pixels) : pixels_(std::move(pixels)) {}
-    /// A screen of one colour, to be drawn on by the test.
+    /// A screen of one colour.
     explicit ScreenPixels(std::uint32_t colour) : pixels_(std::size_t{kScreenWidth} * kScreenHeight, colour) {}
 
     /// Only inside of the screen.
@@ -49,10 +49,6 @@ public:
         if (x >= 0 && y >= 0 && x < kScreenWidth && y < kScreenHeight) pixels_.at(indexOf(x, y)) = colour;
     }
 
-    friend bool operator==(const ScreenPixels&, const ScreenPixels&) = default;
-    /// Prints where two screens differ first, instead of half a million numbers.
-    friend testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted);
-
 private:
     static std::size_t indexOf(int x, int y) {
         return static_cast<std::size_t>(y) * kScreenWidth + static_cast<std::size_t>(x);
@@ -60,6 +56,9 @@ private:
 
     std::vector<std::uint32_t> pixels_;
 };
+
+/// Prints the first pixel that differs, instead of half a million numbers.
+testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted);
 
 /// One texel: colour and opacity.
 struct Texel {
@@ -72,23 +71,27 @@ constexpr std::uint32_t rgb(Colour colour) {
     return std::uint32_t{colour.r} << 16 | std::uint32_t{colour.g} << 8 | colour.b;
 }
 
-/// A renderer on a watched device, in a window on a desktop of 1600 x 1200.
+/// A renderer in a window on a desktop of 1600 x 1200.
 class ReadyRenderer : public testing::Test {
 public:
-    ~ReadyRenderer() override;
+    ~ReadyRenderer() override { RendererWindow::renderer = nullptr; }
 
 protected:
-    ReadyRenderer();
+    ReadyRenderer() { RendererWindow::renderer = &renderer; }
 
     void SetUp() override { ASSERT_TRUE(renderer.init()); }
 
-    /// A texture of the renderer; the test owns it.
+    /// An empty texture of the renderer; the test owns it.
     std::unique_ptr<Texture> makeTexture(int width, int height);
-    /// One that shows these texels, row by row.
-    std::unique_ptr<Texture> makeTexture(int width, int height, const std::vector<Texel>& texels,
-                                         TextureTransform transform = TextureTransform::Identity);
+    /// A texture that shows these texels, row by row.
+    std::unique_ptr<Texture> makeTexture(int width, int height, const std::vector<Texel>& texels);
     /// A texture of one opaque colour.
     std::unique_ptr<Texture> plainTexture(int width, int height, Colour colour);
+
+    /// Draws at full opacity; `x` and `y` as in Renderer::draw.
+    bool drawAt(int x, int y, const Texture& texture) {
+        return renderer.draw(static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), texture, 1.0F);
+    }
 
     /// Draws a frame over `background` and reads it back.
     template <class Draw>

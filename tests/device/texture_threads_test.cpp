@@ -26,9 +26,7 @@ TEST_F(TextureThreads, ALoaderMakesTexturesWhileTheGameDraws) {
         while ((newest = ready.load(std::memory_order_acquire)) == shown) std::this_thread::yield();
         const auto screen = frameOver(kWhite, [&] {
             for (int i = shown; i < newest; ++i) {
-                const Texture& texture = *textures[static_cast<std::size_t>(i)];
-                EXPECT_TRUE(renderer.draw(static_cast<std::int16_t>(tileX(i)), static_cast<std::int16_t>(tileY(i)),
-                                          texture, 1.0F));
+                EXPECT_TRUE(drawAt(tileX(i), tileY(i), *textures[static_cast<std::size_t>(i)]));
             }
         });
         for (int i = shown; i < newest; ++i) {
@@ -46,7 +44,7 @@ TEST_F(TextureThreads, ATextureThatIsWrittenIsShownWholeOrNotAtAll) {
         }
     });
     for (int i = 0; i < 20; ++i) {
-        const auto screen = frameOver(kBlue, [&] { EXPECT_TRUE(renderer.draw(0, 0, *texture, 1.0F)); });
+        const auto screen = frameOver(kBlue, [&] { EXPECT_TRUE(drawAt(0, 0, *texture)); });
         const std::uint32_t first = screen.at(0, 0);
         for (int pixel = 0; pixel < 64 * 64; ++pixel) ASSERT_EQ(screen.at(pixel % 64, pixel / 64), first);
     }

@@ -5,7 +5,10 @@
 
 namespace grub {
 
-/// What comes out of decoding a file, with what the outputs held before where they are left alone.
+/// What both outputs hold before `decoded` decodes.
+inline const Bytes kOld{1, 2, 3};
+
+/// The result of decoding a file.
 struct Decoded {
     bool done = false;
     bool valid = false;
@@ -14,25 +17,24 @@ struct Decoded {
     Bytes rgb;
     Bytes alpha;
     std::string fault;
+
+    /// Whether the decoder refused the file, gave a reason and left both outputs alone.
+    [[nodiscard]] bool refused() const { return !done && !fault.empty() && rgb == kOld && alpha == kOld; }
 };
 
-/// What the outputs hold before.
-inline const Bytes kOld{1, 2, 3};
-
-/// Decodes a file that the factory knows.
+/// Decodes a file that starts with the two bytes of a known format.
 [[nodiscard]] inline Decoded decoded(const Bytes& file) {
     const auto decoder = createImageDecoder(bufferOf(file));
     SharedBuffer rgb = bufferOf(kOld);
     SharedBuffer alpha = bufferOf(kOld);
-    Decoded result;
-    result.valid = decoder->isValid();
-    result.width = decoder->width();
-    result.height = decoder->height();
-    result.done = decoder->decode(rgb, alpha);
-    result.rgb = bytesOf(rgb);
-    result.alpha = bytesOf(alpha);
-    result.fault = decoder->fault();
-    return result;
+    const bool done = decoder->decode(rgb, alpha);
+    return {done,         decoder->isValid(), decoder->width(), decoder->height(),
+            bytesOf(rgb), bytesOf(alpha),     decoder->fault()};
+}
+
+/// The first `size` bytes.
+[[nodiscard]] inline Bytes cut(const Bytes& file, std::size_t size) {
+    return Bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
 }
 
 }  // namespace grub

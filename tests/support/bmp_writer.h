@@ -6,7 +6,7 @@
 
 namespace grub {
 
-/// Where the fields of a BMP file lie, for tests that damage one.
+/// Offsets of the fields of a BMP file, for tests that damage one.
 inline constexpr std::size_t kBmpPixelOffset = 10;
 inline constexpr std::size_t kBmpWidth = 18;
 inline constexpr std::size_t kBmpHeight = 22;
@@ -14,7 +14,7 @@ inline constexpr std::size_t kBmpBitCount = 28;
 inline constexpr std::size_t kBmpCompression = 30;
 inline constexpr std::size_t kBmpHeaders = 54;
 
-/// A BMP file with this header and these stored rows (bottom-up, B first, padded), whatever they are.
+/// A BMP file with this header and these stored rows (bottom-up, B first, padded), good or bad.
 [[nodiscard]] inline Bytes bmpFile(std::uint32_t width, std::uint32_t height, unsigned bitCount, const Bytes& rows) {
     Bytes file{'B', 'M'};
     append(file, static_cast<std::uint32_t>(kBmpHeaders + rows.size()), 4);

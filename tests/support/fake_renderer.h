@@ -38,7 +38,7 @@ private:
     const std::uint16_t height_;
 };
 
-/// A renderer that draws nothing and records everything. It is the program's renderer as long as it lives.
+/// A renderer that draws nothing and records everything. While it lives it is the program's renderer.
 class FakeRenderer final : public Renderer {
 public:
     struct Drawn {
@@ -46,9 +46,11 @@ public:
         std::int16_t y;
         const Texture* texture;
         float opacity;
+
+        friend bool operator==(const Drawn&, const Drawn&) = default;
     };
 
-    /// One at a time: the last one made is the one the program finds, and its end leaves none.
+    /// One at a time: the end of one leaves the program without a renderer.
     FakeRenderer() { EngineServices::installRenderer(this); }
     FakeRenderer(const FakeRenderer&) = delete;
     FakeRenderer& operator=(const FakeRenderer&) = delete;

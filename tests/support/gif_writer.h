@@ -8,7 +8,7 @@
 
 namespace grub {
 
-/// Packs LZW codes, lowest bit first, and widens them exactly as a decoder does that reads them.
+/// Packs LZW codes, lowest bit first. The codes grow wider exactly when a decoder expects it.
 class GifCodePacker {
 public:
     explicit GifCodePacker(unsigned minCodeSize) : minCodeSize_(minCodeSize) { forget(); }
@@ -53,7 +53,7 @@ private:
     bool fresh_ = true;
 };
 
-/// What of a GIF file can vary. The image data are sub-blocks' content, as `GifCodePacker` and `lzwOf` make it.
+/// The properties of a GIF file that tests vary. The image data are sub-blocks' content, as `GifCodePacker` and `lzwOf` make it.
 struct GifParts {
     unsigned width = 0;
     unsigned height = 0;
@@ -68,12 +68,25 @@ struct GifParts {
     bool interlaced = false;
 };
 
-/// The bits that announce a colour table: 0 without one.
+/// The flag bits that announce a colour table; 0 without a table.
 [[nodiscard]] inline std::uint8_t gifTableFlags(const Bytes& table) {
     if (table.empty()) return 0;
     unsigned exponent = 0;
     while (std::size_t{2} << exponent < table.size() / 3) ++exponent;
     return static_cast<std::uint8_t>(0x80 | exponent);
+}
+
+/// The image data as sub-blocks of at most `blockSize` bytes and the empty one that ends them.
+[[nodiscard]] inline Bytes inSubBlocks(std::span<const std::uint8_t> data, std::size_t blockSize) {
+    Bytes blocks;
+    while (!data.empty()) {
+        const auto block = data.first(std::min(blockSize, data.size()));
+        blocks.push_back(static_cast<std::uint8_t>(block.size()));
+        blocks.insert(blocks.end(), block.begin(), block.end());
+        data = data.subspan(block.size());
+    }
+    blocks.push_back(0);
+    return blocks;
 }
 
 /// The file of these parts, with trailer.
@@ -93,13 +106,8 @@ struct GifParts {
     file.push_back(static_cast<std::uint8_t>(gifTableFlags(parts.localTable) | (parts.interlaced ? 0x40 : 0)));
     appendAll(parts.localTable);
     append(file, parts.minCodeSize, 1);
-    for (std::size_t at = 0; at < parts.data.size(); at += parts.blockSize) {
-        const std::size_t length = std::min<std::size_t>(parts.blockSize, parts.data.size() - at);
-        append(file, static_cast<std::uint32_t>(length), 1);
-        file.insert(file.end(), parts.data.begin() + static_cast<std::ptrdiff_t>(at),
-                    parts.data.begin() + static_cast<std::ptrdiff_t>(at + length));
-    }
-    append(file, 0x3B00, 2);  // last sub-block, trailer
+    appendAll(inSubBlocks(parts.data, parts.blockSize));
+    file.push_back(0x3B);  // trailer
     return file;
 }
 

@@ -10,7 +10,7 @@
 
 namespace grub {
 
-/// What tests write, damage and compare.
+/// A file, pixels or samples in a test.
 using Bytes = std::vector<std::uint8_t>;
 
 /// A copy of the bytes in a block of exactly their size, so that a sanitizer sees any read beyond it.
