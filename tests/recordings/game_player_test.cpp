@@ -122,7 +122,7 @@ TEST(GamePlayer, DrawsTheRecordedFieldBesideThePlayedOne) {
 TEST(FieldMarks, TellWhatMovesAndWhatHasGone) {
     // The dog falls into the hole that Grub has dug; the key is the second but last thing to be drawn over.
     auto world = worldFrom({"@ . . d k E h +", "= = = = = = = ="});
-    world.hold(PlayKey::X, 2).run(60);
+    world.script("1 down X, 2 up X").runTo(62);
     const std::vector<FieldMark> marks = marksOf(world.world());
     EXPECT_EQ(marks,
               (std::vector<FieldMark>{{'_', {1, 1}}, {'k', {4, 0}}, {'+', {7, 0}}, {'D', {1, 1}}, {'@', {0, 0}}}));

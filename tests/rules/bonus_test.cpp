@@ -1,3 +1,4 @@
+// Bonuses: when and where they come, how long they lie, what they do.
 #include "bonus.h"
 
 #include <gtest/gtest.h>
@@ -6,101 +7,68 @@
 #include <string>
 #include <vector>
 
-#include "drawn_world.h"
+#include "scenario.h"
 
 namespace grub {
 namespace {
 
-const Drawing kCorridor{"@ . . . .", "= = = = =", "# # # # #"};
+constexpr const char* kCorridor = "@ . . . ./= = = = =/# # # # #";
+constexpr const char* kDogAt36 = "@...................................d/#####################################";
+constexpr const char* kDogAt18 = "@.........s.......d/###################";
+constexpr const char* kDogAt19 = "@..................d/####################";
 
-/// On kCorridor, or a longer one: the bonus lies beside the hero from frame 249 on. Right pressed in frame n takes it
-/// in frame n + 11, three frames of turning and eight of walking later.
-DrawnWorld besideHim(BonusKind kind, const Drawing& corridor = kCorridor) {
-    return worldFrom(corridor, startWithBonus(corridor, kind, {1, 0}));
+/// The bonus lies beside the hero of the map from frame 249 on. Right pressed in frame n takes it in frame n + 11,
+/// three frames of turning and eight of walking later.
+WorldStart besideHim(BonusKind kind, const char* map = kCorridor) {
+    return startWithBonus(drawingOf(map), kind, {1, 0});
 }
 
-std::string longCorridor(std::size_t columns, const std::string& symbol) {
-    return "@" + std::string(columns - 2, '.') + symbol;
-}
-
-std::size_t lying(const World& world) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(world.bonuses().slots, [](auto& slot) { return bool(slot); }));
+WorldStart inLevel(int level, std::uint32_t seed) {
+    WorldStart start = seeded(seed);
+    start.levelIndex = level;
+    return start;
 }
 
 TEST(RandomBonus, DrawsPlaceAndKindWhereThereIsRoom) {
-    const Drawing alone{"@", "#"};
     const std::uint32_t noKind = seedWhere([](WorldRandom random) {
         const bool left = random.next() / (32767 / 2) == 0;
         random.next();
         return left && random.next() / 5461 == 6;
     });
-    const std::uint32_t anyKind = startWithBonus(kCorridor, BonusKind::Bomb, {3, 0}).seed;
-    const struct {
-        const char* what;
-        Drawing map;
-        int level;
-        std::uint32_t seed;
-        int draws;
-        std::size_t bonuses;
-    } rows[] = {
-        {"never in the first level", kCorridor, 0, anyKind, 0, 0},
-        {"in a free cell", kCorridor, 1, anyKind, 3, 1},
-        {"not in rock, nor on the hero", alone, 1, 7, 2, 0},
-        {"none for the largest numbers", {". @", ". ."}, 1, noKind, 3, 0},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        WorldStart start;
-        start.levelIndex = row.level;
-        start.seed = row.seed;
-        auto world = worldFrom(row.map, start);
-        EXPECT_EQ(world.runTo(248).draws(), 0);
-        EXPECT_EQ(world.runTo(249).draws(), row.draws);
-        EXPECT_EQ(lying(world.world()), row.bonuses);
-        EXPECT_EQ(world.runTo(498).draws(), row.draws);
-        if (row.map == alone) {
-            EXPECT_EQ(world.runTo(499).draws(), 4) << "after a failure it waits as long";
-        }
-    }
+    const std::uint32_t anyKind = startWithBonus(drawingOf(kCorridor), BonusKind::Bomb, {3, 0}).seed;
+    expectScenarios({
+        {"never in the first level", kCorridor, "", "249: draws=0 bonuses=0; 498: draws=0", inLevel(0, anyKind)},
+        {"in a free cell", kCorridor, "", "248: draws=0; 249: draws=3 bonuses=1; 498: draws=3", inLevel(1, anyKind)},
+        {"not in rock, nor on the hero, and then as late as after a bonus", "@/#", "",
+         "248: draws=0; 249: draws=2 bonuses=0; 498: draws=2; 499: draws=4", inLevel(1, 7)},
+        {"none for the largest numbers", ". @/. .", "", "249: draws=3 bonuses=0", inLevel(1, noKind)},
+    });
 }
 
-TEST(RandomBonus, IsTakenFromTheNextFrameUntilItsLastOfTwoHundred) {
-    auto atOnce = besideHim(BonusKind::Heart).script("239:+R");
-    EXPECT_EQ(atOnce.runTo(248).x(), 56);
-    EXPECT_EQ(atOnce.runTo(300).framesOf(SoundId::Heart), std::vector<int>{250});
-    auto late = besideHim(BonusKind::Heart).script("437:+R");
-    EXPECT_EQ(late.runTo(480).framesOf(SoundId::Heart), std::vector<int>{448});
-    auto tooLate = besideHim(BonusKind::Heart).script("438:+R");
-    EXPECT_EQ(lying(tooLate.runTo(448).world()), 1U);
-    EXPECT_EQ(lying(tooLate.runTo(449).world()), 0U);
-    EXPECT_TRUE(tooLate.runTo(480).framesOf(SoundId::Heart).empty());
-}
-
-TEST(LevelHeart, LiesForFrames0To198InTheFirstLevelToo) {
-    auto taken = worldFrom({"@ +", "# #"}).script("187:+R");
-    EXPECT_EQ(taken.runTo(197).world().lives(), 3);
-    EXPECT_EQ(taken.runTo(198).world().lives(), 4);
-    EXPECT_EQ(taken.world().score(), 100);
-    EXPECT_EQ(lying(taken.world()), 1U) << "it is drawn once more";
-    EXPECT_EQ(lying(taken.runTo(199).world()), 0U);
-    auto missed = worldFrom({"@ +", "# #"}).script("188:+R");
-    EXPECT_EQ(lying(missed.runTo(198).world()), 1U);
-    EXPECT_EQ(missed.runTo(250).world().lives(), 3);
+TEST(Bonus, LiesForItsTime) {
+    expectScenarios({
+        {"a random one is taken in the next frame", kCorridor, "239 down Right", "248: x=56; 300: heart=250",
+         besideHim(BonusKind::Heart)},
+        {"or in its last of 200", kCorridor, "437 down Right", "480: heart=448", besideHim(BonusKind::Heart)},
+        {"not a frame later", kCorridor, "438 down Right",
+         "448: bonuses=1; 449: bonuses=0; 480: heart=", besideHim(BonusKind::Heart)},
+        {"one of the level until frame 198, drawn once more when taken", "@ +/# #", "187 down Right",
+         "197: lives=3; 198: lives=4 score=100 bonuses=1; 199: bonuses=0"},
+        {"not a frame later either", "@ +/# #", "188 down Right", "198: bonuses=1; 250: lives=3"},
+    });
 }
 
 TEST(Bonus, IsHeardAndScores) {
-    const struct {
-        BonusKind kind;
-        int sound;
-    } rows[] = {{BonusKind::Invisibility, 20}, {BonusKind::Skull, 24},  {BonusKind::Anchor, 18},
-                {BonusKind::Bomb, 21},         {BonusKind::Shield, 17}, {BonusKind::Heart, 23}};
-    for (const auto& row : rows) {
-        auto world = besideHim(row.kind).script("240:+R 252:-R");
-        EXPECT_EQ(world.runTo(250).world().score(), 0);
-        EXPECT_EQ(world.runTo(270).world().score(), 100);
-        EXPECT_EQ(world.framesOf(static_cast<SoundId>(row.sound)), std::vector<int>{251});
-    }
+    const std::pair<BonusKind, const char*> kinds[] = {
+        {BonusKind::Invisibility, "250: score=0; 270: score=100 invisible=251"},
+        {BonusKind::Skull, "250: score=0; 270: score=100 skull=251"},
+        {BonusKind::Anchor, "250: score=0; 270: score=100 anchor=251"},
+        {BonusKind::Bomb, "250: score=0; 270: score=100 bomb=251"},
+        {BonusKind::Shield, "250: score=0; 270: score=100 shield=251"},
+        {BonusKind::Heart, "250: score=0; 270: score=100 heart=251 lives=4"},
+    };
+    for (const auto& [kind, wanted] : kinds)
+        expectScenarios({{wanted, kCorridor, "240 down Right, 252 up Right", wanted, besideHim(kind)}});
 }
 
 TEST(Bonus, ActsWithAllOthersOfItsCellInTheOrderOfSlotsAndOnce) {
@@ -125,40 +93,37 @@ TEST(Bonus, FindsNoTwentyFirstSlot) {
     EXPECT_EQ(bonuses.slots.back()->cellX(), 19);
 }
 
-// The dog from column 36 is at 64 * 20 + 20 after frame 250. The anchor, taken in 251, is for its next decision: it
-// comes to cell 20 as fast as before. Slow from frame 256 to 750, it is 34 pixels beyond cell 4 when the anchor has
-// ended, and goes there slowly.
-TEST(Anchor, CountsFromTheNextCellOn) {
-    const Drawing corridor{longCorridor(37, "d"), std::string(37, '#')};
-    auto world = besideHim(BonusKind::Anchor, corridor).script("240:+R 251:-R");
-    const struct {
-        int frame;
-        int x;
-        int speed;
-    } rows[] = {{250, 1300, 4}, {251, 1296, 2}, {255, 1280, 2}, {256, 1278, 2},
-                {750, 290, 2},  {751, 288, 4},  {767, 256, 4},  {768, 252, 4}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(world.runTo(row.frame).enemy().x, row.x) << row.frame;
-        EXPECT_EQ(world.enemy().speed(), row.speed) << row.frame;
-    }
-}
-
-// Both come nearer by 12 pixels a frame: 36 apart after frame 262, 24 after 263.
-TEST(Skull, KillsBeforeTheVictimCanCatch) {
-    std::string way = longCorridor(19, "d");
-    way[10] = 's';
-    const Drawing corridor{way, std::string(19, '#')};
-    auto caught = worldFrom(corridor).script("252:+R");
-    EXPECT_FALSE(caught.runTo(262).world().ended());
-    EXPECT_TRUE(caught.runTo(263).world().ended());
-
-    auto saved = besideHim(BonusKind::Skull, corridor).script("252:+R 265:-R");
-    EXPECT_EQ(saved.runTo(263).enemy().state(), EnemyState::Dead);
-    EXPECT_EQ(saved.enemy().timer(), 374) << "its first frame has counted";
-    EXPECT_FALSE(saved.world().ended());
-    EXPECT_EQ(saved.runTo(636).enemy().state(), EnemyState::Dead);
-    EXPECT_EQ(saved.runTo(637).enemy().state(), EnemyState::Roaming);
-    EXPECT_EQ(saved.enemy().x, 640);
+TEST(Bonus, Works) {
+    expectScenarios({
+        // The dog is at 64 * 20 + 20 after frame 250. The anchor, taken in 251, is for its next decision: it comes to
+        // cell 20 as fast as before. Slow from frame 256 to 750, it is 34 pixels beyond cell 4 when the anchor has
+        // ended, and goes there slowly.
+        {"the anchor counts from the next cell on", kDogAt36, "240 down Right, 251 up Right",
+         "250: at1=1300,0 speed1=4; 251: at1=1296,0 speed1=2; 255: at1=1280,0; 256: at1=1278,0; 750: at1=290,0 "
+         "speed1=2;"
+         "751: at1=288,0 speed1=4; 767: at1=256,0; 768: at1=252,0",
+         besideHim(BonusKind::Anchor, kDogAt36)},
+        // Both come nearer by 12 pixels a frame: 36 apart after frame 262, 24 after 263.
+        {"without a skull the dog catches", kDogAt18, "252 down Right", "262: end=no; 263: end=Dog"},
+        {"the skull kills before its victim can catch; the first of the 375 frames has counted", kDogAt18,
+         "252 down Right, 265 up Right", "263: is1=dead timer1=374 end=no; 636: is1=dead; 637: is1=roams at1=640,0",
+         besideHim(BonusKind::Skull, kDogAt18)},
+        {"invisibility begins at the next cell and ends where he stands", kCorridor,
+         "240 down Right, 251 up Right, 300 down Right, 308 up Right",
+         "251: half=yes far=1,0,1,2,3/.,.,.,.,./.,.,.,.,.; 307: far=1,0,1,2,3/.,.,.,.,./.,.,.,.,.;"
+         "308: x=128 far=.,.,.,.,./.,.,.,.,./.,.,.,.,.; 750: half=yes far=.,.,.,.,./.,.,.,.,./.,.,.,.,.;"
+         "751: half=no far=2,1,0,1,2/.,.,.,.,./.,.,.,.,.",
+         besideHim(BonusKind::Invisibility)},
+        {"the shield holds for 499 checks, with the dog on him", kDogAt19, "240 down Right, 251 up Right",
+         "749: at1=64,0 end=no; 750: end=Dog", besideHim(BonusKind::Shield, kDogAt19)},
+        {"the shield does not help against the floor", kCorridor,
+         "240 down Right, 251 up Right, 252 down X, 260 down Right", "519: end=no; 520: end=Pit",
+         besideHim(BonusKind::Shield)},
+        // Were the shield's strip remembered, each frame would start the dig anew, and it never ended.
+        {"a dig under the shield ends as ever", kCorridor, "240 down Right, 251 up Right, 260 down X, 261 down Right",
+         "260: shows=140:0 x=64; 261: shows=140:1; 262: shows=140:2; 263: shows=140:3 x=64; 264: shows=133:0 x=72",
+         besideHim(BonusKind::Shield)},
+    });
 }
 
 TEST(Skull, TakesTheNearestByBothAxesAndTheFirstOfEquals) {
@@ -179,49 +144,74 @@ TEST(Skull, TakesTheNearestByBothAxesAndTheFirstOfEquals) {
     EXPECT_EQ(attempt.enemies[0].timer(), 374) << "the dead cannot die again";
 }
 
-TEST(Invisibility, BeginsAtTheNextCellAndEndsWhereHeStands) {
-    auto world = besideHim(BonusKind::Invisibility).script("240:+R 251:-R 300:+R 308:-R").runTo(251);
-    EXPECT_EQ(world.distances()[0], "1 0 1 2 3");
-    EXPECT_TRUE(world.world().heroPicture().halfTransparent);
-    EXPECT_EQ(world.runTo(307).distances()[0], "1 0 1 2 3") << "as long as he stands, all know the way";
-    EXPECT_EQ(world.runTo(308).distances()[0], ". . . . .");
-    EXPECT_EQ(world.x(), 128);
-    EXPECT_EQ(world.runTo(750).distances()[0], ". . . . .");
-    EXPECT_TRUE(world.world().heroPicture().halfTransparent);
-    EXPECT_EQ(world.runTo(751).distances()[0], "2 1 0 1 2");
-    EXPECT_FALSE(world.world().heroPicture().halfTransparent);
-}
+// A floor that breaks opens the one under it. The floor under his feet stays, and so what it covers.
+const struct {
+    const char* what;
+    const char* before;
+    CellPosition centre;
+    const char* after;
+} kCraters[] = {
+    {"floors all round",
+     ". . . . ./= = = = =/= = = = =/= = @ = =/= = = = =/= = = = =/# # # # #",
+     {2, 3},
+     ". . . . ./_ _ _ _ _/_ _ _ _ _/_ _ . _ _/_ _ = _ _/_ _ = _ _/# # # # #"},
+    {"a roof keeps all that is under it",
+     "# # # # #/= = = = =/= = @ = =/= = = = =/= = = = =",
+     {2, 2},
+     "# # # # #/= = = = =/= = . = =/= = = = =/= = = = ="},
+    {"two cells and no more",
+     ". . . . . . ./. . . @ . . ./= = = = = = =/= = = = = = =/= = = = = = =",
+     {3, 1},
+     ". . . . . . ./. . . . . . ./= _ _ = _ _ =/= _ _ = _ _ =/= = = = = = ="},
+    {"the floor of a storey below", "H/./=/#", {0, 0}, "H/./_/#"},
+    {"at the map's corner", "@ ./= =", {0, 0}, ". ./= _"},
+};
 
-TEST(Shield, HoldsForFourHundredAndNinetyNineChecks) {
-    const Drawing corridor{longCorridor(20, "d"), std::string(20, '#')};
-    auto world = besideHim(BonusKind::Shield, corridor).script("240:+R 251:-R");
-    EXPECT_EQ(world.runTo(749).enemy().x, 64) << "the dog stands on him";
-    EXPECT_FALSE(world.world().ended());
-    EXPECT_TRUE(world.runTo(750).world().ended());
-    EXPECT_EQ(world.world().cause(), LossCause::Dog);
-}
-
-TEST(Shield, DoesNotHelpAgainstTheFloor) {
-    auto world = besideHim(BonusKind::Shield).script("240:+R 251:-R 252:+X 260:+R");
-    EXPECT_FALSE(world.runTo(519).world().ended());
-    EXPECT_TRUE(world.world().hero().isShielded());
-    EXPECT_TRUE(world.runTo(520).world().ended());
-    EXPECT_EQ(world.world().cause(), LossCause::Pit);
-}
-
-// The shield is only drawn. Were its picture remembered, each frame would start the strip anew, and a dig never ended.
-TEST(Shield, LetsADigEndAsEver) {
-    auto world = besideHim(BonusKind::Shield).script("240:+R 251:-R 260:+X 261:+R");
-    for (int frame = 260; frame < 264; ++frame) {
-        world.runTo(frame);
-        EXPECT_EQ(world.world().heroPicture().animation, 140);
-        EXPECT_EQ(world.world().heroPicture().frame, frame - 260);
-        EXPECT_EQ(world.world().hero().picture().animation, 81);
-        EXPECT_EQ(world.x(), 64);
+TEST(Bomb, EatsDownwardsThroughTheFloors) {
+    for (const auto& row : kCraters) {
+        SCOPED_TRACE(row.what);
+        LevelMap map = mapFrom(drawingOf(row.before));
+        blast(map, row.centre.x, row.centre.y);
+        EXPECT_EQ(drawnMap(map), drawingOf(row.after));
     }
-    world.runTo(264);
-    EXPECT_EQ(world.x(), 72);
-    EXPECT_EQ(world.world().heroPicture().animation, 133);
+}
+
+// A round of n frames with r game frames between them takes n * (r + 1) + 1 game frames; 0 is the first.
+const struct {
+    ItemKind kind;
+    int strip;
+    std::vector<int> ends;
+} kRounds[] = {
+    {ItemKind::Drops, 5, {14, 30, 46}},
+    {ItemKind::Heart, 8, {23, 48}},
+    {ItemKind::TorchLeft, 4, {23, 48}},
+    {ItemKind::TorchRight, 2, {11, 24, 37}},
+    {ItemKind::Skull, 12, {23, 48}},
+    {ItemKind::Bomb, 1, {1, 4, 7, 10, 13, 16}},
+    {ItemKind::Shield, 0, {1, 4, 7, 10, 13, 16}},
+};
+
+TEST(AnimatedItem, EndsItsRoundsOnTheFrame) {
+    for (const auto& row : kRounds) {
+        SCOPED_TRACE(static_cast<int>(row.kind));
+        AnimatedItem item(0, 0, row.kind);
+        std::vector<int> ends;
+        for (int frame = 0; frame <= row.ends.back(); ++frame) {
+            item.stepAnimation();
+            item.finishFrame(AnimationFrameCounts::all(row.strip));
+            if (item.animationDone()) ends.push_back(frame);
+            ASSERT_LE(item.picture().frame, std::max(row.strip, 1)) << frame;
+        }
+        EXPECT_EQ(ends, row.ends);
+    }
+}
+
+TEST(Drops, AreHeardTwoCellsAway) {
+    expectScenarios({
+        {"across a corner", ". . ~/. . ./@ . ./# # #", "", "60: water=14,30,46", {}, 5},
+        {"not three to the side", ". . . ~/@ . . ./# # # #", "", "60: water=", {}, 5},
+        {"not three above", "~/././@/#", "", "60: water=", {}, 5},
+    });
 }
 
 }  // namespace

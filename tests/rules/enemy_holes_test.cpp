@@ -1,19 +1,13 @@
+// Enemies in holes: falling in, sitting, climbing out, being buried, coming back.
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
-#include "drawn_world.h"
+#include "scenario.h"
 #include "terrain.h"
 
 namespace grub {
 namespace {
-
-void update(Attempt& attempt, int times) {
-    for (int i = 0; i < times; ++i) {
-        for (Enemy& enemy : attempt.enemies) enemy.update(attempt);
-    }
-}
 
 /// One enemy above an open hole between walls. The first number makes it want left, where it cannot go.
 Attempt aboveHole(EnemyKind kind, const Drawing& map = {"# . #", "# = #", "# # #"}) {
@@ -40,65 +34,37 @@ TEST(EnemyInHole, WaitsItsTimeAndClimbsOut) {
         SCOPED_TRACE(&row - kStays);
         Attempt attempt = aboveHole(row.kind);
         Enemy& enemy = attempt.enemies[0];
-        const MapCell& hole = attempt.map.cellAt(1, 1);
         enemy.setSpeed(row.speed);
-        update(attempt, 1);
-        EXPECT_EQ(enemy.y, row.fallsTo);
-        EXPECT_EQ(enemy.state(), EnemyState::Trapped);
-        EXPECT_TRUE(hole.holeOccupied) << "it carries others from the fall on";
-        const SoundId sound = row.kind == EnemyKind::Rat ? SoundId::CaughtRat : SoundId::Caught;
+        const struct {
+            int frame;
+            EnemyState state;
+            int y;
+            int timer;
+            bool holeCarries;
+        } steps[] = {
+            {0, EnemyState::Trapped, row.fallsTo, 125, true},
+            {row.in - 1, EnemyState::Trapped, 64, 125, true},  // the time runs in the hole only
+            {row.in, EnemyState::Trapped, 64, 124, true},
+            {row.leaves - 1, EnemyState::Trapped, 64, 1, true},
+            {row.leaves, EnemyState::Escaping, 64 - row.fallsTo, 0, false},
+            {row.out - 1, EnemyState::Escaping, 0, 0, false},
+            {row.out, EnemyState::Roaming, 0, 0, false},
+        };
+        int frame = -1;
+        for (const auto& step : steps) {
+            for (; frame < step.frame; ++frame) update(attempt, 1);
+            EXPECT_EQ(enemy.state(), step.state) << frame;
+            EXPECT_EQ(enemy.y, step.y) << frame;
+            EXPECT_EQ(enemy.timer(), step.timer) << frame;
+            EXPECT_EQ(attempt.map.cellAt(1, 1).holeOccupied, step.holeCarries) << frame;
+        }
         ASSERT_EQ(attempt.sounds.all().size(), 1U);
+        const SoundId sound = row.kind == EnemyKind::Rat ? SoundId::CaughtRat : SoundId::Caught;
         EXPECT_EQ(attempt.sounds.all()[0].sound, sound);
-
-        update(attempt, row.in - 1);
-        EXPECT_EQ(enemy.timer(), 125) << "the time runs in the hole only";
         update(attempt, 1);
-        EXPECT_EQ(enemy.timer(), 124);
-        EXPECT_EQ(enemy.y, 64);
-        update(attempt, row.leaves - row.in - 1);
-        EXPECT_EQ(enemy.state(), EnemyState::Trapped);
-        update(attempt, 1);
-        EXPECT_EQ(enemy.state(), EnemyState::Escaping);
-        EXPECT_EQ(enemy.y, 64 - row.fallsTo);
-        EXPECT_FALSE(hole.holeOccupied);
-        update(attempt, row.out - row.leaves - 1);
-        EXPECT_EQ(enemy.state(), EnemyState::Escaping);
-        EXPECT_EQ(enemy.y, 0);
-        update(attempt, 1);
-        EXPECT_EQ(enemy.state(), EnemyState::Roaming);
+        EXPECT_EQ(enemy.state(), row.kind == EnemyKind::Rat ? EnemyState::Roaming : EnemyState::Trapped)
+            << "only a rat does more than stand over the hole and fall in again: it runs into the wall";
     }
-}
-
-TEST(EnemyInHole, FallsInAgainWhenItCanOnlyStandOverIt) {
-    Attempt attempt = aboveHole(EnemyKind::Dog);
-    update(attempt, 157);
-    EXPECT_EQ(attempt.enemies[0].state(), EnemyState::Roaming);
-    EXPECT_EQ(attempt.enemies[0].y, 0);
-    update(attempt, 1);
-    EXPECT_EQ(attempt.enemies[0].state(), EnemyState::Trapped);
-    EXPECT_EQ(attempt.enemies[0].y, 4);
-}
-
-// The hero acts first: what he digs is a hole for the enemies in the same frame.
-TEST(EnemyInHole, FallsIntoWhatIsDugUnderIt) {
-    auto world = worldFrom({"@ . d", "= = =", "# # #"});
-    world.script("16:+X").runTo(15);
-    EXPECT_EQ(world.enemy().x, 64);
-    world.runTo(16);
-    EXPECT_EQ(world.enemy().x, 64);
-    EXPECT_EQ(world.enemy().y, 4);
-    EXPECT_EQ(world.framesOf(SoundId::Caught), std::vector<int>{16});
-}
-
-TEST(EnemyInHole, CarriesTheNextOne) {
-    auto world = worldFrom({"@ . d d", "= = = =", "# # # #"});
-    world.script("16:+X").runTo(39);
-    EXPECT_EQ(world.drawn(), (Drawing{"@ . . .", "= d = =", "# # # #"})) << "the second is between the columns";
-    EXPECT_EQ(world.enemy(1).x, 32);
-    EXPECT_FALSE(world.world().ended());
-    world.runTo(40);
-    EXPECT_TRUE(world.world().ended());
-    EXPECT_EQ(world.enemy(0).state(), EnemyState::Trapped);
 }
 
 TEST(EnemyInHole, TakesTheFirstInTheListOfTwoAboveIt) {
@@ -108,56 +74,6 @@ TEST(EnemyInHole, TakesTheFirstInTheListOfTwoAboveIt) {
     EXPECT_EQ(attempt.enemies[0].state(), EnemyState::Trapped);
     EXPECT_EQ(attempt.enemies[1].state(), EnemyState::Roaming);
     EXPECT_EQ(attempt.enemies[1].y, 0);
-}
-
-// A rat is half out with its leap and has him at once. Under a dog's first step the hole opens for the hero too: he
-// falls towards it for three frames.
-TEST(EnemyInHole, CatchesTheHeroOverItOnItsWayOut) {
-    const struct {
-        Drawing map;
-        int leaves;
-        int caught;
-        LossCause cause;
-    } rows[] = {{{"@ . d", "= = =", "# # #"}, 156, 159, LossCause::Dog},
-                {{"@ . r", "= = =", "# # #"}, 148, 148, LossCause::Rat}};
-    for (const auto& row : rows) {
-        auto world = worldFrom(row.map);
-        world.script("16:+X 40:+R 48:-R").runTo(row.leaves - 1);
-        EXPECT_EQ(world.x(), 64);
-        EXPECT_EQ(world.y(), 0) << "the enemy under him carries him";
-        world.runTo(row.caught - 1);
-        EXPECT_FALSE(world.world().ended());
-        world.runTo(row.caught);
-        EXPECT_TRUE(world.world().ended());
-        EXPECT_EQ(world.world().cause(), row.cause);
-    }
-}
-
-// A hole dug in frame 1 is a floor again after frame 269, when the enemies of that frame have acted. A dog from column
-// n comes above it in frame 16 * (n - 1).
-TEST(EnemyInHole, DiesInTheClosingHoleUnlessItIsOnItsWayOut) {
-    const auto dogFrom = [](int column) {
-        const auto length = static_cast<std::size_t>(column - 1);
-        return worldFrom(
-                   {"@" + std::string(length, '.') + "d", std::string(length + 2, '='), std::string(length + 2, '#')})
-            .script("1:+X")
-            .runTo(269);
-    };
-    auto trapped = dogFrom(12);
-    EXPECT_EQ(trapped.world().map().cellAt(1, 1).type, BlockType::Floor);
-    EXPECT_EQ(trapped.enemy().state(), EnemyState::Trapped);
-    trapped.runTo(270);
-    EXPECT_EQ(trapped.enemy().state(), EnemyState::Dead);
-    EXPECT_EQ(trapped.enemy().x, 0);
-    EXPECT_EQ(trapped.enemy().y, 0);
-    EXPECT_FALSE(trapped.world().ended()) << "the dead lie where the hero stands and catch nobody";
-
-    auto escaping = dogFrom(9);
-    EXPECT_EQ(escaping.enemy().state(), EnemyState::Escaping);
-    EXPECT_EQ(escaping.enemy().y, 56);
-    EXPECT_EQ(escaping.runTo(284).enemy().state(), EnemyState::Roaming);
-    EXPECT_EQ(escaping.enemy().y, 0);
-    EXPECT_EQ(escaping.enemy().x, 60) << "out of the hole it goes its way at once";
 }
 
 TEST(EnemyInHole, LeavesAHoleThatCarriesWhenItIsKilledThere) {
@@ -172,6 +88,29 @@ TEST(EnemyInHole, LeavesAHoleThatCarriesWhenItIsKilledThere) {
     ASSERT_EQ(map.cellAt(1, 1).type, BlockType::Floor);
     breakFloor(map, 1, 1);
     EXPECT_TRUE(map.isPassable(1, 1, View::Physical)) << "only another dig empties it";
+}
+
+TEST(EnemyInHole, MeetsOthers) {
+    expectScenarios({
+        {"falls in the frame of the dig", "@ . d/= = =/# # #", "16 down X", "15: at1=64,0; 16: at1=64,4 caught=16"},
+        {"carries the next one", "@ . d d/= = = =/# # # #", "16 down X",
+         "39: map=@.../=d==/#### at2=32,0 end=no; 40: end=Dog is1=trapped"},
+        {"carries him, then opens for him too: he falls towards it for three frames", "@ . d/= = =/# # #",
+         "16 down X, 40 down Right, 48 up Right", "155: x=64 y=0; 158: end=no; 159: end=Dog"},
+        {"a rat is half out with its leap and has him at once", "@ . r/= = =/# # #",
+         "16 down X, 40 down Right, 48 up Right", "147: x=64 y=0 end=no; 148: end=Rat"},
+    });
+}
+
+// A hole dug in frame 1 is a floor again after frame 269, when the enemies of that frame have acted. A dog from column
+// n comes above it in frame 16 * (n - 1). The dead lie where the hero stands and catch no one.
+TEST(EnemyInHole, DiesInTheClosingHoleUnlessItIsOnItsWayOut) {
+    expectScenarios({
+        {"trapped", "@...........d/=============/#############", "1 down X",
+         "269: is1,1=whole is1=trapped; 270: is1=dead at1=0,0 end=no"},
+        {"on its way out, and on its way at once", "@........d/==========/##########", "1 down X",
+         "269: is1,1=whole is1=climbs at1=64,56; 283: is1=climbs; 284: is1=roams at1=60,0"},
+    });
 }
 
 const struct {
@@ -222,15 +161,55 @@ TEST(LadyAboveHole, PassesStoreyAfterStoreyUntilTheGroundIsWhole) {
 }
 
 TEST(LadyAboveHole, LivesOnInAFloorThatClosesRoundHer) {
-    const std::string way(16, '.');
-    auto world = worldFrom({"@" + way + "l", std::string(18, '='), "#." + std::string(16, '#'), std::string(18, '#')});
-    world.script("1:+X").runTo(272);
-    EXPECT_EQ(world.enemy().x, 64);
-    EXPECT_GT(world.enemy().y, 64);
-    EXPECT_EQ(world.world().map().cellAt(1, 1).type, BlockType::Floor);
-    world.runTo(290);
-    EXPECT_EQ(world.enemy().state(), EnemyState::Roaming);
-    EXPECT_EQ(world.enemy().cellY(), 2);
+    expectScenarios(
+        {{"she is half through it", "@................l/==================/#.################/##################",
+          "1 down X", "272: at1=64,68 is1,1=whole; 290: is1=roams at1=64,128"}});
+}
+
+// Two dogs, each 12 columns from the hero, who digs at his right in frame 1 and at his left in frame 5. Both are in
+// their holes from frame 192 on. The right one, second in the list, dies in frame 270, the left one in 274.
+constexpr const char* kOneSpawnPoint =
+    "d...........@...........d/=========================/####################s####/#########################";
+constexpr const char* kSpawnPointInAFloor =
+    "d...........@...........d/=========================/####################S####/#########################";
+
+TEST(DeadEnemy, ComesBackInFifteenSeconds) {
+    expectScenarios({
+        // The second draws in frame 645 for the place. It still wants left, as when it died; in 647 and 648 it chooses
+        // anew. The first comes back into the cell of the second with two more draws, of a place and a choice.
+        {"at the spawn point, even into a taken cell", kOneSpawnPoint, "1 down X, 5 down Z",
+         "274: is1=dead is2=dead; 644: is2=dead draws=0; 645: is2=roams at2=1280,128 draws=1; 646: draws=1;"
+         "648: draws=3; 649: is1=roams at1=1280,128 at2=1280,128 draws=5"},
+        {"even inside a floor", kSpawnPointInAFloor, "1 down X, 5 down Z",
+         "644: is2=dead; 645: is2=roams at2=1280,128 draws=1"},
+        {"without spawn points in the top row, on top of him", "@...........d/=============/#############", "1 down X",
+         "644: is1=dead end=no; 645: end=Dog", seeded(1)},
+    });
+}
+
+// With 24 columns the generator's numbers are divided by 1365: those of seed 1 give 0, 13, 4 and 19.
+TEST(DeadEnemy, TriesAColumnInEachFrameUntilOneIsOpen) {
+    const struct {
+        Drawing map;
+        std::vector<int> columns;  // one a frame, the last is open
+    } rows[] = {
+        {{"........................", "########################"}, {0}},
+        {{"###################.####", "########################"}, {0, 13, 4, 19}},
+    };
+    for (const auto& row : rows) {
+        Attempt attempt = attemptOn(row.map);
+        Enemy& dog = attempt.enemies.emplace_back(19, 0, EnemyKind::Dog);
+        dog.die();
+        update(attempt, 374);
+        for (const int column : row.columns) {
+            EXPECT_EQ(dog.state(), EnemyState::Dead);
+            update(attempt, 1);
+            EXPECT_EQ(dog.cellX(), column) << "the dead are moved all the same";
+        }
+        EXPECT_EQ(dog.state(), EnemyState::Roaming);
+        EXPECT_EQ(dog.cellY(), 0);
+        EXPECT_EQ(dog.direction(), EnemyDirection::Left) << "as it was made";
+    }
 }
 
 }  // namespace

@@ -1,129 +1,81 @@
+// What becomes of cells: floors that break and grow back, ladders that appear, exits that open.
 #include "terrain.h"
 
 #include <gtest/gtest.h>
 
-#include "drawn_world.h"
+#include "scenario.h"
 #include "world_random.h"
 
 namespace grub {
 namespace {
 
-constexpr int kFire = 83;
-constexpr int kRost = 84;
-constexpr int kDoor = 99;
-
-const MapCell& cellOf(DrawnWorld& world, int x, int y) { return world.world().map().cellAt(x, y); }
-
+// The strip of the whole floor has one frame in a level. Here all strips have as many as the row says.
 TEST(BrokenFloor, GrowsBackOnTheFrame) {
-    for (const int rost : {1, 4}) {
-        auto counts = AnimationFrameCounts::all(kDrawnFrames);
-        counts.set(kRost, rost);
-        counts.set(3, 1);
-        auto world = worldFrom({"@ .", "= =", "# #"}, {}, counts);
-        const int dig = 1;
-        world.script("1:+X").runTo(dig);
-        EXPECT_EQ(cellOf(world, 1, 1).timer, 249);
-        EXPECT_EQ(cellOf(world, 1, 1).sprite, kFire);
-        EXPECT_EQ(cellOf(world, 1, 1).breakState, BreakState::Broken);
-        EXPECT_EQ(cellOf(world.runTo(dig + 10), 1, 1).breakState, BreakState::Broken);
-        EXPECT_EQ(cellOf(world.runTo(dig + 11), 1, 1).breakState, BreakState::Waiting);
-        EXPECT_EQ(cellOf(world.runTo(dig + 248), 1, 1).breakState, BreakState::Waiting);
-        EXPECT_EQ(cellOf(world.runTo(dig + 249), 1, 1).breakState, BreakState::Regrowing);
-        EXPECT_EQ(cellOf(world, 1, 1).sprite, kRost);
-        const int closed = dig + 249 + 5 * rost - 1;
-        EXPECT_EQ(cellOf(world.runTo(closed - 1), 1, 1).type, BlockType::Empty);
-        EXPECT_EQ(cellOf(world.runTo(closed), 1, 1).type, BlockType::Floor);
-        EXPECT_EQ(cellOf(world, 1, 1).sprite, 3);
-        EXPECT_EQ(cellOf(world, 1, 1).breakState, BreakState::Intact);
-        for (int frame = rost - 1; frame >= 0; --frame) {
-            EXPECT_EQ(cellOf(world, 1, 1).frame, frame) << "back to its one picture, a picture a frame";
-            world.run(1);
-        }
-        EXPECT_EQ(cellOf(world.run(10), 1, 1).frame, 0);
+    expectScenarios({
+        {"with strips of four frames", "@ ./= =/# #", "1 down X",
+         "1: is1,1=broken shows1,1=83:0 map=@./=_/##; 11: is1,1=broken; 12: is1,1=waits; 249: is1,1=waits;"
+         "250: is1,1=regrows shows1,1=84:0; 268: map=@./=_/## is1,1=regrows; 269: map=@./==/## is1,1=whole"},
+        {"with strips of one frame",
+         "@ ./= =/# #",
+         "1 down X",
+         "250: is1,1=regrows; 253: is1,1=regrows; 254: is1,1=whole shows1,1=3:0",
+         {},
+         1},
+        {"without strips", "@ ./= =/# #", "1 down X", "300: is1,1=whole map=@./==/##", {}, 0},
+        {"and can be dug again", "@ ./= =/# #", "1 down X, 300 down X",
+         "300: is1,1=broken shows1,1=83:0; 567: is1,1=regrows; 568: is1,1=whole"},
+    });
+}
+
+TEST(BrokenFloor, RunsBackToItsOneFrame) {
+    auto counts = AnimationFrameCounts::all(kDrawnFrames);
+    counts.set(3, 1);  // the whole floor
+    auto world = worldFrom({"@ .", "= =", "# #"}, {}, counts).script("1 down X").runTo(268);
+    for (const int frame : {3, 2, 1, 0, 0}) {
+        const MapCell& cell = world.run(1).world().map().cellAt(1, 1);
+        EXPECT_EQ(cell.sprite, 3);
+        EXPECT_EQ(cell.frame, frame);
     }
 }
 
-TEST(BrokenFloor, WithoutPicturesGrowsBackToo) {
-    LevelMap map = mapFrom({"@", "=", "#"});
-    map.cellAt(0, 1).fireSprite = kNoSprite;
-    map.cellAt(0, 1).rostSprite = kNoSprite;
-    breakFloor(map, 0, 1);
-    for (int frame = 0; frame < 300; ++frame) updateCells(map, AnimationFrameCounts::all(kDrawnFrames));
-    EXPECT_EQ(map.cellAt(0, 1).type, BlockType::Floor);
-}
-
-TEST(BrokenFloor, IsAHoleWithNobodyInIt) {
+TEST(BrokenFloor, IsAnEmptyHole) {
     LevelMap map = mapFrom({"@", "=", "#"});
     map.cellAt(0, 1).holeOccupied = true;
     breakFloor(map, 0, 1);
     EXPECT_TRUE(map.isPassable(0, 1, View::Physical));
 }
 
-TEST(BrokenFloor, CanBeDugAgain) {
-    auto world = worldFrom({"@ .", "= =", "# #"});
-    world.script("1:+X 300:+X").runTo(300);
-    EXPECT_EQ(cellOf(world, 1, 1).breakState, BreakState::Broken);
-    EXPECT_EQ(cellOf(world, 1, 1).timer, 249);
-    EXPECT_EQ(cellOf(world.runTo(568), 1, 1).type, BlockType::Floor);
-}
-
 TEST(Pit, BuriesWhoIsInTheHoleWhenItCloses) {
-    auto world = worldFrom({"@ . .", "= = #", "# # #"});
-    world.script("1:+X 8:+R").runTo(268);
-    EXPECT_FALSE(world.world().ended());
-    world.runTo(269);
-    EXPECT_TRUE(world.world().ended());
-    EXPECT_EQ(world.world().cause(), LossCause::Pit);
+    expectScenarios({
+        {"sits in it", "@ . ./= = #/# # #", "1 down X, 8 down Right", "268: end=no; 269: end=Pit"},
+        {"leaves to the right, 56 pixels out", "@ . . ./= = . ./# # # #",
+         "1 down X, 8 down Right, 20 up Right, 263 down Right", "275: end=Pit"},
+        {"leaves to the right, all out", "@ . . ./= = . ./# # # #",
+         "1 down X, 8 down Right, 20 up Right, 262 down Right", "275: end=no"},
+        {"leaves to the left, his first pixel saves him", ". . @/. = =/# # #",
+         "1 down Z, 8 down Left, 20 up Left, 269 down Left", "275: end=no"},
+        {"leaves to the left too late", ". . @/. = =/# # #", "1 down Z, 8 down Left, 20 up Left, 270 down Left",
+         "275: end=Pit"},
+    });
 }
 
-TEST(Pit, CountsTheCellOfHisTopLeftCorner) {
-    const auto endsWhenLeavingRight = [](const char* keys) {
-        auto world = worldFrom({"@ . . .", "= = . .", "# # # #"});
-        return world.script("1:+X 8:+R 20:-R").script(keys).runTo(275).world().ended();
-    };
-    EXPECT_TRUE(endsWhenLeavingRight("263:+R")) << "56 pixels out";
-    EXPECT_FALSE(endsWhenLeavingRight("262:+R"));
-    const auto endsWhenLeavingLeft = [](const char* keys) {
-        auto world = worldFrom({". . @", ". = =", "# # #"});
-        return world.script("1:+Z 8:+L 20:-L").script(keys).runTo(275).world().ended();
-    };
-    EXPECT_FALSE(endsWhenLeavingLeft("269:+L")) << "his first pixel saves him";
-    EXPECT_TRUE(endsWhenLeavingLeft("270:+L"));
-}
-
-TEST(Exit, OpensWithTheLastKeyAndStaysOpen) {
-    auto world = worldFrom({"E @ k", "# # #"});
-    EXPECT_EQ(cellOf(world, 0, 0).sprite, kDoor);
-    world.script("1:+R").runTo(7);
-    EXPECT_EQ(cellOf(world, 0, 0).frame, 0);
-    const int frames[] = {1, 2, 3, 3, 3};
-    for (const int frame : frames) EXPECT_EQ(cellOf(world.run(1), 0, 0).frame, frame);
-}
-
-TEST(HiddenLadder, AppearsWithTheLastKey) {
-    auto world = worldFrom({"h .", "@ k", "# #"});
-    world.script("1:+R").runTo(7);
-    EXPECT_EQ(cellOf(world, 0, 0).type, BlockType::Empty);
-    world.runTo(8);
-    EXPECT_EQ(cellOf(world, 0, 0).type, BlockType::Ladder);
-    EXPECT_EQ(cellOf(world, 0, 0).sprite, 5);
-}
-
-TEST(Exit, OfALevelWithoutKeysOpensAtOnceAndInSilence) {
-    auto world = worldFrom({"@ E", "# #"});
-    EXPECT_EQ(cellOf(world, 1, 0).frame, 1) << "the step that settles the level is its first";
-    EXPECT_TRUE(world.runTo(10).framesOf(SoundId::OpenDoor).empty());
-}
-
-// The animation of the empty cell stands on its fourth picture when the ladder comes.
-TEST(HiddenLadder, GoesOnFromThePictureItsCellHasReached) {
-    auto counts = AnimationFrameCounts::all(kDrawnFrames);
-    counts.set(5, 6);
-    auto world = worldFrom({"h .", "@ k", "# #"}, {}, counts);
-    world.script("1:+R").runTo(7);
-    EXPECT_EQ(cellOf(world, 0, 0).frame, 3);
-    const int frames[] = {4, 5, 5};
-    for (const int frame : frames) EXPECT_EQ(cellOf(world.run(1), 0, 0).frame, frame);
+TEST(LastKey, OpensExitsAndRaisesLadders) {
+    expectScenarios({
+        {"an exit opens and stays open", "E @ k/# # #", "1 down Right",
+         "0: shows0,0=99:0; 7: shows0,0=99:0; 8: shows0,0=99:1; 9: shows0,0=99:2; 10: shows0,0=99:3; 12: "
+         "shows0,0=99:3"},
+        {"the exit in the map's last cell too", "@ k/# E", "1 down Right", "7: shows1,1=99:0; 8: shows1,1=99:1"},
+        {"without keys an exit opens at once and in silence", "@ E/# #", "", "0: shows1,0=99:1; 10: door="},
+        {"a ladder appears", "h ./@ k/# #", "1 down Right", "7: map=h./@k/##; 8: map=H./@./## shows0,0=5:3"},
+        {"in the frame that the empty cell has reached",
+         "h ./@ k/# #",
+         "1 down Right",
+         "6: shows0,0=0:5; 7: shows0,0=0:5; 8: shows0,0=5:5",
+         {},
+         6},
+        {"and can be walked to", "H . h . @ k/# # # # # #", "1 down Right",
+         "0: far=.,.,.,1,0,1/.,.,.,.,.,.; 12: far=5,4,3,2,1,0/.,.,.,.,.,."},
+    });
 }
 
 // Sleeping is only a saving: with every cell kept awake the same things happen.

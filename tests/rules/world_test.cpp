@@ -1,57 +1,70 @@
+// How an attempt ends, what a world is as a value, and what rises from it.
 #include "world.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
 
-#include "drawn_world.h"
+#include "scenario.h"
 #include "state_hash.h"
 
 namespace grub {
 namespace {
 
-TEST(World, IsWonOnTheOpenExit) {
-    WorldStart start;
-    start.score = 200;
-    auto world = worldFrom({"@ k E .", "# # # #"}, start);
-    world.script("1:+R").runTo(18);
-    EXPECT_FALSE(world.world().ended());
+// 32 pixels away is safe, 28 is not, along either axis; both axes must be near. The last enemy of the list that is near
+// is the cause; the exit takes its place, and the floor that of the exit.
+TEST(World, Ends) {
+    // The rat leaps onto him in his hole in frame 272. Dug in frame 4 it closes in that frame, dug in 5 it does not.
+    constexpr const char* kRat = "@.................r/==#################/###################";
+    expectScenarios({
+        {"caught from the side", "@ . d/# # #", "", "23: end=no; 24: end=Dog"},
+        {"caught from above", "l ./. ./@ ./# #", "", "23: end=no; 24: end=Lady"},
+        {"24 beside him and 28 over him", "@ . r/= = =/# # #", "16 down X, 144 down Right",
+         "147: end=no; 148: end=Rat"},
+        {"32 beside him, a frame later 24", "@ . r/= = =/# # #", "16 down X, 145 down Right",
+         "148: end=no; 149: end=Rat"},
+        {"dog, then rat", "d . @ . r/# # # # #", "", "23: end=no; 24: end=Rat"},
+        {"rat, then dog", "r . @ . d/# # # # #", "", "23: end=no; 24: end=Dog"},
+        {"dog, then lady", "d . @ . l/# # # # #", "", "23: end=no; 24: end=Lady"},
+        {"caught short of an exit", "@ k . . d/# # # # #", "7 down Right", "24: end=no; 25: end=Dog"},
+        {"caught on the exit, the dog 24 pixels behind it", "@ k E . d/# # # # #", "7 down Right",
+         "24: end=no; 25: end=Won"},
+        {"caught in a hole", kRat, "5 down X, 12 down Right, 30 up Right", "271: end=no; 272: end=Rat"},
+        {"caught and buried", kRat, "4 down X, 12 down Right, 30 up Right", "271: end=no; 272: end=Pit"},
+        {"won on the exit, not on the way into it", "E k @/# # #", "1 down Left",
+         "15: x=8 end=no; 16: end=Won score=1050"},
+        {"not won while a key lies", "k . @ E/# # # #", "1 down Right", "40: map=k..@/#### end=no"},
+        {"a start in the air settles in frame 0", "@/./#", "", "0: y=8 lives=3"},
+    });
+}
+
+TEST(World, ForgetsTakenKeysWhenItIsWon) {
+    auto world = worldFrom({"@ k E .", "# # # #"}).script("1 down Right").runTo(18);
     EXPECT_EQ(world.world().collectedKeys().size(), 1U);
-    world.runTo(19);
-    EXPECT_TRUE(world.world().ended());
-    EXPECT_EQ(world.world().cause(), LossCause::Won);
-    EXPECT_EQ(world.world().score(), 200 + 50 + 1000);
+    world.world().end(LossCause::Quit);
+    EXPECT_EQ(world.world().cause(), LossCause::Quit);
+    EXPECT_EQ(world.runTo(19).world().cause(), LossCause::Won) << "a rule names another cause";
     EXPECT_TRUE(world.world().collectedKeys().empty()) << "the next level has all its keys";
 }
 
-TEST(World, IsWonOnTheExitNotOnTheWayIntoIt) {
-    auto world = worldFrom({"E k @", "# # #"});
-    world.script("1:+L").runTo(15);
-    EXPECT_EQ(world.x(), 8);
-    EXPECT_FALSE(world.world().ended());
-    EXPECT_TRUE(world.runTo(16).world().ended());
-}
-
-TEST(World, IsNotWonWhileAKeyLies) {
-    auto world = worldFrom({"k . @ E", "# # # #"});
-    world.script("1:+R").runTo(40);
-    EXPECT_EQ(world.drawn(), (Drawing{"k . . @", "# # # #"}));
-    EXPECT_FALSE(world.world().ended());
-}
-
-TEST(World, EndsWithTheCauseItIsGivenUntilARuleNamesAnother) {
-    auto world = worldFrom({"@ k E .", "# # # #"});
-    world.script("1:+R").runTo(18);
-    world.world().end(LossCause::Quit);
-    EXPECT_EQ(world.world().cause(), LossCause::Quit);
-    EXPECT_EQ(world.runTo(19).world().cause(), LossCause::Won);
+// The step that settles the level looks for an end like any other, and play begins with one more.
+TEST(World, IsWonTwiceWhereTheHeroStartsOnAnOpenExit) {
+    LevelMap map = mapFrom({"E .", "# #"});
+    map.setHeroStart({0, 0});
+    World world(map, {}, AnimationFrameCounts::all(kDrawnFrames));
+    EXPECT_EQ(world.frame(), -1);
+    world.step();
+    EXPECT_TRUE(world.ended());
+    world.step();
+    EXPECT_EQ(world.score(), 2000);
 }
 
 TEST(World, IsAValueThatPlaysOnByItself) {
     auto played = worldFrom({". @ k . d", "= = = = =", "h . k E l", "# # # # #"});
-    played.script("1:+Z 8:+R 30:+L 60:+X").runTo(20);
+    played.script("1 down Z, 8 down Right, 30 down Left, 60 down X").runTo(20);
     auto copy = played;
     EXPECT_EQ(copy.world(), played.world());
     played.runTo(120);
@@ -75,14 +88,14 @@ TEST(World, HasAnotherHashForEachDifference) {
     };
     add("nothing", hashOf(map, plain, "", 30));
     add("another frame", hashOf(map, plain, "", 31));
-    add("a sign of life", hashOf(map, plain, "30:+U -U", 30));
-    add("an older sign of life", hashOf(map, plain, "20:+U -U", 30));
-    add("a command", hashOf(map, plain, "30:+U", 30));
-    add("a turn that has begun", hashOf(map, plain, "28:+R 29:-R", 30));
-    add("a turn that is nearly done", hashOf(map, plain, "28:+R 30:-R", 30));
-    add("a step", hashOf(map, plain, "26:+R -R 27:+R", 30));
-    add("a hole", hashOf(map, plain, "1:+X", 30));
-    add("an older hole", hashOf(map, plain, "2:+X", 30));
+    add("a sign of life", hashOf(map, plain, "30 down Up, 30 up Up", 30));
+    add("an older sign of life", hashOf(map, plain, "20 down Up, 20 up Up", 30));
+    add("a command", hashOf(map, plain, "30 down Up", 30));
+    add("a turn that has begun", hashOf(map, plain, "28 down Right, 29 up Right", 30));
+    add("a turn that is nearly done", hashOf(map, plain, "28 down Right, 30 up Right", 30));
+    add("a step", hashOf(map, plain, "26 down Right, 26 up Right, 27 down Right", 30));
+    add("a hole", hashOf(map, plain, "1 down X", 30));
+    add("an older hole", hashOf(map, plain, "2 down X", 30));
     for (const auto& [what, change] : std::initializer_list<std::pair<const char*, void (*)(WorldStart&)>>{
              {"a seed", [](WorldStart& start) { start.seed = 1; }},
              {"a level", [](WorldStart& start) { start.levelIndex = 1; }},
@@ -101,7 +114,7 @@ TEST(World, HasAnotherHashForEachDifference) {
     add("no heart", hashOf({"@ . . ~ . . k", "= = = = = = =", "# # # # # # d"}, plain, "", 30));
     add("no drops", hashOf({"@ . + . . . k", "= = = = = = =", "# # # # # # d"}, plain, "", 30));
 
-    auto played = worldFrom(map).script("1:+R").runTo(40);
+    auto played = worldFrom(map).script("1 down Right").runTo(40);
     const World copy = played.world();
     EXPECT_EQ(copy.stateHash(), played.world().stateHash());
     played.world().finishFrame(false);
@@ -146,14 +159,39 @@ TEST(World, AsksForTheSameSoundOnceAFrame) {
     EXPECT_EQ(requests.all()[1].sound, SoundId::Break);
 }
 
-TEST(World, CountsTheSettlingStepAsFrameZero) {
-    World world(mapFrom({"@", ".", "#"}), {}, AnimationFrameCounts::all(kDrawnFrames));
-    EXPECT_EQ(world.frame(), -1);
-    EXPECT_EQ(world.hero().y, 0);
-    world.step();
-    EXPECT_EQ(world.frame(), 0);
-    EXPECT_EQ(world.hero().y, 8) << "a start in the air falls at once";
-    EXPECT_EQ(world.lives(), 3);
+TEST(ScorePopup, RisesForFiftyPicturesBehindDialogsToo) {
+    auto world = worldFrom({"@ +", "# #"}).script("1 down Right").runTo(12);
+    const ScorePopup& popup = world.world().popups().entries()[0];
+    EXPECT_EQ(popup.value, 100);
+    EXPECT_EQ(popup.x, 64 + 32);
+    EXPECT_EQ(popup.y, 31) << "drawn at 32 in the frame of its points, then one up";
+    for (int picture = 2; picture <= 50; ++picture) {
+        ASSERT_TRUE(popup.shown) << picture;
+        world.world().finishFrame(false);
+        ASSERT_TRUE(world.world().sounds().empty()) << "a dialog is no reason to hear the bonus again";
+    }
+    EXPECT_TRUE(popup.shown);
+    EXPECT_EQ(popup.y, 32 - 50);
+    world.world().finishFrame(false);
+    EXPECT_FALSE(popup.shown);
+}
+
+TEST(ScorePopup, FindsNoTwentyFirstPlaceThoughThePointsCount) {
+    const auto shown = [](const ScorePopups& popups) {
+        return std::ranges::count_if(popups.entries(), [](const ScorePopup& entry) { return entry.shown; });
+    };
+    Attempt attempt = attemptOn({"@", "#"});
+    for (int i = 1; i <= 21; ++i) attempt.addScore(i, 0, 0);
+    attempt.popups.finishFrame();
+    EXPECT_EQ(shown(attempt.popups), 20);
+    EXPECT_EQ(attempt.score, 21 * 22 / 2);
+    for (int picture = 2; picture < 50; ++picture) attempt.popups.finishFrame();
+    attempt.addScore(50, 0, 0);
+    attempt.popups.finishFrame();
+    EXPECT_EQ(shown(attempt.popups), 20) << "they are shown for the last time";
+    attempt.addScore(50, 0, 0);
+    attempt.popups.finishFrame();
+    EXPECT_EQ(shown(attempt.popups), 1) << "the others have left their places";
 }
 
 }  // namespace

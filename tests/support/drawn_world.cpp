@@ -1,35 +1,14 @@
 #include "drawn_world.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cstdlib>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <utility>
 
 namespace grub {
 
 namespace {
-
-PlayKey keyNamed(std::string_view name) {
-    constexpr std::array<std::pair<std::string_view, PlayKey>, 10> kNames{{{"U", PlayKey::Up},
-                                                                           {"D", PlayKey::Down},
-                                                                           {"L", PlayKey::Left},
-                                                                           {"R", PlayKey::Right},
-                                                                           {"Space", PlayKey::Space},
-                                                                           {"Enter", PlayKey::Enter},
-                                                                           {"Z", PlayKey::Z},
-                                                                           {"X", PlayKey::X},
-                                                                           {"A", PlayKey::A},
-                                                                           {"B", PlayKey::B}}};
-    for (const auto& [known, key] : kNames) {
-        if (known == name) return key;
-    }
-    std::cerr << "no key is called '" << name << "'\n";
-    std::abort();
-}
 
 char symbolOf(const MapCell& cell) {
     if (cell.keyPresent) return 'k';
@@ -69,16 +48,15 @@ DrawnWorld::DrawnWorld(const Drawing& drawing, const WorldStart& start, const An
 }
 
 DrawnWorld& DrawnWorld::script(std::string_view keys) {
-    std::istringstream words{std::string(keys)};
-    int frame = 0;
-    for (std::string word; words >> word;) {
-        if (const std::size_t colon = word.find(':'); colon != std::string::npos) {
-            std::from_chars(word.data(), word.data() + colon, frame);
-            word.erase(0, colon + 1);
-        }
-        events_.push_back({frame, word.front() == '+', keyNamed(word.substr(1))});
+    std::string lines(keys);
+    std::ranges::replace(lines, ',', '\n');
+    TextError error;
+    const auto events = readKeyFile(lines, error);
+    if (!events) {
+        std::cerr << error.in(lines) << '\n';
+        std::abort();
     }
-    std::ranges::stable_sort(events_, {}, &KeyEvent::frame);
+    events_.insert(events_.end(), events->begin(), events->end());
     return *this;
 }
 
@@ -87,17 +65,9 @@ DrawnWorld& DrawnWorld::runTo(int frame) {
     return *this;
 }
 
-DrawnWorld& DrawnWorld::hold(PlayKey key, int frames) {
-    world_.keyDown(key);
-    run(frames);
-    world_.keyUp(key);
-    return *this;
-}
-
 void DrawnWorld::playFrame() {
     for (const KeyEvent& event : events_) {
-        if (event.frame != world_.frame() + 1) continue;
-        event.down ? world_.keyDown(event.key) : world_.keyUp(event.key);
+        if (event.frame == world_.frame() + 1) tell(world_, event);
     }
     world_.step();
     world_.finishFrame(true);
@@ -122,21 +92,6 @@ int DrawnWorld::draws() const {
     int count = 0;
     for (; random.state() != world_.randomState(); ++count) random.next();
     return count;
-}
-
-std::vector<std::string> DrawnWorld::distances() const {
-    const LevelMap& map = world_.map();
-    std::vector<std::string> rows;
-    for (int row = 0; row < map.height(); ++row) {
-        std::string line;
-        for (int column = 0; column < map.width(); ++column) {
-            const int distance = map.distanceAt(column, row);
-            if (column > 0) line += ' ';
-            line += distance == DistanceField::kUnreached ? "." : std::to_string(distance);
-        }
-        rows.push_back(line);
-    }
-    return rows;
 }
 
 std::vector<int> DrawnWorld::framesOf(SoundId sound) const {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "key_events.h"
 #include "level_writer.h"
 #include "world.h"
 
@@ -25,45 +26,34 @@ public:
     /// See worldFrom.
     DrawnWorld(const Drawing& drawing, const WorldStart& start, const AnimationFrameCounts& counts);
 
-    /// Adds keys to come: "1:+R 7:-R +L" presses Right before the step of frame 1, and before that of frame 7 releases
-    /// it and presses Left. Keys are U D L R Space Enter Z X A B.
+    /// Adds key events to come, written as in a key file with commas for line ends: "1 down Right, 7 up Right". Aborts
+    /// with a message when an event cannot be read.
     DrawnWorld& script(std::string_view keys);
     /// Plays until this frame has been played.
     DrawnWorld& runTo(int frame);
     DrawnWorld& run(int frames) { return runTo(world_.frame() + frames); }
-    /// Presses a key, plays so many frames, releases it.
-    DrawnWorld& hold(PlayKey key, int frames);
 
     /// The world itself, to read it or to do to it what the helpers do not.
     [[nodiscard]] World& world() { return world_; }
-    [[nodiscard]] int x() const { return world_.hero().x; }
-    [[nodiscard]] int y() const { return world_.hero().y; }
+    [[nodiscard]] const World& world() const { return world_; }
     /// An enemy by its place in the list.
     [[nodiscard]] const Enemy& enemy(std::size_t index = 0) const { return world_.enemies()[index]; }
-    /// The cells as they are now, with everybody alive in the cell of his top left corner, Grub before all.
+    /// The cells as they are now, with every living actor in the cell of its top left corner. Grub covers the others.
     [[nodiscard]] Drawing drawn() const;
     /// How many numbers the world has drawn from its generator.
     [[nodiscard]] int draws() const;
-    /// The distances from the hero, a row a line, with "." for cells that were not reached.
-    [[nodiscard]] std::vector<std::string> distances() const;
-    /// In which frames the sound was started.
+    /// The frames in which the sound was started.
     [[nodiscard]] std::vector<int> framesOf(SoundId sound) const;
-    /// Everything that was asked for.
+    /// Every request so far.
     [[nodiscard]] const std::vector<HeardSound>& sounds() const { return sounds_; }
 
 private:
-    struct KeyEvent {
-        int frame;
-        bool down;
-        PlayKey key;
-    };
-
     void playFrame();
     void listen();
 
     World world_;
     std::uint32_t seed_;
-    std::vector<KeyEvent> events_;  // in the order of frames
+    std::vector<KeyEvent> events_;
     std::vector<HeardSound> sounds_;
 };
 

@@ -21,6 +21,7 @@ struct Symbol {
     char character;
     std::uint16_t block;
     std::uint16_t code;
+    std::uint16_t layer2 = 0;
 };
 
 constexpr std::array kSymbols{Symbol{'.', kEmptyBlock, 0},
@@ -32,6 +33,7 @@ constexpr std::array kSymbols{Symbol{'.', kEmptyBlock, 0},
                               Symbol{'h', 6, 0},
                               Symbol{'E', 8, 0},
                               Symbol{'s', 9, 0},
+                              Symbol{'S', 9, 0, 1},
                               Symbol{'k', kEmptyBlock, object_code::kKey},
                               Symbol{'d', kEmptyBlock, object_code::kDog},
                               Symbol{'l', kEmptyBlock, object_code::kLady},
@@ -45,6 +47,7 @@ CellRecord recordOf(char character) {
         if (symbol.character != character) continue;
         record.base = symbol.block;
         record.code = symbol.code;
+        record.layer2 = symbol.layer2;
         return record;
     }
     std::cerr << "no cell looks like '" << character << "' in a drawn map\n";
