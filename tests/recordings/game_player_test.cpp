@@ -1,4 +1,4 @@
-// Games played on drawn maps: what agrees, what differs first, what is written down.
+// Games played on drawn maps: what agrees, what differs first, what is written down, and their files.
 
 #include "game_player.h"
 
@@ -8,8 +8,10 @@
 #include <string>
 
 #include "drawn_world.h"
+#include "game_file.h"
 #include "game_recorder.h"
-#include "game_text.h"
+#include "package_writer.h"
+#include "scratch_directory.h"
 
 namespace grub {
 namespace {
@@ -108,17 +110,6 @@ TEST(GamePlayer, FindsTheFirstDifference) {
     }
 }
 
-TEST(GamePlayer, DrawsTheRecordedFieldBesideThePlayedOne) {
-    RecordedGame game = recordedGame(kToTheRight);
-    game.events = {{1, KeyAction::Down, PlayKey::Left}};
-    World world = freshWorld();
-    ASSERT_FALSE(replay(game, world));
-    EXPECT_EQ(drawBoth(game, world),
-              "recorded, frame 25   played, frame 25\n"
-              "..@.E                @..kE\n"
-              "#####                #####\n");
-}
-
 TEST(FieldMarks, TellWhatMovesAndWhatHasGone) {
     // The dog falls into the hole that Grub has dug; the key is the second but last thing to be drawn over.
     auto world = worldFrom({"@ . . d k E h +", "= = = = = = = ="});
@@ -130,6 +121,25 @@ TEST(FieldMarks, TellWhatMovesAndWhatHasGone) {
     EXPECT_EQ(drawField(world.world().map(), {{'@', {2, 0}}, {'d', {200, 0}}}),
               (std::vector<std::string>{"..@..EH.", "========"}))
         << "without a key the ladder is there; what is outside is not drawn";
+}
+
+TEST(GameFile, ThatCannotBeReadSaysSo) {
+    const ScratchDirectory scratch;
+    std::string error;
+    EXPECT_FALSE(loadGame(scratch.file("none.game"), error));
+    EXPECT_EQ(error, scratch.file("none.game") + ": cannot be read");
+    scratch.write("bad.game", bytesOf("# so\nlevel a\nseed\n"));
+    EXPECT_FALSE(loadGame(scratch.file("bad.game"), error));
+    EXPECT_EQ(error, scratch.file("bad.game") + ":3: wanted index, found 'seed'");
+}
+
+TEST(GameFile, ALevelIsANameOfTheListOrLiesBesideTheGame) {
+    RecordedGame game;
+    game.level = "levels\\turma\\level22.lvl";
+    EXPECT_EQ(levelFileOf(game, "/games/a.game"), std::nullopt);
+    game.level = "../mine/well.txt";
+    EXPECT_EQ(levelFileOf(game, "/games/a.game"), "/games/../mine/well.txt");
+    EXPECT_EQ(levelFileOf(game, "a.game"), "../mine/well.txt");
 }
 
 }  // namespace

@@ -99,9 +99,8 @@ TEST(Bonus, Works) {
         // cell 20 as fast as before. Slow from frame 256 to 750, it is 34 pixels beyond cell 4 when the anchor has
         // ended, and goes there slowly.
         {"the anchor counts from the next cell on", kDogAt36, "240 down Right, 251 up Right",
-         "250: at1=1300,0 speed1=4; 251: at1=1296,0 speed1=2; 255: at1=1280,0; 256: at1=1278,0; 750: at1=290,0 "
-         "speed1=2;"
-         "751: at1=288,0 speed1=4; 767: at1=256,0; 768: at1=252,0",
+         "250: at1=1300,0 speed1=4; 251: at1=1296,0 speed1=2; 255: at1=1280,0; 256: at1=1278,0;"
+         "750: at1=290,0 speed1=2; 751: at1=288,0 speed1=4; 767: at1=256,0; 768: at1=252,0",
          besideHim(BonusKind::Anchor, kDogAt36)},
         // Both come nearer by 12 pixels a frame: 36 apart after frame 262, 24 after 263.
         {"without a skull the dog catches", kDogAt18, "252 down Right", "262: end=no; 263: end=Dog"},
@@ -110,9 +109,9 @@ TEST(Bonus, Works) {
          besideHim(BonusKind::Skull, kDogAt18)},
         {"invisibility begins at the next cell and ends where he stands", kCorridor,
          "240 down Right, 251 up Right, 300 down Right, 308 up Right",
-         "251: half=yes far=1,0,1,2,3/.,.,.,.,./.,.,.,.,.; 307: far=1,0,1,2,3/.,.,.,.,./.,.,.,.,.;"
-         "308: x=128 far=.,.,.,.,./.,.,.,.,./.,.,.,.,.; 750: half=yes far=.,.,.,.,./.,.,.,.,./.,.,.,.,.;"
-         "751: half=no far=2,1,0,1,2/.,.,.,.,./.,.,.,.,.",
+         "251: half=yes far0=1,0,1,2,3; 307: far0=1,0,1,2,3;"
+         "308: x=128 far0=.,.,.,.,.; 750: half=yes far0=.,.,.,.,.;"
+         "751: half=no far0=2,1,0,1,2",
          besideHim(BonusKind::Invisibility)},
         {"the shield holds for 499 checks, with the dog on him", kDogAt19, "240 down Right, 251 up Right",
          "749: at1=64,0 end=no; 750: end=Dog", besideHim(BonusKind::Shield, kDogAt19)},
@@ -145,34 +144,26 @@ TEST(Skull, TakesTheNearestByBothAxesAndTheFirstOfEquals) {
 }
 
 // A floor that breaks opens the one under it. The floor under his feet stays, and so what it covers.
-const struct {
-    const char* what;
-    const char* before;
-    CellPosition centre;
-    const char* after;
-} kCraters[] = {
-    {"floors all round",
-     ". . . . ./= = = = =/= = = = =/= = @ = =/= = = = =/= = = = =/# # # # #",
-     {2, 3},
-     ". . . . ./_ _ _ _ _/_ _ _ _ _/_ _ . _ _/_ _ = _ _/_ _ = _ _/# # # # #"},
-    {"a roof keeps all that is under it",
-     "# # # # #/= = = = =/= = @ = =/= = = = =/= = = = =",
-     {2, 2},
-     "# # # # #/= = = = =/= = . = =/= = = = =/= = = = ="},
-    {"two cells and no more",
-     ". . . . . . ./. . . @ . . ./= = = = = = =/= = = = = = =/= = = = = = =",
-     {3, 1},
-     ". . . . . . ./. . . . . . ./= _ _ = _ _ =/= _ _ = _ _ =/= = = = = = ="},
-    {"the floor of a storey below", "H/./=/#", {0, 0}, "H/./_/#"},
-    {"at the map's corner", "@ ./= =", {0, 0}, ". ./= _"},
-};
-
 TEST(Bomb, EatsDownwardsThroughTheFloors) {
-    for (const auto& row : kCraters) {
-        SCOPED_TRACE(row.what);
+    const struct {
+        const char* what;
+        const char* before;
+        int x, y;
+        const char* after;
+    } rows[] = {
+        {"floors all round", ". . . . ./= = = = =/= = = = =/= = @ = =/= = = = =/= = = = =/# # # # #", 2, 3,
+         ". . . . ./_ _ _ _ _/_ _ _ _ _/_ _ . _ _/_ _ = _ _/_ _ = _ _/# # # # #"},
+        {"a roof keeps all that is under it", "# # # # #/= = = = =/= = @ = =/= = = = =/= = = = =", 2, 2,
+         "# # # # #/= = = = =/= = . = =/= = = = =/= = = = ="},
+        {"two cells and no more", ". . . . . . ./. . . @ . . ./= = = = = = =/= = = = = = =/= = = = = = =", 3, 1,
+         ". . . . . . ./. . . . . . ./= _ _ = _ _ =/= _ _ = _ _ =/= = = = = = ="},
+        {"the floor of a storey below", "H/./=/#", 0, 0, "H/./_/#"},
+        {"at the map's corner", "@ ./= =", 0, 0, ". ./= _"},
+    };
+    for (const auto& row : rows) {
         LevelMap map = mapFrom(drawingOf(row.before));
-        blast(map, row.centre.x, row.centre.y);
-        EXPECT_EQ(drawnMap(map), drawingOf(row.after));
+        blast(map, row.x, row.y);
+        EXPECT_EQ(drawnMap(map), drawingOf(row.after)) << row.what;
     }
 }
 

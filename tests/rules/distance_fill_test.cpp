@@ -118,10 +118,10 @@ TEST(DistanceFill, IsKeptByTheHero) {
          "H = = = H/"
          "@ . . . H/"
          "# # # # #",
-         "", "0: far=2,3,4,5,6/1,.,.,.,7/0,1,2,3,8/.,.,.,.,."},
+         "", "0: far0=2,3,4,5,6 far1=1,.,.,.,7 far2=0,1,2,3,8"},
         {"does not start in a hole", "@ . ./= = #/# # #", "1 down X, 8 down Right",
-         "30: map=.../=@#/### far=.,.,./.,.,./.,.,."},
-        {"stays over a floor on which he presses down", "@ ./= #/# #", "1 down Down", "1: far=0,1/.,./.,."},
+         "30: map=.../=@#/### far0=.,.,. far1=.,.,."},
+        {"stays over a floor on which he presses down", "@ ./= #/# #", "1 down Down", "1: far0=0,1"},
     });
 }
 

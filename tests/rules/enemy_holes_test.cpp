@@ -10,8 +10,8 @@ namespace grub {
 namespace {
 
 /// One enemy above an open hole between walls. The first number makes it want left, where it cannot go.
-Attempt aboveHole(EnemyKind kind, const Drawing& map = {"# . #", "# = #", "# # #"}) {
-    Attempt attempt = attemptOn(map);
+Attempt aboveHole(EnemyKind kind) {
+    Attempt attempt = attemptOn({"# . #", "# = #", "# # #"});
     breakFloor(attempt.map, 1, 1);
     attempt.enemies.emplace_back(1, 0, kind);
     return attempt;
@@ -113,57 +113,22 @@ TEST(EnemyInHole, DiesInTheClosingHoleUnlessItIsOnItsWayOut) {
     });
 }
 
-const struct {
-    const char* what;
-    Drawing map;  // the floor of row 1 is dug
-    bool passes;
-} kLadyHoles[] = {
-    {"air, in the last row", {"# . #", "# = #", "# . #"}, true},
-    {"a pipe", {"# . #", "# = #", "# - #", "# # #"}, true},
-    {"a ladder", {"# . #", "# = #", "# H #", "# # #"}, true},
-    {"an exit", {"# . #", "# = #", "# E #", "# # #"}, true},
-    {"a floor", {"# . #", "# = #", "# = #", "# # #"}, false},
-    {"rock", {"# . #", "# = #", "# # #", "# # #"}, false},
-    {"nothing at all", {"# . #", "# = #"}, false},
-};
-
-TEST(LadyAboveHole, FallsThroughWhereNothingIsUnderIt) {
-    for (const auto& row : kLadyHoles) {
-        SCOPED_TRACE(row.what);
-        Attempt attempt = aboveHole(EnemyKind::Lady, row.map);
-        update(attempt, 1);
-        EXPECT_EQ(attempt.enemies[0].state(), row.passes ? EnemyState::Roaming : EnemyState::Trapped);
-        EXPECT_EQ(attempt.sounds.all().empty(), row.passes);
-        EXPECT_EQ(attempt.map.cellAt(1, 1).holeOccupied, !row.passes);
-        EXPECT_EQ(attempt.enemies[0].y, 4);
-    }
-}
-
-TEST(LadyAboveHole, StopsInItOnALadder) {
-    Attempt attempt = aboveHole(EnemyKind::Lady, {"# . #", "# = #", "# H #", "# # #"});
-    update(attempt, 16);
-    EXPECT_EQ(attempt.enemies[0].y, 64);
-    EXPECT_TRUE(attempt.enemies[0].isSupported(attempt.map));
-}
-
-TEST(LadyAboveHole, PassesStoreyAfterStoreyUntilTheGroundIsWhole) {
-    Attempt attempt = aboveHole(EnemyKind::Lady, {"# . #", "# = #", "# = #", "# . #", "# = #", "# . #", "# = #"});
-    breakFloor(attempt.map, 1, 2);
-    breakFloor(attempt.map, 1, 4);
-    for (int row = 0; row < 5; ++row) {
-        EXPECT_EQ(attempt.enemies[0].y, row * 64);
-        EXPECT_EQ(attempt.enemies[0].state(), EnemyState::Roaming);
-        update(attempt, 16);
-    }
-    update(attempt, 1);
-    EXPECT_EQ(attempt.enemies[0].y, 5 * 64);
-    EXPECT_TRUE(attempt.sounds.all().empty());
-}
-
-TEST(LadyAboveHole, LivesOnInAFloorThatClosesRoundHer) {
-    expectScenarios(
-        {{"she is half through it", "@................l/==================/#.################/##################",
-          "1 down X", "272: at1=64,68 is1,1=whole; 290: is1=roams at1=64,128"}});
+// He digs in frame 16, under her feet.
+TEST(Lady, FallsThroughAHoleWithNothingUnderIt) {
+    expectScenarios({
+        {"air, in the last row", "@ . l/= = =/# . #", "16 down X", "16: at1=64,4 is1=roams caught=; 48: at1=64,128"},
+        {"a pipe", "@ . l/= = =/# - #/# # #", "16 down X", "16: at1=64,4 is1=roams caught="},
+        {"a ladder, on which she stops", "@ . l/= = =/# H #/# # #", "16 down X", "16: at1=64,4 is1=roams caught="},
+        {"an exit", "@ . l/= = =/# E #/# # #", "16 down X", "16: at1=64,4 is1=roams caught="},
+        {"not a floor", "@ . l/= = =/# = #/# # #", "16 down X", "16: at1=64,4 is1=trapped caught=16"},
+        {"not rock", "@ . l/= = =/# # #/# # #", "16 down X", "16: at1=64,4 is1=trapped caught=16"},
+        {"not the edge of the map", "@ . l/= = =", "16 down X", "16: at1=64,4 is1=trapped caught=16"},
+        {"and the hole does not carry him after her", "@ . l/= = =/# . #/# # #", "16 down X, 30 down Right",
+         "37: x=64 y=0; 38: x=64 y=8 end=no"},
+        {"a floor that closes round her does not hurt her",
+         "@................l/==================/#.################/##################", "1 down X",
+         "272: at1=64,68 is1,1=whole; 290: is1=roams at1=64,128"},
+    });
 }
 
 // Two dogs, each 12 columns from the hero, who digs at his right in frame 1 and at his left in frame 5. Both are in

@@ -1,8 +1,6 @@
 // Where dogs, ladies and rats go: hunting, wandering, keeping apart, patrolling; and what they show meanwhile.
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "scenario.h"
 
 namespace grub {
@@ -62,7 +60,7 @@ TEST(EnemyHunting, GoesByTheDistances) {
          "@ . . H #/"
          "# # # # #",
          "",
-         "0: far=2,3,4,5,8/1,.,.,6,7/0,1,2,7,./.,.,.,.,.;"
+         "0: far0=2,3,4,5,8 far1=1,.,.,6,7 far2=0,1,2,7,.;"
          "31: map=...d./H##H./@..H#/#####; 79: map=d..../H##H./@..H#/#####"},
         // One storey more, and the floor saves six steps at the foot of the ladder, though not half-way up.
         {"turns down where the fill has come back",
@@ -71,12 +69,10 @@ TEST(EnemyHunting, GoesByTheDistances) {
          "H # # H d/"
          "@ . . H #/"
          "# # # # #",
-         "", "0: far=3,4,5,6,7/2,.,.,7,./1,.,.,8,9/0,1,2,3,./.,.,.,.,.; 31: map=...../H##H#/H##H./@..d#/#####"},
+         "", "0: far0=3,4,5,6,7 far1=2,.,.,7,. far2=1,.,.,8,9 far3=0,1,2,3,.; 31: map=...../H##H#/H##H./@..d#/#####"},
         // A plan takes a dug floor for a floor and leads no way through it.
         {"loses him when he stands in a hole", "@ . . . . . . d/= = = = = = = =/# # # # # # # #",
-         "1 down X, 5 down Right, 20 up Right",
-         "20: far=1,0,1,2,3,4,5,6/.,.,.,.,.,.,.,./.,.,.,.,.,.,.,.; 21: "
-         "far=.,.,.,.,.,.,.,./.,.,.,.,.,.,.,./.,.,.,.,.,.,.,."},
+         "1 down X, 5 down Right, 20 up Right", "20: far0=1,0,1,2,3,4,5,6; 21: far0=.,.,.,.,.,.,.,."},
     });
 }
 
@@ -90,131 +86,42 @@ TEST(EnemyWandering, GoesLeftFirstAndDrawsOnlyWhereItHasNoWay) {
                       seeded(1)}});
 }
 
-const Drawing kShut{"# . #", "# H #", "# H #", "# # #"};
-const Drawing kOpen{"# . #", ". H .", "# H #", "# # #"};
-const Drawing kOpenRight{"# . #", "# H .", "# H #", "# # #"};
-const Drawing kTop{"# . #", "# . #", "# H #", "# # #"};
-const Drawing kFoot{"# . #", "# H #", "# # #"};
-
-// The dog stands in the middle cell. What it draws is all that it draws.
-const struct {
-    const char* what;
-    Drawing map;
-    std::vector<int> draws;  // see seedDrawing
-    int updates;
-    int vx;
-    int vy;
-} kLadders[] = {
-    {"takes no ladder", kShut, {1, 1}, 1, 0, 0},
-    {"goes up where left is shut", kShut, {0, 1}, 1, 0, -4},
-    {"goes down where left is shut", kShut, {1, 0}, 1, 0, 4},
-    {"goes down when both hit", kShut, {0, 0}, 1, 0, 4},
-    {"asks once at a ladder's foot", kFoot, {0}, 1, 0, -4},
-    {"asks once on top of a ladder", kTop, {0}, 1, 0, 4},
-    {"goes left past both", kOpen, {1, 1}, 1, -4, 0},
-    {"leaves its way left for a ladder", kOpen, {0, 1}, 1, 0, -4},
-    {"asks for no ladder where right is shut", kShut, {1, 1, 1}, 2, 0, 0},
-    {"leaves its way right for a ladder", kOpenRight, {1, 1, 1, 0, 1}, 2, 0, -4},
-    {"goes right past both", kOpenRight, {1, 1, 1, 1, 1}, 2, 4, 0},
-    {"climbs when it wants up", kShut, {1, 1, 2}, 2, 0, -4},
-    {"climbs down when it wants down", kShut, {1, 1, 3}, 2, 0, 4},
-    {"stands for what is left over", kShut, {1, 1, 4}, 2, 0, 0},
-    {"and chooses anew", kShut, {1, 1, 4, 3}, 3, 0, 4},
-};
-
-int drawsOf(const Attempt& attempt, std::uint32_t seed) {
-    int count = 0;
-    for (WorldRandom random(seed); random.state() != attempt.random.state(); random.next()) ++count;
-    return count;
-}
+// The dog stands on a ladder, with Grub walled in; what it draws is all that it draws. It goes four pixels a frame.
+constexpr const char* kShut = "@ # # . #/# # # D #/# # # H #/# # # # #";
+constexpr const char* kOpen = "@ # # . #/# # . D ./# # # H #/# # # # #";
+constexpr const char* kOpenRight = "@ # # . #/# # # D ./# # # H #/# # # # #";
 
 TEST(EnemyWandering, TakesLaddersUnaskedAndDrawsForThoseItReachesOnly) {
-    for (const auto& row : kLadders) {
-        SCOPED_TRACE(row.what);
-        const std::uint32_t seed = seedDrawing(row.draws);
-        Attempt attempt = attemptOn(row.map, seed);
-        const Enemy& dog = attempt.enemies.emplace_back(1, 1, EnemyKind::Dog);
-        update(attempt, row.updates);
-        EXPECT_EQ(dog.vx, row.vx);
-        EXPECT_EQ(dog.vy, row.vy);
-        EXPECT_EQ(drawsOf(attempt, seed), static_cast<int>(row.draws.size()));
-    }
+    expectScenarios({
+        {"takes no ladder", kShut, "", "0: at1=192,64 draws=2", drawing({1, 1})},
+        {"goes up where left is shut", kShut, "", "0: at1=192,60 draws=2", drawing({0, 1})},
+        {"goes down where left is shut", kShut, "", "0: at1=192,68 draws=2", drawing({1, 0})},
+        {"goes down when both hit", kShut, "", "0: at1=192,68 draws=2", drawing({0, 0})},
+        {"asks once at a ladder's foot", "@ # . #/# # D #/# # # #", "", "0: at1=128,60 draws=1", drawing({0})},
+        {"asks once on top of a ladder", "@ # d #/# # H #/# # # #", "", "0: at1=128,4 draws=1", drawing({0})},
+        {"goes left past both", kOpen, "", "0: at1=188,64 draws=2", drawing({1, 1})},
+        {"leaves its way left for a ladder", kOpen, "", "0: at1=192,60 draws=2", drawing({0, 1})},
+        {"asks for no ladder where right is shut", kShut, "", "1: at1=192,64 draws=3", drawing({1, 1, 1})},
+        {"leaves its way right for a ladder", kOpenRight, "", "1: at1=192,60 draws=5", drawing({1, 1, 1, 0, 1})},
+        {"goes right past both", kOpenRight, "", "1: at1=196,64 draws=5", drawing({1, 1, 1, 1, 1})},
+        {"climbs when it wants up", kShut, "", "1: at1=192,60 draws=3", drawing({1, 1, 2})},
+        {"climbs down when it wants down", kShut, "", "1: at1=192,68 draws=3", drawing({1, 1, 3})},
+        {"stands for what is left over and chooses anew", kShut, "", "1: at1=192,64 draws=3; 2: at1=192,68 draws=4",
+         drawing({1, 1, 4, 3})},
+    });
 }
-
-const struct {
-    const char* what;
-    Drawing map;
-    int row;                 // in which the dog starts
-    std::vector<int> draws;  // the first of its numbers
-    int updates;
-    int y;
-    EnemyState state;
-    EnemyDirection direction;
-    int drawn;
-} kShafts[] = {
-    {"climbs into rock", {"#", "H", "#"}, 1, {0}, 16, 0, EnemyState::Roaming, EnemyDirection::Up, 1},
-    {"and dies there", {"#", "H", "#"}, 1, {0}, 17, 0, EnemyState::Dead, EnemyDirection::Up, 1},
-    {"stands in the floor above",
-     {".", "=", "H", "#"},
-     2,
-     {0},
-     17,
-     64,
-     EnemyState::Roaming,
-     EnemyDirection::Undecided,
-     1},
-    {"wants up in the top row", {"H", "H", "#"}, 0, {0, 1}, 1, 0, EnemyState::Roaming, EnemyDirection::Up, 2},
-    {"and thinks again", {"H", "H", "#"}, 0, {0, 1}, 2, 0, EnemyState::Roaming, EnemyDirection::Undecided, 2},
-    {"falls and keeps the first direction",
-     {".", ".", ".", "#"},
-     0,
-     {1},
-     1,
-     4,
-     EnemyState::Roaming,
-     EnemyDirection::Undecided,
-     0},
-    {"chooses at the next cell",
-     {".", ".", ".", "#"},
-     0,
-     {1},
-     17,
-     68,
-     EnemyState::Roaming,
-     EnemyDirection::Undecided,
-     1},
-    {"and at the one after that",
-     {".", ".", ".", "#"},
-     0,
-     {1},
-     33,
-     128,
-     EnemyState::Roaming,
-     EnemyDirection::Undecided,
-     2},
-};
 
 TEST(EnemyWandering, ClimbsAndFallsInAShaft) {
-    for (const auto& row : kShafts) {
-        SCOPED_TRACE(row.what);
-        const std::uint32_t seed = seedDrawing(row.draws);
-        Attempt attempt = attemptOn(row.map, seed);
-        const Enemy& dog = attempt.enemies.emplace_back(0, row.row, EnemyKind::Dog);
-        update(attempt, row.updates);
-        EXPECT_EQ(dog.y, row.y);
-        EXPECT_EQ(dog.state(), row.state);
-        EXPECT_EQ(dog.direction(), row.direction);
-        EXPECT_EQ(drawsOf(attempt, seed), row.drawn);
-    }
-}
-
-TEST(EnemyWandering, KeepsItsDirectionThroughAFall) {
-    Attempt attempt = attemptOn({". . .", ". . .", "# # #"});
-    const Enemy& dog = attempt.enemies.emplace_back(2, 0, EnemyKind::Dog);
-    update(attempt, 17);
-    EXPECT_EQ(dog.y, 64);
-    EXPECT_EQ(dog.x, 124);
-    EXPECT_EQ(drawsOf(attempt, 1), 0);
+    expectScenarios({
+        {"climbs into rock and dies", "@ # #/# # D/# # #", "", "15: at1=128,0 is1=roams; 16: is1=dead", drawing({0})},
+        {"stands in the floor above", "@ # ./# # =/# # D/# # #", "", "15: at1=128,64; 16: at1=128,64 is1=roams",
+         drawing({0})},
+        {"wants up in the top row and thinks again", "@ # D/# # H/# # #", "",
+         "0: at1=128,0 wants1=up; 1: at1=128,0 wants1=undecided", drawing({0, 1})},
+        {"chooses at each cell through which it falls", "@ # d/# # ./# # ./# # #", "",
+         "0: at1=128,4 draws=0; 16: at1=128,68 draws=1; 32: at1=128,128 draws=2", seeded(1)},
+        {"keeps its direction through a fall", "@ # . d/# # . ./# # # #", "", "15: at1=192,64; 16: at1=188,64 draws=0"},
+    });
 }
 
 // Two on a corridor with the hero at one end. Cells begin at multiples of 64. The first in the list loses `waits`

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
 #include <thread>
 
 #include "level_list.h"
@@ -58,43 +60,49 @@ protected:
     LevelLoader loader_{source_};
 };
 
-TEST_F(LevelLoaderTest, TakesPicturesFromTheBlockOrTheDefaultOfItsType) {
-    struct Row {
-        std::uint16_t block;
-        BlockType type;
-        BlockType baseType;
-        int sprite;
-        int rostSprite;
+/// Type and base type by number, picture, picture of its change; then what else it is.
+std::string told(const MapCell& cell) {
+    std::ostringstream text;
+    text << static_cast<int>(cell.type) << ' ' << static_cast<int>(cell.baseType) << ' ' << cell.sprite << ' '
+         << cell.rostSprite << (cell.isExit ? " exit" : "") << (cell.isSpawnPoint ? " spawn" : "");
+    return text.str();
+}
+
+TEST_F(LevelLoaderTest, BuildsCellsFromBlocks) {
+    const struct {
+        const char* what;
+        CellRecord record;
+        const char* cell;
+    } rows[] = {
+        {"a floor with pictures", {.base = 1}, "1 1 17 84"},
+        {"a floor with the default of its type", {.base = 2}, "1 1 3 -1"},
+        {"a ladder", {.base = 3}, "2 2 5 -1"},
+        {"a pipe", {.base = 4}, "3 3 4 -1"},
+        {"rock", {.base = 5}, "5 5 2 -1"},
+        {"a hidden ladder is empty at first", {.base = 6}, "0 6 0 84"},
+        {"an inert block", {.base = 7}, "4 4 0 -1"},
+        {"an exit shows its opening's first picture, not its own", {.base = 8}, "0 8 84 84 exit"},
+        {"a spawn point", {.base = 9}, "0 0 0 -1 spawn"},
+        {"an ornament without a type", {.base = 10}, "0 0 17 -1"},
+        {"a picture that is not loaded", {.base = 11}, "0 0 0 -1"},
+        {"an unknown type", {.base = 12}, "4 4 0 -1"},
+        {"an exit without an opening", {.base = 13}, "0 8 -1 -1 exit"},
+        {"an unknown block", {.base = 500}, "0 0 0 -1"},
+        {"a layer gives an empty cell a type", {.base = 10, .layer2 = 3}, "2 2 17 -1"},
+        {"but not a floor", {.base = 1, .layer2 = 3}, "1 1 17 84"},
+        {"the first layer that has one", {.base = 10, .layer3 = 3, .layer5 = 5}, "2 2 17 -1"},
+        {"an ornament does not shut the exit", {.base = 8, .layer2 = 10}, "0 8 84 84 exit"},
+        {"nor a hidden ladder", {.base = 6, .layer4 = 10}, "0 6 0 84"},
+        {"a spawn point may lie in a floor", {.base = 9, .layer2 = 1}, "1 1 0 -1 spawn"},
+        {"an exit in a layer opens as its base does", {.base = 10, .layer2 = 8}, "0 8 -1 -1 exit"},
+        {"a hidden ladder in a layer", {.base = 10, .layer2 = 6}, "0 6 17 -1"},
+        {"a spawn point in a layer", {.base = 10, .layer3 = 9}, "0 0 17 -1 spawn"},
     };
-    const Row rows[] = {{1, BlockType::Floor, BlockType::Floor, 17, 84},
-                        {2, BlockType::Floor, BlockType::Floor, 3, -1},
-                        {3, BlockType::Ladder, BlockType::Ladder, 5, -1},
-                        {4, BlockType::Pipe, BlockType::Pipe, 4, -1},
-                        {5, BlockType::Solid, BlockType::Solid, 2, -1},
-                        {6, BlockType::Empty, BlockType::HiddenLadder, 0, 84},
-                        {7, BlockType::Inert, BlockType::Inert, 0, -1},
-                        {8, BlockType::Empty, BlockType::Exit, 84, 84},  // the opening's first picture, not its own
-                        {9, BlockType::Empty, BlockType::Empty, 0, -1},
-                        {10, BlockType::Empty, BlockType::Empty, 17, -1},
-                        {11, BlockType::Empty, BlockType::Empty, 0, -1},
-                        {12, BlockType::Inert, BlockType::Inert, 0, -1},
-                        {13, BlockType::Empty, BlockType::Exit, -1, -1},
-                        {500, BlockType::Empty, BlockType::Empty, 0, -1}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.block);
-        const MapCell cell = cellOf({.base = row.block});
-        EXPECT_EQ(cell.type, row.type);
-        EXPECT_EQ(cell.baseType, row.baseType);
-        EXPECT_EQ(cell.sprite, row.sprite);
-        EXPECT_EQ(cell.baseSprite, row.sprite);
-        EXPECT_EQ(cell.rostSprite, row.rostSprite);
-        EXPECT_EQ(cell.isExit, row.baseType == BlockType::Exit);
-        EXPECT_EQ(cell.isSpawnPoint, row.block == 9);
-        EXPECT_EQ(cell.breakState, BreakState::Intact);
-    }
+    for (const auto& row : rows) EXPECT_EQ(told(cellOf(row.record)), row.cell) << row.what;
     const MapCell floor = cellOf({.base = 1});
     EXPECT_EQ(floor.fireSprite, 83);
     EXPECT_EQ(floor.fonSprite, 37);
+    EXPECT_EQ(floor.baseSprite, 17);
     EXPECT_EQ(cellOf({.base = 2}).fonSprite, -1);
 }
 
@@ -105,27 +113,6 @@ TEST_F(LevelLoaderTest, LaysLayersOverTheBase) {
     EXPECT_EQ(cell.layer4Sprite, 0) << "picture 0 in a layer is never seen";
     EXPECT_EQ(cell.layer5Sprite, 0) << "a block without a picture";
     EXPECT_EQ(cellOf({.base = 1}).layer2Sprite, 0);
-}
-
-TEST_F(LevelLoaderTest, LetsALayerGiveATypeToAnEmptyCellOnly) {
-    EXPECT_EQ(cellOf({.base = 10, .layer2 = 3}).type, BlockType::Ladder);
-    EXPECT_EQ(cellOf({.base = 1, .layer2 = 3}).type, BlockType::Floor);
-    EXPECT_EQ(cellOf({.base = 10, .layer3 = 3, .layer5 = 5}).type, BlockType::Ladder) << "the first that has one";
-
-    const MapCell exit = cellOf({.base = 8, .layer2 = 10});
-    EXPECT_TRUE(exit.isExit);
-    EXPECT_EQ(exit.baseType, BlockType::Exit) << "an ornament does not shut the exit";
-    EXPECT_EQ(cellOf({.base = 6, .layer4 = 10}).baseType, BlockType::HiddenLadder);
-
-    const MapCell covered = cellOf({.base = 9, .layer2 = 1});
-    EXPECT_EQ(covered.type, BlockType::Floor) << "a spawn point may lie in a floor";
-    EXPECT_TRUE(covered.isSpawnPoint);
-
-    const MapCell laid = cellOf({.base = 10, .layer2 = 8});
-    EXPECT_TRUE(laid.isExit);
-    EXPECT_EQ(laid.sprite, -1) << "the opening comes from the base block";
-    EXPECT_EQ(cellOf({.base = 10, .layer2 = 6}).type, BlockType::Empty);
-    EXPECT_TRUE(cellOf({.base = 10, .layer3 = 9}).isSpawnPoint);
 }
 
 TEST_F(LevelLoaderTest, PlacesHeroObjectsKeysAndSpawnPoints) {

@@ -53,21 +53,16 @@ TEST(LevelMapQueries, KnowWhereOneCanGoAndStand) {
     }
 }
 
-TEST(LevelMapQueries, TakeADugFloorForAFloorWhenPlanning) {
+TEST(LevelMapQueries, PlanWithTheFloorThatADugOneWillBe) {
     LevelMap map = mapFrom({"@ .", "= .", ". ."});
     breakFloor(map, 0, 1);
     EXPECT_FALSE(map.canStand(0, 0, View::Physical));
     EXPECT_TRUE(map.canStand(0, 0, View::Planned));
     EXPECT_TRUE(map.isPassable(0, 1, View::Physical));
     EXPECT_FALSE(map.isPassable(0, 1, View::Planned));
-}
-
-TEST(LevelMapQueries, LetAnOccupiedHoleCarryAndKeepItShut) {
-    LevelMap map = mapFrom({"@", "=", "."});
-    breakFloor(map, 0, 1);
     map.cellAt(0, 1).holeOccupied = true;
-    EXPECT_TRUE(map.canStand(0, 0, View::Physical));
-    EXPECT_FALSE(map.isPassable(0, 1, View::Physical));
+    EXPECT_TRUE(map.canStand(0, 0, View::Physical)) << "an occupied hole carries";
+    EXPECT_FALSE(map.isPassable(0, 1, View::Physical)) << "and is shut";
 }
 
 TEST(LevelMapQueries, AnswerNoOutsideTheMap) {

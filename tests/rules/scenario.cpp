@@ -45,17 +45,13 @@ std::string joined(const Values& values, char between) {
     return all;
 }
 
-std::string distancesOf(const LevelMap& map) {
-    std::vector<std::string> rows;
-    for (int y = 0; y < map.height(); ++y) {
-        std::vector<std::string> row;
-        for (int x = 0; x < map.width(); ++x) {
-            const int distance = map.distanceAt(x, y);
-            row.push_back(distance == DistanceField::kUnreached ? "." : std::to_string(distance));
-        }
-        rows.push_back(joined(row, ','));
+std::string distancesOf(const LevelMap& map, int row) {
+    std::vector<std::string> distances;
+    for (int x = 0; x < map.width(); ++x) {
+        const int distance = map.distanceAt(x, row);
+        distances.push_back(distance == DistanceField::kUnreached ? "." : std::to_string(distance));
     }
-    return joined(rows, '/');
+    return joined(distances, ',');
 }
 
 std::string pair(int first, char between, int second) {
@@ -84,6 +80,7 @@ void addEnemy(State& state, const Enemy& enemy, const std::string& number) {
 
 void addCells(State& state, const LevelMap& map) {
     for (int y = 0; y < map.height(); ++y) {
+        state["far" + std::to_string(y)] = distancesOf(map, y);
         for (int x = 0; x < map.width(); ++x) {
             const MapCell& cell = map.cellAt(x, y);
             state["is" + pair(x, ',', y)] = kFloors[static_cast<std::size_t>(cell.breakState)];
@@ -97,7 +94,6 @@ State stateOf(const DrawnWorld& drawn) {
     const World& world = drawn.world();
     const auto& slots = world.bonuses().slots;
     state["map"] = joined(drawn.drawn().rows, '/');
-    state["far"] = distancesOf(world.map());
     state["end"] = world.ended() ? nameOf(world.cause()) : "no";
     state["score"] = std::to_string(world.score());
     state["keys"] = std::to_string(world.keysRemaining());
@@ -155,10 +151,10 @@ WorldStart seeded(std::uint32_t seed) {
     return start;
 }
 
-std::uint32_t seedDrawing(const std::vector<int>& quarters) {
-    return seedWhere([&](WorldRandom random) {
+WorldStart drawing(std::initializer_list<int> quarters) {
+    return seeded(seedWhere([&](WorldRandom random) {
         return std::ranges::all_of(quarters, [&](int quarter) { return random.next() / kQuarterOfRandom == quarter; });
-    });
+    }));
 }
 
 void update(Attempt& attempt, int times) {

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
-#include <vector>
 
 #include "drawn_world.h"
 
@@ -22,7 +21,7 @@ struct Scenario {
     ///     looks digs    left or right; yes or no
     ///     shows half    his animation and its frame, as "76:1"; yes while he is half transparent
     ///     map           the field as DrawnWorld::drawn, with '/' between its rows
-    ///     far           the distances from him, as "0,1,2/.,.,3"; . for a cell that was not reached
+    ///     far0          the distances from him in row 0, as "0,1,."; . for a cell that was not reached
     ///     end           no, or the cause: Dog Lady Rat Pit Won Quit
     ///     score keys lives draws bonuses     numbers: keys and bonuses that lie, draws from the generator
     ///     at1 is1 wants1 shows1 speed1 timer1     the first enemy: its place as "64,0"; roams, trapped, climbs or
@@ -45,9 +44,9 @@ void expectScenarios(std::initializer_list<Scenario> scenarios);
 /// A start with this seed in the first level of the game.
 [[nodiscard]] WorldStart seeded(std::uint32_t seed);
 
-/// The smallest seed that first draws these quarters of the generator's range: as a direction left, right, up, down
-/// (0 also takes a ladder); 4 is what the division leaves over.
-[[nodiscard]] std::uint32_t seedDrawing(const std::vector<int>& quarters);
+/// A start with the smallest seed that first draws these quarters of the generator's range: as a direction left, right,
+/// up, down (0 also takes a ladder); 4 is what the division leaves over.
+[[nodiscard]] WorldStart drawing(std::initializer_list<int> quarters);
 
 /// Lets all enemies of an attempt act, so many times.
 void update(Attempt& attempt, int times);

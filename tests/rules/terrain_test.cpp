@@ -74,7 +74,7 @@ TEST(LastKey, OpensExitsAndRaisesLadders) {
          {},
          6},
         {"and can be walked to", "H . h . @ k/# # # # # #", "1 down Right",
-         "0: far=.,.,.,1,0,1/.,.,.,.,.,.; 12: far=5,4,3,2,1,0/.,.,.,.,.,."},
+         "0: far0=.,.,.,1,0,1; 12: far0=5,4,3,2,1,0"},
     });
 }
 

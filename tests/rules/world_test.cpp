@@ -73,48 +73,44 @@ TEST(World, IsAValueThatPlaysOnByItself) {
     EXPECT_EQ(copy.world(), played.world());
 }
 
-std::uint64_t hashOf(const Drawing& map, const WorldStart& start, const char* keys, int frame) {
-    return worldFrom(map, start).script(keys).runTo(frame).world().stateHash();
-}
+constexpr const char* kHashed = "@ . + ~ . . k/= = = = = = =/# # # # # # d";
 
 // A hash stands for what play depends on: the same for a copy, another one for every difference in the state.
 TEST(World, HasAnotherHashForEachDifference) {
-    const Drawing map{"@ . + ~ . . k", "= = = = = = =", "# # # # # # d"};
-    const WorldStart plain;
-    std::map<std::uint64_t, std::string> seen;
-    const auto add = [&](const char* what, std::uint64_t hash) {
-        const auto [place, isNew] = seen.emplace(hash, what);
-        EXPECT_TRUE(isNew) << what << " looks like " << place->second;
+    const struct {
+        const char* what;
+        const char* keys;
+        int frame = 30;
+        WorldStart start = {};
+        const char* map = kHashed;
+    } rows[] = {
+        {"nothing", ""},
+        {"another frame", "", 31},
+        {"a sign of life", "30 down Up, 30 up Up"},
+        {"an older sign of life", "20 down Up, 20 up Up"},
+        {"a command", "30 down Up"},
+        {"a turn that has begun", "28 down Right, 29 up Right"},
+        {"a turn that is nearly done", "28 down Right, 30 up Right"},
+        {"a step", "26 down Right, 26 up Right, 27 down Right"},
+        {"a hole", "1 down X"},
+        {"an older hole", "2 down X"},
+        {"a seed", "", 30, seeded(1)},
+        {"a level", "", 30, {.levelIndex = 1, .collectedKeys = {}}},
+        {"a score", "", 30, {.score = 50, .collectedKeys = {}}},
+        {"a life", "", 30, {.lives = 4, .collectedKeys = {}}},
+        {"a key", "", 30, {.collectedKeys = {{6, 0}}}},
+        {"a lady for a dog", "", 30, {}, "@ . + ~ . . k/= = = = = = =/# # # # # # l"},
+        {"no heart", "", 30, {}, "@ . . ~ . . k/= = = = = = =/# # # # # # d"},
+        {"no drops", "", 30, {}, "@ . + . . . k/= = = = = = =/# # # # # # d"},
     };
-    add("nothing", hashOf(map, plain, "", 30));
-    add("another frame", hashOf(map, plain, "", 31));
-    add("a sign of life", hashOf(map, plain, "30 down Up, 30 up Up", 30));
-    add("an older sign of life", hashOf(map, plain, "20 down Up, 20 up Up", 30));
-    add("a command", hashOf(map, plain, "30 down Up", 30));
-    add("a turn that has begun", hashOf(map, plain, "28 down Right, 29 up Right", 30));
-    add("a turn that is nearly done", hashOf(map, plain, "28 down Right, 30 up Right", 30));
-    add("a step", hashOf(map, plain, "26 down Right, 26 up Right, 27 down Right", 30));
-    add("a hole", hashOf(map, plain, "1 down X", 30));
-    add("an older hole", hashOf(map, plain, "2 down X", 30));
-    for (const auto& [what, change] : std::initializer_list<std::pair<const char*, void (*)(WorldStart&)>>{
-             {"a seed", [](WorldStart& start) { start.seed = 1; }},
-             {"a level", [](WorldStart& start) { start.levelIndex = 1; }},
-             {"a score", [](WorldStart& start) { start.score = 50; }},
-             {"a life", [](WorldStart& start) { start.lives = 4; }},
-             {"a key",
-              [](WorldStart& start) {
-                  start.collectedKeys = {{6, 0}};
-              }},
-         }) {
-        WorldStart changed;
-        change(changed);
-        add(what, hashOf(map, changed, "", 30));
+    std::map<std::uint64_t, std::string> seen;
+    for (const auto& row : rows) {
+        auto world = worldFrom(drawingOf(row.map), row.start).script(row.keys).runTo(row.frame);
+        const auto [place, isNew] = seen.emplace(world.world().stateHash(), row.what);
+        EXPECT_TRUE(isNew) << row.what << " looks like " << place->second;
     }
-    add("a lady for a dog", hashOf({"@ . + ~ . . k", "= = = = = = =", "# # # # # # l"}, plain, "", 30));
-    add("no heart", hashOf({"@ . . ~ . . k", "= = = = = = =", "# # # # # # d"}, plain, "", 30));
-    add("no drops", hashOf({"@ . + . . . k", "= = = = = = =", "# # # # # # d"}, plain, "", 30));
 
-    auto played = worldFrom(map).script("1 down Right").runTo(40);
+    auto played = worldFrom(drawingOf(kHashed)).script("1 down Right").runTo(40);
     const World copy = played.world();
     EXPECT_EQ(copy.stateHash(), played.world().stateHash());
     played.world().finishFrame(false);

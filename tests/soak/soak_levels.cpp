@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 #include <utility>
 
@@ -16,51 +17,32 @@ namespace grub {
 
 namespace {
 
-/// Where a map by chance has what, in percent of its cells unless said otherwise.
-struct Mixture {
-    int storey;  // rows from floor to floor
-    int floorHoles;
-    int ladders;  // that begin in a cell; each goes down with a chance of 3 in 4
-    int pipes;
-    int walls;
-    int enemies;
-    int spawnPoints;
-    int keys;
-    bool ground;  // the last row is a floor
-};
-
-Mixture mixtureFrom(WorldRandom& random) {
-    const auto upTo = [&random](int most) { return random.next() % (most + 1); };
-    return {2 + upTo(3), upTo(12), 1 + upTo(8), upTo(8), upTo(6), 1 + upTo(4), upTo(2), upTo(2), upTo(2) > 0};
-}
-
-char symbolFor(const Mixture& mixture, int row, char above, WorldRandom& random) {
-    const auto chance = [&random](int percent) { return random.next() % 100 < percent; };
-    if (above == 'H' && chance(75)) return 'H';
-    if (chance(mixture.ladders)) return chance(80) ? 'H' : 'h';
-    if (chance(mixture.walls)) return '#';
-    if (row % mixture.storey == mixture.storey - 1 && !chance(mixture.floorHoles)) return '=';
-    if (chance(mixture.pipes)) return '-';
-    if (chance(mixture.enemies)) return "dlr"[random.next() % 3];
-    if (chance(mixture.spawnPoints)) return 's';
-    if (chance(mixture.keys)) return 'k';
-    return chance(1) ? "E+"[random.next() % 2] : '.';
-}
-
+/// Storeys, ladders, holes, pipes, walls, enemies, spawn points and keys in a mixture of its own.
 std::vector<std::string> rowsByChance(int width, int height, WorldRandom& random) {
-    const Mixture mixture = mixtureFrom(random);
-    std::vector<std::string> rows(1, std::string(static_cast<std::size_t>(width), '.'));  // above the first row
-    for (int y = 0; y < height; ++y) {
-        std::string row;
-        for (const char above : rows.back()) row += symbolFor(mixture, y, above, random);
-        rows.push_back(row);
+    const auto upTo = [&random](int most) { return random.next() % (most + 1); };
+    const auto chance = [&random](int percent) { return random.next() % 100 < percent; };
+    const int storey = 2 + upTo(3);  // rows from floor to floor
+    const int holes = upTo(12);      // this and the rest are percents of the cells
+    const std::pair<const char*, int> things[] = {
+        {"HHHHh", 1 + upTo(8)}, {"#", upTo(6)}, {"-", upTo(8)}, {"dlr", 1 + upTo(4)},
+        {"s", upTo(2)},         {"k", upTo(2)}, {"E+", 1}};
+    std::vector<std::string> rows(static_cast<std::size_t>(height), std::string(static_cast<std::size_t>(width), '.'));
+    for (std::size_t y = 0; y < rows.size(); ++y) {
+        for (std::size_t x = 0; x < rows[y].size(); ++x) {
+            char& cell = rows[y][x];
+            for (const auto& [symbols, percent] : things)
+                if (cell == '.' && chance(percent))
+                    cell = symbols[random.next() % static_cast<int>(std::strlen(symbols))];
+            const bool isFloor = static_cast<int>(y) % storey == storey - 1;
+            if (isFloor && std::strchr("H#", cell) == nullptr && !chance(holes)) cell = '=';
+            if (y > 0 && rows[y - 1][x] == 'H' && chance(75)) cell = 'H';  // ladders go down
+        }
     }
-    rows.erase(rows.begin());
-    if (mixture.ground) std::ranges::fill(rows.back(), '=');
+    if (chance(66)) std::ranges::fill(rows.back(), '=');
     return rows;
 }
 
-/// Takes things away that a level has no room for: from the last of them on.
+/// Takes away the last things when a level has no room for all.
 void keepWithinLimits(std::vector<std::string>& rows, std::string_view things, std::size_t limit) {
     std::size_t count = 0;
     for (std::string& row : rows) {

@@ -8,7 +8,7 @@ namespace grub {
 
 namespace {
 
-/// What is wrong; null when nothing is.
+/// What is wrong; null when all is well.
 using Fault = const char*;
 
 /// A demand and what is wrong when it is not met.
@@ -18,9 +18,8 @@ struct Demand {
 };
 
 Fault firstUnmet(std::initializer_list<Demand> demands) {
-    for (const Demand& demand : demands)
-        if (!demand.met) return demand.fault;
-    return nullptr;
+    const auto unmet = std::ranges::find(demands, false, &Demand::met);
+    return unmet == demands.end() ? nullptr : unmet->fault;
 }
 
 bool isWithin(int value, int low, int high) { return value >= low && value <= high; }
@@ -46,32 +45,23 @@ Fault faultOfHero(const World& world) {
     });
 }
 
-Fault faultOfTheDead(const Enemy& enemy) {
-    return firstUnmet({
-        {enemy.vx == 0 && enemy.vy == 0, "a dead enemy moves"},
-        {enemy.y == 0 && enemy.isAligned(), "a dead enemy lies about"},
-        {isWithin(enemy.timer(), 0, kDeadFrames), "a dead enemy's timer"},
-    });
-}
-
 Fault faultOf(const Enemy& enemy, const World& world) {
-    const int timerLimit = enemy.state() == EnemyState::Trapped ? kTrappedFrames : 0;
     const int speed = world.bonuses().anchorTimer > 0 ? kAnchoredSpeed : kEnemySpeed;
     const int fastest = std::max(std::abs(enemy.vx), std::abs(enemy.vy));
-    const Fault fault = firstUnmet({
+    const bool isDead = enemy.state() == EnemyState::Dead;
+    const int timerLimit = isDead ? kDeadFrames : enemy.state() == EnemyState::Trapped ? kTrappedFrames : 0;
+    return firstUnmet({
         {isInside(enemy, world.map()), "an enemy is outside the map"},
+        {isOnGrid(enemy), "an enemy is off the grid"},
         {enemy.speed() == speed, "an enemy's speed is not that of the anchor's timer"},
         {isWithin(enemy.picture().frame, 0, 7), "an enemy's picture"},
         {static_cast<int>(enemy.direction()) <= 4, "an enemy's direction"},
-    });
-    if (fault != nullptr) return fault;
-    if (enemy.state() == EnemyState::Dead) return faultOfTheDead(enemy);
-    return firstUnmet({
-        {isOnGrid(enemy), "an enemy is off the grid"},
+        {isWithin(enemy.timer(), 0, timerLimit), "an enemy's timer"},
         {fastest == 0 || fastest == kEnemySpeed || fastest == kAnchoredSpeed, "an enemy has another speed"},
         {enemy.vx == 0 || enemy.vy == 0, "an enemy goes askew"},
         {fastest == 0 || (enemy.x % fastest == 0 && enemy.y % fastest == 0), "an enemy will miss its cell"},
-        {isWithin(enemy.timer(), 0, timerLimit), "a living enemy's timer"},
+        {!isDead || fastest == 0, "a dead enemy moves"},
+        {!isDead || (enemy.y == 0 && enemy.isAligned()), "a dead enemy lies about"},
     });
 }
 
@@ -109,7 +99,7 @@ Fault faultOf(const MapCell& cell, bool keysLie) {
         {cell.baseType == BlockType::Floor || cell.breakState == BreakState::Intact,
          "something broke that is no floor"},
         {isWithin(cell.timer, 0, kHoleFrames - 1), "a cell's timer"},
-        {cell.timer == 0 || cell.breakState < BreakState::Intact, "a floor that is whole counts down"},
+        {cell.timer == 0 || cell.breakState < BreakState::Intact, "a whole floor counts down"},
         {cell.frame >= 0 && isWithin(cell.frameDelay, 0, cell.frameDelayReload), "a cell's picture"},
     });
 }
@@ -134,18 +124,12 @@ Fault faultOfMap(const World& world) {
     });
 }
 
-Fault faultOfPopups(const World& world) {
-    const bool rangesHold = std::ranges::all_of(
-        world.popups().entries(), [](const ScorePopup& popup) { return isWithin(popup.ttl, 0, kPopupFrames); });
-    return rangesHold ? nullptr : "the time of a rising number";
-}
-
 }  // namespace
 
 std::string faultOf(const World& world) {
     for (const Enemy& enemy : world.enemies())
         if (const Fault fault = faultOf(enemy, world); fault != nullptr) return fault;
-    for (const Fault fault : {faultOfHero(world), faultOfBonuses(world), faultOfPopups(world), faultOfMap(world)})
+    for (const Fault fault : {faultOfHero(world), faultOfBonuses(world), faultOfMap(world)})
         if (fault != nullptr) return fault;
     return {};
 }
@@ -156,7 +140,7 @@ std::string faultOfStep(const World& before, const World& after) {
         {after.frame() == before.frame() + 1, "a step is not one frame"},
         {isWithin(keysTaken, 0, 2), "keys came back or went by the dozen"},
         {after.score() >= before.score() + keysTaken * kKeyScore, "points are missing"},
-        {(after.score() - before.score()) % kKeyScore == 0, "points that nobody gives"},
+        {(after.score() - before.score()) % kKeyScore == 0, "points that no rule gives"},
         {after.lives() >= before.lives(), "a life is lost within an attempt"},
         {std::abs(after.hero().x - before.hero().x) + std::abs(after.hero().y - before.hero().y) <= kHeroSpeed,
          "the hero jumped"},

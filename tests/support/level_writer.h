@@ -15,7 +15,7 @@ namespace grub {
 /// A map drawn in characters, a string for each row. Cells may stand apart ("@ . #") or close ("@.#").
 ///
 ///     @ Grub   . nothing   # solid   = diggable floor   H ladder   h hidden ladder   - pipe   k key   E exit
-///     s spawn point   S spawn point inside a floor   d dog   l lady   r rat   + heart   ~ drops
+///     s spawn point   S one inside a floor   d dog   D dog on a ladder   l lady   r rat   + heart   ~ drops
 ///
 /// A drawing of a world also has _ for a floor that is broken.
 struct Drawing {
