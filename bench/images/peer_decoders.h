@@ -8,18 +8,18 @@
 
 namespace grub {
 
-/// Width x height x 3 bytes R, G, B without padding; left uninitialised by whoever allocates them. Null after a
-/// failure.
+/// Width x height x 3 bytes R, G, B without padding; null after a failure. They are not zeroed before decoding, which
+/// would cost time.
 using RgbPixels = std::unique_ptr<std::uint8_t[]>;
 
-/// Frees with SDL's own call, which also frees the pixels.
+/// SDL frees the surface together with its pixels.
 struct FreeSurface {
     void operator()(SDL_Surface* surface) const;
 };
-/// SDL's answer, in rows of `pitch` bytes.
+/// A picture that SDL decoded, in rows of `pitch` bytes.
 using SdlSurface = std::unique_ptr<SDL_Surface, FreeSurface>;
 
-/// What a user could have taken instead, each from a file in memory to RGB pixels.
+/// The libraries that a user could have taken instead: each decodes a file in memory to RGB pixels.
 [[nodiscard]] RgbPixels decodeWithGiflib(const Bytes& file);
 [[nodiscard]] SdlSurface decodeWithSdl(const Bytes& file);
 [[nodiscard]] RgbPixels decodeWithLibjpeg(const Bytes& file);

@@ -5,76 +5,73 @@
 namespace grub {
 namespace {
 
-using platform::DeviceFunction;
-using platform::testing::DeviceControls;
+constexpr struct {
+    int desktopWidth, desktopHeight;
+    bool wantsFullScreen;
+    bool fullScreen;  // chosen by `init`
+} kModes[] = {
+    {801, 601, false, false}, {1600, 1200, true, true},
+    {800, 600, false, true},  {800, 1200, false, true},  // a window needs a desktop that is larger in both directions
+    {1600, 600, false, true},
+};
+
+TEST(RendererInit, TakesTheFullScreenWhenADesktopHasNoRoomForAWindow) {
+    for (const auto& row : kModes) {
+        SCOPED_TRACE(testing::Message() << row.desktopWidth << " x " << row.desktopHeight);
+        const platform::testing::DesktopSize desktop(row.desktopWidth, row.desktopHeight);
+        const RendererWindow window;
+        D3DRenderer renderer(window.handle(), kScreenWidth, kScreenHeight, row.wantsFullScreen);
+        EXPECT_TRUE(renderer.init());
+        EXPECT_EQ(renderer.isFullScreen(), row.fullScreen);
+    }
+}
+
+using Answers = std::vector<std::pair<D3DFORMAT, HRESULT>>;
 
 const struct {
     const char* what;
-    std::pair<int, int> desktop;
-    bool wantsFullScreen;
-    void (*refuse)(DeviceControls&);
-    bool fullScreen;      // chosen by `init`
-    const char* message;  // null: `init` succeeds
-} kStarts[] = {
-    {"a window on a larger desktop", {801, 601}, false, nullptr, false, nullptr},
-    {"a desktop of the same size has no room for a window", {800, 600}, false, nullptr, true, nullptr},
-    {"a desktop as wide", {800, 1200}, false, nullptr, true, nullptr},
-    {"a desktop as high", {1600, 600}, false, nullptr, true, nullptr},
-    {"full screen as asked", {1600, 1200}, true, nullptr, true, nullptr},
-    {"a screen of 16 bits",
-     {1600, 1200},
-     true,
-     [](auto& d) { d.refuse(D3DFMT_X8R8G8B8, D3DERR_NOTAVAILABLE); },
-     true,
-     nullptr},
-    {"no Direct3D",
-     {1600, 1200},
-     false,
-     [](auto& d) { d.fail(DeviceFunction::Direct3DCreate8, E_FAIL); },
-     false,
-     "Can't creates an instance of a Direct3D8 object."},
+    bool fullScreen;
+    Answers formats;       // that the device refuses
+    HRESULT createDevice;  // its result
+    const char* message;   // null: `init` succeeds
+} kDevices[] = {
+    {"a screen of 16 bits", true, {{D3DFMT_X8R8G8B8, D3DERR_NOTAVAILABLE}}, D3D_OK, nullptr},
     {"no screen format",
-     {1600, 1200},
      true,
-     [](auto& d) {
-         d.refuse(D3DFMT_X8R8G8B8, D3DERR_NOTAVAILABLE);
-         d.refuse(D3DFMT_R5G6B5, D3DERR_INVALIDCALL);
-     },
-     true,
+     {{D3DFMT_X8R8G8B8, D3DERR_NOTAVAILABLE}, {D3DFMT_R5G6B5, D3DERR_INVALIDCALL}},
+     D3D_OK,
      "Can't detects appropriate device mode (neither 32 nor 16 bit). (D3DERR_INVALIDCALL)"},
     {"no texture format, for another reason",
-     {1600, 1200},
      false,
-     [](auto& d) { d.refuse(D3DFMT_A8R8G8B8, D3DERR_INVALIDCALL); },
-     false,
+     {{D3DFMT_A8R8G8B8, D3DERR_INVALIDCALL}},
+     D3D_OK,
      "Can't detects appropriate texture format (fatal error)."},
     {"no device",
-     {1600, 1200},
      false,
-     [](auto& d) { d.fail(DeviceFunction::CreateDevice, D3DERR_OUTOFVIDEOMEMORY); },
-     false,
+     {},
+     D3DERR_OUTOFVIDEOMEMORY,
      "Can't creates a device to represent the display adapter. (D3DERR_OUTOFVIDEOMEMORY)"},
 };
 
-TEST(RendererInit, TakesTheBestOfTheDeviceOrTellsThePlayerOnce) {
-    for (const auto& row : kStarts) {
+TEST(RendererInit, TakesTheNextFormatOrTellsThePlayerOnce) {
+    for (const auto& row : kDevices) {
         SCOPED_TRACE(row.what);
-        const platform::testing::DesktopSize desktop(row.desktop.first, row.desktop.second);
-        DeviceControls device;
-        if (row.refuse != nullptr) row.refuse(device);
+        const platform::testing::DesktopSize desktop(1600, 1200);
+        platform::testing::DeviceControls device;
+        for (const auto& [format, result] : row.formats) device.refuse(format, result);
+        device.fail(platform::DeviceFunction::CreateDevice, row.createDevice);
         const platform::testing::MessageBoxRecorder messages;
         const RendererWindow window;
-        D3DRenderer renderer(window.handle(), kScreenWidth, kScreenHeight, row.wantsFullScreen);
+        D3DRenderer renderer(window.handle(), kScreenWidth, kScreenHeight, row.fullScreen);
         EXPECT_EQ(renderer.init(), row.message == nullptr);
         EXPECT_EQ(renderer.isReady(), row.message == nullptr);
-        EXPECT_EQ(renderer.isFullScreen(), row.fullScreen);
-        EXPECT_EQ(renderer.beginFrame(), row.message == nullptr);
         ASSERT_EQ(messages.boxes().size(), row.message == nullptr ? 0u : 1u);
         if (row.message == nullptr) continue;
-        EXPECT_EQ(renderer.createTexture(8, 8), nullptr);
         EXPECT_EQ(messages.boxes()[0].text, row.message);
         EXPECT_EQ(messages.boxes()[0].caption, "DirectX error");
         EXPECT_EQ(messages.boxes()[0].style, 0x2010u);
+        EXPECT_FALSE(renderer.beginFrame());
+        EXPECT_EQ(renderer.createTexture(8, 8), nullptr);
     }
 }
 
