@@ -1,11 +1,8 @@
-#include "capture_commands.h"
-
-#include <CLI/CLI.hpp>
 #include <cstdio>
-#include <memory>
 #include <string>
 
 #include "command.h"
+#include "command_lists.h"
 #include "exit_codes.h"
 #include "game_file.h"
 #include "play_content.h"
@@ -17,20 +14,16 @@
 namespace grub {
 namespace {
 
-struct Arguments {
-    std::string game;
-    std::string output;
-    std::string data;
-};
-
 void capture(const Arguments& arguments) {
+    const std::string path = arguments.text("GAME");
+    const std::string output = arguments.text("FILE");
     std::string error;
-    const auto game = loadGame(arguments.game, error);
+    const auto game = loadGame(path, error);
     if (!game) failWith(kCannotPlay, error);
-    if (!game->end) failWith(kCannotPlay, arguments.game + ": wanted an end, found a draft");
-    const auto content = PlayContent::open(arguments.data, error);
+    if (!game->end) failWith(kCannotPlay, path + ": wanted an end, found a draft");
+    const auto content = PlayContent::open(arguments.text("--data"), error);
     if (content == nullptr) failWith(kCannotPlay, error);
-    auto world = content->worldOf(*game, arguments.game, error);
+    auto world = content->worldOf(*game, path, error);
     if (!world) failWith(kCannotPlay, error);
 
     ResourcePackage package("sound.pak");
@@ -40,20 +33,18 @@ void capture(const Arguments& arguments) {
     SoundBank bank(package);
     const auto samples = captureSound(*game, *world, bank);
     const auto bytes = wavBytes(samples, platform::kHandMixedChannels, platform::kHandMixedRate);
-    outputBytes(arguments.output, bytes, kCannotPlay);
-    std::printf("%s: %d frames\n", arguments.output.c_str(), world->frame());
+    outputBytes(output, bytes, kCannotPlay);
+    std::printf("%s: %d frames\n", output.c_str(), world->frame());
 }
 
 }  // namespace
 
-void addCaptureCommands(CLI::App& app) {
-    const auto arguments = std::make_shared<Arguments>();
-    CLI::App* const command = app.get_subcommand("sound")->add_subcommand(
-        "capture", "Play a recorded game and write what the speakers would get");
-    command->add_option("FILE", arguments->game, "recorded game")->required();
-    command->add_option("OUT.wav", arguments->output, "WAV file to write")->required();
-    command->add_option("--data", arguments->data, "directory of the packages");
-    command->callback([=] { capture(*arguments); });
+std::vector<Command> captureCommands() {
+    return {{"sound capture",
+             "Play a recorded game and write what the speakers would get",
+             {word("GAME", "recorded game"), word("FILE", "WAV file to write"),
+              option("--data", "directory of the packages")},
+             capture}};
 }
 
 }  // namespace grub

@@ -1,7 +1,8 @@
 #include "command.h"
 
-#include <CLI/CLI.hpp>
 #include <cstdio>
+#include <optional>
+#include <utility>
 
 #include "whole_file.h"
 
@@ -19,7 +20,7 @@ Contents orFail(std::optional<Contents> contents, const std::string& path, int e
 
 void failWith(int exitCode, const std::string& line) {
     std::fprintf(stderr, "%s\n", line.c_str());
-    throw CLI::RuntimeError(exitCode);
+    throw CommandEnd{exitCode};
 }
 
 std::vector<std::uint8_t> inputBytes(const std::string& path, int exitCode) {

@@ -1,9 +1,5 @@
-#include "level_commands.h"
-
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +7,7 @@
 #include "block_palette.h"
 #include "block_table.h"
 #include "command.h"
+#include "command_lists.h"
 #include "level_checks.h"
 #include "level_compiler.h"
 #include "level_file.h"
@@ -28,23 +25,16 @@ using Bytes = std::vector<std::uint8_t>;
 /// About one bucket for each key of the block table.
 constexpr std::uint32_t kTableBuckets = 3000;
 
-struct Arguments {
-    std::string input;
-    std::string output;
-    std::string blocks;
-    std::string art;
-};
-
 [[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(kFailed, error.in(file)); }
 
 /// The block table that belongs to a level: the one given, else the nearest typeblok.ini in the level's folder or
 /// above.
-std::string blocksFor(const Arguments& arguments) {
-    if (!arguments.blocks.empty()) return arguments.blocks;
-    std::filesystem::path folder = std::filesystem::absolute(arguments.input).parent_path();
+std::string blocksFor(const Arguments& arguments, const std::string& level) {
+    if (arguments.has("--blocks")) return arguments.text("--blocks");
+    std::filesystem::path folder = std::filesystem::absolute(level).parent_path();
     while (!std::filesystem::exists(folder / "typeblok.ini")) {
         if (folder == folder.root_path())
-            failWith(kFailed, arguments.input + ": no typeblok.ini in its folder or above; give --blocks FILE");
+            failWith(kFailed, level + ": no typeblok.ini in its folder or above; give --blocks FILE");
         folder = folder.parent_path();
     }
     return (folder / "typeblok.ini").string();
@@ -52,10 +42,10 @@ std::string blocksFor(const Arguments& arguments) {
 
 BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(table.buffer(), kTableBuckets)); }
 
-Bytes compiled(const Arguments& arguments, const TableSource& table) {
+Bytes compiled(const std::string& source, const TableSource& table) {
     TextError error;
-    auto level = compileLevel(inputText(arguments.input), paletteOf(table), error);
-    if (!level) failAt(arguments.input, error);
+    auto level = compileLevel(inputText(source), paletteOf(table), error);
+    if (!level) failAt(source, error);
     return std::move(*level);
 }
 
@@ -67,69 +57,69 @@ LevelFile parsed(const std::string& name, const Bytes& bytes) {
 }
 
 void compile(const Arguments& arguments) {
-    const TableSource table(inputBytes(blocksFor(arguments)));
-    const Bytes level = compiled(arguments, table);
-    for (const std::string& warning : levelWarnings(parsed(arguments.output, level), paletteOf(table)))
-        std::fprintf(stderr, "%s: warning: %s\n", arguments.input.c_str(), warning.c_str());
-    outputBytes(arguments.output, level);
+    const std::string source = arguments.text("SOURCE");
+    const std::string out = arguments.text("OUT");
+    const TableSource table(inputBytes(blocksFor(arguments, source)));
+    const Bytes level = compiled(source, table);
+    for (const std::string& warning : levelWarnings(parsed(out, level), paletteOf(table)))
+        std::fprintf(stderr, "%s: warning: %s\n", source.c_str(), warning.c_str());
+    outputBytes(out, level);
 }
 
 void show(const Arguments& arguments) {
-    const LevelFile level = parsed(arguments.input, inputBytes(arguments.input));
-    std::fputs(showLevel(level, paletteOf(TableSource(inputBytes(blocksFor(arguments))))).c_str(), stdout);
+    const std::string file = arguments.text("FILE");
+    const LevelFile level = parsed(file, inputBytes(file));
+    std::fputs(showLevel(level, paletteOf(TableSource(inputBytes(blocksFor(arguments, file))))).c_str(), stdout);
 }
 
 void picture(const Arguments& arguments) {
-    TableSource table(inputBytes(blocksFor(arguments)));
-    const bool isSource = std::filesystem::path(arguments.input).extension() == ".txt";
-    const Bytes bytes = isSource ? compiled(arguments, table) : inputBytes(arguments.input);
+    const std::string file = arguments.text("FILE");
+    TableSource table(inputBytes(blocksFor(arguments, file)));
+    const bool isSource = std::filesystem::path(file).extension() == ".txt";
+    const Bytes bytes = isSource ? compiled(file, table) : inputBytes(file);
     LevelLoader loader(table);
     loader.loadBlockTypes();
     addListedSpriteNumbers(loader.spriteNumbers());
     std::string reason;
-    const auto map = loader.build(parsed(arguments.input, bytes), reason);
-    if (!map) failWith(kFailed, arguments.input + ": " + reason);
-    PictureBook book(arguments.art);
-    if (!writePng(arguments.output, drawLevel(*map, book))) failWith(kFailed, arguments.output + ": cannot be written");
+    const auto map = loader.build(parsed(file, bytes), reason);
+    if (!map) failWith(kFailed, file + ": " + reason);
+    PictureBook book(arguments.text("--art"));
+    const std::string out = arguments.text("OUT");
+    if (!writePng(out, drawLevel(*map, book))) failWith(kFailed, out + ": cannot be written");
 }
 
 void blocks(const Arguments& arguments) {
+    const std::string source = arguments.text("SOURCE");
     TextError error;
-    const auto packed = packBlockTable(inputText(arguments.input), error);
-    if (!packed) failAt(arguments.input, error);
-    outputText(arguments.output, *packed);
+    const auto packed = packBlockTable(inputText(source), error);
+    if (!packed) failAt(source, error);
+    outputText(arguments.text("OUT"), *packed);
 }
 
 }  // namespace
 
-void addLevelCommands(CLI::App& app) {
-    CLI::App* const level = app.add_subcommand("level", "Compile, show and draw levels");
-    level->require_subcommand(1);
-    const auto add = [level](const char* name, const char* purpose, const char* input,
-                             void (*command)(const Arguments&)) {
-        const auto arguments = std::make_shared<Arguments>();
-        CLI::App* const sub = level->add_subcommand(name, purpose);
-        sub->add_option(input, arguments->input, "file to read")->required();
-        sub->callback([=] { command(*arguments); });
-        return std::pair(sub, arguments);
+std::vector<Command> levelCommands() {
+    constexpr Parameter kBlocks = option("--blocks", "block table; without it the typeblok.ini nearest to the level");
+    return {
+        {"level", "Compile, show and draw levels", {}, nullptr},
+        {"level compile",
+         "Make the .lvl file of a level source",
+         {word("SOURCE", "level source"), word("OUT", ".lvl file to write"), kBlocks},
+         compile},
+        {"level show",
+         "Print a .lvl file of any version as a level source",
+         {word("FILE", ".lvl file"), kBlocks},
+         show},
+        {"level picture",
+         "Draw a level as the game draws it at rest",
+         {word("FILE", "level source (.txt) or .lvl file"), word("OUT", "PNG file to write"), kBlocks,
+          option("--art", "folder of rendered pictures; without it cells are plain colours")},
+         picture},
+        {"level blocks",
+         "Check a block table and give its lines the ends that the game wants",
+         {word("SOURCE", "block table"), word("OUT", "block table to write")},
+         blocks},
     };
-    const auto wantOutput = [](const auto& command, const char* name) {
-        command.first->add_option(name, command.second->output, "file to write")->required();
-    };
-    const auto takeBlocks = [](const auto& command) {
-        command.first->add_option("--blocks", command.second->blocks, "block table; else typeblok.ini near the level");
-    };
-
-    const auto compiling = add("compile", "Make the .lvl file of a level source", "SOURCE", compile);
-    wantOutput(compiling, "OUT.lvl");
-    takeBlocks(compiling);
-    takeBlocks(add("show", "Print a .lvl file of any version as a level source", "FILE.lvl", show));
-    const auto drawing = add("picture", "Draw a .lvl file or a level source (.txt)", "FILE", picture);
-    wantOutput(drawing, "OUT.png");
-    takeBlocks(drawing);
-    drawing.first->add_option("--art", drawing.second->art, "folder of rendered pictures; without it plain colours");
-    wantOutput(add("blocks", "Check a block table and give its lines the ends the game wants", "SOURCE.ini", blocks),
-               "OUT.ini");
 }
 
 }  // namespace grub

@@ -1,11 +1,8 @@
-#include "pack_commands.h"
-
-#include <CLI/CLI.hpp>
 #include <cstdio>
-#include <memory>
 #include <string>
 
 #include "command.h"
+#include "command_lists.h"
 #include "package_builder.h"
 #include "package_contents.h"
 #include "package_extractor.h"
@@ -13,11 +10,6 @@
 
 namespace grub {
 namespace {
-
-struct Arguments {
-    std::string package;
-    std::string directory;
-};
 
 PackageContents open(const std::string& path) {
     std::string fault;
@@ -28,15 +20,15 @@ PackageContents open(const std::string& path) {
 
 void pack(const Arguments& arguments) {
     std::string fault;
-    auto items = collectPackItems(arguments.directory, fault);
-    if (!items) failWith(kFailed, arguments.package + ": " + fault);
+    auto items = collectPackItems(arguments.text("DIR"), fault);
+    if (!items) failWith(kFailed, arguments.text("PAK") + ": " + fault);
     const auto bytes = buildPackage(std::move(*items), fault);
-    if (!bytes) failWith(kFailed, arguments.package + ": " + fault);
-    outputBytes(arguments.package, *bytes);
+    if (!bytes) failWith(kFailed, arguments.text("PAK") + ": " + fault);
+    outputBytes(arguments.text("PAK"), *bytes);
 }
 
 void list(const Arguments& arguments) {
-    const PackageContents contents = open(arguments.package);
+    const PackageContents contents = open(arguments.text("PAK"));
     for (const PackageEntry& entry : contents.entries) {
         std::printf("%u %.*s\n", entry.extent.size, static_cast<int>(entry.name.size()), entry.name.data());
     }
@@ -44,44 +36,39 @@ void list(const Arguments& arguments) {
 
 void extract(const Arguments& arguments) {
     std::string fault;
-    if (!extractPackage(open(arguments.package), arguments.directory, fault))
-        failWith(kFailed, arguments.package + ": " + fault);
+    if (!extractPackage(open(arguments.text("PAK")), arguments.text("DIR"), fault))
+        failWith(kFailed, arguments.text("PAK") + ": " + fault);
 }
 
 void verify(const Arguments& arguments) {
+    const std::string package = arguments.text("PAK");
     bool isSound = true;
-    for (const PackageFinding& finding : verifyPackage(open(arguments.package))) {
-        std::fprintf(stderr, "%s: %s%s%s\n", arguments.package.c_str(), finding.isWarning ? "warning: " : "",
+    for (const PackageFinding& finding : verifyPackage(open(package))) {
+        std::fprintf(stderr, "%s: %s%s%s\n", package.c_str(), finding.isWarning ? "warning: " : "",
                      finding.entry.empty() ? "" : (finding.entry + ": ").c_str(), finding.text.c_str());
         isSound = isSound && finding.isWarning;
     }
-    if (!isSound) throw CLI::RuntimeError(kFailed);
+    if (!isSound) throw CommandEnd{};
 }
 
 }  // namespace
 
-void addPackCommands(CLI::App& app) {
-    const auto add = [&](const char* name, const char* purpose, void (*command)(const Arguments&)) {
-        const auto arguments = std::make_shared<Arguments>();
-        CLI::App* const sub = app.add_subcommand(name, purpose);
-        sub->callback([=] { command(*arguments); });
-        return std::pair(sub, arguments);
+std::vector<Command> packCommands() {
+    return {
+        {"pack",
+         "Pack the files of DIR into PAK",
+         {word("DIR", "directory of resources"), word("PAK", "package file to write")},
+         pack},
+        {"list", "Print size and name of each resource", {word("PAK", "package file")}, list},
+        {"extract",
+         "Write the resources of PAK to files below DIR",
+         {word("PAK", "package file"), word("DIR", "directory to write to; it is made if need be")},
+         extract},
+        {"verify",
+         "Check structure and contents; exit code 1 and a line for each fault",
+         {word("PAK", "package file")},
+         verify},
     };
-    const auto wantPackage = [](const auto& command) {
-        command.first->add_option("PAK", command.second->package, "package file")->required();
-    };
-    const auto wantDirectory = [](const auto& command) {
-        command.first->add_option("DIR", command.second->directory, "directory of resources")->required();
-    };
-
-    const auto packing = add("pack", "Pack the files of DIR into PAK", pack);
-    wantDirectory(packing);
-    wantPackage(packing);
-    wantPackage(add("list", "Print size and name of each resource", list));
-    const auto extracting = add("extract", "Write the resources of PAK to files below DIR", extract);
-    wantPackage(extracting);
-    wantDirectory(extracting);
-    wantPackage(add("verify", "Check structure, pictures and tables; exit code 1 and a line for each fault", verify));
 }
 
 }  // namespace grub

@@ -1,6 +1,3 @@
-#include "play_commands.h"
-
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
 #include <limits>
@@ -8,6 +5,7 @@
 #include <string>
 
 #include "command.h"
+#include "command_lists.h"
 #include "exit_codes.h"
 #include "game_file.h"
 #include "game_player.h"
@@ -16,23 +14,13 @@
 #include "game_text.h"
 #include "play_content.h"
 #include "trace_command.h"
-#include "whole_number.h"
 
 namespace grub {
 namespace {
 
-struct Arguments {
-    std::string game;
-    std::string level;
-    std::string data;
-    int at = 0;
-    bool show = false;
-    bool update = false;
-};
-
 std::unique_ptr<PlayContent> openContent(const Arguments& arguments) {
     std::string error;
-    auto content = PlayContent::open(arguments.data, error);
+    auto content = PlayContent::open(arguments.text("--data"), error);
     if (content == nullptr) failWith(kCannotPlay, error);
     return content;
 }
@@ -53,29 +41,31 @@ World worldOf(PlayContent& content, const RecordedGame& game, const std::string&
 
 /// Plays a game without a window.
 void check(const Arguments& arguments) {
-    const RecordedGame game = readGameFile(arguments.game);
+    const std::string path = arguments.text("FILE");
+    const RecordedGame game = readGameFile(path);
     if (!game.isComplete())
-        failWith(kCannotPlay, arguments.game + ": wanted hashes and an end, found a draft; --update writes them");
+        failWith(kCannotPlay, path + ": wanted hashes and an end, found a draft; --update writes them");
     const auto content = openContent(arguments);
-    World world = worldOf(*content, game, arguments.game);
+    World world = worldOf(*content, game, path);
     if (!replay(game, world)) {
         std::fputs(drawBoth(game, world).c_str(), stdout);
-        failWith(kDiffers, arguments.game + ": " + *differenceAt(game, world));
+        failWith(kDiffers, path + ": " + *differenceAt(game, world));
     }
-    std::printf("%s: %s in frame %d, score %d\n", arguments.game.c_str(), std::string(nameOf(game.end->cause)).c_str(),
+    std::printf("%s: %s in frame %d, score %d\n", path.c_str(), std::string(nameOf(game.end->cause)).c_str(),
                 game.end->frame, game.end->score);
 }
 
 void update(const Arguments& arguments) {
-    const std::string text = inputText(arguments.game, kCannotPlay);
+    const std::string path = arguments.text("FILE");
+    const std::string text = inputText(path, kCannotPlay);
     TextError error;
     auto game = readGame(draftOf(text), error);
-    if (!game) failWith(kCannotPlay, error.in(arguments.game));
+    if (!game) failWith(kCannotPlay, error.in(path));
     const auto content = openContent(arguments);
-    World world = worldOf(*content, *game, arguments.game);
+    World world = worldOf(*content, *game, path);
     if (!record(*game, world))
-        failWith(kCannotPlay, arguments.game + ": the keys reach no end; 'FRAME end Quit score 0 keys 0' leaves");
-    outputText(arguments.game, withOutcome(text, *game), kCannotPlay);
+        failWith(kCannotPlay, path + ": the keys reach no end; 'FRAME end Quit score 0 keys 0' leaves");
+    outputText(path, withOutcome(text, *game), kCannotPlay);
 }
 
 /// A level file made for the game of another program, for as long as it runs.
@@ -104,16 +94,17 @@ private:
 
 void endAs(int exitCode) {
     if (exitCode < 0) failWith(kCannotPlay, "grubaway: cannot be started");
-    if (exitCode != 0) throw CLI::RuntimeError(exitCode);
+    if (exitCode != 0) throw CommandEnd{exitCode};
 }
 
 /// Plays a game in the window. The window's program knows level files, not their sources.
 void show(const Arguments& arguments) {
-    const RecordedGame game = readGameFile(arguments.game);
-    std::vector<std::string> words{"--replay", arguments.game};
-    if (!arguments.data.empty()) words.insert(words.end(), {"--data", arguments.data});
-    if (arguments.at > 0) words.insert(words.end(), {"--at", std::to_string(arguments.at)});
-    const auto file = levelFileOf(game, arguments.game);
+    const std::string path = arguments.text("FILE");
+    const RecordedGame game = readGameFile(path);
+    std::vector<std::string> words{"--replay", path};
+    if (arguments.has("--data")) words.insert(words.end(), {"--data", arguments.text("--data")});
+    if (const int at = arguments.number("--at", 0); at > 0) words.insert(words.end(), {"--at", std::to_string(at)});
+    const auto file = levelFileOf(game, path);
     std::unique_ptr<CompiledLevel> compiled;
     if (file && isLevelSource(*file)) {
         compiled = std::make_unique<CompiledLevel>(*openContent(arguments), *file);
@@ -123,56 +114,49 @@ void show(const Arguments& arguments) {
 }
 
 void play(const Arguments& arguments) {
-    if (arguments.show) return show(arguments);
-    arguments.update ? update(arguments) : check(arguments);
+    if (arguments.has("--show")) return show(arguments);
+    arguments.has("--update") ? update(arguments) : check(arguments);
 }
 
 /// The window's program wrote the level file that was made for it; the game's is its source.
-void nameSource(const Arguments& arguments) {
-    RecordedGame game = readGameFile(arguments.game);
-    const auto folder = std::filesystem::absolute(arguments.game).parent_path();
-    game.level = std::filesystem::relative(arguments.level, folder).string();
-    outputText(arguments.game, writeGame(game), kCannotPlay);
+void nameSource(const std::string& path, const std::string& source) {
+    RecordedGame game = readGameFile(path);
+    const auto folder = std::filesystem::absolute(path).parent_path();
+    game.level = std::filesystem::relative(source, folder).string();
+    outputText(path, writeGame(game), kCannotPlay);
 }
 
 void recordInWindow(const Arguments& arguments) {
-    std::vector<std::string> words{"--record", arguments.game, "--level", arguments.level};
-    if (!arguments.data.empty()) words.insert(words.end(), {"--data", arguments.data});
-    if (!isLevelSource(arguments.level)) return endAs(runGameProgram(words));
-    const CompiledLevel compiled(*openContent(arguments), arguments.level);
+    const std::string level = arguments.text("LEVEL");
+    const std::string path = arguments.text("FILE");
+    std::vector<std::string> words{"--record", path, "--level", level};
+    if (arguments.has("--data")) words.insert(words.end(), {"--data", arguments.text("--data")});
+    if (!isLevelSource(level)) return endAs(runGameProgram(words));
+    const CompiledLevel compiled(*openContent(arguments), level);
     words[3] = compiled.path();
     endAs(runGameProgram(words));
-    nameSource(arguments);
-}
-
-void addPlay(CLI::App& app) {
-    const auto arguments = std::make_shared<Arguments>();
-    CLI::App* const command = app.add_subcommand("play", "Play a recorded game and check that all comes as recorded");
-    command->add_option("FILE", arguments->game, "recorded game")->required();
-    CLI::Option* const show = command->add_flag("--show", arguments->show, "play it in the window, at game speed");
-    command->add_option("--at", arguments->at, "first game frame to show")
-        ->needs(show)
-        ->transform(wholeNumber(std::numeric_limits<int>::max()));
-    command->add_flag("--update", arguments->update, "write its hashes and its end anew, from a run")->excludes(show);
-    command->add_option("--data", arguments->data, "directory of the packages");
-    command->callback([=] { play(*arguments); });
-}
-
-void addRecord(CLI::App& app) {
-    const auto arguments = std::make_shared<Arguments>();
-    CLI::App* const command = app.add_subcommand("record", "Play a level in the window and write the game down");
-    command->add_option("LEVEL", arguments->level, "1 to 50, a level file or a level source")->required();
-    command->add_option("FILE", arguments->game, "recorded game to write")->required();
-    command->add_option("--data", arguments->data, "directory of the packages");
-    command->callback([=] { recordInWindow(*arguments); });
+    nameSource(path, level);
 }
 
 }  // namespace
 
-void addPlayCommands(CLI::App& app) {
-    addPlay(app);
-    addRecord(app);
-    addTraceCommand(app);
+std::vector<Command> playCommands() {
+    constexpr Parameter kData = option("--data", "directory of the packages");
+    Parameter at = number("--at", "first game frame to show", 0, std::numeric_limits<int>::max());
+    at.needs = "--show";
+    Parameter anew = flag("--update", "write the hashes and the end anew, from a run");
+    anew.excludes = "--show";
+    return {
+        {"play",
+         "Play a recorded game and check that all comes as recorded",
+         {word("FILE", "recorded game"), flag("--show", "play it in the window, at game speed"), at, anew, kData},
+         play},
+        {"record",
+         "Play a level in the window and write the game down",
+         {word("LEVEL", "1 to 50, a level file or a level source"), word("FILE", "recorded game to write"), kData},
+         recordInWindow},
+        traceCommand(),
+    };
 }
 
 }  // namespace grub

@@ -1,12 +1,10 @@
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include "command.h"
 
 namespace grub {
 
-/// Adds the command trace; see addPlayCommands.
-void addTraceCommand(CLI::App& app);
+/// The command trace; see playCommands().
+[[nodiscard]] Command traceCommand();
 
 }  // namespace grub

@@ -1,15 +1,12 @@
-#include "render_commands.h"
-
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <thread>
 
 #include "bmp_file.h"
 #include "command.h"
+#include "command_lists.h"
 #include "contact_sheet.h"
 #include "label_pictures.h"
 #include "picture_registry.h"
@@ -19,14 +16,6 @@
 namespace grub {
 
 namespace {
-
-struct RenderOptions {
-    std::string name;
-    std::string output;
-    std::vector<std::string> names;
-    int zoom = 2;
-    bool labels = false;
-};
 
 const PictureEntry& wanted(const std::string& name) {
     const PictureEntry* entry = findPicture(name);
@@ -40,18 +29,20 @@ bool renderFile(const PictureEntry& entry, const std::filesystem::path& path) {
     return writeWholeFile(path, bmpBytes(renderStrip(entry)));
 }
 
-void list(const RenderOptions& options) {
+void list(const Arguments& arguments) {
     for (const PictureEntry& entry : allPictures()) {
-        if (!options.labels || isLabel(entry)) std::cout << entry.name << '\n';
+        if (!arguments.has("--labels") || isLabel(entry)) std::cout << entry.name << '\n';
     }
 }
 
-void renderOne(const RenderOptions& options) {
-    if (!renderFile(wanted(options.name), options.output)) failWith(kFailed, options.output + ": cannot be written");
+void renderOne(const Arguments& arguments) {
+    const std::string file = arguments.text("FILE");
+    if (!renderFile(wanted(arguments.text("NAME")), file)) failWith(kFailed, file + ": cannot be written");
 }
 
 /// One picture a thread at a time; which thread draws what does not show in the files.
-void renderAll(const RenderOptions& options) {
+void renderAll(const Arguments& arguments) {
+    const std::string directory = arguments.text("DIR");
     const auto& pictures = allPictures();
     std::atomic<std::size_t> next{0};
     std::atomic<bool> good{true};
@@ -59,51 +50,47 @@ void renderAll(const RenderOptions& options) {
         for (std::size_t i = next++; i < pictures.size(); i = next++) {
             std::string file(pictures[i].name);
             std::replace(file.begin(), file.end(), '\\', '/');
-            if (!renderFile(pictures[i], std::filesystem::path(options.output) / (file + ".bmp"))) good = false;
+            if (!renderFile(pictures[i], std::filesystem::path(directory) / (file + ".bmp"))) good = false;
         }
     };
     {
         std::vector<std::jthread> threads;
         for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i) threads.emplace_back(work);
     }
-    if (!good) failWith(kFailed, options.output + ": cannot be written below");
+    if (!good) failWith(kFailed, directory + ": cannot be written below");
 }
 
-void renderSheet(const RenderOptions& options) {
+void renderSheet(const Arguments& arguments) {
     std::vector<const PictureEntry*> entries;
-    for (const std::string& name : options.names) entries.push_back(&wanted(name));
-    if (options.names.empty()) {
+    for (const std::string& name : arguments.texts("NAMES")) entries.push_back(&wanted(name));
+    if (entries.empty()) {
         for (const PictureEntry& entry : allPictures()) entries.push_back(&entry);
     }
-    if (!writePng(options.output, contactSheet(entries, options.zoom)))
-        failWith(kFailed, options.output + ": cannot be written");
+    const std::string file = arguments.text("FILE");
+    if (!writePng(file, contactSheet(entries, arguments.number("--zoom", 2))))
+        failWith(kFailed, file + ": cannot be written");
 }
 
 }  // namespace
 
-void addRenderCommands(CLI::App& app) {
-    const auto options = std::make_shared<RenderOptions>();
-    CLI::App* render = app.add_subcommand("render", "Draw the game's pictures");
-    render->require_subcommand(1);
-
-    CLI::App* names = render->add_subcommand("list", "Print the name of every picture");
-    names->add_flag("--labels", options->labels, "Only of those that nobody has drawn yet");
-    names->callback([options] { list(*options); });
-
-    CLI::App* one = render->add_subcommand("picture", "Draw one strip as a BMP file");
-    one->add_option("name", options->name, "Name, such as grub\\ani_01")->required();
-    one->add_option("file", options->output, "BMP file to write")->required();
-    one->callback([options] { renderOne(*options); });
-
-    CLI::App* all = render->add_subcommand("all", "Draw every strip into a directory");
-    all->add_option("directory", options->output, "Directory to write into")->required();
-    all->callback([options] { renderAll(*options); });
-
-    CLI::App* sheet = render->add_subcommand("sheet", "Draw a contact sheet to look at");
-    sheet->add_option("file", options->output, "PNG file to write")->required();
-    sheet->add_option("names", options->names, "Names; none means all");
-    sheet->add_option("--zoom", options->zoom, "Times as large")->check(CLI::Range(1, 8));
-    sheet->callback([options] { renderSheet(*options); });
+std::vector<Command> renderCommands() {
+    return {
+        {"render", "Draw the game's pictures", {}, nullptr},
+        {"render list",
+         "Print the name of every picture",
+         {flag("--labels", "only the pictures that are still labels")},
+         list},
+        {"render picture",
+         "Draw one strip as a BMP file",
+         {word("NAME", "picture, such as grub\\ani_01"), word("FILE", "BMP file to write")},
+         renderOne},
+        {"render all", "Draw every strip into a directory", {word("DIR", "directory to write to")}, renderAll},
+        {"render sheet",
+         "Draw a contact sheet to look at",
+         {word("FILE", "PNG file to write"), words("NAMES", "pictures; all of them if none is named", false),
+          number("--zoom", "how many times as large, 2 if not given", 1, 8)},
+         renderSheet},
+    };
 }
 
 }  // namespace grub

@@ -1,10 +1,8 @@
-#include "synth_commands.h"
-
-#include <CLI/CLI.hpp>
+#include <filesystem>
 #include <iostream>
-#include <memory>
 
 #include "command.h"
+#include "command_lists.h"
 #include "measure.h"
 #include "score_source.h"
 #include "sound_sheet.h"
@@ -16,12 +14,6 @@ namespace grub {
 
 namespace {
 
-struct SynthOptions {
-    std::string source;
-    std::string output;
-    std::vector<std::string> files;
-};
-
 [[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(kFailed, error.in(file)); }
 
 SoundRecording recordingOf(const std::string& path) {
@@ -30,63 +22,62 @@ SoundRecording recordingOf(const std::string& path) {
     return std::move(*recording);
 }
 
-void renderEffect(const SynthOptions& options) {
-    const std::string text = inputText(options.source);
+void renderEffect(const Arguments& arguments) {
+    const std::string path = arguments.text("SOURCE");
+    const std::string text = inputText(path);
     TextError error;
     const auto source = readSoundSource(text, error);
-    if (!source) failAt(options.source, error);
+    if (!source) failAt(path, error);
     const auto sound = renderSound(*source, error);
-    if (!sound) failAt(options.source, error);
-    outputBytes(options.output, wavBytes(*sound, static_cast<int>(source->rate)));
+    if (!sound) failAt(path, error);
+    outputBytes(arguments.text("FILE"), wavBytes(*sound, static_cast<int>(source->rate)));
 }
 
-void renderMusic(const SynthOptions& options) {
-    const std::string text = inputText(options.source);
+void renderMusic(const Arguments& arguments) {
+    const std::string path = arguments.text("SCORE");
+    const std::string text = inputText(path);
     TextError error;
     const auto score = readScore(text, error);
-    if (!score) failAt(options.source, error);
-    outputBytes(options.output, vorbisBytes(renderScore(*score), kMusicRate));
+    if (!score) failAt(path, error);
+    outputBytes(arguments.text("FILE"), vorbisBytes(renderScore(*score), kMusicRate));
 }
 
-void measure(const SynthOptions& options) {
-    for (const std::string& file : options.files)
+void measure(const Arguments& arguments) {
+    for (const std::string& file : arguments.texts("FILES"))
         std::cout << measureLine(measureSound(recordingOf(file))) << "  " << file << '\n';
 }
 
-void drawSheet(const SynthOptions& options) {
+void drawSheet(const Arguments& arguments) {
     std::vector<NamedRecording> sounds;
-    for (const std::string& file : options.files)
+    for (const std::string& file : arguments.texts("FILES"))
         sounds.push_back({std::filesystem::path(file).stem().string(), recordingOf(file)});
-    if (!writeSoundSheet(options.output, sounds)) failWith(kFailed, options.output + ": cannot be written");
+    const std::string picture = arguments.text("PICTURE");
+    if (!writeSoundSheet(picture, sounds)) failWith(kFailed, picture + ": cannot be written");
 }
 
 }  // namespace
 
-void addSynthCommands(CLI::App& app) {
-    const auto options = std::make_shared<SynthOptions>();
-    CLI::App* sound = app.add_subcommand("sound", "Render the game's sound effects, and look at sounds");
-    sound->require_subcommand(1);
-
-    CLI::App* render = sound->add_subcommand("render", "Render a sound source as a WAV file");
-    render->add_option("source", options->source, "Sound source, such as content/sound/steps.txt")->required();
-    render->add_option("file", options->output, "WAV file to write")->required();
-    render->callback([options] { renderEffect(*options); });
-
-    CLI::App* numbers = sound->add_subcommand("measure", "Print what stands for hearing a WAV or Ogg Vorbis file");
-    numbers->add_option("files", options->files, "Files")->required();
-    numbers->callback([options] { measure(*options); });
-
-    CLI::App* sheet = sound->add_subcommand("sheet", "Draw waveforms and spectra of WAV or Ogg Vorbis files");
-    sheet->add_option("picture", options->output, "PNG file to write")->required();
-    sheet->add_option("files", options->files, "Files")->required();
-    sheet->callback([options] { drawSheet(*options); });
-
-    CLI::App* music = app.add_subcommand("music", "Render the game's music");
-    music->require_subcommand(1);
-    CLI::App* score = music->add_subcommand("render", "Render a score as an Ogg Vorbis file");
-    score->add_option("score", options->source, "Score, such as content/music/menu.txt")->required();
-    score->add_option("file", options->output, "Ogg file to write")->required();
-    score->callback([options] { renderMusic(*options); });
+std::vector<Command> synthCommands() {
+    return {
+        {"sound", "Render the game's sound effects, and look at sounds", {}, nullptr},
+        {"sound render",
+         "Render a sound source as a WAV file",
+         {word("SOURCE", "sound source, such as content/sound/steps.txt"), word("FILE", "WAV file to write")},
+         renderEffect},
+        {"sound measure",
+         "Print figures that tell how a WAV or Ogg Vorbis file sounds",
+         {words("FILES", "WAV or Ogg Vorbis files", true)},
+         measure},
+        {"sound sheet",
+         "Draw waveforms and spectra of WAV or Ogg Vorbis files",
+         {word("PICTURE", "PNG file to write"), words("FILES", "WAV or Ogg Vorbis files", true)},
+         drawSheet},
+        {"music", "Render the game's music", {}, nullptr},
+        {"music render",
+         "Render a score as an Ogg Vorbis file",
+         {word("SCORE", "score, such as content/music/menu.txt"), word("FILE", "Ogg Vorbis file to write")},
+         renderMusic},
+    };
 }
 
 }  // namespace grub

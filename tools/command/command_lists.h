@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vector>
+
+#include "command.h"
+
+namespace grub {
+
+/// The commands of each folder of tools/; the folder of that name defines the function. A command that fails writes one
+/// line to standard error and throws CommandEnd, with exit code 1 if nothing else is said here.
+[[nodiscard]] std::vector<Command> packCommands();
+[[nodiscard]] std::vector<Command> levelCommands();
+[[nodiscard]] std::vector<Command> renderCommands();
+[[nodiscard]] std::vector<Command> synthCommands();
+/// Exit code 2 when the game cannot be played.
+[[nodiscard]] std::vector<Command> captureCommands();
+/// play: exit code 1 when a game differs, 2 when it cannot be played. trace: 1 for a refused level, 2 for anything
+/// else.
+[[nodiscard]] std::vector<Command> playCommands();
+
+}  // namespace grub
