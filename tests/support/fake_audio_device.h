@@ -12,20 +12,19 @@
 
 namespace grub {
 
-/// What a `FakeAudioDevice` and its sounds were asked, in order, such as "play 120", "loop 120", "stop 120",
-/// "volume 120 57" or "destroy 120". A sound is called by the bytes of PCM that its decoder tells. Whoever includes
-/// this links the sound decoders.
+/// The calls of a `FakeAudioDevice` and its sounds, in order, such as "play 120", "loop 120", "stop 120",
+/// "volume 120 57" or "destroy 120". The number is the bytes of PCM of the sound. A target that includes this file must
+/// link the sound decoders.
 struct AudioLog {
     std::vector<std::string> calls;
-    bool refusesSounds = false;  ///< as a device without memory: no sound is made
+    bool refusesSounds = false;  ///< the device makes no sound, as if out of memory
 
-    /// The calls since the last time, which are forgotten.
+    /// Returns the calls and empties the log.
     std::vector<std::string> take() { return std::exchange(calls, {}); }
-    /// Whether a call stands in the log.
     [[nodiscard]] bool has(const std::string& call) const { return std::ranges::find(calls, call) != calls.end(); }
 };
 
-/// A sound that is only written down.
+/// A sound that only writes to the log.
 class FakeSound final : public SoundBuffer {
 public:
     explicit FakeSound(std::shared_ptr<AudioLog> log) : log_(std::move(log)) {}
@@ -40,7 +39,7 @@ public:
     bool setPan(std::int32_t percent) override { return note("pan", " " + std::to_string(percent)); }
     bool setVolume(std::int32_t percent) override { return note("volume", " " + std::to_string(percent)); }
 
-    /// Writes a call down, always true.
+    /// Writes a call to the log. Always true.
     bool note(const std::string& call, const std::string& tail = "") const {
         log_->calls.push_back(call + " " + (decoder_ ? std::to_string(decoder_->dataSize()) : "nothing") + tail);
         return true;
@@ -55,7 +54,7 @@ private:
 class FakeAudioDevice final : public AudioDevice {
 public:
     explicit FakeAudioDevice(std::shared_ptr<AudioLog> log) : log_(std::move(log)) {}
-    /// Puts one into the sound slot of `EngineServices`; its log.
+    /// Puts a device into the sound slot of `EngineServices` and returns its log.
     static std::shared_ptr<AudioLog> install() {
         auto log = std::make_shared<AudioLog>();
         EngineServices::installSoundDevice(std::make_unique<FakeAudioDevice>(log));

@@ -11,15 +11,14 @@
 
 namespace grub {
 
-/// Named resources in memory, in place of a package. Loads may come from any thread.
+/// Named resources in memory, in place of a package. Any thread may load.
 class MemorySource final : public ResourceSource {
 public:
     /// Adds or replaces a resource.
     void put(const std::string& name, std::vector<std::uint8_t> bytes) { resources_[name] = std::move(bytes); }
     void put(const std::string& name, const std::string& text) { resources_[name].assign(text.begin(), text.end()); }
-    /// Takes a resource away.
     void remove(const std::string& name) { resources_.erase(name); }
-    /// Names that were asked for, found or not, in order.
+    /// The names of all loads so far, found or not, in order.
     [[nodiscard]] const std::vector<std::string>& loads() const { return loads_; }
 
     bool exists(const EngineString& name) override { return resources_.contains(name.cStr()); }

@@ -11,7 +11,7 @@
 
 namespace grub {
 
-/// What of an Ogg Vorbis file can vary.
+/// The properties of an Ogg Vorbis file that tests vary.
 struct OggKind {
     long rate = 44100;
     float quality = 0.5F;     ///< -0.1 to 1
@@ -19,8 +19,8 @@ struct OggKind {
     bool smallPages = false;  ///< a page for every few packets
 };
 
-/// Encodes samples with libvorbisenc, which whoever includes this links. `samples` holds an array for each channel, all
-/// of one length.
+/// Encodes samples with libvorbisenc; a target that includes this file must link it. `samples` holds an array for each
+/// channel, all of one length.
 class OggWriter {
 public:
     /// Writes the headers.
@@ -112,7 +112,7 @@ struct OggPage {
     std::size_t bodyBytes;
 };
 
-/// The pages of an Ogg file one after another, up to the first that is not all there.
+/// The pages of an Ogg file in order, up to the first that is not complete.
 [[nodiscard]] inline std::vector<OggPage> oggPages(const Bytes& file) {
     constexpr std::size_t kFixed = 27;  // then a byte for each segment: its length
     std::vector<OggPage> pages;
@@ -130,7 +130,7 @@ struct OggPage {
     return pages;
 }
 
-/// Makes the checksum of a page right again, so that what was changed in it is believed.
+/// Corrects the checksum of a page, so that a decoder believes the changes in it.
 inline void sealOggPage(Bytes& file, const OggPage& at) {
     unsigned char* const start = file.data() + at.start;
     ogg_page page{start, static_cast<long>(at.headerBytes), start + at.headerBytes, static_cast<long>(at.bodyBytes)};

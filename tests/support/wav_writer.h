@@ -7,7 +7,7 @@
 
 namespace grub {
 
-/// What of a WAV file can vary. Numbers go into the header as they are, sensible or not.
+/// The parts of a WAV file that tests vary. Numbers go into the header unchecked.
 struct WavParts {
     unsigned channels = 1;
     std::uint32_t rate = 44100;

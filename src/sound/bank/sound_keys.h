@@ -2,11 +2,15 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
-#include "music_id.h"
 #include "sound_id.h"
 
 namespace grub {
+
+/// The music tracks by their numbers.
+enum class MusicId : std::uint8_t { Menu = 0, Game1 = 1, Game2 = 2 };
+inline constexpr int kMusicCount = 3;
 
 /// The keys of section "music" of the sound table, by `MusicId`.
 inline constexpr std::array<const char*, kMusicCount> kMusicKeys{"menu", "game1", "game2"};
@@ -21,7 +25,7 @@ inline constexpr std::array<const char*, kSoundCount> kEffectKeys{
     "heart",   "skull",
 };
 
-/// From this effect on they are loaded by the second phase.
+/// The first phase of loading loads the effects below this one, the second phase the others.
 inline constexpr std::size_t kFirstOfSecondPhase = static_cast<std::size_t>(SoundId::Shield);
 
 }  // namespace grub

@@ -8,12 +8,13 @@ namespace grub {
 
 namespace {
 
-constexpr int kHeaders = 3;  // identification, comments, setup
+constexpr std::size_t kPiece = 8500;  // bytes that libogg gets at once: about two pages of usual files
+constexpr int kHeaders = 3;           // identification, comments, setup
 constexpr unsigned kSampleBytes = 2;
 
-// The nearest sample of 16 bits. The sum has no bits left for a fraction, so its low bits are the rounded number; and
-// since the bits of floats are ordered like whole numbers, the limits hold for them, whatever the value is. Thus the
-// compiler can take several samples at once, which it cannot with the library's ways to round and to clamp.
+// The nearest 16-bit sample. The sum has no bits left for a fraction, so its low bits are the rounded number. The bits
+// of floats are ordered like whole numbers, so the limits work on the bits, for every value. In this form the compiler
+// converts several samples at once; with the library's functions for rounding and clamping it cannot.
 std::int32_t toSample(float value) {
     constexpr float kShift = 12582912.0F;  // 1.5 * 2^23
     constexpr auto kZero = std::bit_cast<std::int32_t>(kShift);
@@ -30,7 +31,7 @@ void putMono(std::uint8_t* to, const float* samples, std::size_t count) {
     }
 }
 
-// Both samples of a frame are one number, for the same reason.
+// Writes both samples of a frame as one number, for the same reason.
 void putStereo(std::uint8_t* to, const float* left, const float* right, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         const auto low = static_cast<std::uint32_t>(toSample(left[i])) & 0xFFFF;
@@ -46,6 +47,71 @@ void putFrames(std::uint8_t* to, float* const* samples, unsigned channels, std::
 }
 
 }  // namespace
+
+bool OggPackets::begin() {
+    close();
+    rest_ = file_;
+    feed();
+    ogg_page page;
+    if (ogg_sync_pageout(&sync_, &page) != 1) return false;
+    return ogg_stream_init(&stream_, ogg_page_serialno(&page)) == 0 && ogg_stream_pagein(&stream_, &page) == 0;
+}
+
+// Both calls leave the states zero, as before the first `begin`.
+void OggPackets::close() {
+    ogg_stream_clear(&stream_);
+    ogg_sync_clear(&sync_);
+}
+
+OggPackets::Found OggPackets::next(ogg_packet& packet) {
+    while (true) {
+        const int given = ogg_stream_packetout(&stream_, &packet);
+        if (given != 0) return given > 0 ? Found::Packet : Found::Hole;
+        ogg_page page;
+        if (!takePage(page)) return Found::End;
+        ogg_stream_pagein(&stream_, &page);  // libogg refuses pages of other streams
+    }
+}
+
+// False at the file's end.
+bool OggPackets::takePage(ogg_page& page) {
+    while (true) {
+        const int given = ogg_sync_pageout(&sync_, &page);
+        if (given == 1) return true;
+        // Negative: libogg skipped bytes that are not a page; a page may follow them.
+        if (given == 0 && !feed()) return false;
+    }
+}
+
+bool OggPackets::feed() {
+    const auto piece = rest_.first(std::min(rest_.size(), kPiece));
+    if (piece.empty()) return false;
+    char* const memory = ogg_sync_buffer(&sync_, static_cast<long>(piece.size()));
+    if (memory == nullptr) return false;
+    std::copy(piece.begin(), piece.end(), memory);
+    rest_ = rest_.subspan(piece.size());
+    return ogg_sync_wrote(&sync_, static_cast<long>(piece.size())) == 0;
+}
+
+VorbisSynthesis::VorbisSynthesis() {
+    vorbis_info_init(&info_);
+    vorbis_comment_init(&comment_);
+}
+
+VorbisSynthesis::~VorbisSynthesis() {
+    vorbis_block_clear(&block_);
+    vorbis_dsp_clear(&dsp_);
+    vorbis_comment_clear(&comment_);
+    vorbis_info_clear(&info_);  // last: the others use it
+}
+
+bool VorbisSynthesis::start() {
+    return vorbis_synthesis_init(&dsp_, &info_) == 0 && vorbis_block_init(&dsp_, &block_) == 0;
+}
+
+bool VorbisSynthesis::decode(ogg_packet& packet) {
+    return vorbis_synthesis(&block_, &packet) == 0 && vorbis_synthesis_blockin(&dsp_, &block_) == 0;
+}
 
 OggVorbisDecoder::OggVorbisDecoder(const SharedBuffer& source) : SoundDecoder(source), packets_(file()) { open(); }
 
@@ -98,7 +164,7 @@ std::uint32_t OggVorbisDecoder::read(SharedBuffer& buffer) {
     return written;
 }
 
-// False at the file's end. Packets that hold no sound, and holes, are passed over.
+// Skips holes and packets that hold no sound. False at the file's end.
 bool OggVorbisDecoder::decodePacket() {
     ogg_packet packet;
     while (true) {

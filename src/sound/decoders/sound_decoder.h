@@ -9,8 +9,8 @@
 
 namespace grub {
 
-/// One sound file in memory, turned into PCM on demand. A decoder belongs to one thread at a time; clones of one file
-/// may decode at once. Damage never shows but as a sound that ends early, or that cannot be rewound.
+/// Turns one sound file in memory into PCM on demand. A decoder belongs to one thread at a time; clones of one decoder
+/// may work at the same time. A damaged file gives a sound that ends early, or a decoder that cannot be rewound.
 class SoundDecoder {
 public:
     SoundDecoder(const SoundDecoder&) = delete;
@@ -19,26 +19,25 @@ public:
 
     /// Another decoder over the same bytes, at the start.
     [[nodiscard]] virtual std::unique_ptr<SoundDecoder> clone() const = 0;
-    /// As the file says it: any number, 0 included. Whoever makes a sound of it checks.
+    /// The number in the file, unchecked: it may be 0. The code that makes a sound of it checks it.
     [[nodiscard]] virtual std::uint16_t channels() const = 0;
-    /// Samples per second and channel; any number, as above.
+    /// Samples per second and channel, unchecked.
     [[nodiscard]] virtual std::uint32_t sampleRate() const = 0;
-    /// Of one sample of one channel; any number, as above.
+    /// Bits of one sample of one channel, unchecked.
     [[nodiscard]] virtual std::uint16_t bitsPerSample() const = 0;
-    /// Back to the first sample; also what starts a decoder. False when there is nothing to decode.
+    /// Goes to the first sample. Call it before the first `read` too. False when there is nothing to decode.
     virtual bool rewind() = 0;
-    /// All PCM bytes; 0 when only decoding tells.
+    /// Bytes of PCM in all; 0 when the decoder does not know before its end.
     [[nodiscard]] virtual std::uint32_t dataSize() const = 0;
-    /// The next PCM, at most `buffer.size()` bytes: how many there are, 0 at the end. They are the buffer's first
-    /// bytes, or the buffer is replaced by a view of the decoder's own, which lives as long as the decoder. So a buffer
-    /// serves for one read only.
+    /// Gives the next PCM, at most `buffer.size()` bytes, and returns how many; 0 at the end. Fills the start of
+    /// `buffer`, or replaces it by a view of bytes that live as long as the decoder. So use a buffer for one read only.
     virtual std::uint32_t read(SharedBuffer& buffer) = 0;
 
 protected:
     /// Keeps the file's bytes alive as long as the decoder.
     explicit SoundDecoder(SharedBuffer source) : source_(std::move(source)) {}
 
-    /// The complete file, and its bytes.
+    /// The complete file.
     [[nodiscard]] const SharedBuffer& source() const { return source_; }
     [[nodiscard]] std::span<const std::uint8_t> file() const { return source_.bytes(); }
 
@@ -46,8 +45,8 @@ private:
     SharedBuffer source_;
 };
 
-/// The decoder for a file, chosen by its first four bytes only ("OggS" or "RIFF"); null for anything else. What follows
-/// may still turn out to be no sound.
+/// Chooses a decoder by the first four bytes of the file ("OggS" or "RIFF"); null for other bytes. It does not look at
+/// the rest of the file.
 [[nodiscard]] std::unique_ptr<SoundDecoder> createSoundDecoder(const SharedBuffer& file);
 
 }  // namespace grub

@@ -14,7 +14,7 @@ constexpr std::uint32_t kDataChunk = 0x61746164;
 
 constexpr std::size_t kRiffHeader = 12;  // "RIFF", size, "WAVE"
 constexpr std::size_t kFormatAt = 20;    // of the usual header: behind the chunk's id and size
-constexpr std::size_t kFormatSize = 16;  // of plain PCM; longer ones begin with the same fields
+constexpr std::size_t kFormatSize = 16;  // of plain PCM; longer format chunks begin with the same fields
 constexpr std::size_t kDataIdSize = 4;
 
 std::span<const std::uint8_t> takeAtMost(ByteReader& reader, std::size_t count) {
@@ -28,7 +28,7 @@ WavDecoder::WavDecoder(const SharedBuffer& source) : SoundDecoder(source) {
     rest_ = samples_;
 }
 
-// Samples before the format are not looked for. False without a chunk of samples.
+// Ignores samples that stand before the format. False without a chunk of samples behind it.
 bool WavDecoder::readChunks() {
     ByteReader reader(file());
     reader.skip(kRiffHeader);
@@ -62,10 +62,10 @@ void WavDecoder::readUsualHeader() {
 
 void WavDecoder::readFormat(std::span<const std::uint8_t> chunk) {
     ByteReader reader(chunk);
-    reader.skip(2);  // format tag: files of the game hold PCM
+    reader.skip(2);  // format tag: the game takes all files for PCM
     channels_ = reader.u16();
     sampleRate_ = reader.u32();
-    reader.skip(6);  // bytes per second, block align: they follow from the rest
+    reader.skip(6);  // bytes per second, block align: both follow from the rest
     bitsPerSample_ = reader.u16();
 }
 

@@ -7,13 +7,13 @@
 
 namespace grub {
 
-/// PCM in a RIFF file. Chunks are looked for; a file without those of the format and the samples is taken to have its
-/// fields at the places of the usual header of 44 bytes, whatever its chunks are called. The stored samples are given
-/// out as they are, without being copied.
+/// PCM in a RIFF file. Looks for the chunks of the format and of the samples. In a file without these, it reads the
+/// fields at their places in the usual header of 44 bytes, whatever the names of the chunks. Gives out views of the
+/// stored samples.
 class WavDecoder final : public SoundDecoder, public PoolAllocated<WavDecoder> {
 public:
-    /// Only the file's own size is trusted: samples that it does not hold do not count. A file without a place for
-    /// samples has 0 channels.
+    /// Gives only samples that lie inside the file, whatever size a chunk claims. A file without a place for samples
+    /// has 0 channels.
     explicit WavDecoder(const SharedBuffer& file);
 
     [[nodiscard]] std::unique_ptr<SoundDecoder> clone() const override;
@@ -22,7 +22,6 @@ public:
     [[nodiscard]] std::uint16_t bitsPerSample() const override { return bitsPerSample_; }
     bool rewind() override;
     [[nodiscard]] std::uint32_t dataSize() const override { return static_cast<std::uint32_t>(samples_.size()); }
-    /// Replaces `buffer` by a view.
     std::uint32_t read(SharedBuffer& buffer) override;
 
 private:

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
+#include <vector>
 
-#include "pcm_pieces.h"
+#include "shared_buffer.h"
 #include "sound_decoder.h"
 #include "stream_slots.h"
 
@@ -17,7 +19,7 @@ constexpr DWORD kStreamCaps = kStaticCaps | DSBCAPS_CTRLPOSITIONNOTIFY;
 // Per cent of a range that begins at -100 dB, in hundredths of a decibel.
 LONG decibels(std::int32_t percent, LONG range) { return std::clamp(percent, 0, 100) * range / 100 - 10000; }
 
-// What the decoder says of itself; the device judges it. No frame size is a sound of nothing.
+// The format as the decoder tells it; the device checks it. A frame size of 0 means that there is nothing to play.
 WAVEFORMATEX formatOf(const SoundDecoder& decoder) {
     const std::uint32_t frameBytes = std::uint32_t{decoder.channels()} * decoder.bitsPerSample() / 8;
     WAVEFORMATEX format{};
@@ -30,7 +32,70 @@ WAVEFORMATEX formatOf(const SoundDecoder& decoder) {
     return format;
 }
 
+// How often one fill may start a loop again. Only sounds of a few milliseconds reach this limit. Each start reads the
+// headers again; without the limit a sound of one sample would keep the thread busy for half a minute.
+constexpr int kMostRestarts = 64;
+
+// Copies what fits and moves both on behind it.
+void copySome(std::span<const std::uint8_t>& from, std::span<std::uint8_t>& to) {
+    const std::size_t count = std::min(from.size(), to.size());
+    std::copy_n(from.begin(), count, to.begin());
+    from = from.subspan(count);
+    to = to.subspan(count);
+}
+
 }  // namespace
+
+// The next PCM of a decoder, in the pieces that the decoder gives. Views of a file stay views, so each byte is copied
+// once, into the device's memory. Must not outlive the decoder.
+class PcmPieces {
+public:
+    // Takes whole frames, at most `bytes`, which must be a multiple of a frame. With `loop` a decoder that has ended is
+    // rewound and goes on; it gives less than `bytes` only if it has next to nothing to give.
+    PcmPieces(SoundDecoder& decoder, std::uint32_t bytes, std::uint32_t frameBytes, bool loop);
+
+    [[nodiscard]] std::uint32_t size() const { return size_; }
+    // Copies the pieces to the start of `first` and on into `second`, and fills the rest of both with zeros. Both
+    // together must have room for all pieces.
+    void copyTo(std::span<std::uint8_t> first, std::span<std::uint8_t> second) const;
+
+private:
+    struct Piece {
+        SharedBuffer buffer;
+        std::uint32_t size;  // its first bytes
+    };
+
+    std::vector<Piece> pieces_;
+    std::uint32_t size_ = 0;
+};
+
+PcmPieces::PcmPieces(SoundDecoder& decoder, std::uint32_t bytes, std::uint32_t frameBytes, bool loop) {
+    int restartsLeft = loop ? kMostRestarts : 0;
+    bool rewound = false;
+    while (size_ < bytes) {
+        SharedBuffer buffer = SharedBuffer::create(bytes - size_);
+        std::uint32_t count = decoder.read(buffer);
+        count -= count % frameBytes;  // a file may end within a frame
+        if (count > 0) {
+            pieces_.push_back({std::move(buffer), count});
+            size_ += count;
+            rewound = false;
+            continue;
+        }
+        if (rewound || restartsLeft-- == 0 || !decoder.rewind()) return;
+        rewound = true;
+    }
+}
+
+void PcmPieces::copyTo(std::span<std::uint8_t> first, std::span<std::uint8_t> second) const {
+    for (const Piece& piece : pieces_) {
+        auto from = piece.buffer.bytes().first(piece.size);
+        copySome(from, first);
+        copySome(from, second);
+    }
+    std::ranges::fill(first, std::uint8_t{0});
+    std::ranges::fill(second, std::uint8_t{0});
+}
 
 DSoundBuffer::DSoundBuffer(IDirectSound8* directSound, std::shared_ptr<StreamSlots> slots)
     : directSound_(directSound != nullptr ? addReference(*directSound) : nullptr), slots_(std::move(slots)) {}
@@ -97,7 +162,8 @@ bool DSoundBuffer::fillAll(bool loop) {
     return write(pcm, 0, bufferBytes_, DSBLOCK_ENTIREBUFFER) && SUCCEEDED(buffer_->SetCurrentPosition(0));
 }
 
-// The half is written even when nothing came: its stop comes a little late, and what it held must not be heard again.
+// Writes the half even when the decoder gave nothing: the stop comes a little late, and the old half must not be heard
+// again.
 bool DSoundBuffer::fillHalf(unsigned half, bool loop) {
     const PcmPieces pcm(*decoder_, halfBytes_, frameBytes_, loop);
     write(pcm, half * halfBytes_, halfBytes_, 0);
@@ -133,7 +199,7 @@ bool DSoundBuffer::write(const PcmPieces& pcm, DWORD offset, DWORD bytes, DWORD 
 bool DSoundBuffer::hasJustEntered(unsigned half) const {
     DWORD position = 0;
     if (FAILED(buffer_->GetCurrentPosition(&position, nullptr))) return false;
-    return position - half * halfBytes_ < halfBytes_ / 2;  // unsigned: a cursor before the half is far behind it
+    return position - half * halfBytes_ < halfBytes_ / 2;  // unsigned: a cursor before the half gives a huge number
 }
 
 bool DSoundBuffer::notifyBy(HANDLE event) {

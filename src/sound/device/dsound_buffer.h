@@ -14,43 +14,43 @@ namespace grub {
 class PcmPieces;
 class StreamSlots;
 
-/// One sound of `DSoundDevice`: wholly in a static buffer, or in a ring of two halves that is refilled while it plays.
+/// One sound of `DSoundDevice`: whole in a static buffer, or in a ring of two halves that is refilled while it plays.
 class DSoundBuffer final : public SoundBuffer, public PoolAllocated<DSoundBuffer> {
 public:
-    /// The ring of a sound that streams, in bytes. What is smaller, and known to be, is static.
+    /// The ring of a sound that streams, in bytes. A sound whose size is known and smaller is static.
     static constexpr std::uint32_t kRingBytes = 262144;
 
-    /// Empty. Without `directSound`, which is kept alive, it stays so.
+    /// An empty sound. It shares `directSound`; when that is null, the sound stays empty.
     DSoundBuffer(IDirectSound8* directSound, std::shared_ptr<StreamSlots> slots);
     DSoundBuffer(const DSoundBuffer&) = delete;
     DSoundBuffer& operator=(const DSoundBuffer&) = delete;
-    /// Leaves its slots first, so no streaming thread meets a sound that is gone.
+    /// Leaves its slots first, so that no streaming thread uses a destroyed sound.
     ~DSoundBuffer() override;
 
-    /// The copy has the volume and the pan of now. Copies share the device's memory: one of two that stream may play.
+    /// The copy has the present volume and pan. Copies share the device's memory: of two that stream only one may play.
     [[nodiscard]] std::unique_ptr<SoundBuffer> clone() const override;
     bool create(std::unique_ptr<SoundDecoder> decoder) override;
     bool setPan(std::int32_t percent) override;
     bool setVolume(std::int32_t percent) override;
 
-    /// Whether there is something to play.
+    /// Whether the device has made a buffer for it.
     [[nodiscard]] bool exists() const { return buffer_ != nullptr; }
-    /// Whether it takes a slot while it plays.
+    /// Whether the sound takes a slot while it plays.
     [[nodiscard]] bool streams() const { return halfBytes_ != 0; }
-    /// The device's DSBSTATUS_ flags; false when it refuses.
+    /// Reads the device's DSBSTATUS_ flags; false when the device refuses.
     bool readStatus(DWORD& status) const;
 
-    /// Rewinds the decoder and fills the whole buffer; what the sound does not fill is silent. The next start is at the
-    /// beginning. False when the decoder has nothing or the device refuses.
+    /// Rewinds the decoder, fills the whole buffer, with silence behind the sound's end, and moves the cursor to the
+    /// start. False when the decoder cannot rewind or the device refuses.
     bool fillAll(bool loop);
-    /// Fills a half (0 or 1) of the ring. False when nothing is left, which makes the half silent. What the device
-    /// refuses is lost, like a gap in the sound.
+    /// Fills a half (0 or 1) of the ring. When the decoder has nothing left, makes the half silent and returns false.
+    /// When the device refuses, this part of the sound is lost.
     bool fillHalf(unsigned half, bool loop);
-    /// Whether the cursor stands in the first part of a half (0 or 1).
+    /// Whether the cursor is in the first part of a half (0 or 1).
     [[nodiscard]] bool hasJustEntered(unsigned half) const;
-    /// Lets the device set the event when the last byte of each half has been played.
+    /// Asks the device to set the event when it has played the last byte of each half.
     bool notifyBy(HANDLE event);
-    /// Starts at the cursor, or halts. False when the device refuses.
+    /// Starts or stops at the cursor. False when the device refuses.
     bool start(bool loop);
     bool halt();
 

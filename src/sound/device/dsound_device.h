@@ -5,21 +5,29 @@
 #include <memory>
 
 #include <dsound.h>
+#include <windows.h>
 
 #include "audio_device.h"
 #include "com_ptr.h"
-#include "owned_handle.h"
 #include "stream_slots.h"
 
 namespace grub {
 
 class DSoundBuffer;
 
-/// Plays with DirectSound 8. Long sounds, and those whose length nobody knows, stream: two threads of the highest
-/// priority refill them whenever a half of their ring has been played.
+/// Closes a handle.
+struct HandleCloser {
+    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
+};
+
+/// Owns the handle of an event or a thread, or is null.
+using OwnedHandle = std::unique_ptr<void, HandleCloser>;
+
+/// Plays with DirectSound 8. Long sounds, and sounds of unknown length, stream: two threads of the highest priority
+/// refill a half of their ring when it has been played.
 class DSoundDevice final : public AudioDevice {
 public:
-    /// Nothing is opened before `init`. The window is the program's own.
+    /// Opens nothing; `init` does. `window` is the program's window.
     explicit DSoundDevice(HWND window);
     DSoundDevice(const DSoundDevice&) = delete;
     DSoundDevice& operator=(const DSoundDevice&) = delete;
@@ -36,7 +44,7 @@ public:
     bool stopMusic(SoundBuffer& sound) override { return stop(sound); }
 
 private:
-    static constexpr std::size_t kStopEvent = StreamSlots::kCount;  // its place behind those of the slots
+    static constexpr std::size_t kStopEvent = StreamSlots::kCount;  // behind the events of the slots
 
     bool openCard();
     bool createEvents();
@@ -49,7 +57,7 @@ private:
     HWND window_;
     ComPtr<IDirectSound8> directSound_;
     std::shared_ptr<StreamSlots> slots_ = std::make_shared<StreamSlots>();
-    std::array<OwnedHandle, StreamSlots::kCount + 1> events_;  // one a slot, and the one that ends the threads
+    std::array<OwnedHandle, StreamSlots::kCount + 1> events_;  // one for each slot, then the one that ends the threads
     std::array<HANDLE, StreamSlots::kCount + 1> waitedFor_{};  // the same, as the wait wants them
     std::array<OwnedHandle, 2> threads_;
 };

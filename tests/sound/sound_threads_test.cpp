@@ -1,18 +1,20 @@
+// Meant for the thread sanitizer: everything at once, on speakers that ask for sound much faster than a card would.
 #include <gmock/gmock.h>
 
 #include <atomic>
 #include <random>
 #include <thread>
 
+#include "engine_services.h"
 #include "hand_mixed_device.h"
+#include "memory_source.h"
 #include "ogg_writer.h"
+#include "sound_bank.h"
 
 namespace grub {
 namespace {
 
-constexpr int kActions = 600;
-
-// The test is the game's thread; the speakers' thread asks for sound all the time, much faster than a card would.
+// The test is the game's thread.
 class RandomPlaying : public HandMixedDevice {
 public:
     ~RandomPlaying() override {
@@ -50,6 +52,7 @@ protected:
 };
 
 TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
+    constexpr int kActions = 600;
     std::vector<std::unique_ptr<SoundBuffer>> sounds(24);
     for (auto& sound : sounds) sound = soundOf(file());
     for (int i = 0; i < kActions; ++i) act(sounds);
@@ -61,8 +64,38 @@ TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
         sounds.push_back(soundOf(monoWav(Samples(300000))));
         EXPECT_TRUE(device_.playLooped(*sounds[i])) << i;
     }
-    device_.shutdown();
-    EXPECT_FALSE(device_.isReady());
+}
+
+// Each load replaces sounds that the game may be starting at this moment.
+TEST(SoundBankThreads, LoadTheSecondPhaseWhileTheGamePlays) {
+    constexpr int kLoads = 15;
+    platform::setSoundOutput(platform::SoundOutput::ByHand);
+    EngineServices::installSoundDevice(std::make_unique<DSoundDevice>(reinterpret_cast<HWND>(std::uintptr_t{1})));
+    ASSERT_TRUE(EngineServices::soundDevice()->init());
+    {
+        MemorySource package;
+        package.put("sound\\sound.ini", std::string("[sound]\ngetkey=a\nskull=a\nbomb=b\n"));
+        package.put("sound\\a", monoWav(Samples(1000, 100)));
+        package.put("sound\\b", monoWav(Samples(150000, 10)));  // streams
+        SoundBank bank(package);
+        bank.load(false);
+        std::atomic<bool> loaded = false;
+        std::thread loader([&] {
+            for (int i = 0; i < kLoads; ++i) bank.load(true);
+            loaded = true;
+        });
+        Samples stereo(8820);  // a tenth of a second
+        while (!loaded) {
+            for (const SoundId id : {SoundId::GetKey, SoundId::Skull, SoundId::Bomb}) bank.playEffect(id);
+            bank.setEffectsVolume(9);
+            platform::mixSound(stereo);
+            bank.stopEffect(SoundId::Bomb);
+        }
+        loader.join();
+        EXPECT_EQ(platform::testing::voices().size(), 3U) << "what was replaced is gone";
+    }
+    EngineServices::shutdown();
+    platform::setSoundOutput(platform::SoundOutput::Card);
 }
 
 }  // namespace
