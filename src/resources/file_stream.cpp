@@ -25,8 +25,8 @@ HANDLE openFile(const EngineString& path, std::uint32_t openFlags) {
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-/// The new position from the start of the file, -1 when the move failed. The distance is signed: an absolute position
-/// from 2 GiB up looks negative and is refused.
+/// The new position from the start of the file, -1 when the move fails. The system takes the distance as signed: it
+/// refuses an absolute position from 2 GiB up, which looks negative.
 std::int64_t move(HANDLE file, std::uint32_t distance, DWORD method) {
     const DWORD position = SetFilePointer(file, static_cast<LONG>(distance), nullptr, method);
     return position == INVALID_SET_FILE_POINTER ? -1 : std::int64_t{position};
@@ -76,6 +76,7 @@ std::int64_t FileStream::readAt(std::uint32_t position, void* buffer, std::uint3
 std::int64_t FileStream::write(const void* buffer, std::uint32_t count) {
     DWORD done = 0;
     if (!isOpen() || WriteFile(handle_, buffer, count, &done, nullptr) == 0) return fail();
+    if (done < count) status_ |= kStreamFailed;
     return done;
 }
 
