@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "ini_lines.h"
 #include "ini_table.h"
 
 /// Every entry that the lines hold is in the table, with a value that is not empty.

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "package_format.h"
 #include "resource_package.h"
 
 namespace {

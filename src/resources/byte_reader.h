@@ -8,13 +8,13 @@
 
 namespace grub {
 
-/// Little-endian view of bytes from outside; does not own them. Past the end: 0 or an empty span, and `ok()` is false
-/// for good. A parser reads a record and asks `ok()` once.
+/// Reads little-endian numbers from bytes that come from outside and that it does not own. Past the end it gives 0 or
+/// an empty span, and `ok()` is false for good. A parser reads a whole record, then asks `ok()` once.
 class ByteReader {
 public:
     explicit ByteReader(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
 
-    /// Whether everything asked for so far was there.
+    /// Whether the bytes held everything that was read so far.
     [[nodiscard]] bool ok() const { return ok_; }
     /// Bytes not yet read.
     [[nodiscard]] std::size_t remaining() const { return rest_.size(); }
@@ -29,10 +29,9 @@ public:
         rest_ = rest_.subspan(count);
         return head;
     }
-    /// Leaves `count` bytes out.
     void skip(std::size_t count) { take(count); }
 
-    /// The next number of so many bits; signed ones are stored as two's complement.
+    /// The next number of this many bits; signed numbers are stored as two's complement.
     std::uint8_t u8() { return static_cast<std::uint8_t>(number(1)); }
     std::uint16_t u16() { return static_cast<std::uint16_t>(number(2)); }
     std::uint32_t u32() { return number(4); }
@@ -40,7 +39,7 @@ public:
     std::int16_t i16() { return static_cast<std::int16_t>(number(2)); }
     std::int32_t i32() { return static_cast<std::int32_t>(number(4)); }
 
-    /// The bytes before the next NUL, which is read too. Without a NUL: empty, and a failure.
+    /// The bytes before the next NUL; reads the NUL too. Without a NUL: empty, and a failure.
     std::string_view cString() {
         const auto end = std::find(rest_.begin(), rest_.end(), std::uint8_t{0});
         const auto text = take(static_cast<std::size_t>(end - rest_.begin()));

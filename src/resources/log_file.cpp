@@ -11,7 +11,7 @@
 namespace grub {
 namespace {
 
-/// The longest line and the NUL that formatting leaves behind it, whose place LF takes in the file.
+/// The longest line and one byte, in which formatting puts a NUL and the file an LF.
 constexpr std::size_t kLineBufferSize = 1024;
 
 struct Log {
@@ -19,8 +19,8 @@ struct Log {
     FileStream file{"nimbo.log", kOpenWrite | kOpenCreate};
 };
 
-/// Never destroyed, since a thread may still log while the process ends: every line is flushed, and the system closes
-/// the file. Made on first use, so that statics of other files may log whatever the order of their construction.
+/// Never destroyed, since a thread may still log while the process ends; the system closes the file. Made on first use,
+/// so that the constructors of static objects may log in any order.
 Log& theLog() {
     static Log& log = *new Log;
     return log;

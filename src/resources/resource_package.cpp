@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "byte_reader.h"
+
 namespace grub {
 namespace {
 
@@ -23,6 +25,28 @@ std::string normalised(const EngineString& name) {
 }
 
 }  // namespace
+
+std::optional<PackageHeader> readPackageHeader(std::span<const std::uint8_t> bytes) {
+    ByteReader reader(bytes);
+    const std::uint16_t magic = reader.u16();
+    const PackageHeader header{.directorySize = reader.u16(), .entryCount = reader.u16()};
+    if (!reader.ok() || magic != kPackageMagic || header.directorySize < kSmallestDirectorySize) return std::nullopt;
+    return header;
+}
+
+std::vector<PackageEntry> readPackageDirectory(std::span<const std::uint8_t> directory, std::uint16_t entryCount) {
+    std::vector<PackageEntry> entries;
+    ByteReader reader(directory);
+    for (std::uint32_t i = 0; i < entryCount; ++i) {
+        PackageEntry entry;
+        entry.name = reader.cString();
+        entry.extent.size = reader.u32();
+        entry.extent.offset = reader.u32();
+        if (!reader.ok()) break;
+        entries.push_back(entry);
+    }
+    return entries;
+}
 
 ResourcePackage::ResourcePackage(const EngineString& path) : directory_(kBucketCount), file_(path, kOpenRead) {
     std::array<std::uint8_t, kPackageHeaderSize> header{};
@@ -54,8 +78,8 @@ SharedBuffer ResourcePackage::load(const EngineString& name) {
     return readWhole(*extent);
 }
 
-/// The bytes at `extent`, or the empty buffer. The size is compared with the file's before memory is taken for it:
-/// a broken entry may claim 4 GiB.
+/// The bytes at `extent`, or the empty buffer. Takes memory only after comparing the size with the file's: a broken
+/// entry may claim 4 GiB.
 SharedBuffer ResourcePackage::readWhole(const PackageExtent& extent) {
     const std::int64_t available = std::max<std::int64_t>(fileSize_ - extent.offset, 0);
     if (extent.size > available) return {};

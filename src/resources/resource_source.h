@@ -5,15 +5,13 @@
 
 namespace grub {
 
-/// Where named resources come from.
+/// A source of named resources, such as a package.
 class ResourceSource {
 public:
     virtual ~ResourceSource() = default;
-    /// Does nothing; holds a place in the interface.
-    virtual void reserved() {}
     /// Whether `load` would find `name`. Never shows a message.
     [[nodiscard]] virtual bool exists(const EngineString& name) = 0;
-    /// The bytes of `name`; the empty buffer when it is unknown or cannot be read.
+    /// The bytes of `name`; the empty buffer when the source does not know it or cannot read it.
     [[nodiscard]] virtual SharedBuffer load(const EngineString& name) = 0;
 
 protected:

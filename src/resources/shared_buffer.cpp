@@ -10,7 +10,7 @@ SharedBuffer SharedBuffer::create(std::uint32_t size) {
     SharedBuffer buffer;
     buffer.count_ = new (std::nothrow) std::atomic<std::int32_t>(1);
     if (buffer.count_ == nullptr) return {};
-    // malloc(0) may answer null, which would mean "empty": a resource of no bytes still owns one.
+    // malloc(0) may return null, which would mean "empty". So a buffer of size 0 owns one byte.
     buffer.data_ = static_cast<std::uint8_t*>(std::malloc(size == 0 ? 1 : size));
     if (buffer.data_ == nullptr) return {};
     buffer.size_ = size;
@@ -19,7 +19,7 @@ SharedBuffer SharedBuffer::create(std::uint32_t size) {
 
 SharedBuffer SharedBuffer::view(const std::uint8_t* data, std::uint32_t size) {
     SharedBuffer buffer;
-    buffer.data_ = const_cast<std::uint8_t*>(data);  // without a count nobody can write through it
+    buffer.data_ = const_cast<std::uint8_t*>(data);  // without a count, `writableData` gives null
     buffer.size_ = size;
     return buffer;
 }
@@ -42,7 +42,7 @@ SharedBuffer& SharedBuffer::operator=(SharedBuffer other) noexcept {
 }
 
 void SharedBuffer::release() noexcept {
-    // Every copy's last use of the bytes happens before they are freed: acquire and release in one.
+    // Acquire and release: every use of the bytes through another copy happens before they are freed.
     if (count_ != nullptr && count_->fetch_sub(1, std::memory_order_acq_rel) <= 1) {
         std::free(data_);
         delete count_;

@@ -6,16 +6,16 @@
 
 namespace grub {
 
-/// A reference-counted block of bytes: what resource data travels in. Copies share the bytes and are as cheap as an
-/// atomic increment; different copies may be used by different threads. Nobody writes the bytes once they are shared.
+/// A reference-counted block of bytes, in which resource data travels. Copies share the bytes and cost an atomic
+/// increment; different threads may use different copies. Do not write the bytes once they are shared.
 class SharedBuffer {
 public:
     /// The empty buffer.
     SharedBuffer() = default;
-    /// `size` bytes of unknown content; the empty buffer when there is no memory. Size 0 is not the empty buffer: it
-    /// stands for a resource that is there and has no bytes.
+    /// `size` bytes of unknown content; the empty buffer when there is no memory. A buffer of size 0 is not the empty
+    /// buffer: it stands for a resource without bytes.
     [[nodiscard]] static SharedBuffer create(std::uint32_t size);
-    /// Bytes that somebody else owns and that must outlive every copy. Not empty unless `data` is null.
+    /// A view of bytes that the caller owns and that must outlive every copy. Not empty unless `data` is null.
     [[nodiscard]] static SharedBuffer view(const std::uint8_t* data, std::uint32_t size);
 
     SharedBuffer(const SharedBuffer& other) noexcept;
@@ -23,18 +23,17 @@ public:
     SharedBuffer& operator=(SharedBuffer other) noexcept;
     ~SharedBuffer() { release(); }
 
-    /// Becomes the empty buffer; the last copy to go frees the bytes.
+    /// Becomes the empty buffer. The last copy frees the bytes.
     void release() noexcept;
 
     /// Null only in the empty buffer.
     [[nodiscard]] const std::uint8_t* data() const { return data_; }
-    /// For whoever fills a buffer it has just created. Null in a view.
+    /// For filling a buffer after `create`. Null in a view.
     [[nodiscard]] std::uint8_t* writableData() { return count_ != nullptr ? data_ : nullptr; }
-    /// In bytes.
     [[nodiscard]] std::uint32_t size() const { return size_; }
-    /// Whether there is no data at all. A buffer of size 0 with data is not empty: who needs bytes must test the size.
+    /// Whether the data pointer is null. A buffer of size 0 can have data: code that needs bytes must check the size.
     [[nodiscard]] bool empty() const { return data_ == nullptr; }
-    /// The bytes; valid as long as one copy lives.
+    /// Valid as long as one copy lives.
     [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
 
 private:

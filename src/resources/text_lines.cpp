@@ -8,17 +8,30 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
 
-}  // namespace
-
-std::vector<TextLine> textLines(std::string_view text, char comment) {
+/// Calls `contentOf` with each line and keeps those whose content is not empty.
+template <class ContentOf>
+std::vector<TextLine> linesOf(std::string_view text, ContentOf contentOf) {
     std::vector<TextLine> lines;
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(text.size(), line.size() + 1));
-        const std::string_view content = trimmed(line.substr(0, line.find(comment)));
+        const std::string_view content = contentOf(line);
         if (!content.empty()) lines.push_back({number, content});
     }
     return lines;
+}
+
+}  // namespace
+
+std::vector<TextLine> textLines(std::string_view text) {
+    return linesOf(text, [](std::string_view line) {
+        const std::string_view content = trimmed(line);
+        return content.starts_with('#') ? std::string_view() : content;
+    });
+}
+
+std::vector<TextLine> textLines(std::string_view text, char comment) {
+    return linesOf(text, [=](std::string_view line) { return trimmed(line.substr(0, line.find(comment))); });
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -36,6 +49,21 @@ std::vector<std::string_view> splitWords(std::string_view line) {
         line = trimmed(line.substr(words.back().size()));
     }
     return words;
+}
+
+std::string TextError::in(std::string_view file) const {
+    return std::string(file) + (line > 0 ? ":" + std::to_string(line) : "") + ": " + message;
+}
+
+TextError wantedButFound(int line, std::string_view wanted, std::string_view found) {
+    return {line, "wanted " + std::string(wanted) + ", found " + std::string(found)};
+}
+
+std::string inQuotes(std::string_view text) {
+    constexpr std::size_t kMostBytes = 40;
+    std::string shown = "'";
+    for (const char c : text.substr(0, kMostBytes)) shown += (c < ' ' || c > '~') ? '?' : c;
+    return shown + (text.size() > kMostBytes ? "...'" : "'");
 }
 
 }  // namespace grub

@@ -10,11 +10,12 @@
 
 namespace grub {
 
-/// Nothing when the file cannot be read.
+/// All bytes of a file; nothing when it cannot be read.
 [[nodiscard]] std::optional<std::vector<std::uint8_t>> readWholeFile(const std::filesystem::path& path);
 [[nodiscard]] std::optional<std::string> readWholeText(const std::filesystem::path& path);
 
-/// Writes beside the file first: when it fails, false, what was there stays, and nothing half-written does.
+/// Replaces a file: writes a new file beside it, then renames that. On failure returns false, keeps the old file, and
+/// removes the new one.
 [[nodiscard]] bool writeWholeFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 [[nodiscard]] bool writeWholeText(const std::filesystem::path& path, std::string_view text);
 

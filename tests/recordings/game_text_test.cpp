@@ -50,7 +50,7 @@ TEST(GameText, WhatIsWrittenReadsBackAsTheSameGame) {
 
 TEST(GameText, CommentsBlanksAndLineEndsMeanNothing) {
     std::string spread = "# a game\r\n\r\n";
-    for (const char c : kGame) spread += c == '\n' ? std::string(" \t# so\r\n") : std::string(1, c);
+    for (const char c : kGame) spread += c == '\n' ? std::string(" \t\r\n \t# so\r\n") : std::string(1, c);
     EXPECT_EQ(read(spread), read(kGame));
     EXPECT_EQ(read(kGame.substr(0, kGame.size() - 1)), read(kGame)) << "the last line has no end";
 }
@@ -68,12 +68,12 @@ TEST(GameText, ADraftIsAGameThatSaysNothingOfWhatCameOfIt) {
 
 TEST(GameText, ANewOutcomeLeavesTheAuthorsLinesAlone) {
     const std::string text =
-        "# why\nlevel a.txt\nindex 0\nseed 1\n\n1 down Up  # climbs\n# and then\n26 up Up\n25 hash 0\n9 end Won";
+        "# why\nlevel a.txt\nindex 0\nseed 1\n\n1 down Up\n  # climbs and then\n26 up Up\n25 hash 0\n9 end Won";
     RecordedGame game = read(draftOf(text));
     game.states = {{0, 1, {}}, {25, 2, {{'@', {1, 2}}}}, {26, 3, {}}};
     game.end = {26, LossCause::Won, 1000, 0};
     const std::string updated =
-        "# why\nlevel a.txt\nindex 0\nseed 1\n\n0 hash 0000000000000001\n1 down Up  # climbs\n# and then\n"
+        "# why\nlevel a.txt\nindex 0\nseed 1\n\n0 hash 0000000000000001\n1 down Up\n  # climbs and then\n"
         "25 hash 0000000000000002 @1,2\n26 up Up\n26 hash 0000000000000003\n26 end Won score 1000 keys 0\n";
     EXPECT_EQ(withOutcome(text, game), updated);
     EXPECT_EQ(withOutcome(updated, game), updated);
@@ -129,7 +129,7 @@ TEST(GameText, DamageIsRefusedWithItsPlace) {
 
 TEST(KeyFile, EventsComeBackInTheOrderOfFrames) {
     TextError error;
-    const auto events = readKeyFile("# keys\n9 up X\n 3\tdown X # dig\n9 down Enter\n", error);
+    const auto events = readKeyFile("# keys\n9 up X\n 3\tdown X\n # dig\n9 down Enter\n", error);
     ASSERT_TRUE(events);
     EXPECT_EQ(*events, (std::vector<KeyEvent>{{3, KeyAction::Down, PlayKey::X},
                                               {9, KeyAction::Up, PlayKey::X},

@@ -33,11 +33,9 @@ const IniRule kIniRules[] = {
     {"a plain entry", "[5]\r\ntype=2\r\n", "5", "type", "2", 2},
     {"the first definition wins", "[5]\r\ntype=2\r\ntype=3\r\n", "5", "type", "2", 2},
     {"the first string and the first number win apart", "a=abc\r\na=5\r\n", "", "a", "abc", 5},
-    {"a later text leaves the number", "a=2\r\na=x\r\n", "", "a", "2", 2},
     {"names are case-sensitive", "[a]\r\nkey=1\r\n", "A", "key", kAbsent, -1},
     // Section and key are glued.
-    {"section 12, key type", "[12]\r\ntype=1\r\n", "12", "type", "1", 1},
-    {"is also section 1, key 2type", "[12]\r\ntype=1\r\n", "1", "2type", "1", 1},
+    {"section 12, key type is also section 1, key 2type", "[12]\r\ntype=1\r\n", "1", "2type", "1", 1},
     {"and an entry before any section", "12type=4\r\n[12]\r\ntype=1\r\n", "12", "type", "4", 4},
     {"a section goes on when it comes again", "[a]\r\nx=1\r\n[b]\r\nx=2\r\n[a]\r\ny=3\r\n", "a", "y", "3", 3},
     // Sections.
@@ -48,13 +46,11 @@ const IniRule kIniRules[] = {
     {"[] goes back to the section without a name", "[a]\r\n[]\r\nx=1\r\n", "", "x", "1", 1},
     // Trimming: blanks at the line's start, nothing else.
     {"blanks and tabs before an entry", " \t x=1\r\n", "", "x", "1", 1},
-    {"blanks before a header", "  [a]\r\nx=1\r\n", "a", "x", "1", 1},
     {"a blank before = belongs to the key", "x =1\r\n", "", "x ", "1", 1},
     {"so the key without it is absent", "x =1\r\n", "", "x", kAbsent, -1},
     {"a blank after = belongs to the value", "name= fire\r\n", "", "name", " fire", -1},
     {"the first = splits", "x=1=2\r\n", "", "x", "1=2", -1},
     // Ignored lines.
-    {"a comment", ";x=1\r\n", "", ";x", kAbsent, -1},
     {"a comment after blanks", "  ;x=1\r\n", "", "x", kAbsent, -1},
     {"no =", "x\r\n", "", "x", kAbsent, -1},
     {"nothing after =", "x=\r\n", "", "x", kAbsent, -1},
@@ -62,19 +58,13 @@ const IniRule kIniRules[] = {
     {"empty and blank lines", "\r\n  \r\nx=1\r\n", "", "x", "1", 1},
     // Numbers.
     {"leading zeros", "x=007\r\n", "", "x", "007", 7},
-    {"a sign is no digit", "x=-1\r\n", "", "x", "-1", -1},
-    {"nor is a plus", "x=+5\r\n", "", "x", "+5", -1},
-    {"nor is a trailing blank", "x=5 \r\n", "", "x", "5 ", -1},
+    {"a sign is no digit", "x=+5\r\n", "", "x", "+5", -1},
     {"numbers wrap", "x=4294967303\r\n", "", "x", "4294967303", 7},
     {"even to the value of absence", "x=4294967295\r\n", "", "x", "4294967295", -1},
-    {"a hundred digits wrap harmlessly",
-     "x=10000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000005\r\n", "",
-     "x", "10000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000005", 5},
     // Line ends.
     {"a last line without end is lost", "x=1\r\ny=2", "", "y", kAbsent, -1},
     {"a CR alone does not end it", "y=2\r", "", "y", kAbsent, -1},
     {"a lone LF ends a line", "x=1\ny=2\n", "", "y", "2", 2},
-    {"a last line behind LF is lost too", "x=1\ny=2", "", "y", kAbsent, -1},
     {"of CR CR LF one CR stays", "x=1\r\r\n", "", "x", "1\r", -1},
     {"no bytes", "", "", "", kAbsent, -1},
 };
@@ -101,27 +91,16 @@ TEST(IniTable, AnswersTheSameWithoutCr) {
     }
 }
 
-TEST(IniTable, OfAMissingFileKnowsNothing) {
-    const IniTable table(SharedBuffer(), 3000);
-    EXPECT_FALSE(table.has("", ""));
-    EXPECT_EQ(table.getInt("1", "type"), -1);
-}
-
 TEST(IniTable, KeepsEveryEntryWhateverTheNumberOfBuckets) {
     std::string text;
     for (int i = 0; i < 500; ++i) text += "[" + std::to_string(i) + "]\ntype=" + std::to_string(i * 3) + "\n";
     const auto file =
         SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()));
+    EXPECT_EQ(IniTable(SharedBuffer(), 3000).getInt("1", "type"), -1) << "a missing file";
     for (const std::uint32_t bucketCount : {0u, 1u, 3000u}) {
         const IniTable table(file, bucketCount);
         for (int i = 0; i < 500; ++i) EXPECT_EQ(table.getInt(std::to_string(i).c_str(), "type"), i * 3);
     }
-}
-
-/// The smallest file that says something, as docs/formats/ini.md prints it.
-TEST(IniFormat, SmallestFileHoldsOneEntry) {
-    const IniTable table = tableOf("\x61\x3D\x31\x0D\x0A"sv);
-    EXPECT_EQ(table.getInt("", "a"), 1);
 }
 
 }  // namespace

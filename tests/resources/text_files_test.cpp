@@ -1,13 +1,15 @@
-// Texts that people write, and whole files.
+// Texts that people write, whole files, and the log.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
+#include "log_file.h"
 #include "scratch_directory.h"
-#include "text_error.h"
 #include "text_lines.h"
 #include "whole_file.h"
 
@@ -50,9 +52,9 @@ TEST(WholeFile, APipeStaysAPipe) {
 
 TEST(TextLines, AreNumberedAndLoseWhatSaysNothing) {
     std::vector<std::string> seen;
-    for (const TextLine& line : textLines("; only a comment\n\n  one \ttwo ; three\r\n\t\r\n#last", ';'))
+    for (const TextLine& line : textLines(" # a comment\n\n  one \ttwo #3 ;\r\n\t\r\n;last"))
         seen.push_back(std::to_string(line.number) + ":" + std::string(line.content));
-    EXPECT_THAT(seen, ElementsAre("3:one \ttwo", "5:#last"));
+    EXPECT_THAT(seen, ElementsAre("3:one \ttwo #3 ;", "5:;last"));
     EXPECT_THAT(splitWords(" one \t two\r"), ElementsAre("one", "two"));
     EXPECT_TRUE(splitWords(" \t").empty());
 }
@@ -70,6 +72,58 @@ TEST(TextError, IsOneLineWhateverTheTextHolds) {
     const TextError error = wantedButFound(3, "a word", inQuotes("\n\xFF" + std::string(50, 'x')));
     EXPECT_EQ(error.in("a.txt"), "a.txt:3: wanted a word, found '\?\?" + std::string(38, 'x') + "...'");
     EXPECT_EQ(wantedButFound(0, "a", "b").in("a.txt"), "a.txt: wanted a, found b");
+}
+
+/// One start of the program in `directory`: a child process, since the log opens once in a process.
+template <class Program>
+void start(const std::filesystem::path& directory, Program program) {
+    EXPECT_EXIT(
+        {
+            std::filesystem::current_path(directory);
+            openLog();
+            program();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST(Log, HoldsTheLinesOfTheLastStart) {
+    const ScratchDirectory scratch;
+    start(scratch.path(), [] {
+        logLine("Can't load %s", "%n.bmp");
+        logLine("%s", "");
+    });
+    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "Can't load %n.bmp\n\n");
+    start(scratch.path(), [] {});
+    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "");
+}
+
+TEST(Log, CutsALineAfter1023Bytes) {
+    const ScratchDirectory scratch;
+    start(scratch.path(), [] {
+        for (const std::size_t length : {1023u, 1024u, 5000u}) logLine("%s", std::string(length, 'x').c_str());
+    });
+    const std::string line = std::string(1023, 'x') + "\n";
+    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), line + line + line);
+}
+
+TEST(Log, IsFlushedLineByLine) {
+    const ScratchDirectory scratch;
+    EXPECT_EXIT(
+        {
+            std::filesystem::current_path(scratch.path());
+            logLine("the last words");
+            std::abort();
+        },
+        testing::KilledBySignal(SIGABRT), "");
+    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "the last words\n");
+}
+
+TEST(Log, StopsNothingWhereItCannotBeWritten) {
+    const ScratchDirectory scratch;
+    std::filesystem::create_directory(scratch.path() / "nimbo.log");  // a folder stands where the file should go
+    start(scratch.path(), [] { logLine("lost"); });
+    EXPECT_TRUE(std::filesystem::is_directory(scratch.path() / "nimbo.log"));
 }
 
 }  // namespace

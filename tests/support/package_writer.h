@@ -7,14 +7,14 @@
 
 namespace grub {
 
-/// What tests write, damage and compare.
+/// The bytes that tests write, damage and compare.
 using Bytes = std::vector<std::uint8_t>;
 
-/// The bytes of a text.
+/// The characters of `text`, without a NUL.
 [[nodiscard]] Bytes bytesOf(std::string_view text);
 
-/// Builds a good package in memory: entries and their data in the order of `add`. It keeps no rules, so that a test can
-/// also add equal names or names that no tool would write.
+/// Builds a good package in memory: entries and their data in the order of `add`. It checks nothing, so that a test can
+/// also add equal names, or names that no tool would write.
 class PackageWriter {
 public:
     PackageWriter& add(std::string_view name, Bytes data);
@@ -28,7 +28,7 @@ private:
     std::vector<Entry> entries_;
 };
 
-/// `value` in `byteCount` bytes, lowest first, at `offset`: for tests that damage one field.
+/// Writes `value` into `byteCount` bytes at `offset`, lowest byte first, to damage one field.
 void put(Bytes& bytes, std::size_t offset, std::uint32_t value, unsigned byteCount);
 
 }  // namespace grub

@@ -8,7 +8,7 @@
 
 namespace grub {
 
-/// A fresh empty directory that goes away, with all it holds, at the end of the scope.
+/// A new empty directory. The destructor removes it with all its files.
 class ScratchDirectory {
 public:
     ScratchDirectory();
@@ -16,13 +16,13 @@ public:
     ScratchDirectory& operator=(const ScratchDirectory&) = delete;
     ~ScratchDirectory();
 
-    /// Where it lies; no other one, of this program or another, has the same path.
+    /// No other scratch directory, of this or another program, has the same path.
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-    /// Path of a file in here, whether it exists or not.
+    /// The path of a file in this directory, whether the file exists or not.
     [[nodiscard]] std::string file(const std::string& name) const { return (path_ / name).string(); }
-    /// Writes a file, making the folders it lies in; returns its path.
+    /// Writes a file, with the folders on its way; returns its path.
     std::string write(const std::string& name, std::span<const std::uint8_t> bytes) const;
-    /// The bytes of a file; none when it is not there.
+    /// The bytes of a file; none when it does not exist.
     [[nodiscard]] std::vector<std::uint8_t> read(const std::string& name) const;
 
 private:

@@ -65,8 +65,8 @@ protected:
 // second of them and waits from the third on. The floor's timer counts in the frame of the dig too.
 TEST_F(Trace, OfADigAndADogThatHunts) {
     level(Drawing{"@ . k . . d", "# = # # # #"});
-    keys("1 down X  # digs to the right\n2 up X\n");
-    counts("81 3 # digging\n83 1\n");
+    keys("# digs to the right\n1 down X\n2 up X\n");
+    counts("# digging\n81 3\n83 1\n");
     EXPECT_EQ(
         linesOf("0", "7", "4"),
         (Lines{"f=1 hero=0,0 v=0,0 cmd=None face=2 anim=81:0 dig=1 shield=0 inv=0 anchor=0 keys=1 score=0 lives=3 "

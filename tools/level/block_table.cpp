@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "block_type.h"
-#include "ini_lines.h"
+#include "ini_table.h"
 #include "loading_list.h"
 #include "text_lines.h"
 

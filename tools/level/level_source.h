@@ -11,7 +11,7 @@
 #include "level_slots.h"
 #include "object_code.h"
 #include "rules.h"
-#include "text_error.h"
+#include "text_lines.h"
 
 namespace grub {
 

@@ -6,7 +6,7 @@
 
 #include "byte_reader.h"
 #include "image_decoder.h"
-#include "ini_lines.h"
+#include "ini_table.h"
 #include "sound_decoder.h"
 
 namespace grub {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "package_format.h"
+#include "resource_package.h"
 #include "whole_file.h"
 
 namespace grub {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "package_format.h"
+#include "resource_package.h"
 
 namespace grub {
 

@@ -19,7 +19,7 @@ AnimationFrameCounts frameCountsOf(ResourceSource& pictures) {
 
 std::optional<AnimationFrameCounts> readFrameCounts(std::string_view text, TextError& error) {
     auto counts = AnimationFrameCounts::all(kUsualFrames);
-    for (const TextLine& line : textLines(text, kComment)) {
+    for (const TextLine& line : textLines(text)) {
         WordReader words(line);
         const int id = words.number("an animation from 0 to 399", 0, kAnimationIds - 1);
         const auto count = words.number<std::uint16_t>("a frame count from 0 to 65535");

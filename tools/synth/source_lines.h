@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "text_error.h"
+#include "text_lines.h"
 
 namespace grub {
 

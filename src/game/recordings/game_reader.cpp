@@ -165,7 +165,7 @@ private:
 
 std::optional<RecordedGame> readGame(std::string_view text, TextError& error) {
     GameReader reader;
-    for (const TextLine& line : textLines(text, kComment)) {
+    for (const TextLine& line : textLines(text)) {
         WordReader words(line);
         reader.read(words);
         words.finish();

@@ -43,7 +43,7 @@ struct LineTopic {
 };
 
 LineTopic topicOf(std::string_view line) {
-    const auto lines = textLines(line, kComment);
+    const auto lines = textLines(line);
     if (lines.empty()) return {};
     WordReader words(lines.front());
     const int frame = words.number("", 0);

@@ -43,7 +43,7 @@ KeyEvent readKeyEvent(int frame, WordReader& words) {
 
 std::optional<std::vector<KeyEvent>> readKeyFile(std::string_view text, TextError& error) {
     std::vector<KeyEvent> events;
-    for (const TextLine& line : textLines(text, kComment)) {
+    for (const TextLine& line : textLines(text)) {
         WordReader words(line);
         const int frame = words.number("a game frame from 1", 1);
         events.push_back(readKeyEvent(frame, words));

@@ -3,13 +3,9 @@
 #include <limits>
 #include <string_view>
 
-#include "text_error.h"
 #include "text_lines.h"
 
 namespace grub {
-
-/// Starts a comment in every text that is read word by word.
-inline constexpr char kComment = '#';
 
 /// Takes the words of a line one after the other. The first word that is not what was wanted fails the line for good:
 /// what is taken then is empty or 0, and `error` tells of that first word.
