@@ -97,7 +97,8 @@ std::string withOutcome(std::string_view text, const RecordedGame& game) {
     while (!text.empty()) {
         const std::string_view line = takeLine(text);
         const LineTopic topic = topicOf(line);
-        if (isOutcome(topic)) continue;
+        const bool isBehindEnd = game.end && topic.frame > game.end->frame;
+        if (isOutcome(topic) || isBehindEnd) continue;
         for (; state != game.states.end() && state->frame < topic.frame; ++state) result += stateLine(*state);
         result += line;
         if (result.back() != '\n') result += '\n';

@@ -20,7 +20,8 @@ namespace grub {
 
 /// The text of a game without what came of it, but for the end of a game that the player left.
 [[nodiscard]] std::string draftOf(std::string_view text);
-/// The same text, comments and all, with the states and the end of `game` in place of its own.
+/// The same text, comments and all, with the states and the end of `game` in place of its own. Keys behind that end are
+/// left out: a game that has them cannot be read.
 [[nodiscard]] std::string withOutcome(std::string_view text, const RecordedGame& game);
 
 }  // namespace grub
