@@ -1,19 +1,42 @@
+// Level sources to level files and back, and the block table that they use.
+
 #include "level_compiler.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "level_checks.h"
-#include "level_dressing.h"
 #include "level_file.h"
-#include "level_test_palette.h"
-#include "level_text.h"
 
 namespace grub {
 namespace {
+
+/// Every type, every shape, one family with variants.
+const BlockPalette& palette() {
+    constexpr std::string_view kTable =
+        "[0]\nname=t.wall\n[1]\nname=t.wall~2\n[2]\nname=t.wall~3\n"
+        "[10]\nname=t.floor\ntype=1\n[11]\nname=t.floor.left\ntype=1\n[12]\nname=t.floor.right\ntype=1\n"
+        "[13]\nname=t.floor.single\ntype=1\n[14]\nname=t.floor.under\ntype=1\n"
+        "[20]\nname=t.solid\ntype=5\n[21]\nname=t.marble\ntype=5\n"
+        "[30]\nname=t.ladder\ntype=2\n[31]\nname=t.ladder.top\ntype=2\n[32]\nname=t.ladder.foot\ntype=2\n"
+        "[40]\nname=t.pipe\ntype=3\n[41]\nname=t.pipe.left\ntype=3\n[42]\nname=t.pipe.right\ntype=3\n"
+        "[43]\nname=t.pipe.single\ntype=3\n[44]\nname=t.pipe.joint\ntype=3\n"
+        "[50]\nname=t.hidden\ntype=6\n[60]\nname=t.door\ntype=8\n[70]\nname=t.spawn\ntype=9\n"
+        "[80]\nname=shade\n[81]\nname=t.lamp\n[82]\nname=lamp\n"
+        "[91]\nname=sun.11\n[92]\nname=sun.12\n[93]\nname=sun.21\n[94]\nname=sun.22\n";
+    static const BlockPalette kPalette(SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(kTable.data()),
+                                                          static_cast<std::uint32_t>(kTable.size())));
+    return kPalette;
+}
+
+/// A source of world "t" with this playing field and these lines below it.
+std::string sourceOf(const std::string& field, const std::string& below = "") {
+    return "world t\nfield\n" + field + "\nend\n" + below;
+}
 
 std::string repeated(const std::string& text, int times) {
     std::string all;
@@ -21,7 +44,13 @@ std::string repeated(const std::string& text, int times) {
     return all;
 }
 
-const std::string kGoodField = "@k.E\nXXXX";
+LevelFile dressed(const std::string& text) {
+    TextError error;
+    const auto source = parseLevelSource(text, error);
+    const auto level = source ? dressLevel(*source, palette(), error) : std::nullopt;
+    EXPECT_TRUE(level) << error.in(text);
+    return level.value_or(emptyLevel(1, 1));
+}
 
 struct SourceFault {
     const char* what;
@@ -30,62 +59,61 @@ struct SourceFault {
     const char* message;  // part of it
 };
 
-const SourceFault kFaults[] = {
-    {"an empty file", "", 0, "wanted a playing field"},
+const std::string kGood = "@k.E\nXXXX";
+
+const SourceFault kSourceFaults[] = {
     {"no world", "field\n@kE\nend\n", 3, "wanted a line 'world NAME'"},
-    {"a world with two words", "world t t\n", 1, "'world NAME'"},
     {"a world without blocks", "world u\nfield\n@kE\nend\n", 1, "wanted a world that has the block 'wall', found 'u'"},
-    {"a word that is none", "world t\nfurniture\n", 2, "found 'furniture'"},
-    {"bytes that are no text", std::string("\x01\xff\0", 3), 1, "found '?"},
-    {"field with something behind it", "field X\n", 1, "'field' alone"},
-    {"two fields", sourceOf(kGoodField) + "field\n", 6, "wanted one playing field"},
+    {"an unknown word, and no text", "world t\n\x01\xff\n", 2, "found '?"},
+    {"two fields", sourceOf(kGood) + "field\n", 6, "wanted one playing field"},
     {"a field without rows", "world t\nfield\nend\n", 3, "at least one row"},
     {"a field without end", "world t\nfield\n@kE\n", 3, "wanted a line 'end'"},
-    {"an empty row", sourceOf("@k.E\n\nXXXX"), 4, "found 0"},
     {"a longer row", sourceOf("@k.E\nXXXXX"), 4, "wanted 4 columns as in the first row, found 5"},
     {"101 columns", sourceOf(std::string(101, 'X')), 3, "wanted 1 to 100 columns, found 101"},
     {"101 rows", sourceOf(repeated("X\n", 100) + "X"), 103, "at most 100 rows"},
     {"an unknown character", sourceOf("@k?E"), 3, "wanted one of .#XHh-ES@DRLk+, found '?' in column 2"},
-    {"a legend without a block", "legend X\n", 1, "'legend CHARACTER BLOCK'"},
     {"a legend for two characters", "legend XX solid\n", 1, "'legend CHARACTER BLOCK'"},
     {"a character with two meanings", "legend X solid\nlegend X marble\n", 2, "a second one of 'X'"},
-    {"a legend with no such block", "world t\nlegend X gold\nfield\nX@kE\nend\n", 2, "found 'gold'"},
-    {"a legend nobody uses", "world t\nlegend Q solid\nfield\nX@kE\nend\n", 2, "found 'Q'"},
-    {"a placement without a place", sourceOf(kGoodField, "layer2 lamp\n"), 6, "'layer2 NAME COLUMN ROW"},
-    {"a placement with half a place", sourceOf(kGoodField, "layer2 lamp 1 1 2\n"), 6, "'layer2 NAME COLUMN ROW"},
-    {"a place that is no number", sourceOf(kGoodField, "layer2 lamp 1 -1\n"), 6, "counted from 0, found '-1'"},
-    {"a huge place", sourceOf(kGoodField, "layer2 lamp 99999999999 1\n"), 6, "found '99999999999'"},
-    {"a place outside", sourceOf(kGoodField, "layer2 lamp 4 1\n"), 6, "inside 4 columns and 2 rows, found 4 1"},
-    {"a large thing half outside", sourceOf(kGoodField, "layer2 sun 3 0\n"), 6, "found 4 0"},
-    {"no such block", sourceOf(kGoodField, "base gold 1 1\n"), 6, "found 'gold'"},
-    {"a block id too large", sourceOf(kGoodField, "layer2 65536 1 1\n"), 6, "found '65536'"},
-    {"no such object", sourceOf(kGoodField, "object cat 1 1\n"), 6, "wanted hero, dog, "},
-    {"bytes that are too few", "bytes 00\n", 1, "46 hexadecimal digits"},
+    {"a legend without such a block", "world t\nlegend X gold\nfield\nX@kE\nend\n", 2, "found 'gold'"},
+    {"a legend without use", "world t\nlegend Q solid\nfield\nX@kE\nend\n", 2, "found 'Q'"},
+    {"half a place", sourceOf(kGood, "layer2 lamp 1 1 2\n"), 6, "'layer2 NAME COLUMN ROW"},
+    {"a place that is no number", sourceOf(kGood, "layer2 lamp 1 -1\n"), 6, "counted from 0, found '-1'"},
+    {"a place outside", sourceOf(kGood, "layer2 lamp 4 1\n"), 6, "inside 4 columns and 2 rows, found 4 1"},
+    {"a large thing half outside", sourceOf(kGood, "layer2 sun 3 0\n"), 6, "found 4 0"},
+    {"no such block", sourceOf(kGood, "base gold 1 1\n"), 6, "found 'gold'"},
+    {"a block id too large", sourceOf(kGood, "layer2 65536 1 1\n"), 6, "found '65536'"},
+    {"no such object", sourceOf(kGood, "object cat 1 1\n"), 6, "wanted hero, dog, "},
+    {"too few bytes", "bytes 00\n", 1, "46 hexadecimal digits"},
     {"bytes that are no digits", "bytes " + std::string(46, 'g') + "\n", 1, "found 'gg'"},
-    {"no hero", sourceOf(".k.E\nXXXX"), 0, "hero (@), found 0"},
-    {"two heroes", sourceOf("@k@E\nXXXX"), 0, "hero (@), found 2"},
-    {"no key", sourceOf("@..E\nXXXX"), 0, "keys (k), found 0"},
-    {"101 keys", sourceOf("@E" + std::string(49, 'k') + "\n" + std::string(51, 'k') + "\n" + std::string(51, 'k')), 0,
-     "keys (k), found 151"},
-    {"no door", sourceOf("@k..\nXXXX"), 0, "doors (E), found 0"},
-    {"21 dogs", sourceOf("@kE" + std::string(21, 'D')), 0, "enemies (D, R, L), found 21"},
+    {"two heroes", sourceOf("@k@E\nXXXX"), 0, "wanted exactly 1 hero (@), found 2"},
+    {"no key", sourceOf("@..E\nXXXX"), 0, "wanted 1 to 100 keys (k), found 0"},
+    {"no door", sourceOf("@k..\nXXXX"), 0, "wanted at least 1 door (E), found 0"},
+    {"21 dogs", sourceOf("@kE" + std::string(21, 'D')), 0, "wanted at most 20 enemies (D, R, L), found 21"},
     {"41 hearts", sourceOf("@kE" + std::string(41, '+')), 0, "decorations together, found 41"},
     {"51 spawn points", sourceOf("@kE" + std::string(51, 'S')), 0, "spawn points (S), found 51"},
-    {"air in the last of 13 columns", sourceOf("@kE.........."), 0, "found another at 12 0"},
-    {"air in the last of 9 rows", sourceOf("@kE\n" + repeated("...\n", 7) + "X.X"), 0, "found another at 1 8"},
+    {"air in the last of 13 columns", sourceOf("@kE.........."), 0, "another block at 12 0"},
+    {"air in the last of 9 rows", sourceOf("@kE\n" + repeated("...\n", 7) + "X.X"), 0, "another block at 1 8"},
 };
 
 TEST(LevelCompiler, NamesLineAndFaultOfASourceItRefuses) {
-    const BlockPalette palette = testPalette();
     TextError error;
-    ASSERT_TRUE(compileLevel(sourceOf(kGoodField), palette, error)) << error.message;
-    for (const SourceFault& fault : kFaults) {
+    ASSERT_TRUE(compileLevel(sourceOf(kGood), palette(), error)) << error.message;
+    for (const SourceFault& fault : kSourceFaults) {
+        SCOPED_TRACE(fault.what);
         error = {-1, "no error"};
-        EXPECT_FALSE(compileLevel(fault.text, palette, error)) << fault.what;
-        EXPECT_NE(error.message.find(fault.message), std::string::npos) << fault.what << ": " << error.message;
-        EXPECT_EQ(error.line, fault.line) << fault.what << ": " << error.message;
-        EXPECT_EQ(error.message.find('\n'), std::string::npos) << fault.what;
+        EXPECT_FALSE(compileLevel(fault.text, palette(), error));
+        EXPECT_NE(error.message.find(fault.message), std::string::npos) << error.message;
+        EXPECT_EQ(error.line, fault.line) << error.message;
+        EXPECT_EQ(error.message.find('\n'), std::string::npos);
     }
+}
+
+TEST(LevelCompiler, TakesEitherLineEndCommentsAndBlanksAtTheEndOfRows) {
+    TextError error;
+    const auto plain = compileLevel(sourceOf("#k.E\n@XXX"), palette(), error);
+    ASSERT_TRUE(plain) << error.message;
+    EXPECT_EQ(plain, compileLevel(" # a comment\r\n title A b\r\nworld t\r\n\r\nfield\r\n#k.E  \r\n@XXX\r\nend",
+                                  palette(), error));
 }
 
 TEST(LevelCompiler, WarnsOfARatThatIsShutIn) {
@@ -98,65 +126,80 @@ TEST(LevelCompiler, WarnsOfARatThatIsShutIn) {
         {"@kE.XR.\nXXXXXXX", 0},  // room to the right
         {"@kE.XRH\nXXXXXXX", 0},  // a ladder is room
         {"@kE.XXX\nXXXX.RX", 0},  // the bottom row carries
-        {"@kE.RX.\nXXXXXXX", 0},
     };
-    const BlockPalette palette = testPalette();
-    for (const auto& row : rows) {
-        TextError error;
-        std::string reason;
-        const auto bytes = compileLevel(sourceOf(row.field), palette, error);
-        ASSERT_TRUE(bytes) << error.message;
-        EXPECT_EQ(levelWarnings(*readLevelFile(*bytes, reason), palette).size(), row.warnings) << row.field;
+    for (const auto& row : rows)
+        EXPECT_EQ(levelWarnings(dressed(sourceOf(row.field)), palette()).size(), row.warnings) << row.field;
+}
+
+struct DressedRow {
+    const char* what;
+    std::string field;
+    std::string below;
+    Slot slot;
+    int row;
+    const char* wanted;  // ids of the row; _ is 0 or any picture of the wall
+};
+
+const std::string kLamps = "base marble 0 0\nlayer2 lamp 1 0\nlayer3 777 1 0\nlayer4 shade 1 0\nobject drops 2 0 3 0\n";
+const std::string kSun = "....\n....\n....";
+
+const DressedRow kDressedRows[] = {
+    {"floors end in air only", "..........\n.##.#.H##X", "", Slot::Base, 1, "_ 11 12 _ 13 _ 31 10 10 20"},
+    {"floors go on at the level's edge", "..\n##", "", Slot::Base, 1, "10 10"},
+    {"floors below masonry have no cap", "#X..\n###.", "", Slot::Base, 1, "14 14 12 _"},
+    {"masonry goes on above the first row", "##.\n...", "", Slot::Base, 0, "14 14 _"},
+    {"pipes have ends and joints", "H-------.-.-", "", Slot::Base, 0, "30 41 40 40 44 40 40 42 _ 43 _ 41"},
+    {"ladders go on above the first row", "H.\nH.\n..", "", Slot::Base, 0, "30 _"},
+    {"ladders have a foot", "H.\nH.\n..", "", Slot::Base, 1, "32 _"},
+    {"ladders have a top", "..\nH.\nH.", "", Slot::Base, 1, "31 _"},
+    {"a shadow falls below masonry", "#XH.\n#.HH", "", Slot::Layer3, 1, "_ 80 _ _"},
+    {"a source takes the shadow away", "#XH.\n#.HH", "layer3 none 1 1\n", Slot::Layer3, 1, "_ _ _ _"},
+    {"placed: a block", "....", kLamps, Slot::Base, 0, "21 _ _ _"},
+    {"placed: the world's own lamp", "....", kLamps, Slot::Layer2, 0, "_ 81 _ _"},
+    {"placed: a number", "....", kLamps, Slot::Layer3, 0, "_ 777 _ _"},
+    {"placed: a block of all worlds", "....", kLamps, Slot::Layer4, 0, "_ 80 _ _"},
+    {"placed: objects, the last line wins", "....", kLamps + "object 99 3 0\n", Slot::Object, 0, "_ _ 28 99"},
+    {"a large thing, first row", kSun, "layer4 sun 1 1\n", Slot::Layer4, 1, "_ 91 92 _"},
+    {"a large thing, second row", kSun, "layer4 sun 1 1\n", Slot::Layer4, 2, "_ 93 94 _"},
+    {"a legend changes the block", "Xwk", "legend X marble\nlegend w wall~2\nlegend k wall~3\n", Slot::Base, 0,
+     "21 1 2"},
+    {"a legend keeps the object", "Xwk", "legend w wall~2\nlegend k wall~3\n", Slot::Object, 0, "_ _ 20"},
+};
+
+TEST(LevelDressing, GivesCellsTheirBlocks) {
+    for (const DressedRow& row : kDressedRows) {
+        SCOPED_TRACE(row.what);
+        const LevelFile level = dressed(sourceOf(row.field, row.below));
+        std::istringstream wanted(row.wanted);
+        int column = 0;
+        for (std::string word; wanted >> word; ++column) {
+            const int id = valueIn(recordAt(level, column, row.row), row.slot);
+            EXPECT_TRUE(word == "_" ? id <= 2 : word == std::to_string(id)) << "column " << column << ": " << id;
+        }
+        EXPECT_EQ(column, level.width);
     }
 }
 
-TEST(LevelCompiler, TakesLineEndsOfEitherKindCommentsAndBlanksAtTheEndOfRows) {
-    const BlockPalette palette = testPalette();
-    TextError error;
-    const auto plain = compileLevel(sourceOf(kGoodField), palette, error);
-    ASSERT_TRUE(plain);
-    EXPECT_EQ(plain, compileLevel("; a comment\r\n title A b\r\nworld t\r\n\r\nfield\r\n@k.E  \r\nXXXX\r\nend", palette,
-                                  error));
-}
-
-TEST(LevelCompiler, AnyCutOfASourceIsAnswered) {
-    const BlockPalette palette = testPalette();
-    const std::string whole = "title x\nworld t\nlegend X marble\nbytes " + std::string(46, '1') +
-                              "\nfield\n@k.E\nXXXX\nend\nlayer4 sun 0 0\nobject drops 2 0\n";
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-        TextError error{-1, ""};
-        const bool good = compileLevel(whole.substr(0, length), palette, error).has_value();
-        EXPECT_EQ(good, error.line == -1) << length;
-    }
-}
-
-/// Compiles what `show` prints of a level; the bytes must be the level's own.
-void expectComesBack(const std::vector<std::uint8_t>& bytes, const BlockPalette& palette) {
-    std::string reason;
-    const auto level = readLevelFile(bytes, reason);
-    ASSERT_TRUE(level) << reason;
-    const std::string text = showLevel(*level, palette);
-    TextError error;
-    const auto source = parseLevelSource(text, error);
-    ASSERT_TRUE(source) << error.line << ": " << error.message << "\n" << text;
-    const auto back = dressLevel(*source, palette, error);
-    ASSERT_TRUE(back) << error.line << ": " << error.message << "\n" << text;
-    EXPECT_EQ(writeLevelFile(*back), bytes) << text;
+TEST(LevelDressing, VariantsDependOnThePlaceAlone) {
+    const auto secondRow = [](char first) {
+        const LevelFile level = dressed(sourceOf(std::string(40, first) + "\n" + std::string(40, '.')));
+        std::vector<int> ids;
+        for (int x = 0; x < level.width; ++x) ids.push_back(recordAt(level, x, 1).base);
+        return ids;
+    };
+    const auto ids = secondRow('.');
+    EXPECT_EQ(ids, secondRow('#'));
+    for (const int variant : {1, 2}) EXPECT_GT(std::ranges::count(ids, variant), 0) << variant;
+    EXPECT_GT(std::ranges::count(ids, 0), 20) << "the plain picture is the most frequent one";
 }
 
 TEST(LevelText, ShowsALevelAsItWasDrawn) {
-    const BlockPalette palette = testPalette();
     const std::string source =
         "world t\nlegend X marble\n\nfield\n@k.#.H\nS-h-DE\nXXXXXX\nend\n\nlayer2 lamp  2 0  4 1\nobject drops  2 0\n";
-    TextError error;
-    const auto bytes = compileLevel(source, palette, error);
-    ASSERT_TRUE(bytes) << error.message;
-    std::string reason;
-    EXPECT_EQ(showLevel(*readLevelFile(*bytes, reason), palette), source);
+    EXPECT_EQ(showLevel(dressed(source), palette()), source);
 }
 
 TEST(LevelText, BringsEveryLevelBack) {
-    const BlockPalette palette = testPalette();
     std::mt19937 random(5);
     for (int round = 0; round < 50; ++round) {
         LevelFile level = emptyLevel(1 + static_cast<int>(random() % 30), 1 + static_cast<int>(random() % 12));
@@ -169,22 +212,43 @@ TEST(LevelText, BringsEveryLevelBack) {
         }
         level.records[random() % level.records.size()].code = 8;
         for (std::size_t i = 0; i < kFreeBytes; i += 1 + random() % 9) level.header[freeByteOffset(i)] = 0xa5;
-        expectComesBack(writeLevelFile(level), palette);
+        const std::string text = showLevel(level, palette());
+        EXPECT_EQ(writeLevelFile(dressed(text)), writeLevelFile(level)) << text;
     }
 }
 
-TEST(LevelText, WidensOlderVersions) {
-    LevelFile level = emptyLevel(2, 1);
-    level.version = 2;
-    level.records = {{10, 81, 0, 0, 8, 0}, {60, 0, 0, 0, 0, 0}};
-    std::string reason;
-    const auto read = readLevelFile(writeLevelFile(level), reason);
-    ASSERT_TRUE(read) << reason;
-    level.version = LevelFile::kCurrentVersion;
+TEST(BlockTable, GivesLinesTheEndsThatTheGameReads) {
     TextError error;
-    const auto back = dressLevel(*parseLevelSource(showLevel(*read, testPalette()), error), testPalette(), error);
-    ASSERT_TRUE(back) << error.message;
-    EXPECT_EQ(back->records, level.records);
+    EXPECT_EQ(packBlockTable("; c\n[6]\ntype=1\nspriteFire=88\nspriteRost=90\n", error),
+              "; c\r\n[6]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=90\r\n");
+    EXPECT_EQ(packBlockTable("[6]\r\ntype=2\r\n", error), "[6]\r\ntype=2\r\n");
+}
+
+TEST(BlockTable, RefusesWhatTheGameWouldSkipOrMisread) {
+    const SourceFault faults[] = {
+        {"a section that is not closed", "[5\n", 1, "'[NUMBER]'"},
+        {"a section with zeros before", "[007]\n", 1, "a block id from 0 to 65535, found '007'"},
+        {"a section twice", "[5]\n[6]\n[5]\n", 3, "each block once, found '5'"},
+        {"a key before the first section", "type=2\n", 1, "a section before the first key"},
+        {"a blank before the equals sign", "[5]\ntype =2\n", 2, "found 'type '"},
+        {"a blank behind it", "[5]\ntype= 2\n", 2, "decimal digits and nothing else, found ' 2'"},
+        {"a key twice", "[5]\ntype=2\ntype=3\n", 3, "each key once in a section"},
+        {"a type that does not exist", "[5]\ntype=10\n", 2, "a block type from 0 to 9"},
+        {"a picture that does not exist", "[5]\nsprite=34\n", 2, "a sprite number of the loading list, found '34'"},
+        {"a name that is a number", "[5]\nname=12\n", 2, "a name without blanks that is no number"},
+        {"a name twice", "[5]\nname=a\n[6]\nname=a\n", 4, "each name once"},
+        {"a floor that cannot grow back", "[6]\ntype=1\nspriteFire=88\n[7]\n", 1, "spriteFire and spriteRost"},
+        {"a door without a picture", "[6]\ntype=8\n", 1, "spriteRost for a door"},
+        {"a hidden ladder that never shows", "[6]\ntype=6\n", 1, "spriteRost for a door or a hidden ladder"},
+        {"a last line without an end", "[6]\ntype=2", 2, "wanted a line end"},
+    };
+    for (const SourceFault& fault : faults) {
+        SCOPED_TRACE(fault.what);
+        TextError error{-1, "no error"};
+        EXPECT_FALSE(packBlockTable(fault.text, error));
+        EXPECT_EQ(error.line, fault.line) << error.message;
+        EXPECT_NE(error.message.find(fault.message), std::string::npos) << error.message;
+    }
 }
 
 }  // namespace

@@ -1,30 +1,24 @@
-// grubtool play on games of a few frames.
+// grubtool play and trace on games of a few frames; every number is worked out from the rules by hand.
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <string>
+#include <sstream>
 
-#include "run_grubtool.h"
+#include "grubtool_run.h"
+#include "level_writer.h"
+#include "package_writer.h"
 #include "scratch_directory.h"
 
 namespace grub {
 namespace {
 
-/// Grub between a key and the door.
-const std::string kLevel = "world turma\nfield\nE@kX\nXXXX\nend\n";
 const std::string kDraft = "# a key, and out\nlevel small.txt\nindex 0\nseed 1\n\n1 down Right\n20 down Left\n";
 
-std::span<const std::uint8_t> bytesOf(const std::string& text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-/// A game and its level in a folder of their own.
+/// A game and its level, Grub between a key and the door.
 class PlayCommand : public testing::Test {
 protected:
-    void SetUp() override {
-        scratch_.write("small.txt", bytesOf(kLevel));
+    PlayCommand() {
+        scratch_.write("small.txt", bytesOf("world turma\nfield\nE@kX\nXXXX\nend\n"));
         write(kDraft);
     }
     void write(const std::string& game) { scratch_.write("a.game", bytesOf(game)); }
@@ -32,87 +26,151 @@ protected:
         const auto bytes = scratch_.read("a.game");
         return {bytes.begin(), bytes.end()};
     }
-    /// Plays the game; what it says goes to `out` and `errors`.
-    int play(std::vector<std::string> options = {}) {
-        std::vector<std::string> words{"play", scratch_.file("a.game"), "--data", GRUB_DATA_DIR};
-        words.insert(words.end(), options.begin(), options.end());
-        testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
-        const int exitCode = runGrubtool(words);
-        out = testing::internal::GetCapturedStdout();
-        errors = testing::internal::GetCapturedStderr();
-        return exitCode;
+    [[nodiscard]] GrubtoolRun play() const {
+        return grubtool({"play", scratch_.file("a.game"), "--data", GRUB_DATA_DIR});
     }
-
+    [[nodiscard]] GrubtoolRun update() const {
+        return grubtool({"play", scratch_.file("a.game"), "--data", GRUB_DATA_DIR, "--update"});
+    }
     ScratchDirectory scratch_;
-    std::string out;
-    std::string errors;
 };
 
 // He turns for three frames and takes the key half-way, after four more. In 20 he stands in the cell of the key, turns
 // again for three and is two cells further left sixteen frames later.
 TEST_F(PlayCommand, CompletesADraftAndThenAgrees) {
-    ASSERT_EQ(play({"--update"}), 0) << errors;
-    EXPECT_THAT(text(), testing::StartsWith("# a key, and out\nlevel small.txt\nindex 0\nseed 1\n\n0 hash "));
-    EXPECT_THAT(text(), testing::EndsWith("\n38 end Won score 1050 keys 0\n"));
-    EXPECT_EQ(play(), 0) << errors;
-    EXPECT_THAT(out, testing::EndsWith("Won in frame 38, score 1050\n"));
+    ASSERT_EQ(update().exitCode, 0);
     const std::string first = text();
-    ASSERT_EQ(play({"--update"}), 0);
+    EXPECT_THAT(first, testing::StartsWith("# a key, and out\nlevel small.txt\nindex 0\nseed 1\n\n0 hash "));
+    EXPECT_THAT(first, testing::EndsWith("\n38 end Won score 1050 keys 0\n"));
+    EXPECT_THAT(play().out, testing::EndsWith("Won in frame 38, score 1050\n"));
+    ASSERT_EQ(update().exitCode, 0);
     EXPECT_EQ(text(), first);
 }
 
 TEST_F(PlayCommand, TellsTheFirstFrameThatDiffersAndDrawsBothFields) {
-    ASSERT_EQ(play({"--update"}), 0) << errors;  // in 25 he is 24 pixels on his way back
+    ASSERT_EQ(update().exitCode, 0);  // in 25 he is 24 pixels on his way back
     const std::string whole = text();
-    const auto key = whole.find("20 down Left");
-    write(whole.substr(0, key) + whole.substr(key + std::string("20 down Left\n").size()));
-    EXPECT_EQ(play(), 1);
-    EXPECT_THAT(errors, testing::EndsWith("a.game: frame 25: the hash of the state differs\n"));
-    EXPECT_EQ(out,
+    const std::string event = "20 down Left\n";
+    write(whole.substr(0, whole.find(event)) + whole.substr(whole.find(event) + event.size()));
+    const GrubtoolRun run = play();
+    EXPECT_TRUE(run.failed(1, "a.game: frame 25: the hash of the state differs"));
+    EXPECT_EQ(run.out,
               "recorded, frame 25   played, frame 25\n"
               "E@.#                 E.@#\n"
               "####                 ####\n");
 }
 
-struct Unplayable {
-    const char* what;
-    std::string game;
-    const char* reason;
-};
-
-TEST_F(PlayCommand, WhatCannotBePlayedEndsWithTwoAndALine) {
-    const Unplayable rows[] = {
-        {"a draft", kDraft, "found a draft; --update writes them"},
-        {"a bad line", kDraft + "30 jump\n", "a.game:8: wanted 'down', 'up'"},
-        {"a level that is not there",
-         "level none.txt\nindex 0\nseed 1\n0 hash 0000000000000000\n0 end Quit score 0 keys 0",
-         "none.txt: cannot be read"},
-        {"a level that is none", "level a.game\nindex 0\nseed 1\n0 hash 0000000000000000\n0 end Quit score 0 keys 0",
-         "a.game: "},
-        {"a name of the list without a level",
-         "level levels\\podval\\level13.lvl\nindex 0\nseed 1\n0 hash 0000000000000000\n0 end Quit score 0 keys 0",
-         "levels\\podval\\level13.lvl: there is no such file"},
+TEST_F(PlayCommand, EndsWithTwoAndALineWhenItCannotPlay) {
+    const std::string outcome = "\nindex 0\nseed 1\n0 hash 0000000000000000\n0 end Quit score 0 keys 0";
+    const std::pair<std::string, const char*> rows[] = {
+        {kDraft, "a.game: wanted hashes and an end, found a draft"},
+        {kDraft + "30 jump\n", "a.game:8: wanted 'down', 'up'"},
+        {"level none.txt" + outcome, "none.txt: cannot be read"},
+        {"level levels\\podval\\level13.lvl" + outcome, "levels\\podval\\level13.lvl: there is no such file"},
     };
-    for (const Unplayable& row : rows) {
-        SCOPED_TRACE(row.what);
-        write(row.game);
-        EXPECT_EQ(play(), 2);
-        EXPECT_THAT(errors, testing::HasSubstr(row.reason));
-        EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << errors;
+    for (const auto& [game, reason] : rows) {
+        write(game);
+        EXPECT_TRUE(play().failed(2, reason));
     }
 }
 
 TEST_F(PlayCommand, KeysThatReachNoEndAreNotWrittenDown) {
     const std::string endless = "level small.txt\nindex 0\nseed 1\n1 down Right\n";
     write(endless);
-    EXPECT_EQ(play({"--update"}), 2);
-    EXPECT_THAT(errors, testing::HasSubstr("the keys reach no end"));
+    EXPECT_TRUE(update().failed(2, "the game has no end within 90000 game frames"));
     EXPECT_EQ(text(), endless);
     write(endless + "30 end Quit score 0 keys 0\n");
-    EXPECT_EQ(play({"--update"}), 0) << errors;
+    EXPECT_EQ(update().exitCode, 0);
     EXPECT_THAT(text(), testing::EndsWith("\n30 end Quit score 50 keys 0\n"));
-    EXPECT_EQ(play(), 0) << errors;
+    EXPECT_EQ(play().exitCode, 0);
+}
+
+TEST_F(PlayCommand, UpdateDropsKeysBehindTheNewEnd) {
+    ASSERT_EQ(update().exitCode, 0);
+    const std::string whole = text();
+    write(kDraft + "50 up Left\n");
+    ASSERT_EQ(update().exitCode, 0);
+    EXPECT_EQ(text(), whole);
+}
+
+/// The command trace on files of its own.
+class Trace : public testing::Test {
+protected:
+    Trace() {
+        scratch_.write("blocks", bytesOf(drawnBlockTable()));
+        files({"@ .", "# #"}, "", "");
+    }
+    void files(const Drawing& drawing, const std::string& keys, const std::string& counts) const {
+        scratch_.write("a.lvl", writeLevelFile(drawnLevel(drawing)));
+        scratch_.write("keys", bytesOf(keys));
+        scratch_.write("counts", bytesOf(counts));
+    }
+    [[nodiscard]] GrubtoolRun run(const char* index, const char* seed, const char* frames) const {
+        return grubtool({"trace", "--level", scratch_.file("a.lvl"), "--blocks", scratch_.file("blocks"), "--index",
+                         index, "--seed", seed, "--keys", scratch_.file("keys"), "--frames", frames, "--counts",
+                         scratch_.file("counts")});
+    }
+    ScratchDirectory scratch_;
+};
+
+// The dog, five cells to the right, starts to hunt in frame 0 and goes 4 pixels in each frame. Grub digs in frame 1;
+// the dig of 3 frames ends with the third. The breaking floor of 1 frame, which stays for 3 game frames, is done in the
+// second of them and waits from the third on. The floor's timer counts in the frame of the dig too.
+TEST_F(Trace, OfADigAndADogThatHunts) {
+    files({"@ . k . . d", "# = # # # #"}, "1 down X\n2 up X\n", "81 3\n83 1\n");
+    const std::string common = " shield=0 inv=0 anchor=0 keys=1 score=0 lives=3 rng=00000007 enemies=9:";
+    EXPECT_EQ(run("0", "7", "4").out, "f=1 hero=0,0 v=0,0 cmd=None face=2 anim=81:0 dig=1" + common +
+                                          "312,0:0:1:-4,0 holes=1,1:0:249 bonuses=- end=-\n"
+                                          "f=2 hero=0,0 v=0,0 cmd=None face=2 anim=81:1 dig=1" +
+                                          common +
+                                          "308,0:0:1:-4,0 holes=1,1:0:248 bonuses=- end=-\n"
+                                          "f=3 hero=0,0 v=0,0 cmd=None face=2 anim=81:2 dig=0" +
+                                          common +
+                                          "304,0:0:1:-4,0 holes=1,1:2:247 bonuses=- end=-\n"
+                                          "f=4 hero=0,0 v=0,0 cmd=None face=2 anim=334:0 dig=0" +
+                                          common + "300,0:0:1:-4,0 holes=1,1:2:246 bonuses=- end=-\n");
+}
+
+// From 128 the dog is at 124 after frame 0 and at 28, closer than 32, after frame 24.
+TEST_F(Trace, EndsWithTheLineThatHasTheCause) {
+    files({"@ . d k", "# # # #"}, "", "");
+    const std::string lines = run("0", "010", "100").out;
+    EXPECT_THAT(lines, testing::HasSubstr("rng=0000000a enemies=9:32,0:0:1:-4,0 holes=- bonuses=- end=-\nf=24 "));
+    EXPECT_THAT(lines, testing::EndsWith(" enemies=9:28,0:0:1:-4,0 holes=- bonuses=- end=0\n"));
+}
+
+// The seed is chosen for its first three numbers, 16386, 9185 and 25408: right column, upper row, kind 4. Pressed in
+// 250, Right turns Grub for three frames, and eight later he is on the next cell. There he takes the shield in 261.
+TEST_F(Trace, OfARandomBonus) {
+    files({"@ .", "# #"}, "250 down Right\n", "");
+    const std::string lines = run("1", "5006", "261").out;
+    EXPECT_THAT(lines,
+                testing::HasSubstr(" rng=0000138e enemies=- holes=- bonuses=- end=-\n"
+                                   "f=249 hero=0,0 v=0,0 cmd=None face=1 anim=333:5 dig=0 shield=0 inv=0 anchor=0 "
+                                   "keys=0 score=0 lives=3 rng=6340b35b enemies=- holes=- bonuses=4:1,0:200 end=-\n"));
+    EXPECT_THAT(lines, testing::EndsWith("\nf=261 hero=64,0 v=0,0 cmd=Right face=2 anim=334:0 dig=0 shield=499 inv=0 "
+                                         "anchor=0 keys=0 score=100 lives=3 rng=6340b35b enemies=- holes=- "
+                                         "bonuses=4:1,0:188 end=-\n"));
+}
+
+TEST_F(Trace, RefusesWhatIsWrongWithALineAndNoTrace) {
+    const struct {
+        const char* file;
+        const char* contents;
+        int exitCode;
+        const char* reason;
+    } faults[] = {
+        {"a.lvl", "level", 1, "a.lvl: shorter than its header"},
+        {"keys", "1 down Up\n1 down Escape\n", 2, "keys:2: wanted a key"},
+        {"counts", "1 70000", 2, "counts:1: wanted a frame count"},
+    };
+    for (const auto& fault : faults) {
+        files({"@ .", "# #"}, "", "");
+        scratch_.write(fault.file, bytesOf(fault.contents));
+        const GrubtoolRun refused = run("0", "1", "5");
+        EXPECT_TRUE(refused.failed(fault.exitCode, fault.reason));
+        EXPECT_EQ(refused.out, "");
+    }
 }
 
 }  // namespace

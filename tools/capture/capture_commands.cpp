@@ -3,7 +3,6 @@
 
 #include "command.h"
 #include "command_lists.h"
-#include "exit_codes.h"
 #include "game_file.h"
 #include "play_content.h"
 #include "resource_package.h"

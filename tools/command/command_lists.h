@@ -6,7 +6,7 @@
 
 namespace grub {
 
-/// The commands of each folder of tools/; the folder of that name defines the function. A command that fails writes one
+/// The commands of the folders of tools/, each defined in its folder. A command that fails writes one
 /// line to standard error and throws CommandEnd, with exit code 1 if nothing else is said here.
 [[nodiscard]] std::vector<Command> packCommands();
 [[nodiscard]] std::vector<Command> levelCommands();
@@ -14,8 +14,9 @@ namespace grub {
 [[nodiscard]] std::vector<Command> synthCommands();
 /// Exit code 2 when the game cannot be played.
 [[nodiscard]] std::vector<Command> captureCommands();
-/// play: exit code 1 when a game differs, 2 when it cannot be played. trace: 1 for a refused level, 2 for anything
-/// else.
+/// Exit code 1 when a game differs, 2 when it cannot be played.
 [[nodiscard]] std::vector<Command> playCommands();
+/// Exit code 1 for a refused level, 2 for any other failure.
+[[nodiscard]] std::vector<Command> traceCommands();
 
 }  // namespace grub

@@ -15,12 +15,13 @@ constexpr int kWrongUsage = 2;
 
 std::vector<Command> allCommands() {
     std::vector<Command> all;
-    for (auto* list : {packCommands, levelCommands, renderCommands, synthCommands, captureCommands, playCommands})
+    for (auto* list :
+         {packCommands, levelCommands, renderCommands, synthCommands, captureCommands, playCommands, traceCommands})
         std::ranges::move(list(), std::back_inserter(all));
     return all;
 }
 
-/// The last word of a command's name, and the group before it; a command outside of the groups has an empty one.
+/// The last word of a command's name, and the group before it; empty for a command without a group.
 std::pair<std::string, std::string> wordAndGroup(const Command& command) {
     const std::string name(command.name);
     const auto blank = name.find(' ');
@@ -29,26 +30,26 @@ std::pair<std::string, std::string> wordAndGroup(const Command& command) {
 }
 
 /// CLI11 by itself takes an empty word for 0, "010" for 8, and blanks and signs.
-CLI::Validator wholeNumber(std::uint32_t least, std::uint32_t most) {
+void takeNumber(CLI::Option& option, std::uint32_t least, std::uint32_t most) {
     const std::string limits = std::to_string(least) + " to " + std::to_string(most);
     const auto fault = [least, most, limits](const std::string& text) {
         const auto value = numberIn<std::uint32_t>(text);
         const bool isGood = value && *value >= least && *value <= most;
         return isGood ? std::string() : "'" + text + "' is not a number from " + limits;
     };
-    return {fault, limits};
+    option.type_name(limits)->check(CLI::Validator(fault, ""));
 }
 
 void addParameter(CLI::App& app, const Parameter& parameter) {
     if (parameter.takes == Parameter::Takes::Nothing) {
         app.add_flag(parameter.name, parameter.help);
-    } else {
-        CLI::Option* const added = app.add_option(parameter.name)->description(parameter.help);
-        added->required(parameter.isRequired)->type_name("");
-        if (parameter.takes == Parameter::Takes::Texts)
-            added->allow_extra_args()->expected(parameter.isRequired ? 1 : 0, -1);
-        if (parameter.takes == Parameter::Takes::Number) added->check(wholeNumber(parameter.least, parameter.most));
+        return;
     }
+    CLI::Option* const added = app.add_option(parameter.name)->description(parameter.help);
+    added->required(parameter.isRequired)->type_name(parameter.name[0] == '-' ? "TEXT" : "");
+    if (parameter.takes == Parameter::Takes::Texts)
+        added->allow_extra_args()->expected(parameter.isRequired ? 1 : 0, -1);
+    if (parameter.takes == Parameter::Takes::Number) takeNumber(*added, parameter.least, parameter.most);
 }
 
 Arguments argumentsOf(const CLI::App& app, const Command& command) {
@@ -72,7 +73,7 @@ void addCommand(CLI::App& parent, const std::string& word, const Command& comman
         app->callback([app, command] { command.run(argumentsOf(*app, command)); });
 }
 
-/// One line about the words that choose a command when they choose none; empty when they do, or ask for help.
+/// One line when the words name no command; empty when they do or ask for help.
 std::string faultOfChoice(const std::vector<Command>& commands, const std::vector<std::string>& words) {
     std::string group;
     std::string fault = "a command is missing";

@@ -5,8 +5,8 @@
 
 namespace grub {
 
-/// Runs grubtool on the words that follow its name. The exit code: 0, the failed command's own one, or 2 for a wrong
-/// use, after a line on standard error.
+/// Runs grubtool on the words that follow its name. Returns 0, the exit code of a command that failed, or 2 when the
+/// words are wrong; then a line on standard error says what is wrong.
 int runGrubtool(std::vector<std::string> words);
 
 }  // namespace grub

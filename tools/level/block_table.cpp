@@ -2,19 +2,23 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 #include <set>
-#include <span>
-#include <vector>
 
 #include "block_type.h"
 #include "ini_table.h"
+#include "level_file.h"
+#include "level_loader.h"
 #include "loading_list.h"
 #include "text_lines.h"
 
 namespace grub {
 
 namespace {
+
+constexpr int kMaxBlockId = 0xffff;
+
+/// About one bucket for each key of the block table.
+constexpr std::uint32_t kTableBuckets = 3000;
 
 constexpr std::array<std::string_view, 4> kSpriteKeys{"sprite", "spriteFire", "spriteRost", "spriteFon"};
 constexpr int kHighestBlockType = static_cast<int>(BlockType::SpawnPoint);
@@ -25,7 +29,7 @@ bool isSpriteNumber(int number) {
                        [number](const LoadEntry& entry) { return entry.spriteNumber == number; });
 }
 
-/// Reads the table line by line; each handler returns false after it has filled the error.
+/// Reads the table line by line. A handler fills the error before it returns false.
 class TableChecker {
 public:
     explicit TableChecker(TextError& error) : error_(error) {}
@@ -42,14 +46,14 @@ public:
         return fail("a comment, '[NUMBER]' or 'KEY=VALUE'", line);
     }
 
-    /// Whether the section that ends here is a whole block.
+    /// Called where a section ends: whether it has all keys that its type needs.
     bool finishSection() {
         const int type = section_.contains("type") ? section_["type"] : 0;
         if (type == static_cast<int>(BlockType::Floor) && !(has("spriteFire") && has("spriteRost")))
-            return failSection("spriteFire and spriteRost for a floor, or it could not be dug");
+            return failSection("spriteFire and spriteRost for a floor, which show it break and grow back");
         if ((type == static_cast<int>(BlockType::Exit) || type == static_cast<int>(BlockType::HiddenLadder)) &&
             !has("spriteRost"))
-            return failSection("spriteRost for a door or a hidden ladder, or nobody would see it appear");
+            return failSection("spriteRost for a door or a hidden ladder, which shows it when it appears");
         return true;
     }
 
@@ -104,6 +108,54 @@ private:
 };
 
 }  // namespace
+
+BlockPalette::BlockPalette(const SharedBuffer& bytes) {
+    const IniTable table(bytes, kTableBuckets);
+    for (int id = 0; id <= kMaxBlockId; ++id) {
+        const std::string text = std::to_string(id);
+        const EngineString section(text.c_str());
+        if (!table.has(section, "name") && !table.has(section, "type")) continue;
+        Block block{static_cast<std::uint16_t>(id), table.getString(section, "name").cStr(),
+                    std::max(table.getInt(section, "type"), 0)};
+        if (!block.name.empty()) ids_.try_emplace(block.name, block.id);
+        blocks_.emplace(block.id, std::move(block));
+    }
+}
+
+const Block* BlockPalette::byId(std::uint16_t id) const {
+    const auto found = blocks_.find(id);
+    return found == blocks_.end() ? nullptr : &found->second;
+}
+
+const Block* BlockPalette::byName(std::string_view name) const {
+    const auto found = ids_.find(name);
+    return found == ids_.end() ? nullptr : byId(found->second);
+}
+
+const Block* BlockPalette::find(std::string_view world, std::string_view name) const {
+    const Block* own = byName(std::string(world) + "." + std::string(name));
+    return own != nullptr ? own : byName(name);
+}
+
+std::vector<const Block*> BlockPalette::variants(const Block& first) const {
+    std::vector<const Block*> found{&first};
+    for (int number = 2;; ++number) {
+        const Block* next = byName(first.name + "~" + std::to_string(number));
+        if (next == nullptr) return found;
+        found.push_back(next);
+    }
+}
+
+std::optional<LevelMap> levelMapOf(std::span<const std::uint8_t> level, ResourceSource& levels, std::string& reason) {
+    const auto file = readLevelFile(level, reason);
+    if (!file) return std::nullopt;
+    LevelLoader loader(levels);
+    loader.loadBlockTypes();
+    for (const LoadEntry& entry : loadingList())
+        if (entry.spriteNumber != kNoSpriteNumber)
+            loader.spriteNumbers().addSpriteNumber(entry.spriteNumber, static_cast<std::int16_t>(entry.id));
+    return loader.build(*file, reason);
+}
 
 std::optional<std::string> packBlockTable(std::string_view text, TextError& error) {
     TableChecker checker(error);

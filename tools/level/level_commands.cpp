@@ -4,31 +4,22 @@
 #include <string_view>
 #include <vector>
 
-#include "block_palette.h"
 #include "block_table.h"
 #include "command.h"
 #include "command_lists.h"
-#include "level_checks.h"
 #include "level_compiler.h"
 #include "level_file.h"
-#include "level_loader.h"
+#include "level_map.h"
 #include "level_picture.h"
-#include "level_text.h"
-#include "picture_book.h"
-#include "table_source.h"
 
 namespace grub {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// About one bucket for each key of the block table.
-constexpr std::uint32_t kTableBuckets = 3000;
-
 [[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(kFailed, error.in(file)); }
 
-/// The block table that belongs to a level: the one given, else the nearest typeblok.ini in the level's folder or
-/// above.
+/// The block table of a level: the one given, else the nearest typeblok.ini in the level's folder or above.
 std::string blocksFor(const Arguments& arguments, const std::string& level) {
     if (arguments.has("--blocks")) return arguments.text("--blocks");
     std::filesystem::path folder = std::filesystem::absolute(level).parent_path();
@@ -40,19 +31,10 @@ std::string blocksFor(const Arguments& arguments, const std::string& level) {
     return (folder / "typeblok.ini").string();
 }
 
-BlockPalette paletteOf(const TableSource& table) { return BlockPalette(IniTable(table.buffer(), kTableBuckets)); }
-
 Bytes compiled(const std::string& source, const TableSource& table) {
     TextError error;
-    auto level = compileLevel(inputText(source), paletteOf(table), error);
+    auto level = compileLevel(inputText(source), BlockPalette(table.buffer()), error);
     if (!level) failAt(source, error);
-    return std::move(*level);
-}
-
-LevelFile parsed(const std::string& name, const Bytes& bytes) {
-    std::string reason;
-    auto level = readLevelFile(bytes, reason);
-    if (!level) failWith(kFailed, name + ": " + reason);
     return std::move(*level);
 }
 
@@ -61,31 +43,37 @@ void compile(const Arguments& arguments) {
     const std::string out = arguments.text("OUT");
     const TableSource table(inputBytes(blocksFor(arguments, source)));
     const Bytes level = compiled(source, table);
-    for (const std::string& warning : levelWarnings(parsed(out, level), paletteOf(table)))
+    std::string reason;
+    for (const std::string& warning : levelWarnings(*readLevelFile(level, reason), BlockPalette(table.buffer())))
         std::fprintf(stderr, "%s: warning: %s\n", source.c_str(), warning.c_str());
     outputBytes(out, level);
 }
 
+/// The map of a level file; the command fails when the game would refuse the file.
+LevelMap mapOf(const std::string& name, const Bytes& level, TableSource& table) {
+    std::string reason;
+    auto map = levelMapOf(level, table, reason);
+    if (!map) failWith(kFailed, name + ": " + reason);
+    return std::move(*map);
+}
+
 void show(const Arguments& arguments) {
     const std::string file = arguments.text("FILE");
-    const LevelFile level = parsed(file, inputBytes(file));
-    std::fputs(showLevel(level, paletteOf(TableSource(inputBytes(blocksFor(arguments, file))))).c_str(), stdout);
+    const Bytes level = inputBytes(file);
+    TableSource table(inputBytes(blocksFor(arguments, file)));
+    (void)mapOf(file, level, table);
+    std::string reason;
+    std::fputs(showLevel(*readLevelFile(level, reason), BlockPalette(table.buffer())).c_str(), stdout);
 }
 
 void picture(const Arguments& arguments) {
     const std::string file = arguments.text("FILE");
     TableSource table(inputBytes(blocksFor(arguments, file)));
-    const bool isSource = std::filesystem::path(file).extension() == ".txt";
-    const Bytes bytes = isSource ? compiled(file, table) : inputBytes(file);
-    LevelLoader loader(table);
-    loader.loadBlockTypes();
-    addListedSpriteNumbers(loader.spriteNumbers());
-    std::string reason;
-    const auto map = loader.build(parsed(file, bytes), reason);
-    if (!map) failWith(kFailed, file + ": " + reason);
+    const Bytes level = file.ends_with(".txt") ? compiled(file, table) : inputBytes(file);
+    const LevelMap map = mapOf(file, level, table);
     PictureBook book(arguments.text("--art"));
     const std::string out = arguments.text("OUT");
-    if (!writePng(out, drawLevel(*map, book))) failWith(kFailed, out + ": cannot be written");
+    if (!writePng(out, drawLevel(map, book))) failWith(kFailed, out + ": cannot be written");
 }
 
 void blocks(const Arguments& arguments) {

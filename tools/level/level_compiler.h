@@ -2,17 +2,44 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
-#include "block_palette.h"
+#include "block_table.h"
 #include "level_source.h"
 
 namespace grub {
 
-/// The level that a source describes, as the bytes of a `.lvl` file of version 4. Empty, and `error` filled, when the
-/// source is none or when the game could not play the level.
+/// Compiles a level source to the bytes of a `.lvl` file of version 4. The same source and palette give the same bytes
+/// on every machine. Nothing when the source is wrong or the game could not play the level; then `error` says why.
 [[nodiscard]] std::optional<std::vector<std::uint8_t>> compileLevel(std::string_view text, const BlockPalette& palette,
                                                                     TextError& error);
+
+/// The middle step of compiling: gives each cell its blocks. It looks up the meaning of the cell's character, chooses
+/// the picture that fits the neighbours (ends of floors and pipes, tops of ladders), a variant that depends on the
+/// place alone and the shadow under floors; then the placement lines apply. Nothing when a character or a name has no
+/// meaning; then `error` says which.
+[[nodiscard]] std::optional<LevelFile> dressLevel(const LevelSource& source, const BlockPalette& palette,
+                                                  TextError& error);
+
+/// A block's name without world, shape and variant: "floor" for "turma.floor.left~2".
+[[nodiscard]] std::string familyOf(std::string_view blockName);
+
+/// The part of a block's name before its first dot; empty without a dot.
+[[nodiscard]] std::string_view worldOf(std::string_view blockName);
+
+/// One line, "wanted ..., found ...", about the first thing that the game could not play in this level or that a player
+/// would never see; empty when the level is good. A good level has one hero, a key and a door, and no more of anything
+/// than the game holds.
+[[nodiscard]] std::string levelFault(const LevelFile& level, const BlockPalette& palette);
+
+/// A line for each thing that can be played but is probably a mistake: a rat without room turns into the wall and dies.
+[[nodiscard]] std::vector<std::string> levelWarnings(const LevelFile& level, const BlockPalette& palette);
+
+/// The way back: a source that compiles to the same cells and free bytes, if the compiler accepts the level. What the
+/// compiler chooses by itself is not written out, so a compiled level comes back nearly as it was drawn; title, idea
+/// and comments are not in the file.
+[[nodiscard]] std::string showLevel(const LevelFile& level, const BlockPalette& palette);
 
 }  // namespace grub

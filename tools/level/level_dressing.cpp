@@ -1,4 +1,4 @@
-#include "level_dressing.h"
+#include "level_compiler.h"
 
 #include <algorithm>
 #include <array>
@@ -11,17 +11,17 @@ namespace grub {
 
 namespace {
 
-/// The shapes that a block's name may end in, and that the place of a cell decides.
+/// The shapes that a block's name may end in. The place of a cell decides on its shape.
 constexpr std::array<std::string_view, 7> kShapes{"left", "right", "single", "under", "top", "foot", "joint"};
 /// A joint stands in every third column, so that long pipes look assembled and short ones do not.
 constexpr int kJointEvery = 3;
-/// Of eight equal cells five show the plain picture, three one of its variants.
+/// Of eight equal cells about five show the plain picture and three show one of its variants.
 constexpr unsigned kPlainInEight = 5;
 
 constexpr bool isMasonry(BlockType type) { return type == BlockType::Floor || type == BlockType::Solid; }
 constexpr bool isRungs(BlockType type) { return type == BlockType::Ladder || type == BlockType::HiddenLadder; }
 
-/// An even spread over places, without a state that a neighbouring change could shift.
+/// A number that looks random but depends on the place alone, so that a change of one cell leaves all others alone.
 constexpr unsigned placeHash(int column, int row) {
     unsigned h = static_cast<unsigned>(column) * 0x9e3779b1U ^ static_cast<unsigned>(row) * 0x85ebca77U;
     h = (h ^ (h >> 15)) * 0x2c1b3c6dU;
@@ -29,7 +29,7 @@ constexpr unsigned placeHash(int column, int row) {
     return h ^ (h >> 15);
 }
 
-/// Dresses one level; every step needs what the steps before it found.
+/// Dresses one level. Each step uses the results of the steps before it.
 class Dresser {
 public:
     Dresser(const LevelSource& source, const BlockPalette& palette, TextError& error)
@@ -116,7 +116,8 @@ private:
 
     const Block*& family(int column, int row) { return families_[indexIn(level_, column, row)]; }
 
-    /// The type at a cell, or that of the nearest cell inside: what meets the level's edge looks as if it went on.
+    /// The type at a cell. Outside the level it is the type of the nearest cell inside, so that floors and pipes look
+    /// as if they went on beyond the edge.
     BlockType typeAt(int column, int row) {
         return blockTypeOf(
             family(std::clamp(column, 0, level_.width - 1), std::clamp(row, 0, level_.height - 1))->type);
@@ -125,8 +126,8 @@ private:
     void buildCell(int column, int row) {
         const Block& block = shaped(*family(column, row), column, row);
         valueIn(recordAt(level_, column, row), Slot::Base) = variant(block, column, row).id;
-        const bool lies_below = row > 0 && isMasonry(typeAt(column, row - 1)) && !isMasonry(typeAt(column, row));
-        const Block* shade = lies_below ? palette_.find(source_.world, "shade") : nullptr;
+        const bool liesBelow = row > 0 && isMasonry(typeAt(column, row - 1)) && !isMasonry(typeAt(column, row));
+        const Block* shade = liesBelow ? palette_.find(source_.world, "shade") : nullptr;
         if (shade != nullptr) valueIn(recordAt(level_, column, row), Slot::Layer3) = shade->id;
     }
 
@@ -201,7 +202,7 @@ private:
         return all + "none or a number";
     }
 
-    /// Part of a thing that is larger than one cell: its blocks are called NAME.11, NAME.12 ... NAME.21 by row and
+    /// One block of a thing that is larger than a cell. Such blocks are called NAME.11, NAME.12 ... NAME.21 by row and
     /// column.
     const Block* group(const Placement& placement, int column, int row) const {
         const std::string digits{static_cast<char>('1' + row), static_cast<char>('1' + column)};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "rules.h"
 #include "text_lines.h"
 
 namespace grub {
@@ -10,7 +11,7 @@ namespace {
 
 using Words = std::vector<std::string_view>;
 
-/// Reads the lines of one source in order. Each handler returns false after it has filled the error.
+/// Reads the lines of one source in order. A handler fills the error before it returns false.
 class SourceParser {
 public:
     explicit SourceParser(TextError& error) : error_(error) {}
@@ -39,7 +40,7 @@ private:
     }
 
     bool statement(const Words& words) {
-        if (words.empty() || words[0].starts_with(';')) return true;
+        if (words.empty() || words[0].starts_with('#')) return true;
         const std::string_view word = words[0];
         if (word == "title" || word == "idea") return true;  // for people
         if (word == "world") return world(words);
@@ -49,7 +50,7 @@ private:
         const auto slot = std::find(kSlotWords.begin(), kSlotWords.end(), word);
         if (slot != kSlotWords.end())
             return placement(kAllSlots[static_cast<std::size_t>(slot - kSlotWords.begin())], words);
-        return fail("title, idea, world, legend, field, base, layer2 to layer5, object, bytes or a comment behind ';'",
+        return fail("title, idea, world, legend, field, base, layer2 to layer5, object, bytes or a comment behind '#'",
                     inQuotes(word));
     }
 

@@ -1,4 +1,4 @@
-#include "level_text.h"
+#include "level_compiler.h"
 
 #include <algorithm>
 #include <array>
@@ -8,17 +8,15 @@
 #include <vector>
 
 #include "block_type.h"
-#include "level_dressing.h"
-#include "level_source.h"
 
 namespace grub {
 
 namespace {
 
-/// Cells of one placement line; more would not fit 120 columns of text.
+/// Cells of one placement line: as many as fit 120 columns of text.
 constexpr std::size_t kCellsInLine = 14;
 
-/// The world of a level without a block that has one.
+/// The world that a level gets when none of its blocks belongs to a world.
 constexpr std::string_view kFirstWorld = "turma";
 
 /// The character that stands for a cell without an object.
@@ -42,14 +40,14 @@ char characterOf(BlockType type, std::uint16_t object) {
     return known == kFieldCharacters.end() ? characterOf(type) : known->character;
 }
 
-/// The key with the highest count, the first of them in order; empty if there is none.
+/// The key with the highest count, and the first of several; empty when there are no counts.
 std::string mostFrequent(const std::map<std::string, int>& counts) {
     const auto most = std::max_element(counts.begin(), counts.end(),
                                        [](const auto& a, const auto& b) { return a.second < b.second; });
     return most == counts.end() ? std::string() : most->first;
 }
 
-/// Writes one level: first a plain drawing of it, then what compiling that drawing would get wrong.
+/// Writes one level: first a plain drawing of it, then a line for each cell that this drawing would compile wrongly.
 class LevelWriter {
 public:
     LevelWriter(const LevelFile& level, const BlockPalette& palette) : level_(level), palette_(palette) {}
@@ -85,13 +83,13 @@ private:
                 const Block* base = baseAt(column, row);
                 const auto type = base != nullptr ? blockTypeOf(base->type) : BlockType::Empty;
                 const char character = characterOf(type, recordAt(level_, column, row).code);
-                // A world need not have every family; what it lacks is placed below the field.
+                // A world need not have every family; a block that it lacks is placed below the field.
                 line += palette_.find(draft_.world, fieldCharacter(character)->family) != nullptr ? character : '.';
             }
         }
     }
 
-    /// A character means its most frequent family, if that is not what it means anyway.
+    /// A character gets a legend when its most frequent family is not its usual one.
     void addLegend() {
         std::map<char, std::map<std::string, int>> counts;
         for (int row = 0; row < level_.height; ++row)
@@ -137,7 +135,7 @@ private:
     std::string corrections() const {
         TextError error;
         const auto compiled = dressLevel(draft_, palette_, error);
-        // A palette without the draft's blocks leaves nothing to compare with: then every cell is written out.
+        // When the palette lacks a block of the draft, the draft cannot be compiled; then every cell is written out.
         const LevelFile draft = compiled ? *compiled : emptyLevel(level_.width, level_.height);
         std::string text;
         for (const Slot slot : kAllSlots) text += corrections(slot, draft);
@@ -165,7 +163,7 @@ private:
         if (block == nullptr) return std::to_string(value);
         const bool own = worldOf(block->name) == draft_.world;
         const std::string name = own ? block->name.substr(draft_.world.size() + 1) : block->name;
-        // A second section with a name, or a common name that the world has too, can only be told by its number.
+        // The name of this block may mean another block here; then only its number is clear.
         return palette_.find(draft_.world, name) == block ? name : std::to_string(value);
     }
 

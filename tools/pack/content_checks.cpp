@@ -1,5 +1,3 @@
-#include "content_checks.h"
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -7,6 +5,7 @@
 #include "byte_reader.h"
 #include "image_decoder.h"
 #include "ini_table.h"
+#include "package_verifier.h"
 #include "sound_decoder.h"
 
 namespace grub {
@@ -15,11 +14,17 @@ namespace {
 constexpr std::array<std::string_view, 4> kPictureEndings{".bmp", ".gif", ".jpg", ".jpeg"};
 constexpr std::array<std::string_view, 3> kPictureMagics{"BM", "GI", "\xFF\xD8"};
 
+/// Texels of the longer side of a texture; the game shows nothing of a larger picture.
+constexpr int kLargestSide = 4096;
+
 constexpr std::array<std::string_view, 2> kSoundEndings{".wav", ".ogg"};
 constexpr std::array<std::string_view, 2> kSoundMagics{"RIFF", "OggS"};
 /// The game holds WAV files below this size whole; larger ones are read piece by piece while they play.
 constexpr std::size_t kStreamedSize = 262144;
 constexpr std::size_t kWavHeader = 44;
+/// Samples per second that the game's sound buffers accept.
+constexpr std::uint32_t kLowestRate = 100;
+constexpr std::uint32_t kHighestRate = 200000;
 
 std::string_view textOf(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -32,7 +37,7 @@ std::string lowerCase(std::string_view text) {
     return lower;
 }
 
-/// A resource is of a kind by its name or by its first bytes.
+/// Whether the name or the first bytes say that a resource is of this kind.
 bool isOfKind(std::span<const std::string_view> endings, std::span<const std::string_view> magics,
               std::string_view lowerName, std::span<const std::uint8_t> bytes) {
     const auto endsName = [&](std::string_view ending) { return lowerName.ends_with(ending); };
@@ -41,11 +46,48 @@ bool isOfKind(std::span<const std::string_view> endings, std::span<const std::st
            std::any_of(magics.begin(), magics.end(), startsFile);
 }
 
-bool soundDecodes(std::span<const std::uint8_t> bytes) {
+std::string pictureFault(std::span<const std::uint8_t> bytes) {
+    std::string fault;
+    if (!pictureDecodes(bytes, &fault)) return "the picture does not decode: " + fault;
+    const auto decoder = createImageDecoder(SharedBuffer::view(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
+    if (std::max(decoder->width(), decoder->height()) <= kLargestSide) return {};
+    return "the picture has " + std::to_string(decoder->width()) + " x " + std::to_string(decoder->height()) +
+           " pixels, the game shows at most 4096 on a side";
+}
+
+/// One line about a chunk whose size does not fit the file; empty when all fit. The game plays such a file in part.
+std::string wavSizeFault(std::span<const std::uint8_t> bytes) {
+    ByteReader reader(bytes);
+    reader.skip(12);  // "RIFF", size, "WAVE"
+    while (reader.remaining() > 0) {
+        const std::string id(textOf(reader.take(4)));
+        const std::uint32_t size = reader.u32();
+        if (!reader.ok()) return "the WAV file ends with a piece of a chunk";
+        if (size > reader.remaining()) {
+            return "the chunk \"" + id + "\" claims " + std::to_string(size) + " bytes, the file has " +
+                   std::to_string(reader.remaining());
+        }
+        reader.skip(std::min<std::size_t>(size + size % 2, reader.remaining()));  // chunks begin at even places
+    }
+    return {};
+}
+
+std::string soundFault(std::span<const std::uint8_t> bytes) {
     const auto decoder = createSoundDecoder(SharedBuffer::view(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
-    if (!decoder || !decoder->rewind() || decoder->channels() == 0 || decoder->sampleRate() == 0) return false;
+    if (!decoder || !decoder->rewind() || decoder->channels() == 0) return "the sound does not decode";
+    if (decoder->channels() > 2) {
+        return "the sound has " + std::to_string(decoder->channels()) + " channels, the game plays 1 or 2";
+    }
+    if (decoder->bitsPerSample() != 8 && decoder->bitsPerSample() != 16) {
+        return "the sound has " + std::to_string(decoder->bitsPerSample()) + " bits a sample, the game plays 8 or 16";
+    }
+    if (decoder->sampleRate() < kLowestRate || decoder->sampleRate() > kHighestRate) {
+        return "the sound has " + std::to_string(decoder->sampleRate()) +
+               " samples a second, the game plays 100 to 200000";
+    }
     SharedBuffer piece = SharedBuffer::create(4096);
-    return decoder->read(piece) > 0;
+    if (decoder->read(piece) == 0) return "the sound does not decode";
+    return textOf(bytes).starts_with("RIFF") ? wavSizeFault(bytes) : std::string();
 }
 
 std::string iniFault(std::span<const std::uint8_t> bytes) {
@@ -60,7 +102,8 @@ std::string iniFault(std::span<const std::uint8_t> bytes) {
     return fault;
 }
 
-/// The alpha bytes lie behind the pixel offset, one after each three colour bytes; sizes and offset have 16 bits.
+/// Whether all alpha bytes are zero. They follow the pixel offset, one behind every three colour bytes. The game uses
+/// the lower 16 bits of sizes and offset.
 bool isInvisibleBmp(std::span<const std::uint8_t> bytes) {
     ByteReader header(bytes);
     const bool isBmp = header.u16() == 0x4D42;
@@ -83,12 +126,9 @@ bool isInvisibleBmp(std::span<const std::uint8_t> bytes) {
 
 std::string contentFault(std::string_view name, std::span<const std::uint8_t> bytes) {
     const std::string lowerName = lowerCase(name);
-    std::string fault;
     if (lowerName.ends_with(".ini")) return iniFault(bytes);
-    if (isOfKind(kPictureEndings, kPictureMagics, lowerName, bytes) && !pictureDecodes(bytes, &fault))
-        return "the picture does not decode: " + fault;
-    if (isOfKind(kSoundEndings, kSoundMagics, lowerName, bytes) && !soundDecodes(bytes))
-        return "the sound does not decode";
+    if (isOfKind(kPictureEndings, kPictureMagics, lowerName, bytes)) return pictureFault(bytes);
+    if (isOfKind(kSoundEndings, kSoundMagics, lowerName, bytes)) return soundFault(bytes);
     return {};
 }
 

@@ -3,9 +3,7 @@
 
 #include "command.h"
 #include "command_lists.h"
-#include "package_builder.h"
-#include "package_contents.h"
-#include "package_extractor.h"
+#include "package_files.h"
 #include "package_verifier.h"
 
 namespace grub {

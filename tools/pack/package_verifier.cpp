@@ -1,9 +1,14 @@
 #include "package_verifier.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
+#include <utility>
 
-#include "content_checks.h"
+#include "block_table.h"
+#include "ini_table.h"
+#include "level_compiler.h"
+#include "level_file.h"
 
 namespace grub {
 namespace {
@@ -42,7 +47,7 @@ void checkNames(const PackageContents& package, Findings& findings) {
     }
 }
 
-/// The ends are computed in 64 bits: offset and size together may pass 4 GiB.
+/// In 64 bits, since offset and size together may exceed 4 GiB.
 std::uint64_t endOf(const PackageExtent& extent) { return std::uint64_t{extent.offset} + extent.size; }
 
 void checkExtents(const PackageContents& package, Findings& findings) {
@@ -64,7 +69,7 @@ void checkOverlaps(const PackageContents& package, Findings& findings) {
     std::erase_if(byOffset, [](const PackageEntry& entry) { return entry.extent.size == 0; });
     std::stable_sort(byOffset.begin(), byOffset.end(),
                      [](const auto& a, const auto& b) { return a.extent.offset < b.extent.offset; });
-    const PackageEntry* furthest = nullptr;  // of those before, the one that ends last
+    const PackageEntry* furthest = nullptr;  // the earlier entry that ends last
     for (const PackageEntry& entry : byOffset) {
         if (furthest != nullptr && entry.extent.offset < endOf(furthest->extent)) {
             findings.push_back({std::string(entry.name), "overlaps \"" + std::string(furthest->name) + "\""});
@@ -84,6 +89,57 @@ void checkContents(const PackageContents& package, Findings& findings) {
     }
 }
 
+constexpr std::string_view kSoundTableName = "sound\\sound.ini";
+
+std::optional<std::span<const std::uint8_t>> bytesOf(const PackageContents& package, std::string_view name) {
+    const auto entry = std::ranges::find(package.entries, name, &PackageEntry::name);
+    return entry == package.entries.end() ? std::nullopt : package.bytesOf(*entry);
+}
+
+/// The sections of the sound table name files that lie beside it.
+void checkSoundTable(const PackageContents& package, Findings& findings) {
+    const auto table = bytesOf(package, kSoundTableName);
+    if (!table) return;
+    int number = 0;
+    forEachIniLine(
+        std::string_view(reinterpret_cast<const char*>(table->data()), table->size()), [&](std::string_view text) {
+            ++number;
+            const IniLine line = parseIniLine(text);
+            if (line.kind != IniLine::Kind::Entry) return;
+            const std::string file = "sound\\" + std::string(line.value);
+            if (bytesOf(package, file)) return;
+            findings.push_back({std::string(kSoundTableName),
+                                "line " + std::to_string(number) + " names \"" + file + "\", which the package lacks"});
+        });
+}
+
+/// The fault of a level file, by the game's own reader and the compiler's checks.
+std::string levelFileFault(std::span<const std::uint8_t> bytes, TableSource& blocks, const BlockPalette& palette) {
+    std::string fault;
+    if (!levelMapOf(bytes, blocks, fault)) return "the level is refused: " + fault;
+    fault = levelFault(*readLevelFile(bytes, fault), palette);
+    return fault.empty() ? fault : "the level cannot be played: " + fault;
+}
+
+/// The block table says what the blocks of a level are, so that levels cannot be checked without it.
+void checkLevels(const PackageContents& package, Findings& findings) {
+    const auto isLevel = [](const PackageEntry& entry) { return entry.name.ends_with(".lvl"); };
+    if (std::ranges::none_of(package.entries, isLevel)) return;
+    const auto table = bytesOf(package, kBlockTableName);
+    if (!table) return findings.push_back({std::string(kBlockTableName), "is missing: no level can be played without"});
+    TextError error;
+    const std::string_view text(reinterpret_cast<const char*>(table->data()), table->size());
+    if (contentFault(kBlockTableName, *table).empty() && !packBlockTable(text, error))
+        findings.push_back({std::string(kBlockTableName), "line " + std::to_string(error.line) + ": " + error.message});
+    TableSource blocks({table->begin(), table->end()});
+    const BlockPalette palette(blocks.buffer());
+    for (const PackageEntry& entry : package.entries) {
+        const auto bytes = isLevel(entry) ? package.bytesOf(entry) : std::nullopt;
+        const std::string fault = bytes ? levelFileFault(*bytes, blocks, palette) : std::string();
+        if (!fault.empty()) findings.push_back({std::string(entry.name), fault});
+    }
+}
+
 }  // namespace
 
 std::vector<PackageFinding> verifyPackage(const PackageContents& package) {
@@ -93,6 +149,8 @@ std::vector<PackageFinding> verifyPackage(const PackageContents& package) {
     checkExtents(package, findings);
     checkOverlaps(package, findings);
     checkContents(package, findings);
+    checkSoundTable(package, findings);
+    checkLevels(package, findings);
     return findings;
 }
 

@@ -1,3 +1,8 @@
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <limits>
@@ -6,17 +11,33 @@
 
 #include "command.h"
 #include "command_lists.h"
-#include "exit_codes.h"
 #include "game_file.h"
 #include "game_player.h"
-#include "game_program.h"
 #include "game_recorder.h"
 #include "game_text.h"
 #include "play_content.h"
-#include "trace_command.h"
 
 namespace grub {
 namespace {
+
+/// Shells add this to the number of the signal that ended a program.
+constexpr int kKilled = 128;
+
+/// Starts the game that lies beside this program, with these arguments, and waits for it. Returns the game's exit code,
+/// 128 and the signal's number when a signal ended it, or -1 when it cannot be started.
+int runGameProgram(const std::vector<std::string>& arguments) {
+    std::error_code failure;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failure);
+    std::vector<std::string> words{(self.parent_path() / "grubaway").string()};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers(words.size() + 1, nullptr);  // the last one ends the list
+    std::ranges::transform(words, pointers.begin(), [](std::string& word) { return word.data(); });
+    pid_t child = 0;
+    if (posix_spawn(&child, words.front().c_str(), nullptr, nullptr, pointers.data(), environ) != 0) return -1;
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : kKilled + WTERMSIG(status);
+}
 
 std::unique_ptr<PlayContent> openContent(const Arguments& arguments) {
     std::string error;
@@ -64,11 +85,12 @@ void update(const Arguments& arguments) {
     const auto content = openContent(arguments);
     World world = worldOf(*content, *game, path);
     if (!record(*game, world))
-        failWith(kCannotPlay, path + ": the keys reach no end; 'FRAME end Quit score 0 keys 0' leaves");
+        failWith(kCannotPlay, path + ": the game has no end within " + std::to_string(kLongestGame) +
+                                  " game frames; a line 'FRAME end Quit score 0 keys 0' ends it earlier");
     outputText(path, withOutcome(text, *game), kCannotPlay);
 }
 
-/// A level file made for the game of another program, for as long as it runs.
+/// A temporary level file compiled for the window's program, which does not read sources.
 class CompiledLevel {
 public:
     CompiledLevel(PlayContent& content, const std::string& source) {
@@ -97,7 +119,7 @@ void endAs(int exitCode) {
     if (exitCode != 0) throw CommandEnd{exitCode};
 }
 
-/// Plays a game in the window. The window's program knows level files, not their sources.
+/// Plays a game in the window.
 void show(const Arguments& arguments) {
     const std::string path = arguments.text("FILE");
     const RecordedGame game = readGameFile(path);
@@ -118,7 +140,7 @@ void play(const Arguments& arguments) {
     arguments.has("--update") ? update(arguments) : check(arguments);
 }
 
-/// The window's program wrote the level file that was made for it; the game's is its source.
+/// The window's program has written the name of the temporary level file; the game shall name the source.
 void nameSource(const std::string& path, const std::string& source) {
     RecordedGame game = readGameFile(path);
     const auto folder = std::filesystem::absolute(path).parent_path();
@@ -155,7 +177,6 @@ std::vector<Command> playCommands() {
          "Play a level in the window and write the game down",
          {word("LEVEL", "1 to 50, a level file or a level source"), word("FILE", "recorded game to write"), kData},
          recordInWindow},
-        traceCommand(),
     };
 }
 

@@ -1,9 +1,9 @@
-#include "package_builder.h"
+#include "package_files.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
-#include "resource_package.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -30,7 +30,7 @@ std::uint64_t dataSizeOf(const std::vector<PackItem>& items) {
     return size;
 }
 
-/// A sentence about what the format's fields cannot hold; empty when all fits.
+/// A sentence about the limit of the format that the items exceed; empty when they fit.
 std::string limitExceededBy(const std::vector<PackItem>& items) {
     const auto number = [](std::uint64_t value) { return std::to_string(value); };
     const std::size_t directorySize = directorySizeOf(items);
@@ -62,7 +62,59 @@ std::vector<std::uint8_t> headAndDirectory(const std::vector<PackItem>& items) {
     return bytes;
 }
 
+std::string withForwardSlashes(std::string_view name) {
+    std::string path(name);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+/// Whether a file of this name stays below the directory it is extracted to: no absolute path, no drive letter, no
+/// "..", no empty name.
+bool staysBelowDirectory(std::string_view name) {
+    const std::string path = withForwardSlashes(name);
+    const bool hasDrive = path.size() >= 2 && path[1] == ':';
+    if (path.empty() || path.front() == '/' || hasDrive) return false;
+    const fs::path parts(path);
+    return std::find(parts.begin(), parts.end(), "..") == parts.end();
+}
+
+/// A sentence about the first entry that cannot be extracted; empty when all can.
+std::string refusalOf(const PackageContents& package) {
+    for (const PackageEntry& entry : package.entries) {
+        if (!staysBelowDirectory(entry.name)) return "\"" + std::string(entry.name) + "\" would leave the directory";
+        if (!package.bytesOf(entry)) return "\"" + std::string(entry.name) + "\" reaches beyond the package's end";
+    }
+    return {};
+}
+
 }  // namespace
+
+std::optional<std::span<const std::uint8_t>> PackageContents::bytesOf(const PackageEntry& entry) const {
+    const auto [size, offset] = entry.extent;
+    if (offset > file.size() || size > file.size() - offset) return std::nullopt;
+    return std::span(file).subspan(offset, size);
+}
+
+std::optional<PackageContents> readPackageContents(const std::filesystem::path& path, std::string& fault) {
+    auto bytes = readWholeFile(path);
+    if (!bytes) {
+        fault = "cannot be read";
+        return std::nullopt;
+    }
+    const auto header = readPackageHeader(*bytes);
+    if (!header) {
+        fault = "is no package: it wants the bytes 78 19, then a directory of at least 8 bytes";
+        return std::nullopt;
+    }
+    PackageContents contents;
+    contents.file = std::move(*bytes);
+    contents.header = *header;
+    const auto rest = std::span(contents.file).subspan(kPackageHeaderSize);
+    const auto directory = rest.first(std::min<std::size_t>(header->directorySize, rest.size()));
+    contents.directoryIsCut = directory.size() < header->directorySize;
+    contents.entries = readPackageDirectory(directory, header->entryCount);
+    return contents;
+}
 
 std::optional<std::vector<PackItem>> collectPackItems(const fs::path& directory, std::string& fault) {
     std::vector<PackItem> items;
@@ -96,6 +148,24 @@ std::optional<std::vector<std::uint8_t>> buildPackage(std::vector<PackItem> item
     bytes.reserve(bytes.size() + dataSizeOf(items));
     for (const PackItem& item : items) bytes.insert(bytes.end(), item.bytes.begin(), item.bytes.end());
     return bytes;
+}
+
+bool extractPackage(const PackageContents& package, const fs::path& directory, std::string& fault) {
+    fault = refusalOf(package);
+    if (!fault.empty()) return false;
+    std::error_code problem;
+    fs::create_directories(directory, problem);
+    std::set<std::string_view> written;
+    for (const PackageEntry& entry : package.entries) {
+        if (!written.insert(entry.name).second) continue;
+        const fs::path path = directory / withForwardSlashes(entry.name);
+        fs::create_directories(path.parent_path(), problem);
+        if (!writeWholeFile(path, *package.bytesOf(entry))) {
+            fault = path.string() + ": cannot be written";
+            return false;
+        }
+    }
+    return true;
 }
 
 }  // namespace grub

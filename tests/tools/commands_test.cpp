@@ -1,0 +1,100 @@
+// The words of grubtool, and grubtool level on the levels of the game.
+
+#include <filesystem>
+
+#include "block_table.h"
+#include "grubtool_run.h"
+#include "level_list.h"
+#include "level_writer.h"
+#include "scratch_directory.h"
+#include "whole_file.h"
+
+namespace grub {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kLevels = fs::path(GRUB_CONTENT_DIR) / "levels";
+const std::string kTable = (kLevels / "typeblok.ini").string();
+
+TEST(LevelCommands, LevelsOfTheGameHaveAPlaceAPictureInEachCellAndComeBackFromTheirText) {
+    const ScratchDirectory scratch;
+    TableSource table(readWholeFile(kTable).value());
+    for (const auto& entry : fs::recursive_directory_iterator(kLevels)) {
+        const fs::path& source = entry.path();
+        if (source.extension() != ".txt") continue;
+        SCOPED_TRACE(source);
+        const std::string name =
+            "levels\\" + source.parent_path().filename().string() + "\\" + source.stem().string() + ".lvl";
+        EXPECT_NE(std::ranges::find(kLevelNames, name), kLevelNames.end());
+        ASSERT_EQ(grubtool({"level", "compile", source.string(), scratch.file("a.lvl")}).exitCode, 0);
+        std::string reason;
+        const auto map = levelMapOf(scratch.read("a.lvl"), table, reason);
+        ASSERT_TRUE(map) << reason;
+        for (int y = 0; y < map->height(); ++y) {
+            for (int x = 0; x < map->width(); ++x) {
+                const MapCell& cell = map->cellAt(x, y);
+                EXPECT_GE(std::min({cell.sprite, cell.layer2Sprite, cell.layer3Sprite, cell.layer4Sprite}), 0)
+                    << x << " " << y;
+            }
+        }
+        const std::string text = grubtool({"level", "show", scratch.file("a.lvl"), "--blocks", kTable}).out;
+        ASSERT_TRUE(writeWholeText(scratch.file("b.txt"), text));
+        grubtool({"level", "compile", scratch.file("b.txt"), scratch.file("b.lvl"), "--blocks", kTable});
+        EXPECT_EQ(scratch.read("b.lvl"), scratch.read("a.lvl")) << text;
+    }
+}
+
+TEST(LevelCommands, DrawALevelSourceWith64PixelsACell) {
+    const ScratchDirectory scratch;
+    grubtool({"level", "picture", (kLevels / "turma" / "level01.txt").string(), scratch.file("level.png")});
+    const auto png = scratch.read("level.png");
+    ASSERT_GT(png.size(), 24U);
+    const auto big = [&](std::size_t at) { return png[at] << 24 | png[at + 1] << 16 | png[at + 2] << 8 | png[at + 3]; };
+    EXPECT_EQ(big(16), 13 * 64);
+    EXPECT_EQ(big(20), 9 * 64);
+}
+
+TEST(LevelCommands, FailWithALineThatNamesTheFile) {
+    const ScratchDirectory scratch;
+    const std::string bad = scratch.file("bad.txt");
+    ASSERT_TRUE(writeWholeText(bad, "x\n"));
+    ASSERT_TRUE(writeWholeText(scratch.file("drawn.ini"), drawnBlockTable()));
+    const std::string crowd = scratch.write(
+        "crowd.lvl",
+        writeLevelFile(drawnLevel(Drawing{"@ d d d d d d d d d d", ". d d d d d d d d d d", ". d . . . . . . . . ."})));
+    const std::pair<std::vector<std::string>, std::string> rows[] = {
+        {{"compile", bad, scratch.file("out.lvl"), "--blocks", kTable}, bad + ":1: wanted title, "},
+        {{"compile", bad, scratch.file("out.lvl"), "--blocks", "none.ini"}, "none.ini: cannot be read"},
+        {{"compile", bad, scratch.file("out.lvl")}, bad + ": no typeblok.ini"},
+        {{"show", bad, "--blocks", kTable}, bad + ": shorter than its header"},
+        {{"show", crowd, "--blocks", scratch.file("drawn.ini")}, crowd + ": 21 enemies, at most 20"},
+        {{"blocks", bad, scratch.file("out.ini")}, bad + ":1: wanted a comment"},
+    };
+    for (auto [words, line] : rows) {
+        words.insert(words.begin(), "level");
+        EXPECT_TRUE(grubtool(words).failed(1, line));
+    }
+    EXPECT_FALSE(fs::exists(scratch.file("out.lvl")));
+}
+
+TEST(Grubtool, AnswersWrongWordsWithALine) {
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
+        {{}, "grubtool: a command is missing; the commands are pack, list, "},
+        {{"foo"}, "grubtool: 'foo' is not a command; the commands are pack, list, "},
+        {{"sound"}, "grubtool sound: a command is missing; the commands are render, measure, sheet, capture\n"},
+        {{"level", "foo"}, "grubtool level: 'foo' is not a command; the commands are compile, show, "},
+        {{"list"}, "PAK is required"},
+        {{"list", "a", "b"}, "grubtool: "},
+        {{"play", "a", "--at", "5"}, "--at requires --show"},
+        {{"play", "a", "--show", "--update"}, "--show excludes --update"},
+        {{"render", "sheet", "a", "--zoom", "9"}, "'9' is not a number from 1 to 8"},
+        {{"play", "a", "--show", "--at", "+1"}, "'+1' is not a number from 0 to 2147483647"},
+        {{"play", "a", "--show", "--at", "4294967296"}, "is not a number from 0 to 2147483647"},
+    };
+    for (const auto& [words, line] : rows) EXPECT_TRUE(grubtool(words).failed(2, line));
+    EXPECT_NE(grubtool({"level", "--help"}).out.find("compile"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace grub
