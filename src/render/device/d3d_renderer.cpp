@@ -22,7 +22,7 @@ DWORD alphaByte(float alpha) {
     return static_cast<DWORD>(raised);
 }
 
-// Texels lie on pixels when the corners lie on the pixels' centres.
+// With its corners on the centres of pixels a rectangle shows each texel on one pixel.
 template <class Quad>
 void placeCorners(Quad& quad, int x, int y, std::uint32_t w, std::uint32_t h) {
     const float left = static_cast<float>(x) + 0.5F;
@@ -137,8 +137,7 @@ bool D3DRenderer::setFullScreen(bool fullScreen) {
     fullScreen_ = fullScreen;
     buildPresentParameters();
     if (requestReset()) return true;
-    // The next reset of a lost device must not try the refused mode again, nor may the next call take it for the
-    // present one.
+    // The old mode stays: the next reset of a lost device asks for it, and the next call tries the refused one again.
     fullScreen_ = !fullScreen;
     buildPresentParameters();
     return false;

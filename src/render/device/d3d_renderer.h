@@ -84,7 +84,7 @@ private:
     HWND window_;
     ComPtr<IDirect3D8> direct3d_;
     ComPtr<IDirect3DDevice8> device_;
-    // Only compared: the device keeps a reference to what is bound, so the address cannot come back meanwhile.
+    // For comparing only. The device keeps the bound texture alive, so no other texture can get its address meanwhile.
     const IDirect3DTexture8* currentTexture_ = nullptr;
     float currentAlpha_ = 1.0F;  // the opacity sent last, not the one drawn last
     bool fullScreen_;

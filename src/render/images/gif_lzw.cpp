@@ -16,7 +16,7 @@ public:
     // What `read` returns when a sub-block of length zero, or the end of the file, comes before the code's last bit.
     static constexpr std::uint32_t kNoCode = 0xFFFFFFFF;
 
-    // `blocks` are the sub-blocks and whatever follows them in the file.
+    // `blocks` holds the sub-blocks; other bytes of the file may follow.
     explicit GifCodeReader(std::span<const std::uint8_t> blocks)
         : cursor_(blocks.data()), blockEnd_(blocks.data()), fileEnd_(blocks.data() + blocks.size()) {}
 
