@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "picture_bytes.h"
+#include "bytes.h"
 
 namespace grub {
 

@@ -2,7 +2,6 @@
 
 #include "bmp_writer.h"
 #include "decoded.h"
-#include "package_writer.h"
 
 namespace grub {
 namespace {

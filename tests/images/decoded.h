@@ -1,7 +1,7 @@
 #pragma once
 
+#include "bytes.h"
 #include "image_decoder.h"
-#include "picture_bytes.h"
 
 namespace grub {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "picture_bytes.h"
+#include "bytes.h"
 
 namespace grub {
 

@@ -4,8 +4,8 @@
 #include <functional>
 #include <vector>
 
+#include "bytes.h"
 #include "engine_services.h"
-#include "picture_bytes.h"
 #include "renderer.h"
 #include "texture.h"
 

@@ -2,9 +2,10 @@
 
 #include <cstdint>
 #include <map>
+#include <random>
 #include <utility>
 
-#include "picture_bytes.h"
+#include "bytes.h"
 
 namespace grub {
 
@@ -53,7 +54,8 @@ private:
     bool fresh_ = true;
 };
 
-/// The properties of a GIF file that tests vary. The image data are sub-blocks' content, as `GifCodePacker` and `lzwOf` make it.
+/// The properties of a GIF file that tests vary. The image data are sub-blocks' content, as `GifCodePacker` and `lzwOf`
+/// make it.
 struct GifParts {
     unsigned width = 0;
     unsigned height = 0;
@@ -147,6 +149,21 @@ struct GifParts {
                     .minCodeSize = minCodeSize,
                     .data = lzwOf(indices, minCodeSize, true),
                     .globalTable = table});
+}
+
+/// `width` x `height` bytes below `limit` with the runs and repeats of a drawn picture: slopes of eight pixels, a few
+/// of them speckled.
+[[nodiscard]] inline Bytes drawnIndices(unsigned width, unsigned height, unsigned limit, unsigned seed) {
+    std::mt19937 random(seed);
+    Bytes bytes;
+    bytes.reserve(std::size_t{width} * height);
+    for (unsigned y = 0; y < height; ++y) {
+        for (unsigned x = 0; x < width; ++x) {
+            const unsigned speckle = random() % 16 == 0 ? random() % 4 : 0;
+            bytes.push_back(static_cast<std::uint8_t>((x / 8 + y / 8 * 3 + (x + y) / 64 + speckle) % limit));
+        }
+    }
+    return bytes;
 }
 
 /// R, G, B of every index: what a decoder should give.

@@ -5,7 +5,7 @@
 
 #include <jpeglib.h>
 
-#include "picture_bytes.h"
+#include "bytes.h"
 
 namespace grub {
 

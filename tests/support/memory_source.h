@@ -1,12 +1,11 @@
 #pragma once
 
-#include <algorithm>
-#include <cstdint>
 #include <map>
 #include <mutex>
 #include <string>
 #include <vector>
 
+#include "bytes.h"
 #include "resource_source.h"
 
 namespace grub {
@@ -15,7 +14,7 @@ namespace grub {
 class MemorySource final : public ResourceSource {
 public:
     /// Adds or replaces a resource.
-    void put(const std::string& name, std::vector<std::uint8_t> bytes) { resources_[name] = std::move(bytes); }
+    void put(const std::string& name, Bytes bytes) { resources_[name] = std::move(bytes); }
     void put(const std::string& name, const std::string& text) { resources_[name].assign(text.begin(), text.end()); }
     void remove(const std::string& name) { resources_.erase(name); }
     /// The names of all loads so far, found or not, in order.
@@ -27,14 +26,12 @@ public:
         loads_.emplace_back(name.cStr());
         const auto found = resources_.find(name.cStr());
         if (found == resources_.end()) return {};
-        SharedBuffer buffer = SharedBuffer::create(static_cast<std::uint32_t>(found->second.size()));
-        std::copy(found->second.begin(), found->second.end(), buffer.writableData());
-        return buffer;
+        return bufferOf(found->second);
     }
 
 private:
     std::mutex lock_;
-    std::map<std::string, std::vector<std::uint8_t>> resources_;
+    std::map<std::string, Bytes> resources_;
     std::vector<std::string> loads_;
 };
 

@@ -7,7 +7,7 @@
 
 #include <vorbis/vorbisenc.h>
 
-#include "picture_bytes.h"
+#include "bytes.h"
 
 namespace grub {
 

@@ -3,20 +3,6 @@
 #include <algorithm>
 
 namespace grub {
-namespace {
-
-void append(Bytes& bytes, std::uint32_t value, unsigned byteCount) {
-    bytes.resize(bytes.size() + byteCount);
-    put(bytes, bytes.size() - byteCount, value, byteCount);
-}
-
-}  // namespace
-
-Bytes bytesOf(std::string_view text) { return {text.begin(), text.end()}; }
-
-void put(Bytes& bytes, std::size_t offset, std::uint32_t value, unsigned byteCount) {
-    for (unsigned i = 0; i < byteCount; ++i) bytes.at(offset + i) = static_cast<std::uint8_t>(value >> (8 * i));
-}
 
 PackageWriter& PackageWriter::add(std::string_view name, Bytes data) {
     entries_.push_back({std::string(name), std::move(data)});

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bytes.h"
+
 namespace grub {
-
-/// The bytes that tests write, damage and compare.
-using Bytes = std::vector<std::uint8_t>;
-
-/// The characters of `text`, without a NUL.
-[[nodiscard]] Bytes bytesOf(std::string_view text);
 
 /// Builds a good package in memory: entries and their data in the order of `add`. It checks nothing, so that a test can
 /// also add equal names, or names that no tool would write.
@@ -27,8 +22,5 @@ private:
     };
     std::vector<Entry> entries_;
 };
-
-/// Writes `value` into `byteCount` bytes at `offset`, lowest byte first, to damage one field.
-void put(Bytes& bytes, std::size_t offset, std::uint32_t value, unsigned byteCount);
 
 }  // namespace grub

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "bytes.h"
 #include "gif_lzw.h"
-#include "picture_bytes.h"
 
 namespace grub {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "picture_bytes.h"
+#include "bytes.h"
 
 namespace grub {
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <random>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "shared_buffer.h"
@@ -25,6 +26,9 @@ using Bytes = std::vector<std::uint8_t>;
     return Bytes(buffer.bytes().begin(), buffer.bytes().end());
 }
 
+/// The characters of `text`, without a NUL.
+[[nodiscard]] inline Bytes bytesOf(std::string_view text) { return {text.begin(), text.end()}; }
+
 /// `count` bytes below `limit`; the same for the same seed.
 [[nodiscard]] inline Bytes noise(std::size_t count, unsigned limit, unsigned seed) {
     std::mt19937 random(seed);
@@ -33,24 +37,14 @@ using Bytes = std::vector<std::uint8_t>;
     return bytes;
 }
 
-/// `width` x `height` bytes below `limit` with the runs and repeats of a drawn picture: slopes of eight pixels, a few
-/// of them speckled.
-[[nodiscard]] inline Bytes drawnIndices(unsigned width, unsigned height, unsigned limit, unsigned seed) {
-    std::mt19937 random(seed);
-    Bytes bytes;
-    bytes.reserve(std::size_t{width} * height);
-    for (unsigned y = 0; y < height; ++y) {
-        for (unsigned x = 0; x < width; ++x) {
-            const unsigned speckle = random() % 16 == 0 ? random() % 4 : 0;
-            bytes.push_back(static_cast<std::uint8_t>((x / 8 + y / 8 * 3 + (x + y) / 64 + speckle) % limit));
-        }
-    }
-    return bytes;
-}
-
 /// Appends `value` in `byteCount` bytes, lowest first.
 inline void append(Bytes& bytes, std::uint32_t value, unsigned byteCount) {
     for (; byteCount > 0; --byteCount, value >>= 8) bytes.push_back(static_cast<std::uint8_t>(value));
+}
+
+/// Writes `value` in `byteCount` bytes, lowest first, at `offset`: for tests that damage one field.
+inline void put(Bytes& bytes, std::size_t offset, std::uint32_t value, unsigned byteCount) {
+    for (; byteCount > 0; --byteCount, value >>= 8) bytes.at(offset++) = static_cast<std::uint8_t>(value);
 }
 
 }  // namespace grub
