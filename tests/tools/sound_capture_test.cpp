@@ -108,16 +108,12 @@ TEST(SoundCapture, HasEverySoundAtTheFirstSampleOfItsGameFrame) {
     EXPECT_EQ(frames, framesWithEffects(game));
 }
 
-TEST(SoundCapture, EndsTwoSecondsAfterTheGame) {
-    const auto samples = captured(gameOf({}, 30), silence(100));
-    EXPECT_EQ(samples.size(), std::size_t{2} * kSamplesPerFrame * (1 + 30 + kTailFrames));
-}
-
 // 300 KiB last 1.7 s: twelve seconds need the streaming threads over and over, and each run has to wait for them.
 TEST(SoundCapture, IsTheSameOnEveryRunAndItsMusicGoesOnWithoutASeam) {
     const RecordedGame game = gameOf({}, 300);
     const Bytes music = wave();
     const auto first = captured(game, music);
+    EXPECT_EQ(first.size(), std::size_t{2} * kSamplesPerFrame * (1 + 300 + kTailFrames));
     EXPECT_EQ(first, captured(game, music));
     int largestStep = 0;
     std::size_t silent = 0;

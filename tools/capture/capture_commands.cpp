@@ -7,8 +7,8 @@
 #include "play_content.h"
 #include "resource_package.h"
 #include "sound_capture.h"
+#include "sound_file.h"
 #include "sound_output.h"
-#include "wav_file.h"
 
 namespace grub {
 namespace {

@@ -15,10 +15,10 @@ namespace grub {
 
 namespace {
 
-/// The device wants the program's window and never looks at it; here there is none.
-HWND windowOfNobody() {
-    static int nobody = 0;
-    return reinterpret_cast<HWND>(&nobody);
+/// The device takes the program's window and never looks at it. This program has no window.
+HWND noWindow() {
+    static int standIn = 0;
+    return reinterpret_cast<HWND>(&standIn);
 }
 
 /// Grows by what the speakers get while a game frame lasts.
@@ -40,7 +40,7 @@ private:
 HandMixedDevice::HandMixedDevice() {
     static_assert(platform::kHandMixedRate == kSamplesPerFrame * 25);
     platform::setSoundOutput(platform::SoundOutput::ByHand);
-    auto device = std::make_unique<DSoundDevice>(windowOfNobody());
+    auto device = std::make_unique<DSoundDevice>(noWindow());
     device->init();
     EngineServices::installSoundDevice(std::move(device));
 }

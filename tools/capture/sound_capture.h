@@ -9,7 +9,7 @@
 
 namespace grub {
 
-/// A sound device that nobody hears: it is mixed by hand, as fast as the processor can. Installed among the engine's
+/// A sound device without a card: it is mixed by hand, as fast as the processor can. Installed among the engine's
 /// services as long as it lives; one at a time.
 class HandMixedDevice {
 public:

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "block_type.h"
+#include "surface.h"
 #include "text_lines.h"
 
 namespace grub {
@@ -23,10 +24,7 @@ constexpr bool isRungs(BlockType type) { return type == BlockType::Ladder || typ
 
 /// A number that looks random but depends on the place alone, so that a change of one cell leaves all others alone.
 constexpr unsigned placeHash(int column, int row) {
-    unsigned h = static_cast<unsigned>(column) * 0x9e3779b1U ^ static_cast<unsigned>(row) * 0x85ebca77U;
-    h = (h ^ (h >> 15)) * 0x2c1b3c6dU;
-    h = (h ^ (h >> 12)) * 0x297a2d39U;
-    return h ^ (h >> 15);
+    return stirred(static_cast<unsigned>(column) * 0x9e3779b1U ^ static_cast<unsigned>(row) * 0x85ebca77U);
 }
 
 /// Dresses one level. Each step uses the results of the steps before it.

@@ -1,6 +1,7 @@
 #include "floor_kind.h"
 
-#include "palette.h"
+#include <array>
+
 #include "shapes.h"
 
 namespace grub {
@@ -55,23 +56,9 @@ void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
     drawCrack(canvas, {{50, 49}, {45, 54}, {47, 61}}, 0.7F, clip);
 }
 
-void drawFloor(Canvas& canvas, FloorEnds ends, FloorWear wear) {
-    const VectorPath whole = floorBody(ends, kCapTop);
-    canvas.part(whole, stony(kTurma.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(whole);
-    drawCourses(canvas, 0, wear, &inside);
-    drawWear(canvas, wear, &inside);
-    canvas.shadeRows(16, 64, 1.04F, 0.72F);
-    drawCap(canvas, &inside);
-}
-
-void drawUnderFloor(Canvas& canvas, FloorWear wear) {
-    const VectorPath whole = floorBody({}, -8);
-    canvas.part(whole, stony(kTurma.floorMortar * 0.8F, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(whole);
-    drawCourses(canvas, -1, wear, &inside);
-    drawWear(canvas, wear, &inside);
-    canvas.shadeRows(0, 64, 0.86F, 0.66F);
+void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
+    drawCourses(canvas, storey == Storey::Under ? -1 : 0, wear, clip);
+    drawWear(canvas, wear, clip);
 }
 
 constexpr std::array kStones{
@@ -96,9 +83,6 @@ void drawFloorStone(Canvas& canvas, std::size_t index, Storey storey) {
 
 }  // namespace
 
-const FloorKind& brickFloor() {
-    static const FloorKind kKind{drawFloor, drawUnderFloor, kStones, drawFloorStone, kTurma.floor};
-    return kKind;
-}
+const FloorKind kBrickFloor{kTurma, drawFace, drawCap, kStones, drawFloorStone};
 
 }  // namespace grub

@@ -1,7 +1,9 @@
 #include "floor_kind.h"
-#include "noise.h"
-#include "palette.h"
+
+#include <array>
+
 #include "shapes.h"
+#include "surface.h"
 
 namespace grub {
 
@@ -65,26 +67,16 @@ void drawGrass(Canvas& canvas, int first, int count, const Mask* clip) {
     }
 }
 
-void drawTop(Canvas& canvas, FloorEnds ends, FloorWear wear) {
-    const VectorPath whole = floorBody(ends, kCapTop);
-    canvas.part(whole, stony(kPodval.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(whole);
-    drawCourses(canvas, 0, wear, &inside);
-    drawWear(canvas, wear, &inside);
-    canvas.shadeRows(16, 64, 1.04F, 0.72F);
-    canvas.flat(rectangle(-40, kSoil, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = &inside});
-    canvas.part(rectangle(-40, kCapTop, 144, kSoil - kCapTop), stony(kPodval.capShade, 0.6F, 0.1F),
-                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inside});
-    drawGrass(canvas, -4, 24, &inside);
+void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
+    drawCourses(canvas, storey == Storey::Under ? -1 : 0, wear, clip);
+    drawWear(canvas, wear, clip);
 }
 
-void drawUnder(Canvas& canvas, FloorWear wear) {
-    const VectorPath whole = floorBody({}, -20);
-    canvas.part(whole, stony(kPodval.floorMortar * 0.8F, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(whole);
-    drawCourses(canvas, -1, wear, &inside);
-    drawWear(canvas, wear, &inside);
-    canvas.shadeRows(0, 64, 0.86F, 0.66F);
+void drawCap(Canvas& canvas, const Mask* clip) {
+    canvas.flat(rectangle(-40, kSoil, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = clip});
+    canvas.part(rectangle(-40, kCapTop, 144, kSoil - kCapTop), stony(kPodval.capShade, 0.6F, 0.1F),
+                {.bevel = 4, .line = 0, .shadow = 0, .clip = clip});
+    drawGrass(canvas, -4, 24, clip);
 }
 
 constexpr std::array kPieces{
@@ -105,9 +97,6 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
 
 }  // namespace
 
-const FloorKind& cellarFloor() {
-    static const FloorKind kKind{drawTop, drawUnder, kPieces, drawPiece, kPodval.floor};
-    return kKind;
-}
+const FloorKind kCellarFloor{kPodval, drawFace, drawCap, kPieces, drawPiece};
 
 }  // namespace grub

@@ -1,16 +1,15 @@
 #pragma once
 
-#include "canvas.h"
-#include "rig.h"
+#include "strip.h"
 
 namespace grub {
 
-// What Grub and his enemies have in common: where they stand and hang in their cell, and how they set their feet.
+// What Grub and his enemies have in common: where they stand and hang in their cell, and how their limbs move.
 
 /// Limbs on the side of the viewer are brighter than those beyond the body.
 enum class Side { Near, Far };
 
-/// Pixels a whole cycle of a strip of eight pictures covers, for Grub and for enemies alike.
+/// Pixels a whole cycle of a strip of eight frames covers, for Grub and for enemies alike.
 inline constexpr double kCycle = 64;
 
 /// The row on which soles rest in a cell of 64 rows; the line below it ends at row 61.
@@ -21,6 +20,24 @@ inline constexpr double kPipeAxis = 10;
 
 /// Figures are drawn facing right and turned round, since files with a mirrored twin face left.
 Canvas::Placement facingLeft(Canvas& canvas);
+
+/// Where the middle joint of a limb of two bones lies. `side` 1 or -1 chooses the way it bends; out of reach it is
+/// stretched.
+Point jointOf(Point root, Point tip, double upper, double lower, double side);
+
+/// A foot, hand or paw relative to the middle of its stride.
+struct Step {
+    double x;
+    /// 0 on the ground, up to 1 in the middle of its swing.
+    double lift;
+    /// Share of the swing that is over; 0 while it touches the ground.
+    double swing;
+};
+
+/// Stride of a cycle of `length` pixels at `phase` (0..1): the foot touches the ground for the first `duty` of the
+/// cycle and goes back evenly, as fast as the ground passes; then it swings forward and meets the ground at the
+/// ground's own speed.
+Step stride(double phase, double length, double duty);
 
 /// How a foot rolls while it is in the air.
 struct FootRoll {
@@ -44,5 +61,19 @@ PlacedFoot placedFoot(const Step& step, double middle, const FootRoll& roll);
 /// Row of a hand or foot that holds on to what passes downwards as the figure climbs: from row `top` it goes down for
 /// the share `duty` of a cycle of `length` pixels, then up again.
 double heldRow(double phase, double length, double duty, double top);
+
+// ---- enemies
+
+/// What an enemy's eyes tell: it hunts, it is startled, or it has hit the bottom of a hole.
+enum class Mood { Angry, Startled, Dizzy };
+
+/// Width of the line round a whole enemy, added to the lines of its parts.
+inline constexpr double kEnemyOutline = 0.5;
+
+/// The spiral of a dizzy eye.
+void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour);
+
+/// Three stars on their way round a head; `turn` is a share of a full turn.
+void drawDizzyStars(Canvas& canvas, Point centre, double rx, double ry, double turn);
 
 }  // namespace grub

@@ -1,20 +1,13 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <span>
 
-#include "masonry.h"
+#include "common_parts.h"
+#include "palette.h"
 
 namespace grub {
 
-/// Which sides of a floor cell are open: there the floor ends in a drawn edge.
-struct FloorEnds {
-    bool left = false;
-    bool right = false;
-};
-
-/// How worn the floor is.
+/// How worn a floor is.
 enum class FloorWear { New, Chipped };
 
 /// Whether a floor cell is walked on or lies below another one, which shows no cap.
@@ -22,23 +15,22 @@ enum class Storey { Top, Under };
 
 /// How the floors of a world are drawn.
 struct FloorKind {
-    void (*drawTop)(Canvas& canvas, FloorEnds ends, FloorWear wear);
-    void (*drawUnder)(Canvas& canvas, FloorWear wear);
+    /// Its floor colours are also those of crumbs and broken ends.
+    const WorldPalette& palette;
+    /// The stones or plates below the cap, over the cell and its neighbours; they join from cell to cell.
+    void (*drawFace)(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip);
+    /// What is walked on.
+    void (*drawCap)(Canvas& canvas, const Mask* clip);
     /// What the middle of a floor falls into: the pieces of the cap first, then the rest from the top.
     std::span<const Stone> stones;
     /// One of them on its own, where it lies.
     void (*drawStone)(Canvas& canvas, std::size_t index, Storey storey);
-    /// Colours of crumbs and broken ends.
-    std::array<Rgb, 3> rubble;
 };
 
 /// The floors of the three worlds: bricks under stone slabs, riveted plates under a flange, field stones under grass.
-const FloorKind& brickFloor();
-const FloorKind& ironFloor();
-const FloorKind& cellarFloor();
-
-/// The outline of a floor cell from row `top` down; where it does not end it goes on beyond the cell.
-VectorPath floorBody(FloorEnds ends, double top);
+extern const FloorKind kBrickFloor;
+extern const FloorKind kIronFloor;
+extern const FloorKind kCellarFloor;
 
 /// The row at which every floor's cap begins.
 inline constexpr double kCapTop = 0.9;

@@ -1,20 +1,50 @@
-#include "floor_strips.h"
+#include "floor_kind.h"
 
+#include <array>
 #include <vector>
 
-#include "noise.h"
-#include "rig.h"
+#include "all_strips.h"
 #include "shapes.h"
+#include "surface.h"
 
 namespace grub {
 
 namespace {
 
-// ---- breaking: the hit lands while picture 0 is shown, then cap and bricks tip into the hole
+/// The row at which a floor's own bottom line begins, and how far an open end stands back from the cell's edge.
+constexpr double kBottom = 63;
+constexpr double kEnd = 1.6;
 
-constexpr double kGravity = 3.2;  // px a picture squared
+/// Which sides of a floor cell are open: there the floor ends in a drawn edge.
+struct FloorEnds {
+    bool left = false;
+    bool right = false;
+};
 
-/// How a stone leaves: the picture in which it comes loose, and its sideways speed and turn a picture.
+/// The outline of a floor cell from row `top` down; where it does not end it goes on beyond the cell.
+VectorPath floorBody(FloorEnds ends, double top) {
+    const double left = ends.left ? kEnd : -40;
+    const double right = ends.right ? kCellSize - kEnd : kCellSize + 40;
+    return rectangle(left, top, right - left, kBottom - top, 3);
+}
+
+void drawWhole(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear = FloorWear::New,
+               FloorEnds ends = {}) {
+    const bool top = storey == Storey::Top;
+    const VectorPath body = floorBody(ends, top ? kCapTop : -20);
+    canvas.part(body, stony(kind.palette.floorMortar * (top ? 1 : 0.8F), 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(body);
+    kind.drawFace(canvas, storey, wear, &inside);
+    if (!top) return canvas.shadeRows(0, 64, 0.86F, 0.66F);
+    canvas.shadeRows(16, 64, 1.04F, 0.72F);
+    kind.drawCap(canvas, &inside);
+}
+
+// ---- breaking: the hit lands while frame 0 is shown, then cap and bricks tip into the hole
+
+constexpr double kGravity = 3.2;  // px a frame squared
+
+/// How a stone leaves: the frame in which it comes loose, and its sideways speed and turn in each frame.
 struct Loosening {
     double start;
     double drift;
@@ -45,12 +75,12 @@ void drawStubs(Canvas& canvas, const FloorKind& kind, std::uint32_t seed) {
             const std::uint32_t n = course * 2 + (right ? 1 : 0);
             const double reach = (course % 2 == 1 ? 5.5 : 2) + 2 * randomShare(n, 4, seed);
             drawStub(canvas, {right ? kCellSize : 0, 13.0 + 17 * course}, right ? -1 : 1, reach,
-                     varied(kind.rubble[n % 3], 32 + n, 0.05F) * 0.72F);
+                     varied(kind.palette.floor[n % 3], 32 + n, 0.05F) * 0.72F);
         }
     }
 }
 
-/// Crumbs that fall out of the broken ends and through the hole, until the last picture.
+/// Crumbs that fall out of the broken ends and through the hole, until the last frame.
 void drawCrumbs(Canvas& canvas, const FloorKind& kind, double time, std::uint32_t seed) {
     for (std::uint32_t i = 0; i < 10; ++i) {
         const double age = time - 2.2 - 1.6 * randomShare(i, 7, seed);
@@ -62,7 +92,7 @@ void drawCrumbs(Canvas& canvas, const FloorKind& kind, double time, std::uint32_
                              {at.x + size, at.y},
                              {at.x + size * 0.4, at.y + size * 0.8}},
                             1),
-                    stony(kind.rubble[i % 3] * 0.9F, 0.3F, 0.1F), {.bevel = 1.6, .line = 0.9, .shadow = 0});
+                    stony(kind.palette.floor[i % 3] * 0.9F, 0.3F, 0.1F), {.bevel = 1.6, .line = 0.9, .shadow = 0});
     }
 }
 
@@ -99,17 +129,13 @@ void drawDust(Canvas& canvas, double time, std::uint32_t seed) {
     }
 }
 
-void drawWhole(Canvas& canvas, const FloorKind& kind, Storey storey) {
-    storey == Storey::Top ? kind.drawTop(canvas, {}, FloorWear::New) : kind.drawUnder(canvas, FloorWear::New);
-}
-
-// ---- growing again: courses rise from below in a warm seam; the last picture is the floor, still glowing
+// ---- growing again: courses rise from below in a warm seam; the last frame is the floor, still glowing
 
 constexpr Rgb kSeam = rgb(0xffd27a);
 
 constexpr int kEdgePoints = 9;
 
-/// Row up to which the floor has grown in this picture; above the cell in the last one.
+/// Row up to which the floor has grown in this frame; above the cell in the last one.
 double grownRow(FrameOf frame) {
     return frame.index + 1 < frame.count ? 60 - 58 * eased((frame.index + 0.6) / (frame.count - 0.6)) : -8;
 }
@@ -122,20 +148,19 @@ std::vector<Point> grownEdge(double row) {
 }
 
 /// The glowing line on top of what has grown, and crumbs that fly up to it.
-void drawSeam(Canvas& canvas, const std::vector<Point>& edge, double row, std::uint32_t picture) {
+void drawSeam(Canvas& canvas, const std::vector<Point>& edge, double row, std::uint32_t frame) {
     for (std::size_t i = 0; i + 1 < edge.size(); ++i) {
         canvas.flat(polyline({edge[i], edge[i + 1]}), kSeam, {.alpha = 0.9F, .stroke = 2.6});
         canvas.flat(polyline({edge[i], edge[i + 1]}), rgb(0xffffff), {.alpha = 0.8F, .stroke = 1});
     }
     for (std::uint32_t i = 0; i < 7; ++i) {
-        const double height = 3 + 13 * randomShare(i, picture, 23);
+        const double height = 3 + 13 * randomShare(i, frame, 23);
         if (row - height > 3)
             canvas.flat(circle({5 + 8.5 * i, row - height}, 1.7 - height * 0.06), kSeam, {.alpha = 0.95F});
     }
 }
 
-}  // namespace
-
+/// A floor cell that is hit, breaks and falls, until a hole with ragged walls is left. `seed` chooses how it falls.
 void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey, std::uint32_t seed) {
     if (frame.index == 0) {
         drawWhole(canvas, kind, storey);
@@ -150,6 +175,7 @@ void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey s
     drawDust(canvas, time, seed);
 }
 
+/// The same cell growing again: it rises from below; the last frame is the floor, still glowing.
 void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey) {
     const double row = grownRow(frame);
     if (row < 0) {
@@ -167,5 +193,73 @@ void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey st
     drawSeam(canvas, edge, row, static_cast<std::uint32_t>(frame.index));
     canvas.glow({32, row}, 34, kSeam, 0.5F);
 }
+
+// ---- the table
+
+template <const FloorKind& Kind, FloorWear Wear = FloorWear::New, bool Left = false, bool Right = false>
+void drawTop(Canvas& canvas, FrameOf) {
+    drawWhole(canvas, Kind, Storey::Top, Wear, {Left, Right});
+}
+
+template <const FloorKind& Kind, FloorWear Wear = FloorWear::New>
+void drawUnder(Canvas& canvas, FrameOf) {
+    drawWhole(canvas, Kind, Storey::Under, Wear);
+}
+
+template <const FloorKind& Kind, Storey Of, std::uint32_t Seed>
+void drawBreak(Canvas& canvas, FrameOf frame) {
+    drawBreaking(canvas, frame, Kind, Of, Seed);
+}
+
+template <const FloorKind& Kind, Storey Of>
+void drawGrow(Canvas& canvas, FrameOf frame) {
+    drawGrowing(canvas, frame, Kind, Of);
+}
+
+constexpr auto kNew = FloorWear::New;
+constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kJoined = Ground::Joined;
+
+constexpr std::array kStrips{
+    //            name                     px  px frames
+    StripDrawing{"steny\\modul_pol_11a", 64, 64, 1, kJoined, drawTop<kBrickFloor>},
+    StripDrawing{"poly\\modul_pol", 64, 64, 1, kJoined, drawTop<kBrickFloor, kChipped>},
+    StripDrawing{"poly\\modul_pol06", 64, 64, 1, kJoined, drawTop<kBrickFloor>},
+    StripDrawing{"poly\\pol_kray1", 64, 64, 1, kJoined, drawTop<kBrickFloor, kNew, true, false>},
+    StripDrawing{"poly\\pol_kray2", 64, 64, 1, kJoined, drawTop<kBrickFloor, kNew, false, true>},
+    StripDrawing{"poly\\pol_kray3", 64, 64, 1, kJoined, drawTop<kBrickFloor, kNew, true, true>},
+    StripDrawing{"poly\\modul_pol01", 64, 64, 1, kJoined, drawUnder<kBrickFloor>},
+    StripDrawing{"poly\\modul_pol02", 64, 64, 1, kJoined, drawUnder<kBrickFloor, kChipped>},
+    StripDrawing{"poly\\lom1", 64, 64, 8, kJoined, drawBreak<kBrickFloor, Storey::Top, 1>},
+    StripDrawing{"poly\\lom2", 64, 64, 8, kJoined, drawBreak<kBrickFloor, Storey::Under, 2>},
+    StripDrawing{"poly\\lom3", 64, 64, 8, kJoined, drawBreak<kBrickFloor, Storey::Top, 3>},
+    StripDrawing{"poly\\lom4", 64, 64, 8, kJoined, drawBreak<kBrickFloor, Storey::Under, 4>},
+    StripDrawing{"poly\\vosstfull", 64, 64, 8, kJoined, drawGrow<kBrickFloor, Storey::Top>},
+    StripDrawing{"poly\\vossthalf", 64, 64, 8, kJoined, drawGrow<kBrickFloor, Storey::Under>},
+    // the iron works
+    StripDrawing{"poly\\pol_jel", 64, 64, 1, kJoined, drawTop<kIronFloor>},
+    StripDrawing{"jelezo\\pol_der", 64, 64, 1, kJoined, drawTop<kIronFloor, kChipped>},
+    StripDrawing{"poly\\pol_kray4", 64, 64, 1, kJoined, drawTop<kIronFloor, kNew, true, false>},
+    StripDrawing{"poly\\pol_kray5", 64, 64, 1, kJoined, drawTop<kIronFloor, kNew, false, true>},
+    StripDrawing{"poly\\pol_kray6", 64, 64, 1, kJoined, drawTop<kIronFloor, kNew, true, true>},
+    StripDrawing{"jelezo\\pol_der_full", 64, 64, 1, kJoined, drawUnder<kIronFloor>},
+    StripDrawing{"poly\\pj", 64, 64, 1, kJoined, drawUnder<kIronFloor, kChipped>},
+    StripDrawing{"jelezo\\animation_floor_iron_01", 64, 64, 8, kJoined, drawBreak<kIronFloor, Storey::Top, 5>},
+    StripDrawing{"jelezo\\animation_floor_iron_close01", 64, 64, 8, kJoined, drawGrow<kIronFloor, Storey::Top>},
+    // the cellar
+    StripDrawing{"poly\\tr_pol1", 64, 64, 1, kJoined, drawTop<kCellarFloor>},
+    StripDrawing{"poly\\tr_pol2", 64, 64, 1, kJoined, drawTop<kCellarFloor, kChipped>},
+    StripDrawing{"poly\\truba_za3", 64, 64, 1, kJoined, drawTop<kCellarFloor, kNew, true, false>},
+    StripDrawing{"poly\\truba_za5", 64, 64, 1, kJoined, drawTop<kCellarFloor, kNew, false, true>},
+    StripDrawing{"poly\\truba_za6", 64, 64, 1, kJoined, drawTop<kCellarFloor, kNew, true, true>},
+    StripDrawing{"poly\\tr_pol3", 64, 64, 1, kJoined, drawUnder<kCellarFloor>},
+    StripDrawing{"poly\\tr_pol4", 64, 64, 1, kJoined, drawUnder<kCellarFloor, kChipped>},
+    StripDrawing{"poly\\truba_za1", 64, 64, 8, kJoined, drawBreak<kCellarFloor, Storey::Top, 6>},
+    StripDrawing{"poly\\truba_za2", 64, 64, 8, kJoined, drawGrow<kCellarFloor, Storey::Top>},
+};
+
+}  // namespace
+
+std::span<const StripDrawing> floorStrips() { return kStrips; }
 
 }  // namespace grub

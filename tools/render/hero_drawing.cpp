@@ -1,6 +1,6 @@
 #include "hero_drawing.h"
 
-#include "rig.h"
+#include "figure.h"
 #include "shapes.h"
 
 namespace grub {

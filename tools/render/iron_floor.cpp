@@ -1,5 +1,7 @@
 #include "floor_kind.h"
-#include "palette.h"
+
+#include <array>
+
 #include "shapes.h"
 
 namespace grub {
@@ -8,7 +10,6 @@ namespace {
 
 constexpr double kCapHeight = 11.5;
 constexpr double kPlate = 32;
-constexpr double kFirstPlate = 13;
 
 Material plateMaterial(std::uint32_t number, float dim = 1) {
     return stony(varied(kJelezo.floor[0], number, 0.04F) * dim, 1.1F, 0.14F, 0.2F);
@@ -34,9 +35,10 @@ void drawPanel(Canvas& canvas, double x, double y, double height, std::uint32_t 
     }
 }
 
-/// Plates side by side over the cell and its neighbours, each with two panels and rivets in its corners, from row
-/// `top` down. The holed ones are the second in the cell.
-void drawPlates(Canvas& canvas, double top, FloorWear wear, const Mask* clip) {
+/// Plates side by side over the cell and its neighbours, each with two panels and rivets in its corners, below
+/// the cap if there is one. The holed ones are the second in the cell.
+void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
+    const double top = storey == Storey::Top ? 13 : 0.8;
     const double panel = (57 - top) / 2 - 5;
     for (int i = -1; i < 3; ++i) {
         const double x = i * kPlate;
@@ -60,24 +62,11 @@ void drawCapSlots(Canvas& canvas, double from, int slots, const Mask* clip) {
     }
 }
 
-void drawTop(Canvas& canvas, FloorEnds ends, FloorWear wear) {
-    const VectorPath whole = floorBody(ends, kCapTop);
-    canvas.part(whole, stony(kJelezo.floorMortar, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(whole);
-    drawPlates(canvas, kFirstPlate, wear, &inside);
-    canvas.shadeRows(16, 64, 1.04F, 0.72F);
-    canvas.flat(rectangle(-40, kCapTop + kCapHeight - 1, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = &inside});
+void drawCap(Canvas& canvas, const Mask* clip) {
+    canvas.flat(rectangle(-40, kCapTop + kCapHeight - 1, 144, 5), rgb(0x1a1020), {.alpha = 0.4F, .clip = clip});
     canvas.part(rectangle(-40, kCapTop, 144, kCapHeight), capMaterial(),
-                {.bevel = 3.6, .line = 0, .shadow = 0, .clip = &inside});
-    drawCapSlots(canvas, -32, 8, &inside);
-}
-
-void drawUnder(Canvas& canvas, FloorWear wear) {
-    const VectorPath whole = floorBody({}, -8);
-    canvas.part(whole, stony(kJelezo.floorMortar * 0.8F, 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(whole);
-    drawPlates(canvas, 0.8, wear, &inside);
-    canvas.shadeRows(0, 64, 0.86F, 0.66F);
+                {.bevel = 3.6, .line = 0, .shadow = 0, .clip = clip});
+    drawCapSlots(canvas, -32, 8, clip);
 }
 
 constexpr std::array kPieces{
@@ -100,9 +89,6 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
 
 }  // namespace
 
-const FloorKind& ironFloor() {
-    static const FloorKind kKind{drawTop, drawUnder, kPieces, drawPiece, kJelezo.floor};
-    return kKind;
-}
+const FloorKind kIronFloor{kJelezo, drawFace, drawCap, kPieces, drawPiece};
 
 }  // namespace grub

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "enemy_parts.h"
+#include "figure.h"
 
 namespace grub {
 

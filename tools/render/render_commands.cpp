@@ -4,35 +4,29 @@
 #include <iostream>
 #include <thread>
 
-#include "bmp_file.h"
+#include "all_strips.h"
 #include "command.h"
 #include "command_lists.h"
-#include "contact_sheet.h"
-#include "label_pictures.h"
-#include "picture_registry.h"
-#include "strip.h"
 #include "whole_file.h"
 
 namespace grub {
 
 namespace {
 
-const PictureEntry& wanted(const std::string& name) {
-    const PictureEntry* entry = findPicture(name);
-    if (entry == nullptr) failWith(kFailed, name + ": there is no such picture");
-    return *entry;
+const StripDrawing& wanted(const std::string& name) {
+    const StripDrawing* strip = findStrip(name);
+    if (strip == nullptr) failWith(kFailed, name + ": there is no such strip");
+    return *strip;
 }
 
-bool renderFile(const PictureEntry& entry, const std::filesystem::path& path) {
+bool renderFile(const StripDrawing& strip, const std::filesystem::path& path) {
     std::error_code ignored;
     if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), ignored);
-    return writeWholeFile(path, bmpBytes(renderStrip(entry)));
+    return writeWholeFile(path, bmpBytes(renderStrip(strip)));
 }
 
-void list(const Arguments& arguments) {
-    for (const PictureEntry& entry : allPictures()) {
-        if (!arguments.has("--labels") || isLabel(entry)) std::cout << entry.name << '\n';
-    }
+void list(const Arguments&) {
+    for (const StripDrawing& strip : allStrips()) std::cout << strip.name << '\n';
 }
 
 void renderOne(const Arguments& arguments) {
@@ -40,17 +34,17 @@ void renderOne(const Arguments& arguments) {
     if (!renderFile(wanted(arguments.text("NAME")), file)) failWith(kFailed, file + ": cannot be written");
 }
 
-/// One picture a thread at a time; which thread draws what does not show in the files.
+/// Each thread draws one strip after another; the files do not depend on which thread drew them.
 void renderAll(const Arguments& arguments) {
     const std::string directory = arguments.text("DIR");
-    const auto& pictures = allPictures();
+    const auto& strips = allStrips();
     std::atomic<std::size_t> next{0};
     std::atomic<bool> good{true};
     const auto work = [&] {
-        for (std::size_t i = next++; i < pictures.size(); i = next++) {
-            std::string file(pictures[i].name);
+        for (std::size_t i = next++; i < strips.size(); i = next++) {
+            std::string file(strips[i].name);
             std::replace(file.begin(), file.end(), '\\', '/');
-            if (!renderFile(pictures[i], std::filesystem::path(directory) / (file + ".bmp"))) good = false;
+            if (!renderFile(strips[i], std::filesystem::path(directory) / (file + ".bmp"))) good = false;
         }
     };
     {
@@ -61,13 +55,13 @@ void renderAll(const Arguments& arguments) {
 }
 
 void renderSheet(const Arguments& arguments) {
-    std::vector<const PictureEntry*> entries;
-    for (const std::string& name : arguments.texts("NAMES")) entries.push_back(&wanted(name));
-    if (entries.empty()) {
-        for (const PictureEntry& entry : allPictures()) entries.push_back(&entry);
+    std::vector<const StripDrawing*> strips;
+    for (const std::string& name : arguments.texts("NAMES")) strips.push_back(&wanted(name));
+    if (strips.empty()) {
+        for (const StripDrawing& strip : allStrips()) strips.push_back(&strip);
     }
     const std::string file = arguments.text("FILE");
-    if (!writePng(file, contactSheet(entries, arguments.number("--zoom", 2))))
+    if (!writePng(file, contactSheet(strips, arguments.number("--zoom", 2))))
         failWith(kFailed, file + ": cannot be written");
 }
 
@@ -76,18 +70,15 @@ void renderSheet(const Arguments& arguments) {
 std::vector<Command> renderCommands() {
     return {
         {"render", "Draw the game's pictures", {}, nullptr},
-        {"render list",
-         "Print the name of every picture",
-         {flag("--labels", "only the pictures that are still labels")},
-         list},
-        {"render picture",
+        {"render list", "Print the name of every strip", {}, list},
+        {"render strip",
          "Draw one strip as a BMP file",
-         {word("NAME", "picture, such as grub\\ani_01"), word("FILE", "BMP file to write")},
+         {word("NAME", "strip, such as grub\\ani_01"), word("FILE", "BMP file to write")},
          renderOne},
         {"render all", "Draw every strip into a directory", {word("DIR", "directory to write to")}, renderAll},
         {"render sheet",
-         "Draw a contact sheet to look at",
-         {word("FILE", "PNG file to write"), words("NAMES", "pictures; all of them if none is named", false),
+         "Lay strips out on a sheet, frame by frame",
+         {word("FILE", "PNG file to write"), words("NAMES", "strips; without a name, all of them", false),
           number("--zoom", "how many times as large, 2 if not given", 1, 8)},
          renderSheet},
     };

@@ -1,6 +1,8 @@
 #include "strip.h"
 
-#include <vector>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace grub {
 
@@ -11,27 +13,7 @@ constexpr int kSamples = 4;
 /// Design pixels drawn beyond the edges of a cell that joins its neighbours: more than any bevel and shadow reaches.
 constexpr int kJoinMargin = 16;
 
-}  // namespace
-
-PixelImage renderFrame(const PictureEntry& entry, int frame) {
-    const int margin = entry.ground == Ground::Joined ? kJoinMargin : 0;
-    Canvas canvas(entry.width, entry.frameHeight, kSamples, 1, margin);
-    entry.draw(canvas, {frame, entry.frames, entry.name});
-    PixelImage image = canvas.picture();
-    spreadColours(image);
-    return image;
-}
-
-PixelImage renderStrip(const PictureEntry& entry) {
-    PixelImage strip(entry.width, entry.frameHeight * entry.frames);
-    auto to = strip.pixels.begin();
-    for (int frame = 0; frame < entry.frames; ++frame) {
-        const PixelImage image = renderFrame(entry, frame);
-        to = std::copy(image.pixels.begin(), image.pixels.end(), to);
-    }
-    return strip;
-}
-
+/// Gives clear pixels the colour of the nearest pixel that is not clear; alpha stays.
 void spreadColours(PixelImage& image) {
     std::vector<Box> ring;  // the pixels coloured last, each as a box of one
     std::vector<bool> coloured(image.pixels.size());
@@ -63,5 +45,92 @@ void spreadColours(PixelImage& image) {
         ring = std::move(next);
     }
 }
+
+// ---- the sheet
+
+constexpr int kGap = 4;
+constexpr int kSheetWidth = 700;
+constexpr Pixel kSheetGround{58, 62, 84, 255};
+
+struct Placed {
+    PixelImage frame;
+    int x;
+    int y;
+};
+
+std::uint8_t blend(std::uint8_t over, std::uint8_t under, std::uint8_t alpha) {
+    return static_cast<std::uint8_t>((over * alpha + under * (255 - alpha) + 127) / 255);
+}
+
+void lay(PixelImage& sheet, const Placed& item) {
+    for (int y = 0; y < item.frame.height; ++y) {
+        for (int x = 0; x < item.frame.width; ++x) {
+            const Pixel p = item.frame.at(x, y);
+            Pixel& under = sheet.at(item.x + x, item.y + y);
+            under = {blend(p.r, under.r, p.a), blend(p.g, under.g, p.a), blend(p.b, under.b, p.a), 255};
+        }
+    }
+}
+
+PixelImage enlarged(const PixelImage& image, int zoom) {
+    PixelImage large(image.width * zoom, image.height * zoom);
+    for (int y = 0; y < large.height; ++y) {
+        for (int x = 0; x < large.width; ++x) large.at(x, y) = image.at(x / zoom, y / zoom);
+    }
+    return large;
+}
+
+}  // namespace
+
+PixelImage renderFrame(const StripDrawing& strip, int frame) {
+    const int margin = strip.ground == Ground::Joined ? kJoinMargin : 0;
+    Canvas canvas(strip.width, strip.frameHeight, kSamples, 1, margin);
+    strip.draw(canvas, {frame, strip.frames, strip.name});
+    PixelImage image = canvas.picture();
+    spreadColours(image);
+    return image;
+}
+
+PixelImage renderStrip(const StripDrawing& strip) {
+    PixelImage all(strip.width, strip.frameHeight * strip.frames);
+    auto to = all.pixels.begin();
+    for (int frame = 0; frame < strip.frames; ++frame) {
+        const PixelImage image = renderFrame(strip, frame);
+        to = std::copy(image.pixels.begin(), image.pixels.end(), to);
+    }
+    return all;
+}
+
+PixelImage contactSheet(const std::vector<const StripDrawing*>& strips, int zoom) {
+    std::vector<Placed> items;
+    int x = kGap;
+    int y = kGap;
+    int rowHeight = 0;
+    for (const StripDrawing* strip : strips) {
+        for (int frame = 0; frame < strip->frames; ++frame) {
+            const bool full = x + strip->width + kGap > kSheetWidth;
+            const bool newStrip = frame == 0 && strip->frames > 1 && x > kGap;
+            if (full || newStrip) {
+                x = kGap;
+                y += rowHeight + kGap;
+                rowHeight = 0;
+            }
+            items.push_back({renderFrame(*strip, frame), x, y});
+            x += strip->width + kGap;
+            rowHeight = std::max(rowHeight, strip->frameHeight);
+        }
+    }
+    PixelImage sheet(kSheetWidth, y + rowHeight + kGap);
+    std::fill(sheet.pixels.begin(), sheet.pixels.end(), kSheetGround);
+    for (const Placed& item : items) lay(sheet, item);
+    return enlarged(sheet, zoom);
+}
+
+double eased(double t) {
+    t = std::clamp(t, 0.0, 1.0);
+    return t * t * (3 - 2 * t);
+}
+
+double wave(double turns) { return std::sin(2 * std::numbers::pi * turns); }
 
 }  // namespace grub

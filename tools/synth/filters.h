@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "samples.h"
 
 namespace grub {
@@ -52,5 +54,13 @@ void cutLow(Samples& sound, double corner, int rate);
 
 /// Takes what lies above `corner` Hz out of a whole sound.
 void cutHigh(Samples& sound, double corner, int rate);
+
+/// The echo of a small dull room with the energy of one sample: noise that falls to 1/e in `decay` seconds. Different
+/// seeds give the two ears' own.
+[[nodiscard]] Samples roomResponse(double decay, int rate, std::uint32_t seed);
+
+/// Turns a loop down around its peaks so that none is above `limit`; all channels together. The loudness moves slowly
+/// enough not to be heard as distortion, and goes round the seam as if the loop had always been playing.
+void limitLoop(std::vector<Samples>& channels, double limit, int rate);
 
 }  // namespace grub

@@ -1,11 +1,9 @@
 #include "filters.h"
 #include "fourier.h"
-#include "layer_render.h"
-#include "limiter.h"
-#include "loudness.h"
-#include "room.h"
+#include "measure.h"
+#include "samples.h"
 #include "score_source.h"
-#include "white_noise.h"
+#include "sound_layer.h"
 
 namespace grub {
 

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "layer_reader.h"
 #include "samples.h"
 #include "sound_layer.h"
-#include "source_lines.h"
 
 namespace grub {
 

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "samples.h"
+
 namespace grub {
 
 /// How a layer makes its sound.
@@ -76,5 +78,9 @@ struct SoundLayer {
     double fade = 0;    ///< time in which later grains get quieter by 1/e; 0 is never
     double seed = 0;
 };
+
+/// One sounding of a layer with all its hits, from the first attack to where nothing is left of it (-80 dB).
+/// `pitch` multiplies every frequency; `length` in seconds lets it go, 0 leaves that to the layer.
+[[nodiscard]] Samples renderLayer(const SoundLayer& layer, int rate, double pitch, double length, std::uint32_t seed);
 
 }  // namespace grub

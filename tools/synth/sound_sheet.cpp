@@ -2,11 +2,10 @@
 
 #include <algorithm>
 
-#include "contact_sheet.h"
-#include "coverage.h"
 #include "fourier.h"
-#include "pixel_alphabet.h"
+#include "mask.h"
 #include "pixel_image.h"
+#include "shapes.h"
 
 namespace grub {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "sound_recording.h"
+#include "sound_file.h"
 
 namespace grub {
 

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
+#include "layer_reader.h"
 #include "samples.h"
 #include "sound_layer.h"
-#include "source_lines.h"
 
 namespace grub {
 
@@ -17,7 +17,7 @@ struct SoundSource {
     double loudness = 0;  ///< loudest 400 ms, LUFS
     double room = 0;      ///< amplitude of the room beside the dry sound; 0 is outdoors
     double roomDecay = 0.045;
-    double drive = 0;  ///< how far a soft limit is overdriven; 0 is none
+    double drive = 0;  ///< how far a soft limit is overdriven; 0 leaves the limit out
     std::vector<SoundLayer> layers;
 };
 

@@ -5,10 +5,9 @@
 #include "command_lists.h"
 #include "measure.h"
 #include "score_source.h"
+#include "sound_file.h"
 #include "sound_sheet.h"
 #include "sound_source.h"
-#include "vorbis_file.h"
-#include "wav_file.h"
 
 namespace grub {
 

@@ -1,0 +1,240 @@
+#include "mask.h"
+
+#include <cairo.h>
+#include <array>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+namespace grub {
+
+// ---- shapes to masks, by Cairo
+
+namespace {
+
+struct CairoDeleter {
+    void operator()(cairo_t* context) const { cairo_destroy(context); }
+    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+};
+using Surface = std::unique_ptr<cairo_surface_t, CairoDeleter>;
+using Context = std::unique_ptr<cairo_t, CairoDeleter>;
+
+void trace(cairo_t* context, const VectorPath& path) {
+    for (const auto& [verb, p] : path.segments()) {
+        switch (verb) {
+            case VectorPath::Verb::Move: cairo_move_to(context, p[0].x, p[0].y); break;
+            case VectorPath::Verb::Line: cairo_line_to(context, p[0].x, p[0].y); break;
+            case VectorPath::Verb::Curve:
+                cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y);
+                break;
+            case VectorPath::Verb::Close: cairo_close_path(context); break;
+        }
+    }
+}
+
+/// A context over `surface` with the path in it, ready to be filled or stroked. `origin` is the sample at its corner.
+Context contextWith(cairo_surface_t* surface, const VectorPath& path, const Affine& place,
+                    std::optional<double> strokeWidth, int originX, int originY) {
+    Context context(cairo_create(surface));
+    cairo_matrix_t matrix;
+    cairo_matrix_init(&matrix, place.xx, place.yx, place.xy, place.yy, place.x0 - originX, place.y0 - originY);
+    cairo_set_matrix(context.get(), &matrix);
+    cairo_set_line_width(context.get(), strokeWidth.value_or(1));
+    cairo_set_line_cap(context.get(), CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(context.get(), CAIRO_LINE_JOIN_ROUND);
+    trace(context.get(), path);
+    return context;
+}
+
+/// What the path touches, in whole samples.
+Box touchedBox(const VectorPath& path, const Affine& place, std::optional<double> strokeWidth) {
+    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
+    const Context context = contextWith(surface.get(), path, place, strokeWidth, 0, 0);
+    double x0 = 0;
+    double y0 = 0;
+    double x1 = 0;
+    double y1 = 0;
+    cairo_path_extents(context.get(), &x0, &y0, &x1, &y1);
+    const double half = strokeWidth.value_or(0) / 2;
+    Box box{1 << 20, 1 << 20, -(1 << 20), -(1 << 20)};
+    for (const Point corner : {Point{x0 - half, y0 - half}, Point{x1 + half, y0 - half}, Point{x0 - half, y1 + half},
+                               Point{x1 + half, y1 + half}}) {
+        const Point p = place.apply(corner);
+        box.x0 = std::min(box.x0, static_cast<int>(std::floor(p.x)));
+        box.y0 = std::min(box.y0, static_cast<int>(std::floor(p.y)));
+        box.x1 = std::max(box.x1, static_cast<int>(std::ceil(p.x)));
+        box.y1 = std::max(box.y1, static_cast<int>(std::ceil(p.y)));
+    }
+    return box;
+}
+
+FloatPlane planeOf(cairo_surface_t* surface, int width, int height) {
+    FloatPlane plane(width, height);
+    cairo_surface_flush(surface);
+    const unsigned char* bytes = cairo_image_surface_get_data(surface);
+    const int stride = cairo_image_surface_get_stride(surface);
+    for (int y = 0; y < height; ++y) {
+        const unsigned char* from = bytes + static_cast<std::ptrdiff_t>(y) * stride;
+        std::transform(from, from + width, plane.row(y),
+                       [](unsigned char v) { return static_cast<float>(v) / 255.0F; });
+    }
+    return plane;
+}
+
+}  // namespace
+
+Mask rasterise(const VectorPath& path, const Affine& place, std::optional<double> strokeWidth, int margin,
+               const Box& limits) {
+    const Box box = touchedBox(path, place, strokeWidth).grown(margin).within(limits);
+    if (box.empty()) return {};
+    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, box.width(), box.height()));
+    const Context context = contextWith(surface.get(), path, place, strokeWidth, box.x0, box.y0);
+    strokeWidth ? cairo_stroke(context.get()) : cairo_fill(context.get());
+    return {box, planeOf(surface.get(), box.width(), box.height())};
+}
+
+// ---- distances to the edge
+
+namespace {
+
+/// Larger than any squared distance of a picture, and small enough that sums stay exact integers in a float.
+constexpr float kFar = 4.0e6F;
+
+/// Lower envelope of the parabolas (x - i)^2 + in[i]: the squared distance transform of one line.
+class LineTransform {
+public:
+    explicit LineTransform(int longest)
+        : in_(static_cast<std::size_t>(longest)),
+          roots_(static_cast<std::size_t>(longest)),
+          from_(static_cast<std::size_t>(longest) + 1) {}
+
+    float* line() { return in_.data(); }
+
+    /// Transforms the first `count` numbers of line() and gives them to `store` one after another.
+    template <class Store>
+    void run(int count, Store store) {
+        buildEnvelope(count);
+        std::size_t k = 0;
+        for (int x = 0; x < count; ++x) {
+            while (from_[k + 1] < static_cast<float>(x)) ++k;
+            const int i = roots_[k];
+            store(x, static_cast<float>((x - i) * (x - i)) + in_[static_cast<std::size_t>(i)]);
+        }
+    }
+
+private:
+    float crossing(int a, int b) const {
+        const float fa = in_[static_cast<std::size_t>(a)] + static_cast<float>(a * a);
+        const float fb = in_[static_cast<std::size_t>(b)] + static_cast<float>(b * b);
+        return (fb - fa) / static_cast<float>(2 * (b - a));
+    }
+
+    void buildEnvelope(int count) {
+        std::size_t k = 0;
+        roots_[0] = 0;
+        from_[0] = -kFar;
+        for (int i = 1; i < count; ++i) {
+            float s = crossing(roots_[k], i);
+            while (k > 0 && s <= from_[k]) s = crossing(roots_[--k], i);
+            roots_[++k] = i;
+            from_[k] = s;
+        }
+        from_[k + 1] = kFar;
+    }
+
+    std::vector<float> in_;
+    std::vector<int> roots_;
+    std::vector<float> from_;
+};
+
+}  // namespace
+
+FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from) {
+    const int width = coverage.width();
+    const int height = coverage.height();
+    FloatPlane field(width, height);
+    LineTransform transform(std::max(width, height));
+    float* line = transform.line();
+    for (int x = 0; x < width; ++x) {
+        for (int y = 0; y < height; ++y) {
+            const bool covered = coverage.at(x, y) > 0.5F;
+            line[y] = covered == (from == DistanceFrom::Inside) ? kFar : 0.0F;
+        }
+        transform.run(height, [&](int y, float squared) { field.at(x, y) = std::min(squared, kFar); });
+    }
+    for (int y = 0; y < height; ++y) {
+        float* row = field.row(y);
+        std::copy(row, row + width, line);
+        transform.run(width, [&](int x, float squared) { row[x] = std::sqrt(squared); });
+    }
+    return field;
+}
+
+// ---- blur
+
+namespace {
+
+/// Radii of three boxes whose variances add up to that of the Gaussian, as nearly as odd widths allow.
+std::array<int, 3> boxRadii(double sigma) {
+    const double wanted = 12 * sigma * sigma;
+    int narrow = static_cast<int>(std::sqrt(wanted / 3 + 1));
+    if (narrow % 2 == 0) --narrow;
+    const double n = narrow;
+    const auto narrowBoxes = std::lround((wanted - 3 * n * n - 12 * n - 9) / (-4 * n - 4));
+    std::array<int, 3> radii{};
+    for (int i = 0; i < 3; ++i) radii[static_cast<std::size_t>(i)] = (i < narrowBoxes ? narrow - 1 : narrow + 1) / 2;
+    return radii;
+}
+
+void boxRows(FloatPlane& plane, int radius) {
+    const int width = plane.width();
+    const float weight = 1.0F / static_cast<float>(2 * radius + 1);
+    const std::size_t reach = 2 * static_cast<std::size_t>(radius);
+    std::vector<float> line(static_cast<std::size_t>(width) + reach);
+    for (int y = 0; y < plane.height(); ++y) {
+        float* row = plane.row(y);
+        std::copy(row, row + width, line.begin() + radius);
+        float sum = 0;
+        for (std::size_t i = 0; i < reach; ++i) sum += line[i];
+        for (int x = 0; x < width; ++x) {
+            sum += line[static_cast<std::size_t>(x) + reach];
+            row[x] = sum * weight;
+            sum -= line[static_cast<std::size_t>(x)];
+        }
+    }
+}
+
+/// Works on whole rows at a time, so that memory is walked in order.
+void boxColumns(FloatPlane& plane, int radius) {
+    const int width = plane.width();
+    const int height = plane.height();
+    const float weight = 1.0F / static_cast<float>(2 * radius + 1);
+    const FloatPlane source = plane;
+    std::vector<float> sum(static_cast<std::size_t>(width));
+    const auto add = [&](int y, float sign) {
+        if (y < 0 || y >= height) return;
+        const float* row = source.row(y);
+        for (int x = 0; x < width; ++x) sum[static_cast<std::size_t>(x)] += sign * row[x];
+    };
+    for (int y = 0; y < radius; ++y) add(y, 1);
+    for (int y = 0; y < height; ++y) {
+        add(y + radius, 1);
+        float* row = plane.row(y);
+        for (int x = 0; x < width; ++x) row[x] = sum[static_cast<std::size_t>(x)] * weight;
+        add(y - radius, -1);
+    }
+}
+
+}  // namespace
+
+FloatPlane blurred(FloatPlane plane, double sigma) {
+    if (sigma < 0.5) return plane;
+    for (const int radius : boxRadii(sigma)) {
+        if (radius == 0) continue;
+        boxRows(plane, radius);
+        boxColumns(plane, radius);
+    }
+    return plane;
+}
+
+}  // namespace grub
