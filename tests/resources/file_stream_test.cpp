@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <testing.h>
 
 #include <algorithm>
 #include <csignal>
@@ -126,19 +125,6 @@ TEST(FileStream, TellsOfAWriteThatTheDiskCutsShort) {
     }
     EXPECT_EQ(file.status(), kStreamFailed);
     EXPECT_EQ(scratch.read("new").size(), 4096U);
-}
-
-TEST(FileStream, TellsOfARefusedWriteAndLeavesTheStatusToItWhenAFlushFails) {
-    const ScratchDirectory scratch;
-    FileStream file(scratch.file("new").c_str(), kOpenWrite);
-    {
-        const platform::testing::FailingCall noFlush(platform::testing::Call::FlushFile);
-        EXPECT_FALSE(file.flush());
-        EXPECT_EQ(file.status(), 0);
-    }
-    const platform::testing::FailingCall noWrite(platform::testing::Call::WriteFile);
-    EXPECT_EQ(file.write("x", 1), -1);
-    EXPECT_EQ(file.status(), kStreamFailed);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -105,25 +104,6 @@ TEST(Log, CutsALineAfter1023Bytes) {
     });
     const std::string line = std::string(1023, 'x') + "\n";
     EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), line + line + line);
-}
-
-TEST(Log, IsFlushedLineByLine) {
-    const ScratchDirectory scratch;
-    EXPECT_EXIT(
-        {
-            std::filesystem::current_path(scratch.path());
-            logLine("the last words");
-            std::abort();
-        },
-        testing::KilledBySignal(SIGABRT), "");
-    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "the last words\n");
-}
-
-TEST(Log, StopsNothingWhereItCannotBeWritten) {
-    const ScratchDirectory scratch;
-    std::filesystem::create_directory(scratch.path() / "nimbo.log");  // a folder stands where the file should go
-    start(scratch.path(), [] { logLine("lost"); });
-    EXPECT_TRUE(std::filesystem::is_directory(scratch.path() / "nimbo.log"));
 }
 
 }  // namespace

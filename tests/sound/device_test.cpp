@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "dsound_buffer.h"
 #include "hand_mixed_device.h"
 #include "ogg_writer.h"
 #include "testing.h"
@@ -182,14 +181,15 @@ TEST_F(SoundBuffers, AreRestoredByTheNextFillWhenTheyWereLost) {
 }
 
 TEST_F(SoundBuffers, DoNotStartWhenTheDeviceRefuses) {
+    std::vector<std::unique_ptr<SoundBuffer>> refused;  // alive, since a destroyed sound leaves its slot
     for (const SoundFunction function : {SoundFunction::GetStatus, SoundFunction::Unlock, SoundFunction::Play,
                                          SoundFunction::SetNotificationPositions}) {
         const auto effect = soundOf(monoWav(ramp(100)));
-        const auto stream = soundOf(monoWav(ramp(153600)));
+        refused.push_back(soundOf(monoWav(ramp(153600))));
         controls_.fail(function, DSERR_INVALIDCALL);
         const bool streamsOnly = function == SoundFunction::SetNotificationPositions;
         EXPECT_EQ(device_.play(*effect, false), streamsOnly) << static_cast<int>(function);
-        EXPECT_FALSE(device_.play(*stream, false)) << static_cast<int>(function);
+        EXPECT_FALSE(device_.play(*refused.back(), false)) << static_cast<int>(function);
         controls_.fail(function, DS_OK);
     }
     std::vector<std::unique_ptr<SoundBuffer>> streams;

@@ -174,20 +174,6 @@ TEST(CurrentSoundBank, IsTheOneChosenUntilItIsDestroyed) {
 
 using SoundClips = SoundBanks;
 
-TEST_F(SoundClips, KeepTheirSoundUntilALoadSucceedsInMakingAnother) {
-    SoundClip clip;
-    EXPECT_FALSE(clip.load()) << "no data";
-    clip.setData(wavOf(10));
-    ASSERT_TRUE(clip.load());
-    clip.setData(bufferOf(Bytes{'n', 'o', 'n', 'e'}));
-    EXPECT_FALSE(clip.load());
-    EXPECT_NE(clip.sound(), nullptr);
-    clip.setData(wavOf(20));
-    log_->refusesSounds = true;
-    EXPECT_FALSE(clip.load());
-    EXPECT_EQ(clip.sound(), nullptr);
-}
-
 TEST_F(SoundClips, ShareTheFileWithACopyAndCloneTheSound) {
     SoundClip first;
     first.setData(wavOf(10));

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "dsound_buffer.h"
 #include "hand_mixed_device.h"
 #include "ogg_writer.h"
 

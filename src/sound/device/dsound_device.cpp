@@ -5,8 +5,6 @@
 
 #include <dxerr8.h>
 
-#include "dsound_buffer.h"
-
 namespace grub {
 
 namespace {

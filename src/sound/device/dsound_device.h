@@ -9,11 +9,9 @@
 
 #include "audio_device.h"
 #include "com_ptr.h"
-#include "stream_slots.h"
+#include "dsound_buffer.h"
 
 namespace grub {
-
-class DSoundBuffer;
 
 /// Closes a handle.
 struct HandleCloser {
