@@ -15,13 +15,13 @@ const Bytes kRows16{0x00, 0x7C, 0xE0, 0x03, 0x1F, 0x00, 0xEE, 0xEE,   // red, gr
                     0xFF, 0x7F, 0x00, 0x00, 0x21, 0x84, 0xEE, 0xEE};  // white, black, the lowest and the unused bits
 const Bytes kRgb16{248, 248, 248, 0, 0, 0, 8, 8, 8, 248, 0, 0, 0, 248, 0, 0, 0, 248};
 
-constexpr unsigned kWide = 16385;  // pixels; 65540 bytes a row of 32 bits, which a stride of 16 bits cannot say
-const Bytes kWideRgb = noise(std::size_t{kWide} * 2 * 3, 256, 1);
+constexpr std::size_t kWide = 16385;  // pixels; 65540 bytes a row of 32 bits, which a stride of 16 bits cannot say
+const Bytes kWideRgb = noise(kWide * 2 * 3, 256, 1);
 
 const struct {
     const char* what;
     Bytes file;
-    unsigned width;
+    std::size_t width;
     Bytes rgb;
     Bytes alpha;
 } kGoodFiles[] = {
@@ -29,8 +29,8 @@ const struct {
     {"32 bits: the fourth byte is alpha", writeBmp(3, 2, kRgb, kAlpha), 3, kRgb, kAlpha},
     {"16 bits: five bits go to the top of a byte", bmpFile(3, 2, 16, kRows16), 3, kRgb16, {}},
     {"23 bits count as 16", bmpFile(3, 2, 23, kRows16), 3, kRgb16, {}},
-    {"rows of 32 bits longer than a stride", writeBmp(kWide, 2, kWideRgb, Bytes(kWide * 2, 9)), kWide, kWideRgb,
-     Bytes(kWide * 2, 9)},
+    {"rows of 32 bits longer than a stride", writeBmp(unsigned{kWide}, 2, kWideRgb, Bytes(kWide * 2, 9)), kWide,
+     kWideRgb, Bytes(kWide * 2, 9)},
 };
 
 TEST(BmpDecoder, ReadsThreeDepths) {

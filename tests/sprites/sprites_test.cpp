@@ -111,11 +111,12 @@ TEST_F(Sprites, AStripIsCutIntoWholeFramesInTheirOrder) {
     ASSERT_EQ(frames.frameCount(), 2);
     ASSERT_TRUE(frames.acquire());
     ASSERT_EQ(renderer.textures.size(), 2u);
+    const Bytes frameRgb[] = {{kRgb.begin(), kRgb.begin() + 9}, {kRgb.begin() + 9, kRgb.begin() + 18}};
     for (std::uint16_t i = 0; i < 2; ++i) {
         SCOPED_TRACE(i);
         EXPECT_EQ(frames.setFrame(i), i);
         const auto* texture = static_cast<const FakeTexture*>(frames.texture());
-        EXPECT_EQ(texture->uploadedRgb, Bytes(kRgb.begin() + i * 9, kRgb.begin() + i * 9 + 9));
+        EXPECT_EQ(texture->uploadedRgb, frameRgb[i]);
         EXPECT_EQ(texture->uploadedAlpha, i == 0 ? (Bytes{1, 2, 3}) : (Bytes{4, 5, 6}));
         EXPECT_EQ(texture->uploadedTransform, kFlip);
     }
