@@ -8,6 +8,7 @@
 #include <cmath>
 #include <vector>
 
+#include "application_base.h"
 #include "bmp_writer.h"
 #include "fake_renderer.h"
 #include "level_list.h"
@@ -15,7 +16,6 @@
 #include "level_writer.h"
 #include "memory_source.h"
 #include "recording_scene.h"
-#include "scene_ids.h"
 
 namespace grub {
 namespace {

@@ -1,13 +1,42 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <forward_list>
 
-#include "critical_section.h"
 #include "scene_message.h"
-#include "scene_registry.h"
-#include "shared_ref.h"
+#include "system_objects.h"
 
 namespace grub {
+
+class Scene;
+
+/// Numbers under which the program registers its scenes.
+inline constexpr std::uint32_t kLevelSceneId = 1;
+inline constexpr std::uint32_t kMenuShellId = 2;
+
+/// Scenes by number. Owns none of them and has no lock.
+class SceneRegistry {
+public:
+    /// False, and no change, when the number is taken.
+    bool add(std::uint32_t id, Scene& scene);
+    /// The scene of this number, or null.
+    [[nodiscard]] Scene* find(std::uint32_t id) const;
+    /// Number of scenes.
+    [[nodiscard]] std::size_t size() const { return size_; }
+
+private:
+    struct Entry {
+        std::uint32_t id;
+        Scene* scene;
+    };
+
+    static constexpr std::size_t kBuckets = 11;
+
+    std::array<std::forward_list<Entry>, kBuckets> buckets_;  // by id modulo 11, the newest entry first
+    std::size_t size_ = 0;
+};
 
 /// What scenes know of the application: the scenes by number, which one is current and which one comes next. One exists
 /// at a time; the scenes are not its own and outlive it.

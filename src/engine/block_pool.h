@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <new>
 
-#include "critical_section.h"
+#include "system_objects.h"
 
 namespace grub {
 

@@ -1,13 +1,28 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "audio_device.h"
-#include "keyboard_service.h"
-#include "mouse_service.h"
 #include "renderer.h"
 
 namespace grub {
+
+/// Turns the window's key messages into messages for the current scene. Window's thread.
+class KeyboardService {
+public:
+    virtual ~KeyboardService() = default;
+    /// `virtualKey` is the system's code of the key, `windowsMessage` WM_KEYDOWN (repeats too) or WM_KEYUP.
+    virtual void postKeyMessage(std::uint32_t virtualKey, std::uint32_t windowsMessage) = 0;
+};
+
+/// Turns the window's mouse messages into messages for the current scene. Window's thread.
+class MouseService {
+public:
+    virtual ~MouseService() = default;
+    /// `position` holds client pixels, x in the low and y in the high 16 bits, both signed.
+    virtual void postMouseMessage(std::uint32_t position, std::uint32_t windowsMessage) = 0;
+};
 
 /// The services that the whole program shares: a slot for each, empty (null) before the program runs and after it has
 /// ended. They are installed and shut down on the window's thread while no scene runs.

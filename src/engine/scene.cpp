@@ -3,6 +3,7 @@
 #include <mutex>
 
 #include "application_base.h"
+#include "block_pool.h"
 #include "engine_services.h"
 #include "engine_timer.h"
 
@@ -13,6 +14,36 @@ namespace {
 constexpr DWORD kMessageWaitMs = 10;  // the longest pass of the default loop without messages
 
 }  // namespace
+
+struct MessageQueue::Node : PoolAllocated<MessageQueue::Node> {
+    SharedRef<SceneMessage> message;
+    Node* next = nullptr;
+
+    explicit Node(const SharedRef<SceneMessage>& queued) : message(queued) {}
+};
+
+MessageQueue::~MessageQueue() {
+    while (!empty()) pop();
+}
+
+bool MessageQueue::push(const SharedRef<SceneMessage>& message) {
+    auto* const node = message ? new Node(message) : nullptr;
+    if (!node) return false;
+    (tail_ ? tail_->next : head_) = node;
+    tail_ = node;
+    ++size_;
+    return true;
+}
+
+SharedRef<SceneMessage> MessageQueue::pop() {
+    Node* const node = head_;
+    auto message = std::move(node->message);
+    head_ = node->next;
+    if (!head_) tail_ = nullptr;
+    delete node;
+    --size_;
+    return message;
+}
 
 void Scene::post(const SharedRef<SceneMessage>& message) {
     {

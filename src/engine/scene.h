@@ -1,15 +1,38 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 
-#include "critical_section.h"
-#include "message_queue.h"
 #include "scene_message.h"
-#include "shared_ref.h"
-#include "wake_event.h"
+#include "system_objects.h"
 
 namespace grub {
+
+/// First in, first out; the entries come from a pool of their own. Has no lock: the owner guards it.
+class MessageQueue {
+public:
+    MessageQueue() = default;
+    MessageQueue(const MessageQueue&) = delete;
+    MessageQueue& operator=(const MessageQueue&) = delete;
+    /// Drops what is left.
+    ~MessageQueue();
+
+    /// Appends another handle to the message. False when there was no memory for the entry or for the message.
+    bool push(const SharedRef<SceneMessage>& message);
+    /// Takes the oldest message out; the queue must not be empty.
+    SharedRef<SceneMessage> pop();
+    /// Number of messages.
+    [[nodiscard]] std::size_t size() const { return size_; }
+    [[nodiscard]] bool empty() const { return size_ == 0; }
+
+private:
+    struct Node;
+
+    Node* head_ = nullptr;
+    Node* tail_ = nullptr;
+    std::size_t size_ = 0;
+};
 
 /// A mode of the program that owns the screen while it is current. The game thread enters, runs and leaves it, many
 /// times; whatever the last visit left behind (its unread messages too) is still there at the next `enter`.

@@ -3,9 +3,7 @@
 #include "dsound_device.h"
 #include "engine_services.h"
 #include "game_window.h"
-#include "keyboard_input.h"
-#include "mouse_input.h"
-#include "window_procedure.h"
+#include "input_messages.h"
 
 namespace grub {
 
@@ -14,9 +12,8 @@ Application::Application(HINSTANCE instance, std::uint16_t width, std::uint16_t 
     : width_(width),
       height_(height),
       windowed_(windowed),
-      window_(
-          createGameWindow({instance, icon ? icon : LoadIconA(nullptr, IDI_WINLOGO), title, width, height, windowed},
-                           windowProcedure, this)) {
+      window_(createGameWindow(
+          {instance, icon ? icon : LoadIconA(nullptr, IDI_WINLOGO), title, width, height, windowed}, *this)) {
     if (window_) gameThread_ = CreateThread(nullptr, 0, gameThread, this, CREATE_SUSPENDED, nullptr);
 }
 

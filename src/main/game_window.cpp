@@ -1,14 +1,112 @@
 #include "game_window.h"
 
+#include <cstring>
+#include <optional>
+
+#include "application.h"
+#include "engine_services.h"
+
 namespace grub {
 
 namespace {
 
-ATOM registerWindowClass(const GameWindowWish& wish, WNDPROC procedure) {
+constexpr const char* kSettingsKey = "SOFTWARE\\Quenmor\\Grubaway";
+constexpr const char* kFullScreenValue = "FULLSCREEN";
+
+DWORD readFullScreen(HKEY key) {
+    DWORD value = 0;
+    DWORD size = sizeof(value);
+    const LONG result =
+        RegQueryValueExA(key, kFullScreenValue, nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size);
+    return result == ERROR_SUCCESS ? value : 0;
+}
+
+void writeFullScreenOff(HKEY key) {
+    const DWORD off = 0;
+    RegSetValueExA(key, kFullScreenValue, 0, REG_BINARY, reinterpret_cast<const BYTE*>(&off), sizeof(off));
+}
+
+// The player's setting, taken out of the registry; empty where the key does not exist.
+std::optional<bool> takeFullScreenSetting() {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, kSettingsKey, 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return std::nullopt;
+    const bool fullScreen = readFullScreen(key) != 0;
+    writeFullScreenOff(key);
+    RegCloseKey(key);
+    return fullScreen;
+}
+
+Application* applicationOf(HWND window) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a window keeps its pointer as a number
+    return reinterpret_cast<Application*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+}
+
+void rememberApplication(HWND window, LPARAM creation) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry pointers as numbers
+    const auto* const parameters = reinterpret_cast<const CREATESTRUCTA*>(creation);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(parameters->lpCreateParams));
+}
+
+void postToScene(Application& application, MessageType type) {
+    application.postToCurrentScene(SharedRef<SceneMessage>(new SceneMessage(type, MessageSource::Window)));
+}
+
+void repaint(HWND window, Application& application) {
+    if (GetUpdateRect(window, nullptr, FALSE)) ValidateRect(window, nullptr);
+    postToScene(application, MessageType::Repaint);
+}
+
+void passKey(WPARAM virtualKey, UINT message) {
+    if (KeyboardService* const keyboard = EngineServices::keyboard()) {
+        keyboard->postKeyMessage(static_cast<std::uint32_t>(virtualKey), message);
+    }
+}
+
+void passMouse(LPARAM position, UINT message) {
+    if (MouseService* const mouse = EngineServices::mouse()) {
+        mouse->postMouseMessage(static_cast<std::uint32_t>(position), message);
+    }
+}
+
+HRESULT askDevice(Application& application, HRESULT (D3DRenderer::*question)()) {
+    D3DRenderer* const renderer = application.renderer();
+    return renderer ? (renderer->*question)() : E_FAIL;
+}
+
+LRESULT handle(Application& application, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_DESTROY: PostQuitMessage(0); return 0;
+        case WM_PAINT: repaint(window, application); return 0;
+        case WM_CLOSE: postToScene(application, MessageType::CloseRequest); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_KEYDOWN:
+        case WM_KEYUP: passKey(wParam, message); return 0;
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONUP:
+        case WM_LBUTTONDBLCLK:
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONUP:
+        case WM_RBUTTONDBLCLK: passMouse(lParam, message); return 0;
+        case kDestroyWindowMessage: DestroyWindow(window); return 0;
+        case D3DRenderer::kTestDeviceMessage: return askDevice(application, &D3DRenderer::testCooperativeLevel);
+        case D3DRenderer::kResetDeviceMessage: return askDevice(application, &D3DRenderer::resetDevice);
+        default: return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CREATE) rememberApplication(window, lParam);
+    Application* const application = applicationOf(window);
+    if (!application) return DefWindowProcA(window, message, wParam, lParam);
+    return handle(*application, window, message, wParam, lParam);
+}
+
+ATOM registerWindowClass(const GameWindowWish& wish) {
     WNDCLASSEXA description{};
     description.cbSize = sizeof(description);
     description.style = CS_OWNDC | CS_DBLCLKS;
-    description.lpfnWndProc = procedure;
+    description.lpfnWndProc = windowProcedure;
     description.hInstance = wish.instance;
     description.hIcon = wish.icon;
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
@@ -17,13 +115,18 @@ ATOM registerWindowClass(const GameWindowWish& wish, WNDPROC procedure) {
 }
 
 // The class of the process; 0 while registering it keeps failing.
-ATOM windowClass(const GameWindowWish& wish, WNDPROC procedure) {
+ATOM windowClass(const GameWindowWish& wish) {
     static ATOM atom = 0;
-    if (!atom) atom = registerWindowClass(wish, procedure);
+    if (!atom) atom = registerWindowClass(wish);
     return atom;
 }
 
 }  // namespace
+
+bool startsWindowed(const char* commandLine) {
+    const bool fullScreenWished = std::strchr(commandLine, 'F') != nullptr;
+    return !takeFullScreenSetting().value_or(fullScreenWished);
+}
 
 WindowPlacement placementFor(const GameWindowWish& wish) {
     if (!wish.windowed) {
@@ -38,12 +141,12 @@ WindowPlacement placementFor(const GameWindowWish& wish) {
             wish.height + GetSystemMetrics(SM_CYCAPTION) + 2 * frame};
 }
 
-HWND createGameWindow(const GameWindowWish& wish, WNDPROC procedure, void* owner) {
-    const ATOM atom = windowClass(wish, procedure);
+HWND createGameWindow(const GameWindowWish& wish, Application& owner) {
+    const ATOM atom = windowClass(wish);
     if (!atom) return nullptr;
     const WindowPlacement place = placementFor(wish);
     return CreateWindowExA(place.extendedStyle, MAKEINTRESOURCEA(atom), wish.title, place.style, place.x, place.y,
-                           place.width, place.height, nullptr, nullptr, wish.instance, owner);
+                           place.width, place.height, nullptr, nullptr, wish.instance, &owner);
 }
 
 bool pumpMessages() {

@@ -6,6 +6,11 @@
 
 namespace grub {
 
+class Application;
+
+/// Posted by the game thread as its last act: the window is to be destroyed.
+inline constexpr UINT kDestroyWindowMessage = WM_USER + 1;
+
 /// Name of the window class, registered once for the process.
 inline constexpr const char* kWindowClassName = "NimboEngineWindowClass";
 
@@ -35,12 +40,17 @@ struct WindowPlacement {
 
 /// Registers the class on first use and creates the hidden window, whose WM_CREATE carries `owner`. Null when the
 /// system refused either.
-[[nodiscard]] HWND createGameWindow(const GameWindowWish& wish, WNDPROC procedure, void* owner);
+[[nodiscard]] HWND createGameWindow(const GameWindowWish& wish, Application& owner);
 
 /// Hands messages to the window procedures of this thread until the quit message; false when reading failed.
 bool pumpMessages();
 
 /// Cuts the window off from its application, which is about to die, and destroys it if it is still there.
 void forgetGameWindow(HWND window);
+
+/// Whether the program starts in a window. A capital F anywhere in the command line asks for the full screen. Where the
+/// player's settings exist in the registry they decide instead, and the full-screen one is used up: it is written back
+/// as off, so that a full screen that cannot be left is not met twice. The menu writes it again.
+[[nodiscard]] bool startsWindowed(const char* commandLine);
 
 }  // namespace grub

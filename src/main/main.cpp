@@ -1,15 +1,28 @@
 #include <memory>
 
 #include "game_steering.h"
+#include "host.h"
 #include "log_file.h"
 #include "own_options.h"
-#include "start_up.h"
+#include "run_game.h"
+#include "script.h"
+
+namespace {
+
+// Sets up what lies below the game. False after one line on standard error.
+bool prepareHost(const grub::OwnOptions& options) {
+    platform::offerProgramIcon();
+    if (!options.dataDirectory.empty()) platform::setDataDirectory(options.dataDirectory);
+    return options.scriptFile.empty() || platform::playScript(options.scriptFile);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-    grub::openLog();  // every start empties it, also one that ends in the next lines
     const grub::OwnOptions options = grub::readOwnOptions(argc, argv);
     if (options.exitCode) return *options.exitCode;
-    if (!grub::prepareHost(options)) return 1;
+    grub::openLog();  // empties the log: only a start of the game does that
+    if (!prepareHost(options)) return 1;
     grub::PlayStart start = options.start;
     std::unique_ptr<grub::GameSteering> steering;
     if (!grub::prepareGame(options, start, steering)) return 2;

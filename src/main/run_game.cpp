@@ -3,12 +3,12 @@
 #include <ctime>
 
 #include "application.h"
+#include "application_base.h"
 #include "crt.h"
-#include "display_mode.h"
+#include "game_window.h"
 #include "level_scene.h"
 #include "menu_shell.h"
 #include "resource_package.h"
-#include "scene_ids.h"
 #include "sound_bank.h"
 
 namespace grub {

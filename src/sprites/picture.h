@@ -6,10 +6,8 @@
 #include <string>
 
 #include "block_pool.h"
-#include "colour.h"
 #include "renderer.h"
 #include "shared_buffer.h"
-#include "texture.h"
 
 namespace grub {
 

@@ -1,4 +1,4 @@
-#include "shared_ref.h"
+#include "scene_message.h"
 
 #include <gtest/gtest.h>
 

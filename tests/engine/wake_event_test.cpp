@@ -1,4 +1,4 @@
-#include "wake_event.h"
+#include "system_objects.h"
 
 #include <gtest/gtest.h>
 

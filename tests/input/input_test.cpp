@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "key_message.h"
-#include "keyboard_input.h"
-#include "mouse_input.h"
-#include "mouse_message.h"
+#include "input_messages.h"
 #include "recording_scene.h"
 
 namespace grub {

@@ -7,13 +7,11 @@
 
 #include "engine_services.h"
 #include "game_window.h"
-#include "key_message.h"
-#include "mouse_message.h"
+#include "input_messages.h"
 #include "recording_scene.h"
 #include "sound_output.h"
 #include "testing.h"
 #include "testing_d3d8.h"
-#include "window_procedure.h"
 
 namespace grub {
 namespace {

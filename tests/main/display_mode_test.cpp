@@ -1,4 +1,4 @@
-#include "display_mode.h"
+#include "game_window.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "audio_device.h"
 #include "dsound_device.h"
-#include "sound_buffer.h"
 #include "sound_decoder.h"
 #include "sound_output.h"
 #include "testing_dsound.h"

@@ -7,7 +7,6 @@
 #include "bytes.h"
 #include "engine_services.h"
 #include "renderer.h"
-#include "texture.h"
 
 namespace grub {
 

@@ -4,7 +4,6 @@
 
 #include "application_base.h"
 #include "level_scene.h"
-#include "scene_ids.h"
 #include "sound_bank.h"
 
 namespace grub {

@@ -5,10 +5,10 @@
 #include <cstdint>
 
 #include "animation_frame_counts.h"
-#include "colour.h"
 #include "engine_string.h"
 #include "frame_strip.h"
 #include "loading_list.h"
+#include "renderer.h"
 #include "resource_source.h"
 #include "shared_buffer.h"
 #include "sprite_numbers.h"

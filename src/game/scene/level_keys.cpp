@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "input_messages.h"
 #include "level_scene.h"
-#include "mouse_message.h"
 
 namespace grub {
 namespace {

@@ -10,7 +10,6 @@
 #include "level_file.h"
 #include "level_list.h"
 #include "log_file.h"
-#include "scene_ids.h"
 
 namespace grub {
 namespace {

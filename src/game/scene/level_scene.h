@@ -10,7 +10,7 @@
 #include "animation_table.h"
 #include "camera.h"
 #include "engine_timer.h"
-#include "key_message.h"
+#include "input_messages.h"
 #include "level_loader.h"
 #include "level_sound.h"
 #include "resource_loader.h"

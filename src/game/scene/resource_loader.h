@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "loading_list.h"
-#include "wake_event.h"
+#include "system_objects.h"
 #include "windows.h"
 
 namespace grub {

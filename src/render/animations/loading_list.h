@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "colour.h"
-#include "texture.h"
+#include "renderer.h"
 
 namespace grub {
 

@@ -5,8 +5,8 @@
 
 #include <d3d8.h>
 
-#include "com_ptr.h"
 #include "renderer.h"
+#include "system_objects.h"
 
 namespace grub {
 

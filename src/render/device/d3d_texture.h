@@ -6,8 +6,8 @@
 #include <d3d8.h>
 
 #include "block_pool.h"
-#include "com_ptr.h"
-#include "texture.h"
+#include "renderer.h"
+#include "system_objects.h"
 
 namespace grub {
 

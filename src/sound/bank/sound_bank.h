@@ -8,7 +8,7 @@
 
 #include "audio_device.h"
 #include "block_pool.h"
-#include "critical_section.h"
+#include "system_objects.h"
 #include "resource_source.h"
 #include "shared_buffer.h"
 #include "sound_keys.h"

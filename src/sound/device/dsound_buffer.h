@@ -8,10 +8,9 @@
 
 #include <dsound.h>
 
+#include "audio_device.h"
 #include "block_pool.h"
-#include "com_ptr.h"
-#include "critical_section.h"
-#include "sound_buffer.h"
+#include "system_objects.h"
 
 namespace grub {
 

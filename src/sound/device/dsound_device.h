@@ -8,7 +8,7 @@
 #include <windows.h>
 
 #include "audio_device.h"
-#include "com_ptr.h"
+#include "system_objects.h"
 #include "dsound_buffer.h"
 
 namespace grub {
