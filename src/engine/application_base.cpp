@@ -17,7 +17,6 @@ ApplicationBase* theApplication = nullptr;
 bool SceneRegistry::add(std::uint32_t id, Scene& scene) {
     if (find(id)) return false;
     buckets_[id % kBuckets].push_front({id, &scene});
-    ++size_;
     return true;
 }
 

@@ -7,20 +7,21 @@
 
 namespace grub {
 
-/// Memory for many small objects of one size. It grows by chunks of 32 slots and keeps them until it is destroyed.
+/// Memory for many small objects of one size. A pool grows by chunks of 32 slots and keeps them until it is destroyed.
 /// Any thread may allocate and free. Blocks are aligned for every ordinary type.
 class BlockPool {
 public:
-    /// Nothing is allocated yet. A slot has `blockSize` bytes, rounded up so that it can hold a free-list entry.
+    /// Allocates nothing yet. A slot has `blockSize` bytes, rounded up for the alignment and for an entry of the list
+    /// of free slots.
     explicit BlockPool(std::size_t blockSize);
     BlockPool(const BlockPool&) = delete;
     BlockPool& operator=(const BlockPool&) = delete;
-    /// Frees the chunks, so no block may be in use any more.
+    /// Frees the chunks: no block may be in use.
     ~BlockPool();
 
-    /// A block of uninitialised memory, or null when the heap refused a new chunk twice.
+    /// Returns uninitialised memory, or null when the heap has refused a new chunk twice.
     [[nodiscard]] void* allocate() noexcept;
-    /// Takes back a block of this pool; null is ignored.
+    /// Takes back a block of this pool. Ignores null.
     void free(void* block) noexcept;
 
 private:
@@ -35,9 +36,9 @@ private:
     Chunk* chunks_ = nullptr;
 };
 
-/// Gives T a process-wide pool: `new T` takes a block (or yields null when there is none), `delete` returns it. A class
-/// derived from T that is larger comes from the heap, unless it is PoolAllocated itself and names which of the two
-/// inherited `operator new` and `operator delete` it means with using-declarations.
+/// Gives T a pool of the process: `new T` takes a block (null when there is no memory), `delete` returns it. A larger
+/// class derived from T comes from the heap, unless it is PoolAllocated too; it then says with using-declarations which
+/// of the two inherited pairs of operators it means.
 template <class T>
 struct PoolAllocated {
     static void* operator new(std::size_t size) noexcept {

@@ -14,7 +14,8 @@ struct Slots {
 };
 
 Slots& slots() {
-    static Slots& instance = *new Slots;  // never destroyed: what dies at the process's end may still ask for a service
+    static Slots& instance =
+        *new Slots;  // never destroyed: destructors at the end of the process still ask for services
     return instance;
 }
 

@@ -8,7 +8,7 @@
 
 namespace grub {
 
-/// Turns the window's key messages into messages for the current scene. Window's thread.
+/// Turns the window's key messages into messages for the current scene, on the window's thread.
 class KeyboardService {
 public:
     virtual ~KeyboardService() = default;
@@ -16,7 +16,7 @@ public:
     virtual void postKeyMessage(std::uint32_t virtualKey, std::uint32_t windowsMessage) = 0;
 };
 
-/// Turns the window's mouse messages into messages for the current scene. Window's thread.
+/// Turns the window's mouse messages into messages for the current scene, on the window's thread.
 class MouseService {
 public:
     virtual ~MouseService() = default;
@@ -24,26 +24,25 @@ public:
     virtual void postMouseMessage(std::uint32_t position, std::uint32_t windowsMessage) = 0;
 };
 
-/// The services that the whole program shares: a slot for each, empty (null) before the program runs and after it has
-/// ended. They are installed and shut down on the window's thread while no scene runs.
+/// The services that the whole program shares, a slot for each. A slot is empty (null) before the program runs and
+/// after it has ended. Services are installed and shut down on the window's thread while no scene runs. A slot owns its
+/// service and destroys it when another one is installed. The renderer alone belongs to the application, which needs
+/// its class of Direct3D for the device's messages, so that its slot only points at it.
 class EngineServices {
 public:
     EngineServices() = delete;
 
-    /// What is installed, or null.
     [[nodiscard]] static Renderer* renderer();
     [[nodiscard]] static MouseService* mouse();
     [[nodiscard]] static KeyboardService* keyboard();
     [[nodiscard]] static AudioDevice* soundDevice();
 
-    /// The renderer belongs to the application: its slot only points at it, and a previous one is merely unhooked.
     static void installRenderer(Renderer* renderer);
-    /// The slot owns the service; a previous one is destroyed.
     static void installMouse(std::unique_ptr<MouseService> service);
     static void installKeyboard(std::unique_ptr<KeyboardService> service);
     static void installSoundDevice(std::unique_ptr<AudioDevice> device);
 
-    /// Empties the slots: keyboard, mouse, sound device (shut down, then destroyed), renderer (shut down, unhooked).
+    /// Empties the slots in this order: keyboard, mouse, sound device (shut down first), renderer (shut down only).
     static void shutdown();
 };
 

@@ -10,7 +10,7 @@ namespace grub {
 
 namespace {
 
-constexpr std::uint32_t kSpeedPercent = 100;  // no timer of the game runs slower or faster than its interval says
+constexpr std::uint32_t kSpeedPercent = 100;  // every timer of the game runs at the speed of its interval
 
 std::int64_t counterNow() {
     LARGE_INTEGER counter{};
@@ -52,7 +52,7 @@ void Timer::stop() {
     period_ = 0;
 }
 
-// 32 bits wrap around; at 10 MHz that is 429 s without a tick, and only then is time lost.
+// 32 bits wrap around: at 10 MHz only a timer without a tick for 429 s loses time.
 std::uint32_t Timer::elapsed() const { return remainder_ + (low32(counterNow()) - low32(last_)); }
 
 std::uint32_t Timer::millisecondsUntilDue() const {

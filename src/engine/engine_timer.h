@@ -11,11 +11,11 @@ namespace grub {
 class TimerCallback {
 public:
     virtual ~TimerCallback() = default;
-    /// Called on the thread that ticks the timer. It may stop the timer or start it again, but not destroy it.
+    /// The timer's `tick` calls this. It may stop the timer or start it again, but not destroy it.
     virtual void invoke() = 0;
 };
 
-/// A callback that calls `action()`, usually a lambda over a scene.
+/// Makes a callback that calls `action()`, usually a lambda over a scene.
 template <class Action>
 [[nodiscard]] std::unique_ptr<TimerCallback> makeCallback(Action action) {
     class Bound final : public TimerCallback {
@@ -33,23 +33,22 @@ template <class Action>
 /// fires by itself: its owner, on the game thread, calls `tick` in each pass of its loop.
 class Timer {
 public:
-    /// Interval in milliseconds. The timer is not running yet.
+    /// `intervalMs` is in milliseconds. The timer does not run yet.
     explicit Timer(std::uint32_t intervalMs);
     Timer(const Timer&) = delete;
     Timer& operator=(const Timer&) = delete;
     ~Timer();
 
-    /// Runs with this callback from now on; null changes nothing. On a running timer only the callback is replaced: the
-    /// interval that has begun goes on. An interval too short for the counter (0, for one) stops the timer for good.
+    /// Runs with this callback from now on; null changes nothing. A running timer only changes its callback: the
+    /// interval that has begun goes on. An interval of 0, or one too short for the counter, stops the timer instead.
     void start(std::unique_ptr<TimerCallback> callback);
     /// Destroys the callback and forgets the interval that has begun.
     void stop();
-    /// Fires as often as whole intervals have passed since the last firing; what is left over counts for the next one.
+    /// Fires once for each whole interval since the last firing. The time that is left over counts for the next one.
     void tick();
-    /// How long a loop may sleep: milliseconds until `tick` fires again, rounded so that a loop that sleeps so long and
-    /// looks again is late by about half a millisecond at most. 0 when that is due or not running, else at least 1.
+    /// Milliseconds until `tick` fires again, for a loop that wants to sleep. Rounded to the nearest, so that the loop
+    /// is at most about half a millisecond late. 0 when the timer is due or does not run, else at least 1.
     [[nodiscard]] std::uint32_t millisecondsUntilDue() const;
-    /// Whether `tick` may fire.
     [[nodiscard]] bool isRunning() const { return callback_ != nullptr; }
 
 private:
@@ -64,10 +63,10 @@ private:
     std::int64_t last_ = 0;  // counter when the timer last fired or was started
 };
 
-/// The running timers of the process, in order of their start. Does not own them. Game thread only.
+/// The running timers of the process in order of their start. Does not own them. Game thread only.
 class TimerList {
 public:
-    /// The one list, made on first use and never destroyed.
+    /// Made on first use and never destroyed.
     static TimerList& instance();
 
     TimerList();
@@ -75,13 +74,12 @@ public:
     TimerList& operator=(const TimerList&) = delete;
     ~TimerList();
 
-    /// Appends the timer; without memory for the entry it stays unlisted.
+    /// Appends the timer. Without memory for the entry the timer stays unlisted.
     void add(Timer& timer);
-    /// Takes out every entry of this timer and tells how many there were.
+    /// Removes every entry of this timer and returns how many there were.
     std::size_t remove(const Timer& timer);
     /// Ticks each timer in list order. The callbacks may start and stop any timer.
     void tickAll();
-    /// Number of entries.
     [[nodiscard]] std::size_t size() const { return size_; }
 
 private:

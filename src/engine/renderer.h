@@ -4,7 +4,7 @@
 
 namespace grub {
 
-/// An opaque colour as three bytes, as pictures and colour keys store it.
+/// An opaque colour, as pictures and colour keys store it.
 struct Colour {
     std::uint8_t r = 0;
     std::uint8_t g = 0;
@@ -29,30 +29,31 @@ enum class TextureTransform : std::uint32_t {
     FlipHorizontal = 16,
 };
 
-/// A picture that the renderer can draw. Made by `Renderer::createTexture`; the caller owns it.
-/// Creation and uploads may come from any thread; drawing comes from the game thread.
+/// A picture that the renderer can draw. `Renderer::createTexture` makes it for the caller, who owns it. Any thread may
+/// create and upload; the game thread draws.
 class Texture {
 public:
     virtual ~Texture() = default;
 
-    /// A new texture with the same pixels, sizes and colour key, owned by the caller; not valid when the copy failed.
+    /// Makes a texture with the same pixels, sizes and colour key. The caller owns it; it is not valid when the copy
+    /// failed.
     [[nodiscard]] virtual Texture* clone() const = 0;
-    /// Whether the device has room for the picture: an invalid texture refuses uploads and draws nothing.
+    /// False when the device had no room for the picture: the texture then refuses uploads and draws nothing.
     [[nodiscard]] virtual bool isValid() const = 0;
-    /// Takes width x height pixels of 3 bytes R, G, B, rows top-down, and as many alpha bytes (null: the colour key
-    /// decides, or everything is opaque). A quarter turn swaps width and height; it is refused for a picture whose
-    /// backing is not square. False leaves the old pixels.
+    /// Takes width x height pixels of 3 bytes R, G, B, rows top-down, and as many alpha bytes. Without alpha (null) the
+    /// colour key becomes transparent, and without a key everything is opaque. A quarter turn swaps width and height;
+    /// the texture refuses it when its backing is not square. False leaves the old pixels.
     virtual bool upload(const std::uint8_t* rgb, TextureTransform transform, const std::uint8_t* alpha) = 0;
-    /// This colour becomes transparent in the next upload that brings no alpha.
+    /// Makes this colour transparent in the next upload without alpha.
     virtual void setColourKey(Colour key) = 0;
-    /// Picture size in pixels (not that of the backing, which is a power of two).
+    /// Size of the picture in pixels. The backing is larger: its sides are powers of two.
     [[nodiscard]] virtual std::uint16_t width() const = 0;
     [[nodiscard]] virtual std::uint16_t height() const = 0;
 };
 
-/// Draws textured rectangles on the screen of 800 x 600 pixels, origin top-left. Results are false when the device
-/// refused; nothing here shows a message but `init`. All calls come from the game thread, `init` and `shutdown` from
-/// the window's thread.
+/// Draws textured rectangles on the screen of 800 x 600 pixels, origin top-left. An operation returns false when the
+/// device refused; only `init` shows a message. All calls come from the game thread, but `init` and `shutdown` from the
+/// window's thread.
 class Renderer {
 public:
     virtual ~Renderer() = default;
@@ -61,23 +62,21 @@ public:
     virtual bool init() = 0;
     /// Releases the device. Always true.
     virtual bool shutdown() = 0;
-    /// Whether there is a device.
+    /// True while there is a device.
     [[nodiscard]] virtual bool isReady() const = 0;
-    /// A texture for a picture of this size, owned by the caller; null when the renderer is not ready.
+    /// Makes a texture for a picture of this size. The caller owns it. Null when the renderer is not ready.
     [[nodiscard]] virtual Texture* createTexture(std::uint16_t width, std::uint16_t height) = 0;
     /// Starts a frame on a black screen.
     virtual bool beginFrame() = 0;
-    /// Ends the frame and presents it; a lost device is restored here.
+    /// Ends the frame and presents it. Restores a device that was lost.
     virtual bool endFrame() = 0;
-    /// Fills a rectangle with one colour.
     virtual bool clearRect(std::uint16_t x, std::uint16_t y, std::uint16_t w, std::uint16_t h, Colour colour) = 0;
-    /// Fills the screen with one colour.
     virtual bool clear(Colour colour) = 0;
     /// Draws the w x h texels from (srcX, srcY) of `texture` at (x, y). `alpha` is the opacity, 0 to 1.
     virtual bool drawPart(std::int16_t x, std::int16_t y, const Texture& texture, std::int16_t srcX, std::int16_t srcY,
                           std::uint16_t w, std::uint16_t h, float alpha) = 0;
-    /// Draws the whole texture at (x, y). False also when it lies wholly off the screen: no caller may take that for
-    /// an error. An opacity below 0.05 draws nothing and gives true.
+    /// Draws the whole texture at (x, y). False also when it lies wholly off the screen, which is no error. An opacity
+    /// below 0.05 draws nothing and gives true.
     virtual bool draw(std::int16_t x, std::int16_t y, const Texture& texture, float alpha) = 0;
 };
 

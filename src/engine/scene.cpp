@@ -11,7 +11,7 @@ namespace grub {
 
 namespace {
 
-constexpr DWORD kMessageWaitMs = 10;  // the longest pass of the default loop without messages
+constexpr DWORD kMessageWaitMs = 10;  // the longest wait of a pass of the default loop
 
 }  // namespace
 
@@ -31,7 +31,6 @@ bool MessageQueue::push(const SharedRef<SceneMessage>& message) {
     if (!node) return false;
     (tail_ ? tail_->next : head_) = node;
     tail_ = node;
-    ++size_;
     return true;
 }
 
@@ -41,7 +40,6 @@ SharedRef<SceneMessage> MessageQueue::pop() {
     head_ = node->next;
     if (!head_) tail_ = nullptr;
     delete node;
-    --size_;
     return message;
 }
 

@@ -8,8 +8,8 @@
 
 namespace grub {
 
-/// Counted handle to an object on the heap; the last handle destroys the object. Copies of one handle may be made and
-/// dropped on several threads at once, but a single handle belongs to one thread.
+/// A counted handle to an object on the heap; the last handle destroys the object. Several threads may make and drop
+/// copies at once, but a single handle belongs to one thread.
 template <class T>
 class SharedRef {
 public:
@@ -19,11 +19,6 @@ public:
     SharedRef(const SharedRef& other) noexcept : object_(other.object_), count_(other.count_) { retain(); }
     SharedRef(SharedRef&& other) noexcept
         : object_(std::exchange(other.object_, nullptr)), count_(std::exchange(other.count_, nullptr)) {}
-    /// The same object seen as its base class, which needs a virtual destructor.
-    template <class Derived>
-    SharedRef(const SharedRef<Derived>& other) noexcept : object_(other.object_), count_(other.count_) {
-        retain();
-    }
     SharedRef& operator=(SharedRef other) noexcept {
         std::swap(object_, other.object_);
         std::swap(count_, other.count_);
@@ -31,16 +26,13 @@ public:
     }
     ~SharedRef() { release(); }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): as below
 
-    /// The object, still owned by its handles; null for an empty handle.
+    /// Null for an empty handle. The handles keep owning the object.
     [[nodiscard]] T* get() const { return object_; }
     T* operator->() const { return object_; }
     T& operator*() const { return *object_; }
     explicit operator bool() const { return object_ != nullptr; }
 
 private:
-    template <class Other>
-    friend class SharedRef;
-
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDelete): the analyzer takes the answers of an atomic count for arbitrary
     void retain() noexcept {
         if (count_) count_->fetch_add(1, std::memory_order_relaxed);
@@ -59,12 +51,11 @@ private:
 /// Where a message comes from.
 enum class MessageSource : std::uint32_t { Window = 0, Keyboard = 1, Mouse = 2 };
 
-/// What a message tells. Pressed and Released serve keys and mouse buttons alike: look at the source too.
+/// What a message tells. Pressed and Released serve keys and mouse buttons: look at the source too.
 enum class MessageType : std::uint32_t { CloseRequest = 1, Repaint = 2, Pressed = 10, Released = 11, MouseMoved = 20 };
 
-/// What the window's thread tells a scene. Messages travel in a SharedRef and are not changed once they are posted.
+/// What the window's thread tells a scene. Messages travel in a SharedRef and stay as they were made.
 struct SceneMessage : PoolAllocated<SceneMessage> {
-    /// A message is complete from the start.
     SceneMessage(MessageType messageType, MessageSource messageSource) : type(messageType), source(messageSource) {}
     SceneMessage(const SceneMessage&) = delete;
     SceneMessage& operator=(const SceneMessage&) = delete;

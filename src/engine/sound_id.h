@@ -4,7 +4,7 @@
 
 namespace grub {
 
-/// The sound effects by the numbers under which they are loaded.
+/// The sound effects. The sound table of the package loads them by these numbers.
 enum class SoundId : std::uint8_t {
     Break = 0,
     GetKey = 1,
@@ -28,12 +28,11 @@ enum class SoundId : std::uint8_t {
     Lose = 19,
     Invisible = 20,
     Bomb = 21,
-    GetBonus = 22,  // has its file; nobody asks for it
+    GetBonus = 22,  // has a file, but the game never plays it
     Heart = 23,
     Skull = 24
 };
 
-/// How many sound effects there are.
 inline constexpr int kSoundCount = 25;
 
 }  // namespace grub

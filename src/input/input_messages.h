@@ -8,7 +8,7 @@
 
 namespace grub {
 
-/// Keys as scenes know them. Every key that is not named here keeps the system's virtual-key code.
+/// Keys as scenes know them. Every other key keeps the system's virtual-key code.
 enum KeyCode : std::uint32_t {
     KeyUp = 0,
     KeyDown = 1,
@@ -24,10 +24,10 @@ enum KeyCode : std::uint32_t {
     KeyZ = 0x5A,
 };
 
-/// The code of a key that the system knows as `virtualKey`.
+/// The code of the key with this virtual-key code of the system.
 [[nodiscard]] KeyCode keyCodeOf(std::uint32_t virtualKey);
 
-/// A key was pressed (again and again while it is held) or released.
+/// A key was pressed or released. A held key is pressed again and again.
 struct KeyMessage final : SceneMessage, PoolAllocated<KeyMessage> {
     using PoolAllocated<KeyMessage>::operator new;
     using PoolAllocated<KeyMessage>::operator delete;
@@ -37,12 +37,12 @@ struct KeyMessage final : SceneMessage, PoolAllocated<KeyMessage> {
         : SceneMessage(messageType, MessageSource::Keyboard), keyCode(code), character(keyCharacter) {}
 
     const KeyCode keyCode;
-    /// What the key types without modifiers, letters in upper case; 0 when it types nothing.
+    /// What the key types without modifiers, letters in upper case. 0 when it types nothing.
     const std::uint8_t character;
 };
 
-/// What the mouse did. The second press of a fast pair arrives as a double click instead of a press; its release is the
-/// ordinary one. Some values equal those of keys, so look at the message's source first.
+/// The button of a mouse message. The second press of a double click has a code of its own; its release has not. Some
+/// values equal those of keys, so look at the message's source first.
 enum class MouseButton : std::uint32_t {
     None = 10,
     Left = 11,
@@ -62,14 +62,15 @@ struct MouseMessage final : SceneMessage, PoolAllocated<MouseMessage> {
         : SceneMessage(messageType, MessageSource::Mouse), button(messageButton), x(cursorX), y(cursorY) {}
 
     const MouseButton button;
-    /// No button has a flag so far.
+    /// Always 0 so far.
     const std::uint8_t flag = 0;
-    /// Client pixels of the 800 x 600 picture; outside of it also negative or larger.
+    /// Pixels of the 800 x 600 picture. Outside of it they are negative or larger.
     const std::int16_t x;
     const std::int16_t y;
 };
 
-/// Posts a KeyMessage for every press and release. It remembers nothing: telling a repeat from a press is up to scenes.
+/// Posts a KeyMessage to the current scene for every press and release. Remembers nothing: the scenes tell a repeat
+/// from a press.
 class KeyboardInput final : public KeyboardService {
 public:
     /// The application must outlive the service.
@@ -81,7 +82,8 @@ private:
     ApplicationBase& application_;
 };
 
-/// Posts a MouseMessage for every move, press and release. A message it does not know counts as a press of no button.
+/// Posts a MouseMessage to the current scene for every move, press and release. An unknown message counts as a press of
+/// no button.
 class MouseInput final : public MouseService {
 public:
     /// The application must outlive the service.

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 #include "game_file.h"
 #include "game_text.h"
 #include "level_list.h"
+#include "resource_package.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -15,7 +17,7 @@ namespace grub {
 ReplaySteering::ReplaySteering(RecordedGame game, std::string path, int showFrom)
     : game_(std::move(game)), path_(std::move(path)), showFrom_(showFrom), keys_(game_.events) {}
 
-// The last frame is left to be seen: who looks at it looks for the end.
+// Leaves the last frame to be shown, so that the end of the game is always seen.
 void ReplaySteering::begin(World& world) {
     hasBegun_ = true;
     afterFrame(world);
@@ -41,7 +43,7 @@ void ReplaySteering::beforeStep(World& world) {
 
 void ReplaySteering::afterFrame(const World& world) {
     if (difference_ || !game_.isComplete() || world.frame() > game_.end->frame) return;
-    if (world.ended() && world.cause() == LossCause::Quit) return;  // whoever watches has left
+    if (world.ended() && world.cause() == LossCause::Quit) return;  // the player has left
     difference_ = differenceAt(game_, world);
 }
 
@@ -95,20 +97,54 @@ bool prepareReplay(const OwnOptions& options, PlayStart& start, std::unique_ptr<
     return true;
 }
 
-/// What a recorded game says of the level that is played.
+std::string levelNameOf(const PlayStart& start) {
+    if (!start.level.empty()) return start.level;
+    return std::string(kLevelNames[static_cast<std::size_t>(start.levelIndex)]);
+}
+
+// What a recorded game says of the level that is played: a name of the list, or a path from the game's folder.
 std::string levelFor(const OwnOptions& options) {
     const PlayStart& start = options.start;
-    if (start.level.empty()) return std::string(kLevelNames[static_cast<std::size_t>(start.levelIndex)]);
+    if (start.level.empty()) return levelNameOf(start);
     std::error_code ignored;
     return fs::relative(start.level, fs::absolute(options.recordFile).parent_path(), ignored).string();
+}
+
+// Whether the file can be written. Leaves an existing one unchanged and removes a new one.
+bool canBeWritten(const std::string& path) {
+    std::error_code ignored;
+    const bool isNew = !fs::exists(path, ignored);
+    const bool opens = std::ofstream(path, std::ios::app).is_open();
+    if (opens && isNew) fs::remove(path, ignored);
+    return opens;
+}
+
+bool prepareRecord(const OwnOptions& options, std::unique_ptr<GameSteering>& steering) {
+    if (!canBeWritten(options.recordFile)) return complain(options.recordFile + ": cannot be written");
+    steering = std::make_unique<RecordSteering>(levelFor(options), options.recordFile);
+    return true;
+}
+
+// Whether the package holds the level of the list that play begins with.
+bool levelIsThere(const PlayStart& start) {
+    if (start.level.empty() && start.levelIndex == 0) return true;  // the usual start: the game itself looks
+    const std::string level = levelNameOf(start);
+    if (std::ranges::find(kLevelNames, level) == kLevelNames.end()) return true;  // a level file
+    ResourcePackage package("levels.pak");
+    if (package.exists(EngineString(level))) return true;
+    std::string held;
+    for (std::size_t i = 0; i < kLevelNames.size(); ++i) {
+        if (package.exists(EngineString(kLevelNames[i]))) held += " " + std::to_string(i + 1);
+    }
+    return complain("grubaway: levels.pak does not hold " + level + "; numbers that it holds:" + held);
 }
 
 }  // namespace
 
 bool prepareGame(const OwnOptions& options, PlayStart& start, std::unique_ptr<GameSteering>& steering) {
-    if (!options.replayFile.empty()) return prepareReplay(options, start, steering);
-    if (!options.recordFile.empty()) steering = std::make_unique<RecordSteering>(levelFor(options), options.recordFile);
-    return true;
+    if (!options.replayFile.empty() && !prepareReplay(options, start, steering)) return false;
+    if (!options.recordFile.empty() && !prepareRecord(options, steering)) return false;
+    return levelIsThere(start);
 }
 
 }  // namespace grub

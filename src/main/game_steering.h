@@ -11,17 +11,17 @@
 
 namespace grub {
 
-/// A hand on the keyboard that deals with the file of a recorded game, for one attempt.
+/// A steering that works with the file of a recorded game, for one attempt.
 class GameSteering : public Steering {
 public:
-    /// What the program is to end with when play is over: 0 when all went well.
+    /// The program's exit code when play is over: 0 when all went well.
     [[nodiscard]] virtual int exitCode() const = 0;
 };
 
-/// Plays a recorded game in place of the player and compares what comes with what was recorded. Leaving stays possible.
+/// Plays a recorded game in place of the player and compares each frame with the record. The player can still leave.
 class ReplaySteering final : public GameSteering {
 public:
-    /// The first frame that is shown is `showFrom`, or the last one before the end; those before it pass unseen.
+    /// Shows the game from frame `showFrom` on, or its last frame if that comes first. Plays the frames before unseen.
     ReplaySteering(RecordedGame game, std::string path, int showFrom);
 
     void prepare(WorldStart& start) override { start = game_.start; }
@@ -31,9 +31,9 @@ public:
     void otherKey(World& /*world*/) override {}
     void beforeStep(World& world) override;
     void afterFrame(const World& world) override;
-    /// Says on standard output that all came as recorded, or in a line on standard error what did not first.
+    /// Prints that all came as recorded, or on standard error the first difference.
     bool goesOnAfter(const World& world) override;
-    /// 1 as well when there was no level to play.
+    /// 1 after a difference, and when the level could not be played.
     [[nodiscard]] int exitCode() const override { return hasBegun_ && !difference_ ? 0 : 1; }
 
 private:
@@ -47,10 +47,10 @@ private:
     bool hasBegun_ = false;
 };
 
-/// Writes down what the player does, and at the end of the attempt the file.
+/// Records what the player does and writes the file at the end of the attempt.
 class RecordSteering final : public GameSteering {
 public:
-    /// `level` is what the file shall say of the level.
+    /// `level` is the level's name or path for the file.
     RecordSteering(std::string level, std::string path) : level_(std::move(level)), path_(std::move(path)) {}
 
     void prepare(WorldStart& start) override { recorder_.emplace(level_, start); }
@@ -59,9 +59,9 @@ public:
     void keyUp(World& world, PlayKey key) override;
     void otherKey(World& world) override;
     void afterFrame(const World& world) override { recorder_->frame(world); }
-    /// Writes the file; a line on standard error when that fails.
+    /// Writes the file, or a line on standard error when that fails.
     bool goesOnAfter(const World& world) override;
-    /// 1 as well when there was nothing to write.
+    /// 1 when the file was not written.
     [[nodiscard]] int exitCode() const override { return isWritten_ ? 0 : 1; }
 
 private:
@@ -71,8 +71,9 @@ private:
     bool isWritten_ = false;
 };
 
-/// Sets up the game that the options want replayed or recorded: its steering and, for a replay, where play begins. Null
-/// in `start` when they want neither. False after one line on standard error.
+/// Sets up what the options ask for: the steering of a replay or a record (else `steering` stays null), and in `start`
+/// where a replay begins. False after one line on standard error: the recorded game cannot be read, the file to record
+/// in cannot be written, or the package lacks the level.
 [[nodiscard]] bool prepareGame(const OwnOptions& options, PlayStart& start, std::unique_ptr<GameSteering>& steering);
 
 }  // namespace grub

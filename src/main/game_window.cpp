@@ -26,7 +26,7 @@ void writeFullScreenOff(HKEY key) {
     RegSetValueExA(key, kFullScreenValue, 0, REG_BINARY, reinterpret_cast<const BYTE*>(&off), sizeof(off));
 }
 
-// The player's setting, taken out of the registry; empty where the key does not exist.
+// Reads the player's setting and switches it off. Empty when the registry has no such key.
 std::optional<bool> takeFullScreenSetting() {
     HKEY key = nullptr;
     if (RegOpenKeyExA(HKEY_CURRENT_USER, kSettingsKey, 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return std::nullopt;
@@ -114,7 +114,7 @@ ATOM registerWindowClass(const GameWindowWish& wish) {
     return RegisterClassExA(&description);
 }
 
-// The class of the process; 0 while registering it keeps failing.
+// The class of the process, registered on first use; 0 when the system refused.
 ATOM windowClass(const GameWindowWish& wish) {
     static ATOM atom = 0;
     if (!atom) atom = registerWindowClass(wish);

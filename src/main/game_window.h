@@ -8,13 +8,13 @@ namespace grub {
 
 class Application;
 
-/// Posted by the game thread as its last act: the window is to be destroyed.
+/// The game thread posts this message as its last act; the window then destroys itself.
 inline constexpr UINT kDestroyWindowMessage = WM_USER + 1;
 
-/// Name of the window class, registered once for the process.
+/// Name of the window class. The process registers it once.
 inline constexpr const char* kWindowClassName = "NimboEngineWindowClass";
 
-/// What the window is to be. Sizes in pixels of the picture, without the frame.
+/// The window that the game wants. Sizes in pixels of the picture, without the frame.
 struct GameWindowWish {
     HINSTANCE instance;
     HICON icon;
@@ -24,7 +24,7 @@ struct GameWindowWish {
     bool windowed;
 };
 
-/// A rectangle on the screen in pixels, with the styles that make its frame.
+/// Where the window stands: pixels of the screen with the frame, and the styles that make the frame.
 struct WindowPlacement {
     DWORD extendedStyle;
     DWORD style;
@@ -35,22 +35,22 @@ struct WindowPlacement {
 };
 
 /// Full screen: the picture at the top left, on top of everything. Windowed: a caption and a thin frame around the
-/// picture; the place is centred by the picture's size, so the frame sits a little below and right of the centre.
+/// picture. The picture's size, not that of the frame, is centred, so the picture sits a little below and right.
 [[nodiscard]] WindowPlacement placementFor(const GameWindowWish& wish);
 
-/// Registers the class on first use and creates the hidden window, whose WM_CREATE carries `owner`. Null when the
-/// system refused either.
+/// Registers the class on first use and creates the window, hidden, whose messages go to `owner`. Null when the system
+/// refused one of the two.
 [[nodiscard]] HWND createGameWindow(const GameWindowWish& wish, Application& owner);
 
-/// Hands messages to the window procedures of this thread until the quit message; false when reading failed.
+/// Passes messages to the window until the quit message. False when reading them failed. Main thread.
 bool pumpMessages();
 
-/// Cuts the window off from its application, which is about to die, and destroys it if it is still there.
+/// Separates the window from its application, which is about to be destroyed, and destroys it if it still exists.
 void forgetGameWindow(HWND window);
 
-/// Whether the program starts in a window. A capital F anywhere in the command line asks for the full screen. Where the
-/// player's settings exist in the registry they decide instead, and the full-screen one is used up: it is written back
-/// as off, so that a full screen that cannot be left is not met twice. The menu writes it again.
+/// Whether the program starts in a window. A capital F anywhere in the command line asks for the full screen. When the
+/// registry holds the player's settings, they decide instead, and this writes their full-screen value back as off: a
+/// player who cannot leave the full screen meets it only once. The menu writes the value again.
 [[nodiscard]] bool startsWindowed(const char* commandLine);
 
 }  // namespace grub

@@ -1,6 +1,7 @@
 #include "own_options.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 
@@ -12,7 +13,24 @@ namespace grub {
 namespace {
 
 constexpr int kWrongUsage = 2;
-constexpr unsigned kScriptSeed = 1;  // any: a script plays the same game each time
+constexpr unsigned kScriptSeed = 1;  // any number: a script plays the same game each time
+
+namespace fs = std::filesystem;
+
+constexpr std::array kPackages{"data64.pak", "levels.pak", "sound.pak", "make_m64.pak", "make_z64.pak"};
+
+bool isThere(const fs::path& path) {
+    std::error_code ignored;
+    return fs::exists(path, ignored);
+}
+
+// Empty when the directory holds every package, else what it lacks.
+std::string faultOfData(const std::string& directory) {
+    for (const char* const package : kPackages) {
+        if (!isThere(fs::path(directory) / package)) return "'" + directory + "' holds no " + package;
+    }
+    return {};
+}
 
 bool isLevelFile(const std::string& level) { return level.ends_with(".lvl"); }
 
@@ -20,7 +38,7 @@ bool isLevelFile(const std::string& level) { return level.ends_with(".lvl"); }
 std::string faultOfLevel(const std::string& level) {
     const auto number = numberIn<std::size_t>(level);
     const bool isListed = number && *number >= 1 && *number <= kLevelNames.size();
-    if (isListed || (isLevelFile(level) && std::filesystem::exists(level))) return {};
+    if (isListed || (isLevelFile(level) && isThere(level))) return {};
     return "'" + level + "' is neither a level from 1 to 50 nor a level file (.lvl)";
 }
 
@@ -38,11 +56,27 @@ std::string joined(const std::vector<std::string>& words) {
     return line;
 }
 
-// Says what CLI11 found; its own exit codes tell help from faults only.
+// Prints what CLI11 found. Its own exit codes only tell help from faults.
 int reportEnd(const CLI::App& app, const CLI::ParseError& end) {
     if (end.get_exit_code() == 0) return app.exit(end);
     std::fprintf(stderr, "grubaway: %s\n", end.what());
     return kWrongUsage;
+}
+
+// A word with a capital F asks for the full screen. A misspelt long option does not, whatever its letters.
+bool asksForFullScreen(const std::string& word) { return !word.starts_with("--") && word.find('F') != word.npos; }
+
+// Takes the words that belong to no option for the game's command line. A word without a meaning ends the program.
+void takeCommandLine(const std::vector<std::string>& words, OwnOptions& options) {
+    std::string unknown;
+    for (const std::string& word : words) {
+        if (!asksForFullScreen(word)) unknown += " '" + word + "'";
+    }
+    if (!unknown.empty()) {
+        std::fprintf(stderr, "grubaway: unknown:%s; 'grubaway --help' lists the options\n", unknown.c_str());
+        options.exitCode = kWrongUsage;
+    }
+    options.commandLine = joined(words);
 }
 
 }  // namespace
@@ -52,22 +86,22 @@ OwnOptions readOwnOptions(int argc, const char* const* argv) {
     std::string level;
     CLI::App app("Grubaway: dig, climb, take the keys and leave.", "grubaway");
     app.allow_extras();
-    app.add_option("--data", options.dataDirectory, "Directory of the packages")
+    bool fullScreen = false;
+    app.add_flag("--full-screen", fullScreen, "Start on the full screen, unless the menu's settings say otherwise");
+    app.add_option("--data", options.dataDirectory, "Directory that holds the packages")
         ->type_name("DIR")
-        ->check(CLI::ExistingDirectory.description(""));
+        ->check(CLI::Validator(faultOfData, ""));
     app.add_option("--level", level, "Level to start with: 1 to 50, or a level file")
         ->type_name("NAME")
         ->check(CLI::Validator(faultOfLevel, ""));
     app.add_option("--script", options.scriptFile, "Play a script, without screen and sound")->type_name("FILE");
     CLI::Option* const replay =
         app.add_option("--replay", options.replayFile, "Play a recorded game")->type_name("FILE");
-    app.add_option("--at", options.showFrom, "First game frame of it to show")
+    app.add_option("--at", options.showFrom, "First game frame of the recorded game to show")
         ->type_name("FRAME")
         ->needs(replay)
         ->check(CLI::NonNegativeNumber.description(""));
-    app.add_option("--record", options.recordFile, "Write the game down that is played, one attempt")
-        ->type_name("FILE")
-        ->excludes(replay);
+    app.add_option("--record", options.recordFile, "Record one attempt in a file")->type_name("FILE")->excludes(replay);
     app.set_version_flag("--version", "grubaway " GRUB_VERSION);
     try {
         app.parse(argc, argv);
@@ -77,7 +111,9 @@ OwnOptions readOwnOptions(int argc, const char* const* argv) {
     if (options.exitCode) return options;
     startAt(level, options.start);
     if (!options.scriptFile.empty()) options.start.seed = kScriptSeed;
-    options.commandLine = joined(app.remaining());
+    std::vector<std::string> words = app.remaining();
+    if (fullScreen) words.emplace_back("F");
+    takeCommandLine(words, options);
     return options;
 }
 

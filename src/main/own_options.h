@@ -7,25 +7,27 @@
 
 namespace grub {
 
-/// What our own options ask for, taken out of the program's arguments; the rest is the game's command line.
+/// What the program's arguments ask for. An empty string is an option that was not given.
 struct OwnOptions {
-    /// Directory of the packages; empty: where they are usually found.
+    /// Directory that holds the packages. Empty: the game finds them by itself.
     std::string dataDirectory;
-    /// Script to play instead of a player at the keyboard; empty: none.
+    /// Script that plays instead of a player at the keyboard.
     std::string scriptFile;
-    /// Recorded game to play in the player's place, and the first of its frames to show; empty: none.
+    /// Recorded game that plays in place of the player, and the first of its game frames to show.
     std::string replayFile;
     int showFrom = 0;
-    /// Recorded game to write; empty: none.
+    /// File in which an attempt is recorded.
     std::string recordFile;
     PlayStart start;
-    /// The arguments that are not ours, joined by blanks, without the program's name.
+    /// The command line that the game reads: the words that belong to no option, with blanks between them. Each holds a
+    /// capital F, the wish for the full screen; `--full-screen` adds one.
     std::string commandLine;
-    /// Set when the program shall end at once with this code: all is said (help, version) or the options are wrong.
+    /// Set when the program has to end at once with this code: help or version is printed, or the usage is wrong.
     std::optional<int> exitCode;
 };
 
-/// Reads the options. Help and version go to standard output, a complaint of one line to standard error (exit code 2).
+/// Reads the arguments. Help and version go to standard output. Wrong usage, an unknown word too, is one line on
+/// standard error and exit code 2.
 [[nodiscard]] OwnOptions readOwnOptions(int argc, const char* const* argv);
 
 }  // namespace grub

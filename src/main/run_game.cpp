@@ -19,7 +19,7 @@ constexpr std::uint16_t kScreenWidth = 800;
 constexpr std::uint16_t kScreenHeight = 600;
 constexpr WORD kIconResource = 101;
 
-/// What is played, in order of construction.
+/// Packages, sounds and scenes in order of construction.
 struct Game {
     ResourcePackage data{"data64.pak"};
     ResourcePackage levels{"levels.pak"};

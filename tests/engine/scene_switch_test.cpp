@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <functional>
+#include <string>
 #include <thread>
 
 #include "recording_scene.h"
@@ -12,98 +14,94 @@ using testing::ElementsAre;
 using enum MessageType;
 
 /// Two registered scenes that share a log: the level (1) and the shell (2).
-class SceneSwitch : public testing::Test {
-protected:
-    SceneSwitch() {
-        application_.registerScene(1, level_);
-        application_.registerScene(2, shell_);
+struct TwoScenes {
+    TwoScenes() {
+        application.registerScene(1, level);
+        application.registerScene(2, shell);
     }
 
-    WindowlessApplication application_;
-    SceneLog log_;
-    RecordingScene level_{"level", &log_};
-    RecordingScene shell_{"shell", &log_};
+    WindowlessApplication application;
+    std::string log;
+    RecordingScene level{"level", &log};
+    RecordingScene shell{"shell", &log};
 };
 
-TEST_F(SceneSwitch, ASceneThatSelectsNothingEndsTheProgram) {
-    shell_.onRun = [&] { application_.selectScene(1); };
-    EXPECT_TRUE(application_.run(2));
-    EXPECT_THAT(log_,
-                ElementsAre("shell enter", "shell run", "shell leave", "level enter", "level run", "level leave"));
-}
-
-TEST_F(SceneSwitch, TheLastSelectionWins) {
-    application_.selectScene(2);
-    EXPECT_TRUE(application_.run(1));
-    EXPECT_THAT(log_, ElementsAre("level enter", "level run", "level leave"));
-}
-
-TEST_F(SceneSwitch, ASelectionWhileLeavingStillCounts) {
-    shell_.onRun = [&] { application_.selectScene(1); };
-    shell_.onLeave = [&] {
-        shell_.onLeave = shell_.onRun = nullptr;
-        application_.selectScene(2);
+TEST(SceneSwitch, TheSceneThatWasSelectedLastRunsNext) {
+    struct Row {
+        const char* what;
+        std::function<void(TwoScenes&)> selections;
+        std::uint32_t start;
+        const char* log;
     };
-    application_.run(2);
-    EXPECT_THAT(log_,
-                ElementsAre("shell enter", "shell run", "shell leave", "shell enter", "shell run", "shell leave"));
-}
-
-TEST_F(SceneSwitch, ASelectionInEnterDoesNotSkipTheVisit) {
-    shell_.onEnter = [&] { application_.selectScene(1); };
-    application_.run(2);
-    EXPECT_THAT(log_,
-                ElementsAre("shell enter", "shell run", "shell leave", "level enter", "level run", "level leave"));
-}
-
-TEST_F(SceneSwitch, NumbersAreUniqueAlsoWithinABucket) {
-    RecordingScene twelfth("twelfth", &log_);  // 12 and 1 share a bucket
-    RecordingScene late("late", &log_);
-    EXPECT_TRUE(application_.registerScene(12, twelfth));
-    EXPECT_FALSE(application_.registerScene(1, late));
-    EXPECT_FALSE(application_.selectScene(23));
-    application_.run(12);
-    application_.run(1);
-    EXPECT_THAT(
-        log_, ElementsAre("twelfth enter", "twelfth run", "twelfth leave", "level enter", "level run", "level leave"));
-}
-
-TEST_F(SceneSwitch, AnUnknownStartSceneRunsNothing) {
-    EXPECT_FALSE(application_.run(9));
-    EXPECT_TRUE(log_.empty());
-}
-
-TEST_F(SceneSwitch, WithoutACurrentSceneMessagesAreDropped) {
-    application_.postToCurrentScene(messageOf(Pressed));
-    shell_.onRun = [&] { shell_.processMessages(); };
-    application_.run(2);
-    EXPECT_TRUE(shell_.messages.empty());
-}
-
-TEST_F(SceneSwitch, WhatComesDuringTheHandOverWaitsForTheOldScenesNextVisit) {
-    shell_.onRun = [&] {
-        shell_.onRun = [&] { shell_.processMessages(); };
-        application_.selectScene(1);
-        application_.postToCurrentScene(messageOf(Pressed));
+    const Row rows[] = {
+        {"a scene that selects none ends the program", [](auto& /*scenes*/) {}, 2, "shell(run) "},
+        {"in run", [](auto& s) { s.shell.onRun = [&s] { s.application.selectScene(1); }; }, 2,
+         "shell(run) level(run) "},
+        {"in enter, which does not skip the visit",
+         [](auto& s) { s.shell.onEnter = [&s] { s.application.selectScene(1); }; }, 2, "shell(run) level(run) "},
+        {"in leave, and the scene itself",
+         [](auto& s) {
+             s.shell.onRun = [&s] { s.application.selectScene(1); };
+             s.shell.onLeave = [&s] {
+                 s.shell.onLeave = s.shell.onRun = nullptr;
+                 s.application.selectScene(2);
+             };
+         },
+         2, "shell(run) shell(run) "},
+        {"twice before the start", [](auto& s) { s.application.selectScene(2); }, 1, "level(run) "},
+        {"an unknown one changes nothing",
+         [](auto& s) {
+             s.shell.onRun = [&s] {
+                 s.application.selectScene(1);
+                 EXPECT_FALSE(s.application.selectScene(12));  // 12 and 1 share a bucket
+             };
+         },
+         2, "shell(run) level(run) "},
+        {"an unknown start runs nothing", [](auto& /*scenes*/) {}, 9, ""},
     };
-    level_.onRun = [&] {
-        level_.processMessages();
-        application_.selectScene(2);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        TwoScenes scenes;
+        row.selections(scenes);
+        EXPECT_EQ(scenes.application.run(row.start), row.start != 9);
+        EXPECT_EQ(scenes.log, row.log);
+    }
+}
+
+TEST(SceneSwitch, NumbersAreUniqueAlsoWithinABucket) {
+    TwoScenes scenes;
+    RecordingScene twelfth("twelfth", &scenes.log);  // 12 and 1 share a bucket
+    EXPECT_TRUE(scenes.application.registerScene(12, twelfth));
+    EXPECT_FALSE(scenes.application.registerScene(1, twelfth));
+    scenes.application.run(12);
+    scenes.application.run(1);
+    EXPECT_EQ(scenes.log, "twelfth(run) level(run) ");
+}
+
+TEST(SceneSwitch, MessagesGoToTheSceneThatIsCurrentAndWaitThere) {
+    TwoScenes scenes;
+    auto& [application, log, level, shell] = scenes;
+    application.postToCurrentScene(messageOf(CloseRequest));  // dropped: no scene is current yet
+    shell.onRun = [&] {
+        shell.onRun = [&] { shell.processMessages(); };
+        application.selectScene(1);
+        application.postToCurrentScene(messageOf(Pressed));  // during the hand-over: waits for the next visit
     };
-    application_.run(2);
-    EXPECT_TRUE(level_.messages.empty());
-    EXPECT_THAT(typesOf(shell_), ElementsAre(Pressed));
+    level.onRun = [&] {
+        level.processMessages();
+        application.selectScene(2);
+    };
+    application.run(2);
+    EXPECT_THAT(typesOf(level), ElementsAre());
+    EXPECT_THAT(typesOf(shell), ElementsAre(Pressed));
+    application.postToCurrentScene(messageOf(Released));  // the last scene stays current after the end
+    shell.processMessages();
+    EXPECT_THAT(typesOf(shell), ElementsAre(Pressed, Released));
 }
 
-TEST_F(SceneSwitch, TheLastSceneStaysCurrentAfterTheEnd) {
-    application_.run(1);
-    application_.postToCurrentScene(messageOf(Released));
-    level_.processMessages();
-    EXPECT_THAT(typesOf(level_), ElementsAre(Released));
-}
-
-TEST_F(SceneSwitch, AThousandSwitchesUnderInputLoseNoMessage) {
+TEST(SceneSwitch, AThousandSwitchesUnderInputLoseNoMessage) {
     constexpr int kSwitches = 1000;
+    TwoScenes scenes;
     int switches = 0;
     std::atomic<bool> running = false;
     const auto bounceTo = [&](RecordingScene& scene, std::uint32_t next) {
@@ -111,39 +109,29 @@ TEST_F(SceneSwitch, AThousandSwitchesUnderInputLoseNoMessage) {
         scene.onRun = [&, next] {
             scene.waitForMessages(1);
             scene.processMessages();
-            if (++switches < kSwitches) application_.selectScene(next);
+            if (++switches < kSwitches) scenes.application.selectScene(next);
         };
     };
-    bounceTo(level_, 2);
-    bounceTo(shell_, 1);
+    bounceTo(scenes.level, 2);
+    bounceTo(scenes.shell, 1);
 
-    std::thread gameThread([&] { application_.run(2); });
     std::atomic<bool> ended = false;
-    std::thread waiter([&] {
-        gameThread.join();
+    std::thread gameThread([&] {
+        scenes.application.run(2);
         ended = true;
     });
     while (!running) std::this_thread::yield();
     std::size_t posted = 0;
     for (; !ended; ++posted) {
-        application_.postToCurrentScene(messageOf(Pressed));
+        scenes.application.postToCurrentScene(messageOf(Pressed));
         if (posted % 16 == 0) std::this_thread::yield();
     }
-    waiter.join();
-    level_.processMessages();
-    shell_.processMessages();
+    gameThread.join();
+    scenes.level.processMessages();
+    scenes.shell.processMessages();
 
     EXPECT_EQ(switches, kSwitches);
-    EXPECT_EQ(level_.messages.size() + shell_.messages.size(), posted);
-}
-
-TEST(ApplicationBase, IsKnownToTheProcessWhileItLives) {
-    EXPECT_FALSE(ApplicationBase::exists());
-    {
-        const WindowlessApplication application;
-        EXPECT_EQ(&ApplicationBase::instance(), &application);
-    }
-    EXPECT_FALSE(ApplicationBase::exists());
+    EXPECT_EQ(scenes.level.messages.size() + scenes.shell.messages.size(), posted);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <optional>
-#include <thread>
+#include <vector>
 
 #include "engine_services.h"
 #include "game_window.h"
@@ -31,11 +31,11 @@ struct RunningGame {
     Application application{nullptr, 800, 600, "Grubaway", true, nullptr};
 };
 
-TEST(ApplicationStart, WithoutAWindowNothingRuns) {
-    for (const Call call : {Call::RegisterClass, Call::CreateWindow}) {
+TEST(ApplicationStart, WithoutAWindowOrAThreadNothingRuns) {
+    for (const Call call : {Call::RegisterClass, Call::CreateWindow, Call::ResumeThread}) {
         const FailingCall failing(call);
         RunningGame game;
-        EXPECT_EQ(game.application.window(), nullptr);
+        EXPECT_EQ(game.application.window() != nullptr, call == Call::ResumeThread);
         EXPECT_FALSE(game.application.run(kScene));
         EXPECT_EQ(EngineServices::renderer(), nullptr);
     }
@@ -50,13 +50,6 @@ TEST(ApplicationStart, AnUnknownSceneLeavesTheServicesToTheDestructor) {
     }
     EXPECT_EQ(EngineServices::renderer(), nullptr);
     EXPECT_EQ(EngineServices::keyboard(), nullptr);
-}
-
-TEST(ApplicationStart, AGameThreadThatDoesNotStartEndsTheRun) {
-    const FailingCall failing(Call::ResumeThread);
-    RunningGame game;
-    EXPECT_FALSE(game.application.run(kScene));
-    EXPECT_EQ(EngineServices::renderer(), nullptr);
 }
 
 TEST(ApplicationStart, WithoutARendererTheProcessEndsWithOne) {
@@ -112,15 +105,6 @@ TEST(ApplicationRun, StartsAndStopsAThousandTimes) {
     platform::setSoundOutput(platform::SoundOutput::Card);
 }
 
-TEST(ApplicationRun, SendingToAWindowThatGoesAwayReturns) {
-    RunningGame game;
-    game.scene.onRun = [&] {
-        PostMessageA(game.application.window(), kDestroyWindowMessage, 0, 0);
-        while (SendMessageA(game.application.window(), WM_ERASEBKGND, 0, 0) == 1) std::this_thread::yield();
-    };
-    EXPECT_TRUE(game.application.run(kScene));
-}
-
 TEST(ApplicationRun, TheModeIsSwitchedFromTheGameThread) {
     RunningGame game;
     std::vector<bool> fullScreen;
@@ -147,22 +131,18 @@ TEST(WindowProcedure, AnswersEachMessageAndTellsTheSceneWhatItShouldKnow) {
         MessageSource source;
     };
     using enum MessageSource;
+    constexpr LPARAM kPosition = 599 << 16 | 799;
     const Row rows[] = {
         {"paint", WM_PAINT, 0, 0, Repaint, Window},
         {"close", WM_CLOSE, 0, 0, CloseRequest, Window},
         {"erase", WM_ERASEBKGND, 0, 1, {}, Window},
-        {"key down", WM_KEYDOWN, 'Z', 0, Pressed, Keyboard},
-        {"key up", WM_KEYUP, 'Z', 0, Released, Keyboard},
+        {"key down", WM_KEYDOWN, VK_LEFT, 0, Pressed, Keyboard},
+        {"key up", WM_KEYUP, VK_LEFT, 0, Released, Keyboard},
         {"Alt key down", WM_SYSKEYDOWN, 'Z', 0, {}, Keyboard},
-        {"move", 0x200, 0, 0, MouseMoved, Mouse},
-        {"left down", 0x201, 0, 0, Pressed, Mouse},
-        {"left up", 0x202, 0, 0, Released, Mouse},
-        {"left double", 0x203, 0, 0, Pressed, Mouse},
-        {"right down", 0x204, 0, 0, Pressed, Mouse},
-        {"right up", 0x205, 0, 0, Released, Mouse},
-        {"right double", 0x206, 0, 0, Pressed, Mouse},
-        {"middle down", 0x207, 0, 0, {}, Mouse},
-        {"middle up", 0x208, 0, 0, {}, Mouse},
+        {"the first of the mouse", WM_MOUSEMOVE, 0, 0, MouseMoved, Mouse},
+        {"left down", WM_LBUTTONDOWN, 0, 0, Pressed, Mouse},
+        {"the last of the mouse", WM_RBUTTONDBLCLK, 0, 0, Pressed, Mouse},
+        {"middle down", WM_MBUTTONDOWN, 0, 0, {}, Mouse},
         {"test device", WM_USER + 2, 0, S_OK, {}, Window},
         {"reset device", WM_USER + 3, 0, S_OK, {}, Window},
         {"unknown", WM_USER + 9, 0, 0, {}, Window},
@@ -173,62 +153,46 @@ TEST(WindowProcedure, AnswersEachMessageAndTellsTheSceneWhatItShouldKnow) {
             SCOPED_TRACE(row.what);
             game.scene.processMessages();
             game.scene.messages.clear();
-            EXPECT_EQ(SendMessageA(game.application.window(), row.message, row.wParam, 0), row.result);
+            EXPECT_EQ(SendMessageA(game.application.window(), row.message, row.wParam, kPosition), row.result);
             game.scene.processMessages();
             ASSERT_EQ(game.scene.messages.size(), row.told ? 1U : 0U);
             if (!row.told) continue;
-            EXPECT_EQ(game.scene.messages[0]->type, *row.told);
-            EXPECT_EQ(game.scene.messages[0]->source, row.source);
+            const SceneMessage& told = *game.scene.messages[0];
+            EXPECT_EQ(told.type, *row.told);
+            ASSERT_EQ(told.source, row.source);
+            if (row.source == Keyboard) {
+                EXPECT_EQ(static_cast<const KeyMessage&>(told).keyCode, KeyLeft);
+            }
+            if (row.source == Mouse) {
+                EXPECT_EQ(static_cast<const MouseMessage&>(told).y, 599);
+            }
         }
     };
     EXPECT_TRUE(game.application.run(kScene)) << "closing must not destroy the window by itself";
 }
 
-TEST(WindowProcedure, PassesTheKeyAndThePosition) {
-    RunningGame game;
-    game.scene.onRun = [&] {
-        SendMessageA(game.application.window(), WM_KEYDOWN, VK_LEFT, 0);
-        SendMessageA(game.application.window(), WM_LBUTTONDOWN, 0, 599 << 16 | 799);
-        game.scene.processMessages();
-    };
-    game.application.run(kScene);
-    const auto& messages = game.scene.messages;
-    ASSERT_GE(messages.size(), 2U);
-    EXPECT_EQ(static_cast<const KeyMessage&>(*messages[messages.size() - 2]).keyCode, KeyLeft);
-    const auto& mouse = static_cast<const MouseMessage&>(*messages.back());
-    EXPECT_EQ(mouse.x, 799);
-    EXPECT_EQ(mouse.y, 599);
-}
-
-TEST(GameWindow, IsCentredByItsPictureAndFramedOutsideIt) {
+TEST(GameWindow, IsCentredByItsPictureAndFramedOutsideItOrFillsTheScreen) {
     const platform::testing::DesktopSize desktop(1600, 1200);
     const int frame = GetSystemMetrics(SM_CYEDGE) + GetSystemMetrics(SM_CXBORDER);
-    const WindowPlacement place = placementFor({nullptr, nullptr, "Grubaway", 800, 600, true});
-    EXPECT_EQ(place.extendedStyle, 0U);
-    EXPECT_EQ(place.style, 0x00CA0000U);
-    EXPECT_EQ(place.x, 400);
-    EXPECT_EQ(place.y, 300);
-    EXPECT_EQ(place.width, 800 + 2 * frame);
-    EXPECT_EQ(place.height, 600 + GetSystemMetrics(SM_CYCAPTION) + 2 * frame);
-}
-
-TEST(GameWindow, FillsItsPictureOnTheFullScreen) {
-    const WindowPlacement place = placementFor({nullptr, nullptr, "Grubaway", 800, 600, false});
-    EXPECT_EQ(place.extendedStyle, WS_EX_TOPMOST);
-    EXPECT_EQ(place.style, 0x80880000U);
-    EXPECT_EQ(place.x, 0);
-    EXPECT_EQ(place.y, 0);
-    EXPECT_EQ(place.width, 800);
-    EXPECT_EQ(place.height, 600);
-}
-
-TEST(GameWindow, HasRoomForThePictureInsideItsFrame) {
-    const platform::testing::DesktopSize desktop(1600, 1200);
-    const RunningGame game;
-    const auto size = platform::testing::windowSize(game.application.window());
-    ASSERT_TRUE(size);
-    EXPECT_EQ(size->x, 800);
-    EXPECT_EQ(size->y, 600);
+    const int caption = GetSystemMetrics(SM_CYCAPTION);
+    struct Row {
+        bool windowed;
+        WindowPlacement place;
+    };
+    const Row rows[] = {
+        {true, {0, 0x00CA0000, 400, 300, 800 + 2 * frame, 600 + caption + 2 * frame}},
+        {false, {WS_EX_TOPMOST, 0x80880000, 0, 0, 800, 600}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.windowed);
+        const WindowPlacement place = placementFor({nullptr, nullptr, "Grubaway", 800, 600, row.windowed});
+        EXPECT_EQ(place.extendedStyle, row.place.extendedStyle);
+        EXPECT_EQ(place.style, row.place.style);
+        EXPECT_EQ(place.x, row.place.x);
+        EXPECT_EQ(place.y, row.place.y);
+        EXPECT_EQ(place.width, row.place.width);
+        EXPECT_EQ(place.height, row.place.height);
+    }
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
 #include <vector>
 
 #include "scratch_directory.h"
@@ -9,99 +11,101 @@
 namespace grub {
 namespace {
 
-OwnOptions read(std::vector<const char*> arguments, const char* program = "grubaway") {
-    arguments.insert(arguments.begin(), program);
-    return readOwnOptions(static_cast<int>(arguments.size()), arguments.data());
-}
+/// What the program says to these arguments, on either stream, and what it takes from them. "DATA" stands for a
+/// directory of packages, "EMPTY" for one without, "LEVEL" for a level file that exists.
+class Read {
+public:
+    explicit Read(const std::vector<std::string>& arguments) {
+        for (const char* package : {"data64.pak", "levels.pak", "sound.pak", "make_m64.pak", "make_z64.pak"})
+            directory_.write(std::string("Foo/") + package, {});
+        directory_.write("Foo/F.lvl", {});
+        std::vector<std::string> words{"/home/Fred/grubaway"};
+        for (const std::string& argument : arguments) words.push_back(replaced(argument));
+        std::vector<const char*> pointers;
+        for (const std::string& word : words) pointers.push_back(word.c_str());
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        options = readOwnOptions(static_cast<int>(pointers.size()), pointers.data());
+        said = testing::internal::GetCapturedStdout();
+        complaint = testing::internal::GetCapturedStderr();
+    }
+    OwnOptions options;
+    std::string said, complaint;
 
-TEST(OwnOptions, WhatIsNotOursIsTheGamesCommandLine) {
-    const ScratchDirectory directory;
-    directory.write("Foo/F.lvl", {});
-    const std::string data = directory.file("Foo");
-    const std::string dataOption = "--data=" + data;
-    const std::string level = directory.file("Foo/F.lvl");
+private:
+    [[nodiscard]] std::string replaced(const std::string& argument) const {
+        if (argument == "DATA") return directory_.file("Foo");
+        if (argument == "EMPTY") return directory_.file("");
+        return argument == "LEVEL" ? directory_.file("Foo/F.lvl") : argument;
+    }
+    ScratchDirectory directory_;
+};
+
+TEST(OwnOptions, TheGameReadsOnlyTheWishForTheFullScreen) {
     struct Row {
-        std::vector<const char*> arguments;
+        std::vector<std::string> arguments;
         const char* commandLine;
     };
     const Row rows[] = {
         {{}, ""},
         {{"F"}, "F"},
-        {{"-F"}, "-F"},
-        {{"one", "two"}, "one two"},
-        {{"--data", data.c_str(), "full"}, "full"},
-        {{"-w", dataOption.c_str()}, "-w"},
-        {{"--level", level.c_str(), "--script", "F.txt"}, ""},
+        {{"-F", "WOLF"}, "-F WOLF"},
+        {{"--full-screen"}, "F"},
+        {{"--data", "DATA", "FULL"}, "FULL"},
+        {{"--level", "LEVEL", "--script", "F.txt"}, ""},
     };
     for (const Row& row : rows) {
-        const OwnOptions options = read(row.arguments, "/home/Fred/grub");
-        EXPECT_EQ(options.exitCode, std::nullopt);
-        EXPECT_EQ(options.commandLine, row.commandLine);
+        const Read read(row.arguments);
+        EXPECT_EQ(read.options.exitCode, std::nullopt) << read.complaint;
+        EXPECT_EQ(read.options.commandLine, row.commandLine);
     }
 }
 
-TEST(OwnOptions, ALevelIsANumberOfTheListOrAFile) {
-    const ScratchDirectory directory;
-    directory.write("mine.lvl", {});
-    const std::string file = directory.file("mine.lvl");
-    EXPECT_EQ(read({}).start.levelIndex, 0);
-    EXPECT_EQ(read({"--level", "1"}).start.levelIndex, 0);
-    EXPECT_EQ(read({"--level=50"}).start.levelIndex, 49);
-    EXPECT_EQ(read({"--level", file.c_str()}).start.level, file);
-}
-
-TEST(OwnOptions, OnlyAScriptPlaysTheSameGameEachTime) {
-    EXPECT_FALSE(read({}).start.seed);
-    const OwnOptions scripted = read({"--script", "play.txt"});
-    EXPECT_EQ(scripted.scriptFile, "play.txt");
-    EXPECT_TRUE(scripted.start.seed);
-}
-
-TEST(OwnOptions, AGameIsReplayedOrRecorded) {
-    const OwnOptions replay = read({"--replay", "a.game", "--at", "250"});
+TEST(OwnOptions, SayWhereToStartAndWhatToPlay) {
+    EXPECT_EQ(Read({}).options.start.levelIndex, 0);
+    EXPECT_EQ(Read({"--level=50"}).options.start.levelIndex, 49);
+    EXPECT_TRUE(Read({"--level", "LEVEL"}).options.start.level.ends_with("Foo/F.lvl"));
+    EXPECT_TRUE(Read({"--data", "DATA"}).options.dataDirectory.ends_with("/Foo"));
+    EXPECT_EQ(Read({"--record", "b.game"}).options.recordFile, "b.game");
+    const OwnOptions replay = Read({"--replay", "a.game", "--at", "250"}).options;
     EXPECT_EQ(replay.replayFile, "a.game");
     EXPECT_EQ(replay.showFrom, 250);
-    EXPECT_EQ(read({"--record", "b.game"}).recordFile, "b.game");
+    EXPECT_FALSE(replay.start.seed);
+    const OwnOptions scripted = Read({"--script", "play.txt"}).options;
+    EXPECT_EQ(scripted.scriptFile, "play.txt");
+    EXPECT_TRUE(scripted.start.seed) << "a script plays the same game each time";
 }
 
-TEST(OwnOptions, HelpAndVersionEndTheProgramWell) {
-    struct Row {
-        const char* argument;
-        const char* said;
-    };
-    for (const Row& row : {Row{"--help", "--data DIR"}, Row{"--version", "grubaway "}}) {
-        testing::internal::CaptureStdout();
-        const OwnOptions options = read({row.argument});
-        EXPECT_NE(testing::internal::GetCapturedStdout().find(row.said), std::string::npos) << row.argument;
-        EXPECT_EQ(options.exitCode, 0);
-    }
-}
-
-TEST(OwnOptions, WrongUsageEndsTheProgramWithOneReason) {
+TEST(OwnOptions, HelpAndWrongUsageEndTheProgramWithOneReason) {
     struct Row {
         const char* what;
-        std::vector<const char*> arguments;
+        std::vector<std::string> arguments;
+        int exitCode;
         const char* reason;
     };
     const Row rows[] = {
-        {"level 0", {"--level", "0"}, "'0' is neither"},
-        {"level 51", {"--level", "51"}, "'51' is neither"},
-        {"half a number", {"--level", "7x"}, "'7x' is neither"},
-        {"a huge number", {"--level", "99999999999999999999"}, "is neither"},
-        {"a level file that is not there", {"--level", "nowhere.lvl"}, "'nowhere.lvl' is neither"},
-        {"no directory", {"--data", "/nowhere/at/all"}, "/nowhere/at/all"},
-        {"an option without its value", {"--script"}, "--script"},
-        {"a frame of no game", {"--at", "5"}, "--at"},
-        {"a frame before the first", {"--replay", "a.game", "--at", "-5"}, "--at"},
-        {"two games at once", {"--replay", "a.game", "--record", "b.game"}, "--record"},
+        {"help", {"--help"}, 0, "--full-screen"},
+        {"version", {"--version"}, 0, "grubaway "},
+        {"level 0", {"--level", "0"}, 2, "'0' is neither"},
+        {"level 51", {"--level", "51"}, 2, "'51' is neither"},
+        {"half a number", {"--level", "7x"}, 2, "'7x' is neither"},
+        {"a level file that is not there", {"--level", "nowhere.lvl"}, 2, "'nowhere.lvl' is neither"},
+        {"no directory", {"--data", "/nowhere/at/all"}, 2, "'/nowhere/at/all' holds no data64.pak"},
+        {"a directory without packages", {"--data", "EMPTY"}, 2, "holds no data64.pak"},
+        {"an option without its value", {"--script"}, 2, "--script"},
+        {"a frame of no game", {"--at", "5"}, 2, "--at"},
+        {"a frame before the first", {"--replay", "a.game", "--at", "-5"}, 2, "--at"},
+        {"two games at once", {"--replay", "a.game", "--record", "b.game"}, 2, "--record"},
+        {"words that mean nothing", {"one", "F", "-w"}, 2, "unknown: 'one' '-w'; "},
+        {"a misspelt option", {"--FOO"}, 2, "'--FOO'"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
-        testing::internal::CaptureStderr();
-        const OwnOptions options = read(row.arguments);
-        const std::string said = testing::internal::GetCapturedStderr();
-        EXPECT_EQ(options.exitCode, 2);
-        EXPECT_NE(said.find(row.reason), std::string::npos) << said;
+        const Read read(row.arguments);
+        EXPECT_EQ(read.options.exitCode, row.exitCode);
+        const std::string& told = row.exitCode == 0 ? read.said : read.complaint;
+        EXPECT_NE(told.find(row.reason), std::string::npos) << told;
+        EXPECT_TRUE(row.exitCode == 0 || std::ranges::count(told, '\n') == 1) << told;
     }
 }
 

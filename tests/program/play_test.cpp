@@ -103,10 +103,11 @@ TEST(Play, AClosedWindowAndEscapeEndTheProgramWell) {
 }
 
 TEST(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
-    const Play noLevel(at(5, "shot a.png"), "--level 3");  // the package does not hold it
-    EXPECT_EQ(noLevel.exitCode, 0);
-    const Bytes log = noLevel.file("nimbo.log");
-    EXPECT_TRUE(std::string(log.begin(), log.end()).starts_with("levels\\turma\\level05.lvl")) << "one line in the log";
+    const Play noLevel(at(5, "shot a.png"), "--level 3");
+    EXPECT_EQ(noLevel.exitCode, 2);
+    EXPECT_TRUE(noLevel.errors().starts_with("grubaway: levels.pak does not hold levels\\turma\\level05.lvl; "))
+        << noLevel.errors();
+    EXPECT_EQ(std::ranges::count(noLevel.errors(), '\n'), 1) << noLevel.errors();
     const Play wrong("5 dance\n");
     EXPECT_EQ(wrong.exitCode, 1);
     EXPECT_EQ(std::ranges::count(wrong.errors(), '\n'), 1) << wrong.errors();

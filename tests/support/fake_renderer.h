@@ -38,7 +38,7 @@ private:
 };
 
 /// A renderer that draws nothing and records everything. While it lives it is the program's renderer.
-class FakeRenderer final : public Renderer {
+class FakeRenderer : public Renderer {
 public:
     struct Drawn {
         std::int16_t x;
@@ -61,7 +61,10 @@ public:
     [[nodiscard]] Texture* createTexture(std::uint16_t width, std::uint16_t height) override {
         return ready ? new FakeTexture(*this, width, height) : nullptr;
     }
-    bool beginFrame() override { return onBeginFrame ? onBeginFrame(), true : true; }
+    bool beginFrame() override {
+        if (onBeginFrame) onBeginFrame();
+        return ready;
+    }
     bool endFrame() override { return onEndFrame ? onEndFrame(), true : true; }
     bool clearRect(std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, Colour) override { return true; }
     bool clear(Colour) override { return true; }
@@ -74,7 +77,7 @@ public:
         return true;
     }
 
-    bool ready = true;                   ///< false: no texture is made
+    bool ready = true;                   ///< false: no texture is made and no frame begins
     int uploadsLeft = 1000000;           ///< the uploads after these fail
     std::vector<FakeTexture*> textures;  ///< that exist, oldest first
     std::vector<Drawn> drawn;            ///< everything drawn so far

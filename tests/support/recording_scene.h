@@ -10,41 +10,40 @@
 
 namespace grub {
 
-/// What the game thread did to scenes, in order: "shell enter", "shell run", ...
-using SceneLog = std::vector<std::string>;
-
 /// A scene that writes down what happens to it and does what a test hangs into it. `run` returns when `onRun` does.
 class RecordingScene : public Scene {
 public:
-    /// The name leads each line in the log, which may be null.
-    explicit RecordingScene(std::string name = "scene", SceneLog* log = nullptr) : name_(std::move(name)), log_(log) {}
+    /// A visit adds "name(run) " to `log`, which may be null: the name when the scene is entered, ")" when it is left.
+    explicit RecordingScene(std::string name = "scene", std::string* log = nullptr)
+        : name_(std::move(name)), log_(log) {}
 
     void handleMessage(const SharedRef<SceneMessage>& message) override {
         messages.push_back(message);
         if (onMessage) onMessage();
     }
-    bool enter() override { return write(" enter", onEnter), true; }
-    void run() override { write(" run", onRun); }
-    void leave() override { write(" leave", onLeave); }
+    bool enter() override { return write(name_ + "(", onEnter), true; }
+    void run() override { write("run", onRun); }
+    void leave() override { write(") ", onLeave); }
 
     using Scene::isRunning;
     using Scene::waitForMessages;
     /// The default frame loop of every scene.
     void runDefaultLoop() { Scene::run(); }
 
-    /// What was handled, in order; what a test wants to happen in `enter`, `run`, `leave` and after each message.
+    /// What was handled, in order.
     std::vector<SharedRef<SceneMessage>> messages;
+    /// What a test wants to happen in `enter`, `run`, `leave` and after each message.
     std::function<void()> onEnter, onRun, onLeave, onMessage;
 
 private:
-    void write(const char* what, const std::function<void()>& then) {
-        if (log_) log_->push_back(name_ + what);
+    void write(const std::string& what, const std::function<void()>& then) {
+        if (log_) *log_ += what;
         const auto action = then;  // NOLINT(performance-unnecessary-copy-initialization): it may replace itself
         if (action) action();
     }
 
     std::string name_;
-    SceneLog* log_;
+    std::string* log_;
 };
 
 /// An application without window and threads: the scenes run on the thread that calls `run`.
