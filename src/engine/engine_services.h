@@ -32,11 +32,13 @@ class EngineServices {
 public:
     EngineServices() = delete;
 
+    /// Null while the slot is empty.
     [[nodiscard]] static Renderer* renderer();
     [[nodiscard]] static MouseService* mouse();
     [[nodiscard]] static KeyboardService* keyboard();
     [[nodiscard]] static AudioDevice* soundDevice();
 
+    /// Puts a service into its slot.
     static void installRenderer(Renderer* renderer);
     static void installMouse(std::unique_ptr<MouseService> service);
     static void installKeyboard(std::unique_ptr<KeyboardService> service);

@@ -33,6 +33,7 @@ enum class SoundId : std::uint8_t {
     Skull = 24
 };
 
+/// Number of sound effects, which the sound bank loads from 0 on.
 inline constexpr int kSoundCount = 25;
 
 }  // namespace grub
