@@ -110,6 +110,7 @@ TEST(Hero, LeavesTakenKeysToTheNextAttemptButNotTheOneUnderHisFeet) {
     EXPECT_EQ(again.drawn(), (Drawing{"@ . k", "# # #"}));
     EXPECT_EQ(again.world().keysRemaining(), 1);
     EXPECT_EQ(again.world().score(), 50);
+    EXPECT_EQ(again.world().collectedKeys().size(), 1U) << "a third attempt must know it too";
 
     LevelMap map = mapFrom({"@ .", "# #"});
     map.addKey(0, 0, 0);
