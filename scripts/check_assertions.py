@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Fails when a test cannot fail: every TEST body must hold an assertion, or call a helper of its file that holds one."""
+"""Fails when a test cannot fail: every TEST body must hold an assertion, or call a helper of its folder that holds one."""
 import pathlib
 import re
 import sys
@@ -26,8 +26,9 @@ def main() -> int:
         text = path.read_text()
         checking = {
             match.group(1)
-            for match in FUNCTION.finditer(text)
-            if match.group(1) not in ("TEST", "TEST_F", "TEST_P") and ASSERTION.search(body_at(text, match.start()))
+            for source in (file.read_text() for file in path.parent.glob("*.cpp"))
+            for match in FUNCTION.finditer(source)
+            if match.group(1) not in ("TEST", "TEST_F", "TEST_P") and ASSERTION.search(body_at(source, match.start()))
         }
         for match in TEST.finditer(text):
             body = body_at(text, match.end())

@@ -111,7 +111,7 @@ TEST(GamePlayer, FindsTheFirstDifference) {
 }
 
 TEST(FieldMarks, TellWhatMovesAndWhatHasGone) {
-    // The dog falls into the hole that Grub has dug; the key is the second but last thing to be drawn over.
+    // The dog falls into the hole that Grub has dug.
     auto world = worldFrom({"@ . . d k E h +", "= = = = = = = ="});
     world.script("1 down X, 2 up X").runTo(62);
     const std::vector<FieldMark> marks = marksOf(world.world());

@@ -28,7 +28,8 @@ TEST(Hero, Walks) {
          "4: x=64; 5: x=56"},
         {"a release takes back its own key only", "@ . ./# # #", "1 down Right, 3 down Up, 4 down Right, 5 up Up",
          "20: x=128"},
-        {"even that of the other direction", "@ . ./# # #", "1 down Left, 2 down Right, 8 up Left", "20: x=128"},
+        {"the release of the other direction changes nothing", "@ . ./# # #", "1 down Left, 2 down Right, 8 up Left",
+         "20: x=128"},
         {"reaches the last column", "# @ ./# # .", "1 down Right", "40: x=128 shows=334:0"},
         {"is heard once for each round of the strip", "@ . ./# # #", "1 down Right", "15: steps=5,9,13"},
     });

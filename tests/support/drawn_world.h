@@ -62,13 +62,13 @@ inline constexpr int kDrawnFrames = 4;
 [[nodiscard]] DrawnWorld worldFrom(const Drawing& drawing, const WorldStart& start = {},
                                    const AnimationFrameCounts& counts = AnimationFrameCounts::all(kDrawnFrames));
 
-/// The cells of a map, without anybody.
+/// The cells of a map, without actors.
 [[nodiscard]] Drawing drawnMap(const LevelMap& map);
 
 /// A field to put single actors on, without a hero and with every distance unknown.
 [[nodiscard]] Attempt attemptOn(const Drawing& drawing, std::uint32_t seed = 1);
 
-/// The smallest seed whose sequence `fits`, which is given a generator at its start.
+/// The smallest seed for which `fits` returns true; it gets a generator at its start.
 template <class Predicate>
 [[nodiscard]] std::uint32_t seedWhere(Predicate fits) {
     std::uint32_t seed = 0;
@@ -76,9 +76,8 @@ template <class Predicate>
     return seed;
 }
 
-/// The frame in which the first random bonus appears.
-inline constexpr int kFirstBonus = 249;
-/// The second level of a game, with a seed that puts this bonus into this cell, unless somebody draws before.
+/// The second level of a game, with a seed that puts this bonus into this cell in frame 249, the first of a bonus,
+/// unless an enemy draws before.
 [[nodiscard]] WorldStart startWithBonus(const Drawing& drawing, BonusKind kind, CellPosition place);
 
 }  // namespace grub
