@@ -17,8 +17,7 @@ struct SoakLevel {
 /// All levels of this build's package. Aborts when the package has none.
 [[nodiscard]] std::vector<SoakLevel> packagedLevels();
 
-/// A map drawn by chance, the same for the same number: storeys, holes, ladders, pipes, walls, keys, enemies and spawn
-/// points in any mixture.
+/// A level of any size that is drawn by chance, the same for the same number. See drawingByChance.
 [[nodiscard]] SoakLevel levelByChance(int number);
 
 }  // namespace grub
