@@ -71,7 +71,7 @@ struct World {
 };
 
 const World kWorlds[] = {
-    {"prison",
+    {"turma",
      {"steny\\modul", "steny\\modul01", "steny\\modul02", "steny\\modul03", "steny\\modul2", "steny\\modul9"},
      1,
      {"steny\\modul_pol_11a", "poly\\modul_pol"},
@@ -83,7 +83,7 @@ const World kWorlds[] = {
      {"poly\\lom1", "poly\\lom2", "poly\\lom3", "poly\\lom4"},
      {"poly\\vosstfull", "poly\\vossthalf"},
      {"dveri\\door_a", "dveri\\door_b", "dveri\\door_c", "dveri\\door_d"}},
-    {"iron works",
+    {"jelezo",
      {"sten_jel\\fon_jel", "fon\\modul3", "fon\\modul4", "fon\\modul6", "fon\\modul7"},
      3,  // plates end there
      {"poly\\pol_jel", "jelezo\\pol_der"},
@@ -96,7 +96,7 @@ const World kWorlds[] = {
      {"jelezo\\animation_floor_iron_close01"},
      {"dveri\\animation_door_iron_01", "dveri\\animation_door_iron_02", "dveri\\animation_door_iron_03",
       "dveri\\animation_door_iron_04"}},
-    {"cellar",
+    {"podval",
      {"fon\\modul02", "fon\\modul2", "fon\\modul03", "fon\\modul8", "fon\\modul9"},
      1,
      {"poly\\tr_pol1", "poly\\tr_pol2"},

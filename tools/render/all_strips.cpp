@@ -8,10 +8,11 @@ const std::vector<StripDrawing>& allStrips() {
     static const std::vector<StripDrawing> strips = [] {
         std::vector<StripDrawing> all;
         for (const std::span<const StripDrawing> group :
-             {heroStrips(),      shieldStrips(),   thingStrips(),      dogStrips(),   ladyStrips(),  ratStrips(),  //
-              turmaWallStrips(), ironWallStrips(), cellarWallStrips(), floorStrips(), solidStrips(),               //
-              climbingStrips(),  doorStrips(),     wallPipeStrips(),   wireStrips(),  lightStrips(),               //
-              decorStrips(),     worksStrips(),    cellarStrips(),     digitStrips()}) {
+             {heroStrips(),       shieldStrips(),      thingStrips(),       dogStrips(),   ladyStrips(),
+              ratStrips(),                                                                                 //
+              turmaWallStrips(),  jelezoWallStrips(),  podvalWallStrips(),  floorStrips(), solidStrips(),  //
+              climbingStrips(),   doorStrips(),        wallPipeStrips(),    wireStrips(),  lightStrips(),  //
+              turmaDecorStrips(), jelezoDecorStrips(), podvalDecorStrips(), digitStrips()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

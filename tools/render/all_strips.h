@@ -31,8 +31,8 @@ std::span<const StripDrawing> thingStrips();
 
 /// The walls behind the play, by world. The variants of one world join without seams in any mixture.
 std::span<const StripDrawing> turmaWallStrips();
-std::span<const StripDrawing> ironWallStrips();
-std::span<const StripDrawing> cellarWallStrips();
+std::span<const StripDrawing> jelezoWallStrips();
+std::span<const StripDrawing> podvalWallStrips();
 
 /// The floors of all worlds, how they break and how they grow again.
 std::span<const StripDrawing> floorStrips();
@@ -53,10 +53,10 @@ std::span<const StripDrawing> wireStrips();
 /// Torches, lamps, the light that they throw on the wall, and the shadow below floors.
 std::span<const StripDrawing> lightStrips();
 
-/// What stands and hangs about in the prison, in the iron works and in the cellar; it changes no rule.
-std::span<const StripDrawing> decorStrips();
-std::span<const StripDrawing> worksStrips();
-std::span<const StripDrawing> cellarStrips();
+/// What stands and hangs about in each world; it changes no rule.
+std::span<const StripDrawing> turmaDecorStrips();
+std::span<const StripDrawing> jelezoDecorStrips();
+std::span<const StripDrawing> podvalDecorStrips();
 
 /// The digits 0 to 9 of score and panel, one a frame.
 std::span<const StripDrawing> digitStrips();

@@ -83,7 +83,7 @@ void drawLadderRisen(Canvas& canvas, FrameOf) {
 constexpr double kAxis = 10;
 constexpr double kPipeRadius = 4.8;
 
-/// Copper in the prison and the cellar, steel in the iron works.
+/// Copper in turma and podval, steel in jelezo.
 template <const WorldPalette& World>
 Material pipeMetal() {
     Material pipe = material(World.pipe);

@@ -161,7 +161,7 @@ void drawDoor(Canvas& canvas, const DoorKind& kind, double open) {
     drawSignal(canvas, open > 0);
 }
 
-/// Arched and square doors of wood and of bars for each world; the iron works have plates instead of wood.
+/// Arched and square doors of wood and of bars for each world; jelezo has plates instead of wood.
 const DoorKind& doorKind(std::size_t index) {
     constexpr auto steel = glossy(material(0x6d8792, 0x2d4252, 0xb8ced6), 0.5F);
     constexpr auto brass = glossy(material(0x8a6f4a, 0x40303a, 0xd8b070), 0.7F);

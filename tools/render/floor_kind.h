@@ -27,10 +27,10 @@ struct FloorKind {
     void (*drawStone)(Canvas& canvas, std::size_t index, Storey storey);
 };
 
-/// The floors of the three worlds: bricks under stone slabs, riveted plates under a flange, field stones under grass.
-extern const FloorKind kBrickFloor;
-extern const FloorKind kIronFloor;
-extern const FloorKind kCellarFloor;
+/// Bricks under stone slabs, riveted plates under a flange, field stones under grass.
+extern const FloorKind kTurmaFloor;
+extern const FloorKind kJelezoFloor;
+extern const FloorKind kPodvalFloor;
 
 /// The row at which every floor's cap begins.
 inline constexpr double kCapTop = 0.9;

@@ -46,7 +46,7 @@ void drawFlame(Canvas& canvas, double bend, double height) {
                 rgb(0xfff2a8), {.alpha = 0.95F});
 }
 
-/// A torch of the prison: an iron basket on an arm.
+/// A torch of turma: an iron basket on an arm.
 void drawTorch(Canvas& canvas, FrameOf frame) {
     const double phase = frame.phase();
     canvas.halo({32, 26}, 30, kTurma.glow, 0.5F + 0.04F * static_cast<float>(wave(2 * phase)));

@@ -6,8 +6,8 @@
 
 namespace grub {
 
-/// The colours of one world. Brightness climbs from backdrop over floor, solid, ladder and pipe to the caps that are
-/// walked on.
+/// The colours of one world; everything here that belongs to a world bears its name. Brightness climbs from backdrop
+/// over floor, solid, ladder and pipe to the caps that are walked on.
 struct WorldPalette {
     std::array<Rgb, 3> backdrop;
     Rgb backdropMortar;
@@ -22,7 +22,7 @@ struct WorldPalette {
     Rgb glow;
 };
 
-/// The stone prison.
+/// Turma, the stone prison.
 inline constexpr WorldPalette kTurma{{rgb(0x323b61), rgb(0x2d365a), rgb(0x374068)},
                                      rgb(0x20274a),
                                      {rgb(0xb0735c), rgb(0xa0654f), rgb(0xbd8064)},
@@ -35,7 +35,7 @@ inline constexpr WorldPalette kTurma{{rgb(0x323b61), rgb(0x2d365a), rgb(0x374068
                                      rgb(0x7fd0c0),
                                      rgb(0xffb45a)};
 
-/// The iron works.
+/// Jelezo, the iron works.
 inline constexpr WorldPalette kJelezo{{rgb(0x24444e), rgb(0x1f3a45), rgb(0x2a4d57)},
                                       rgb(0x10222c),
                                       {rgb(0xa85f4a), rgb(0x985340), rgb(0xb56d52)},
@@ -48,7 +48,7 @@ inline constexpr WorldPalette kJelezo{{rgb(0x24444e), rgb(0x1f3a45), rgb(0x2a4d5
                                       rgb(0xff8d4a),
                                       rgb(0xff8a3c)};
 
-/// The cellar.
+/// Podval, the cellar.
 inline constexpr WorldPalette kPodval{{rgb(0x34362f), rgb(0x2f312a), rgb(0x3a3a31)},
                                       rgb(0x1c1d1c),
                                       {rgb(0x8f7450), rgb(0x826845), rgb(0x9c8159)},

@@ -10,7 +10,7 @@ namespace grub {
 
 namespace {
 
-// ---- the stone prison
+// ---- turma
 
 /// A dressed block with iron studs under a slab to walk on.
 void drawBlock(Canvas& canvas, FrameOf) {
@@ -76,7 +76,7 @@ void drawBoulder(Canvas& canvas, FrameOf) {
     drawCrack(canvas, {{40, 8}, {36, 18}, {42, 26}, {38, 36}}, 0.7F);
 }
 
-// ---- the iron works
+// ---- jelezo
 
 /// A riveted plate between rows `top` and 63.
 void drawPlate(Canvas& canvas, double top) {
@@ -122,12 +122,12 @@ void drawIronWall(Canvas& canvas, FrameOf) {
     canvas.shadeRows(0, 64, 0.88F, 0.78F);
 }
 
-// ---- the cellar
+// ---- podval
 
-void drawCellarWall(Canvas& canvas, FrameOf) { drawRubble(canvas, kPodval, 0.88F); }
+void drawPodvalWall(Canvas& canvas, FrameOf) { drawRubble(canvas, kPodval, 0.88F); }
 
 /// Rough stones under two flagstones, moss in their joint.
-void drawCellarBlock(Canvas& canvas, FrameOf) {
+void drawPodvalBlock(Canvas& canvas, FrameOf) {
     drawRubble(canvas, kPodval, 1);
     canvas.shadeRows(8, 64, 1.02F, 0.8F);
     canvas.flat(rectangle(-40, 11, 144, 4), rgb(0x12140e), {.alpha = 0.42F});
@@ -145,8 +145,8 @@ void drawCellarBlock(Canvas& canvas, FrameOf) {
 }
 
 /// The same with a hole for rats, barred.
-void drawCellarGrate(Canvas& canvas, FrameOf frame) {
-    drawCellarBlock(canvas, frame);
+void drawPodvalGrate(Canvas& canvas, FrameOf frame) {
+    drawPodvalBlock(canvas, frame);
     const VectorPath mouth =
         loop({{16, 54}, {16, 36}, {22, 28}, {32, 28}, {42, 28}, {48, 36}, {48, 54}, {48, 57}, {16, 57}, {16, 54}});
     canvas.part(mouth, stony(rgb(0x171814), 0, 0), {.bevel = 2, .line = 1.4});
@@ -163,9 +163,9 @@ constexpr std::array kStrips{
     StripDrawing{"poly\\kam_proz", 64, 64, 1, Ground::Clear, drawBoulder},
     StripDrawing{"poly\\kam_jel", 64, 64, 1, Ground::Joined, drawIronBlock},
     StripDrawing{"poly\\kam_jel2", 64, 64, 1, Ground::Joined, drawIronWall},
-    StripDrawing{"fon\\kam1", 64, 64, 1, Ground::Joined, drawCellarBlock},
-    StripDrawing{"fon\\kam2", 64, 64, 1, Ground::Joined, drawCellarWall},
-    StripDrawing{"fon\\kam3", 64, 64, 1, Ground::Joined, drawCellarGrate},
+    StripDrawing{"fon\\kam1", 64, 64, 1, Ground::Joined, drawPodvalBlock},
+    StripDrawing{"fon\\kam2", 64, 64, 1, Ground::Joined, drawPodvalWall},
+    StripDrawing{"fon\\kam3", 64, 64, 1, Ground::Joined, drawPodvalGrate},
 };
 
 }  // namespace

@@ -139,7 +139,7 @@ constexpr std::array kStrips{
     StripDrawing{"trubi\\ugol2", 64, 64, 1, kJoined, drawWallPipe<kTurma, kLeft | kDown>},
     StripDrawing{"trubi\\kran1", 64, 64, 1, kJoined, drawWallPipe<kTurma, kAcross, Fitting::Tap>},
     StripDrawing{"trubi\\kran2", 64, 64, 1, kJoined, drawWallPipe<kTurma, kUp, Fitting::Tap>},
-    // the iron works
+    // jelezo
     StripDrawing{"trubproz\\trub4", 64, 64, 1, kJoined, drawWallPipe<kJelezo, kAcross>},
     StripDrawing{"trubproz\\trub5", 64, 64, 1, kJoined, drawWallPipe<kJelezo, kUpright>},
     StripDrawing{"trubproz\\trub6", 64, 64, 1, kJoined, drawWallPipe<kJelezo, kAcross, Fitting::Collar>},
@@ -163,7 +163,7 @@ constexpr std::array kStrips{
     StripDrawing{"trubproz\\ventil2", 64, 64, 1, kJoined, drawWallPipe<kJelezo, kAcross, Fitting::Gauge>},
     StripDrawing{"sten_jel\\trub_cep", 64, 64, 1, kJoined, drawWallPipe<kJelezo, kAcross, Fitting::Chain>},
     StripDrawing{"jelezo\\trub_jel", 64, 64, 1, kJoined, drawWallPipe<kJelezo, kUpright, Fitting::Gauge>},
-    // the cellar
+    // podval
     StripDrawing{"fon\\pipe1", 64, 64, 1, kJoined, drawWallPipe<kPodval, kAcross>},
     StripDrawing{"fon\\pipe2", 64, 64, 1, kJoined, drawWallPipe<kPodval, kUpright>},
     StripDrawing{"fon\\pipe3", 64, 64, 1, kJoined, drawWallPipe<kPodval, kRight | kDown>},

@@ -128,6 +128,6 @@ constexpr std::array kStrips{
 
 }  // namespace
 
-std::span<const StripDrawing> cellarWallStrips() { return kStrips; }
+std::span<const StripDrawing> podvalWallStrips() { return kStrips; }
 
 }  // namespace grub

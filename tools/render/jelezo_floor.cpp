@@ -89,6 +89,6 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
 
 }  // namespace
 
-const FloorKind kIronFloor{kJelezo, drawFace, drawCap, kPieces, drawPiece};
+const FloorKind kJelezoFloor{kJelezo, drawFace, drawCap, kPieces, drawPiece};
 
 }  // namespace grub

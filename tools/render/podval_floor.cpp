@@ -97,6 +97,6 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
 
 }  // namespace
 
-const FloorKind kCellarFloor{kPodval, drawFace, drawCap, kPieces, drawPiece};
+const FloorKind kPodvalFloor{kPodval, drawFace, drawCap, kPieces, drawPiece};
 
 }  // namespace grub

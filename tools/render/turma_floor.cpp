@@ -83,6 +83,6 @@ void drawFloorStone(Canvas& canvas, std::size_t index, Storey storey) {
 
 }  // namespace
 
-const FloorKind kBrickFloor{kTurma, drawFace, drawCap, kStones, drawFloorStone};
+const FloorKind kTurmaFloor{kTurma, drawFace, drawCap, kStones, drawFloorStone};
 
 }  // namespace grub

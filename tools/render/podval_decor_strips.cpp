@@ -200,6 +200,6 @@ constexpr std::array kStrips{
 
 }  // namespace
 
-std::span<const StripDrawing> cellarStrips() { return kStrips; }
+std::span<const StripDrawing> podvalDecorStrips() { return kStrips; }
 
 }  // namespace grub

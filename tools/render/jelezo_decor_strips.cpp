@@ -221,6 +221,6 @@ constexpr std::array kStrips{
 
 }  // namespace
 
-std::span<const StripDrawing> worksStrips() { return kStrips; }
+std::span<const StripDrawing> jelezoDecorStrips() { return kStrips; }
 
 }  // namespace grub

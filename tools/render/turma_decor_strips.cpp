@@ -227,6 +227,6 @@ constexpr std::array kStrips{
 
 }  // namespace
 
-std::span<const StripDrawing> decorStrips() { return kStrips; }
+std::span<const StripDrawing> turmaDecorStrips() { return kStrips; }
 
 }  // namespace grub

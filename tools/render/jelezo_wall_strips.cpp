@@ -130,6 +130,6 @@ constexpr std::array kStrips{
 
 }  // namespace
 
-std::span<const StripDrawing> ironWallStrips() { return kStrips; }
+std::span<const StripDrawing> jelezoWallStrips() { return kStrips; }
 
 }  // namespace grub
