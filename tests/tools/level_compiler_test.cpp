@@ -211,7 +211,9 @@ TEST(LevelText, BringsEveryLevelBack) {
             record.code = random() % 9 == 0 ? static_cast<std::uint16_t>(40 + random() % 3) : 0;
         }
         level.records[random() % level.records.size()].code = 8;
-        for (std::size_t i = 0; i < kFreeBytes; i += 1 + random() % 9) level.header[freeByteOffset(i)] = 0xa5;
+        level.records[0].base = 10;  // makes it a level of world t
+        for (std::size_t i = 0; i < 24; i += 1 + random() % 9)
+            if (i != 20) level.header[i] = 0xa5;  // 20 is the version
         const std::string text = showLevel(level, palette());
         EXPECT_EQ(writeLevelFile(dressed(text)), writeLevelFile(level)) << text;
     }

@@ -168,6 +168,8 @@ const VerifyRule kVerifyRules[] = {
                             "a.wav: the chunk \"data\" claims 12 bytes, the file has 10"},
     {"a data size too low", holding("a.wav", damaged(writeWav({.samples = Bytes(10)}), [](Bytes& w) { put(w, 40, 8, 4); })),
                             "a.wav: the WAV file ends with a piece of a chunk"},
+    {"a sound of floats",   holding("a.wav", damaged(writeWav({.samples = Bytes(10)}), [](Bytes& w) { put(w, 20, 3, 2); })),
+                            "a.wav: the WAV file has format 3, the game plays PCM (1)"},
     {"a sound by magic",    holding("a", bytesOf("OggS")), "a: the sound does not decode"},
     {"a table",             holding("a.ini", bytesOf("[1]\r\n; x\r\n\r\ntype=1\r\n")), ""},
     {"an unclosed section", holding("a.ini", bytesOf("x=1\n[1\n")), "a.ini: line 2 is neither"},

@@ -63,6 +63,7 @@ public:
     /// `given` has an entry for every parameter of the command; a flag has one value, of any text, when it is given.
     explicit Arguments(std::map<std::string, std::vector<std::string>> given) : given_(std::move(given)) {}
 
+    /// Whether the parameter was given.
     [[nodiscard]] bool has(const std::string& name) const { return !given_.at(name).empty(); }
     /// Empty when the parameter was not given.
     [[nodiscard]] std::string text(const std::string& name) const { return has(name) ? given_.at(name).back() : ""; }

@@ -124,7 +124,7 @@ private:
     void buildCell(int column, int row) {
         const Block& block = shaped(*family(column, row), column, row);
         valueIn(recordAt(level_, column, row), Slot::Base) = variant(block, column, row).id;
-        const bool liesBelow = row > 0 && isMasonry(typeAt(column, row - 1)) && !isMasonry(typeAt(column, row));
+        const bool liesBelow = isMasonry(typeAt(column, row - 1)) && !isMasonry(typeAt(column, row));
         const Block* shade = liesBelow ? palette_.find(source_.world, "shade") : nullptr;
         if (shade != nullptr) valueIn(recordAt(level_, column, row), Slot::Layer3) = shade->id;
     }

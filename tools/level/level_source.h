@@ -32,6 +32,7 @@ inline constexpr std::array<std::uint16_t CellRecord::*, kAllSlots.size()> kSlot
 
 [[nodiscard]] constexpr std::string_view wordOf(Slot slot) { return kSlotWords[static_cast<std::size_t>(slot)]; }
 
+/// The value of a slot, to read or to change.
 [[nodiscard]] inline std::uint16_t& valueIn(CellRecord& record, Slot slot) {
     return record.*kSlotMembers[static_cast<std::size_t>(slot)];
 }
@@ -73,6 +74,7 @@ struct FieldCharacter {
     std::uint16_t object;
 };
 
+/// The word that places an object code.
 struct ObjectName {
     std::string_view name;
     std::uint16_t code;

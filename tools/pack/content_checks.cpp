@@ -55,8 +55,11 @@ std::string pictureFault(std::span<const std::uint8_t> bytes) {
            " pixels, the game shows at most 4096 on a side";
 }
 
-/// One line about a chunk whose size does not fit the file; empty when all fit. The game plays such a file in part.
-std::string wavSizeFault(std::span<const std::uint8_t> bytes) {
+/// One line about a format other than PCM or about sizes that do not fit the file; empty when both are good. The game
+/// takes every format for PCM and plays a file of wrong sizes in part.
+std::string wavFault(std::span<const std::uint8_t> bytes) {
+    constexpr std::uint16_t kPcm = 1;
+    constexpr std::uint16_t kExtended = 0xFFFE;  // nearly always PCM
     ByteReader reader(bytes);
     reader.skip(12);  // "RIFF", size, "WAVE"
     while (reader.remaining() > 0) {
@@ -67,7 +70,10 @@ std::string wavSizeFault(std::span<const std::uint8_t> bytes) {
             return "the chunk \"" + id + "\" claims " + std::to_string(size) + " bytes, the file has " +
                    std::to_string(reader.remaining());
         }
-        reader.skip(std::min<std::size_t>(size + size % 2, reader.remaining()));  // chunks begin at even places
+        const std::uint16_t format = ByteReader(reader.take(size)).u16();
+        if (id == "fmt " && format != kPcm && format != kExtended)
+            return "the WAV file has format " + std::to_string(format) + ", the game plays PCM (1)";
+        reader.skip(std::min<std::size_t>(size % 2, reader.remaining()));  // chunks begin at even places
     }
     return {};
 }
@@ -87,7 +93,7 @@ std::string soundFault(std::span<const std::uint8_t> bytes) {
     }
     SharedBuffer piece = SharedBuffer::create(4096);
     if (decoder->read(piece) == 0) return "the sound does not decode";
-    return textOf(bytes).starts_with("RIFF") ? wavSizeFault(bytes) : std::string();
+    return textOf(bytes).starts_with("RIFF") ? wavFault(bytes) : std::string();
 }
 
 std::string iniFault(std::span<const std::uint8_t> bytes) {
