@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
+#include "control/testing.h"
 #include "d3d_renderer.h"
-#include "host.h"
-#include "testing.h"
+#include "desktop/video.h"
 
 // The rectangles of a busy frame: through renderer and device, straight through pixman, and as plain copies.
 namespace grub {
@@ -84,8 +84,7 @@ public:
         windowClass.lpfnWndProc = DefWindowProcA;
         windowClass.lpszClassName = "Bench";
         RegisterClassExA(&windowClass);
-        window_ =
-            CreateWindowExA(0, "Bench", "Bench", WS_CAPTION, 0, 0, kWidth, kHeight, nullptr, nullptr, nullptr, nullptr);
+        window_ = CreateWindowExA(0, "Bench", "Bench", 0, 0, 0, kWidth, kHeight, nullptr, nullptr, nullptr, nullptr);
         renderer_ = std::make_unique<D3DRenderer>(window_, kWidth, kHeight, false);
         if (!renderer_->init()) return;
         for (const PictureSource& picture : busyFrame().pictures) {

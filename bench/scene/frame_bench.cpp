@@ -14,13 +14,13 @@
 #include <vector>
 
 #include "bmp_writer.h"
+#include "control/call_controls.h"
 #include "d3d_renderer.h"
+#include "desktop/video.h"
 #include "fake_renderer.h"
-#include "host.h"
 #include "level_loader.h"
 #include "level_view.h"
 #include "memory_source.h"
-#include "testing_d3d8.h"
 
 namespace grub {
 namespace {

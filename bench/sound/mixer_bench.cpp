@@ -6,7 +6,7 @@
 #include <deque>
 #include <vector>
 
-#include "sound_mixer.h"
+#include "dsound/sound_mixer.h"
 
 // The busiest second that the game can ask for: all streaming slots and a handful of effects, so many milliseconds of a
 // second are the share of a core that sound costs.

@@ -6,8 +6,8 @@
 
 #include <dsound.h>
 
-#include "com_object.h"
-#include "host.h"
+#include "desktop/video.h"
+#include "kernel/objects.h"
 
 // How long a sound that is started waits until the card takes its first samples; from there they are one period of the
 // device away from the speakers. The limit is the period of SDL's dummy driver: 512 frames.

@@ -1,17 +1,19 @@
 #include <memory>
 
+#include "control/script.h"
+#include "desktop/video.h"
+#include "files/files.h"
 #include "game_steering.h"
-#include "host.h"
 #include "log_file.h"
 #include "own_options.h"
+#include "program_icon.h"
 #include "run_game.h"
-#include "script.h"
 
 namespace {
 
 // Sets up what lies below the game. False after one line on standard error.
 bool prepareHost(const grub::OwnOptions& options) {
-    platform::offerProgramIcon();
+    grub::offerProgramIcon();
     if (!options.dataDirectory.empty()) platform::setDataDirectory(options.dataDirectory);
     return options.scriptFile.empty() || platform::playScript(options.scriptFile);
 }
@@ -26,6 +28,7 @@ int main(int argc, char** argv) {
     grub::PlayStart start = options.start;
     std::unique_ptr<grub::GameSteering> steering;
     if (!grub::prepareGame(options, start, steering)) return 2;
+    if (!platform::openVideo()) return 1;  // without a screen: one line and no game
     start.steering = steering.get();
     const int exitCode = grub::runGame(nullptr, nullptr, options.commandLine.c_str(), SW_SHOW, start);
     return steering && exitCode == 0 ? steering->exitCode() : exitCode;

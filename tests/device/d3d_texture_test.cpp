@@ -48,7 +48,7 @@ protected:
 
 class SquareTextures : public Textures {
 protected:
-    SquareTextures() { device.allowSquareTexturesOnly(); }
+    SquareTextures() { device.fail(platform::Call::OblongTextures); }
 };
 
 TEST_F(SquareTextures, AreTurnedAndMirrored) {

@@ -3,7 +3,7 @@
 namespace grub {
 namespace {
 
-using platform::DeviceFunction;
+using platform::Call;
 
 class LostDevice : public ReadyRenderer {
 protected:
@@ -33,21 +33,21 @@ TEST_F(LostDevice, IsTestedEachFrameAndResetOnceThatHelps) {
 
 TEST_F(LostDevice, ARefusedResetIsTriedAgainInTheNextFrame) {
     device.loseDevice(0);
-    device.fail(DeviceFunction::Reset, D3DERR_DEVICELOST);
+    device.fail(Call::Reset, D3DERR_DEVICELOST);
     EXPECT_FALSE(drawFrame());
-    device.fail(DeviceFunction::Reset, D3D_OK);
+    device.fail(Call::Reset, D3D_OK);
     EXPECT_FALSE(drawFrame());
     EXPECT_TRUE(drawFrame());
 }
 
 TEST_F(LostDevice, FullScreenComesWithAResetAndStaysOffWhenTheResetIsRefused) {
-    device.fail(DeviceFunction::Reset, D3DERR_INVALIDCALL);
+    device.fail(Call::Reset, D3DERR_INVALIDCALL);
     EXPECT_TRUE(renderer.setFullScreen(false)) << "no change, no reset";
     for (int attempt = 0; attempt < 2; ++attempt) {
         EXPECT_FALSE(renderer.setFullScreen(true));
         EXPECT_FALSE(renderer.isFullScreen());
     }
-    device.fail(DeviceFunction::Reset, D3D_OK);
+    device.fail(Call::Reset, D3D_OK);
     EXPECT_TRUE(renderer.setFullScreen(true));
     EXPECT_TRUE(renderer.isFullScreen());
     EXPECT_TRUE(drawFrame()) << "the states were sent again";

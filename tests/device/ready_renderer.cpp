@@ -21,8 +21,8 @@ RendererWindow::RendererWindow() {
     windowClass.lpfnWndProc = answer;
     windowClass.lpszClassName = "RendererWindow";
     RegisterClassExA(&windowClass);
-    handle_ = CreateWindowExA(0, windowClass.lpszClassName, "Renderer", WS_CAPTION, 0, 0, kScreenWidth, kScreenHeight,
-                              nullptr, nullptr, nullptr, nullptr);
+    handle_ = CreateWindowExA(0, windowClass.lpszClassName, "Renderer", 0, 0, 0, kScreenWidth, kScreenHeight, nullptr,
+                              nullptr, nullptr, nullptr);
 }
 
 RendererWindow::~RendererWindow() { DestroyWindow(handle_); }

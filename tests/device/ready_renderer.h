@@ -7,9 +7,9 @@
 #include <memory>
 #include <vector>
 
+#include "control/call_controls.h"
+#include "control/testing.h"
 #include "d3d_renderer.h"
-#include "testing.h"
-#include "testing_d3d8.h"
 
 namespace grub {
 

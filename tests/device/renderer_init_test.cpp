@@ -59,7 +59,7 @@ TEST(RendererInit, TakesTheNextFormatOrTellsThePlayerOnce) {
         const platform::testing::DesktopSize desktop(1600, 1200);
         platform::testing::DeviceControls device;
         for (const auto& [format, result] : row.formats) device.refuse(format, result);
-        device.fail(platform::DeviceFunction::CreateDevice, row.createDevice);
+        device.fail(platform::Call::CreateDevice, row.createDevice);
         const platform::testing::MessageBoxRecorder messages;
         const RendererWindow window;
         D3DRenderer renderer(window.handle(), kScreenWidth, kScreenHeight, row.fullScreen);
@@ -82,6 +82,18 @@ TEST_F(RendererShutdown, LeavesTexturesThatOutliveItHarmless) {
     EXPECT_TRUE(renderer.shutdown());
     EXPECT_FALSE(drawAt(0, 0, *texture));
     EXPECT_TRUE(texture->isValid());
+}
+
+TEST(RendererInit, ReportsThatTheSystemRefusesFullScreen) {
+    platform::testing::DeviceControls device;
+    device.fail(platform::Call::FullScreen);
+    const platform::testing::MessageBoxRecorder messages;
+    const RendererWindow window;
+    D3DRenderer renderer(window.handle(), kScreenWidth, kScreenHeight, true);
+    EXPECT_FALSE(renderer.init());
+    ASSERT_EQ(messages.boxes().size(), 1U);
+    EXPECT_EQ(messages.boxes()[0].text,
+              "Can't creates a device to represent the display adapter. (D3DERR_NOTAVAILABLE)");
 }
 
 }  // namespace

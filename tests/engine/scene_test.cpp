@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "control/testing.h"
 #include "engine_timer.h"
 #include "fake_renderer.h"
 #include "recording_scene.h"
-#include "testing.h"
 
 namespace grub {
 namespace {

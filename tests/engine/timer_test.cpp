@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "testing.h"
+#include "control/testing.h"
 
 namespace grub {
 namespace {

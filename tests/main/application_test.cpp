@@ -5,13 +5,13 @@
 #include <optional>
 #include <vector>
 
+#include "control/call_controls.h"
+#include "control/testing.h"
+#include "dsound/sound_card.h"
 #include "engine_services.h"
 #include "game_window.h"
 #include "input_messages.h"
 #include "recording_scene.h"
-#include "sound_output.h"
-#include "testing.h"
-#include "testing_d3d8.h"
 
 namespace grub {
 namespace {
@@ -55,7 +55,7 @@ TEST(ApplicationStart, AnUnknownSceneLeavesTheServicesToTheDestructor) {
 TEST(ApplicationStart, WithoutARendererTheProcessEndsWithOne) {
     const auto startWithoutDevice = [] {
         platform::testing::DeviceControls device;
-        device.fail(platform::DeviceFunction::CreateDevice, D3DERR_NOTAVAILABLE);
+        device.fail(platform::Call::CreateDevice, D3DERR_NOTAVAILABLE);
         RunningGame game;
         game.application.run(kScene);
     };

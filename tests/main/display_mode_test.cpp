@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "control/testing.h"
 #include "game_window.h"
 #include "scratch_directory.h"
-#include "testing.h"
 
 namespace grub {
 namespace {

@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <windows.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
-#include "host.h"
+#include "control/call_controls.h"
+#include "control/testing.h"
+#include "files/files.h"
 #include "scratch_directory.h"
-#include "testing.h"
 
 namespace {
 
@@ -119,6 +122,23 @@ TEST(Files, FailToWriteWhereATestWantsIt) {
     EXPECT_TRUE(WriteFile(file, "c", 1, &written, nullptr));
     CloseHandle(file);
     EXPECT_EQ(textOf(scratch, "file"), "ac");
+}
+
+TEST(Files, AnswerAFailureWhenTheDiskTakesOnlyAPart) {
+    const ScratchDirectory scratch;
+    const WorkingDirectory here(scratch.path());
+    const HANDLE file = open("file", GENERIC_WRITE, CREATE_ALWAYS);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{4096, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    DWORD written = 0;
+    EXPECT_FALSE(WriteFile(file, std::string(10'000, 'x').data(), 10'000, &written, nullptr));
+    EXPECT_EQ(written, 4096U);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    CloseHandle(file);
 }
 
 /// A data directory for the length of a test.

@@ -10,8 +10,8 @@
 
 #include <dsound.h>
 
-#include "com_object.h"
-#include "sound_output.h"
+#include "dsound/sound_card.h"
+#include "kernel/objects.h"
 
 /// Owns one reference to a buffer.
 using BufferRef = platform::ObjectRef<IDirectSoundBuffer>;

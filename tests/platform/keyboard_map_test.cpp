@@ -1,4 +1,4 @@
-#include "keyboard_map.h"
+#include "desktop/input_map.h"
 
 #include <SDL.h>
 #include <gtest/gtest.h>

@@ -4,10 +4,10 @@
 #include <chrono>
 #include <thread>
 
+#include "control/testing.h"
+#include "desktop/video.h"
 #include "game_thread.h"
-#include "host.h"
 #include "test_window.h"
-#include "testing.h"
 
 namespace {
 

@@ -4,13 +4,16 @@
 #include <cstdint>
 #include <vector>
 
+#include "control/call_controls.h"
+#include "control/testing.h"
+#include "desktop/icons.h"
+#include "desktop/input_map.h"
+#include "desktop/picture.h"
+#include "desktop/presenter.h"
+#include "desktop/video.h"
+#include "desktop/window.h"
 #include "game_thread.h"
-#include "host.h"
-#include "mouse_map.h"
-#include "picture_area.h"
 #include "test_window.h"
-#include "testing.h"
-#include "window_frames.h"
 
 namespace {
 
@@ -118,6 +121,7 @@ TEST(MouseMessages, CarrySignedHalves) {
 TEST(MouseMessages, ReachTheWindowInPixelsOfThePictureAtAnySize) {
     TestWindow window;
     ShowWindow(window.handle(), SW_SHOW);
+    present(window, plainPicture(kRed));
     for (const auto& [width, height] : {std::pair{800, 600}, std::pair{1600, 900}, std::pair{500, 700}}) {
         testing_::resizeWindow(window.handle(), width, height);
         window.pump();
@@ -213,6 +217,20 @@ TEST(Presenting, TakesRowsWithAnyStride) {
     EXPECT_EQ(picture.pixels, (std::vector<std::uint32_t>{0xFF000001, 0xFF000002, 0xFF000003, 0xFF000004}));
 }
 
+TEST(FullScreen, IsReportedAsRefusedAndLeavesTheWindowAsItWas) {
+    TestWindow window;
+    const auto sizeIs = [&](LONG width) { return testing_::windowSize(window.handle())->x == width; };
+    {
+        const testing_::FailingCall refused(testing_::Call::FullScreen);
+        EXPECT_FALSE(platform::setFullScreen(window.handle(), true));
+        EXPECT_TRUE(sizeIs(800));
+    }
+    EXPECT_TRUE(platform::setFullScreen(window.handle(), true));
+    EXPECT_TRUE(sizeIs(platform::desktopMode().width));
+    EXPECT_TRUE(platform::setFullScreen(window.handle(), false));
+    EXPECT_TRUE(sizeIs(800));
+}
+
 TEST(Painting, IsAskedUntilTheWindowIsValidated) {
     int paints = 0;
     TestWindow window([&](HWND handle, const TestWindow::Heard& heard) {
@@ -236,7 +254,7 @@ TEST(Icons, AreThoseTheProgramOffers) {
     EXPECT_EQ(LoadIconA(nullptr, MAKEINTRESOURCEA(7)), nullptr);
     EXPECT_NE(LoadIconA(nullptr, IDI_WINLOGO), nullptr);
     EXPECT_NE(LoadCursorA(nullptr, IDC_ARROW), nullptr);
-    platform::offerProgramIcon();
+    platform::setIconResource(101, std::array<std::uint32_t, 1>{kRed}, 1, 1);
     const HICON icon = LoadIconA(nullptr, MAKEINTRESOURCEA(101));
     ASSERT_NE(icon, nullptr);
     const TestWindow window;

@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "registry_store.h"
+#include "control/call_controls.h"
+#include "control/testing.h"
+#include "files/registry_store.h"
 #include "scratch_directory.h"
-#include "testing.h"
 
 namespace {
 
@@ -37,6 +38,10 @@ std::string fileText(const grub::ScratchDirectory& scratch) {
 
 class Registry : public testing::Test {
 protected:
+    void store(const std::string& text) const {
+        scratch_.write("registry.txt", {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    }
+
     grub::ScratchDirectory scratch_;
     RegistryFile file_{scratch_.path() / "registry.txt"};
 };
@@ -110,12 +115,33 @@ TEST_F(Registry, SkipsLinesItDoesNotUnderstandAndKeepsTheRest) {
                                             {"\0\xff\t\t\t", 5}};
     for (const auto& bad : badLines) {
         const std::string text = bad + "\nGOOD\tV\t3\t0a\n";
-        scratch_.write("registry.txt", {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-        const auto keys = platform::loadRegistry(platform::registryFile());
+        store(text);
+        const auto keys = platform::loadRegistry(platform::registryFile()).keys;
         EXPECT_EQ(keys.size(), 1U) << bad;
         ASSERT_TRUE(keys.contains(std::string("GOOD"))) << bad;
         EXPECT_EQ(keys.at("GOOD").at("V").bytes, (std::vector<BYTE>{0x0A})) << bad;
     }
+}
+
+TEST_F(Registry, KeepsForeignLinesWhenItIsWritten) {
+    store("a\tline of\tthe player\nOLD\tV\t3\t0a\n");
+    const HKEY key = createKey();
+    setValue(key, "SOUND", {1});
+    RegCloseKey(key);
+    EXPECT_EQ(fileText(scratch_),
+              "HKEY_CURRENT_USER\\SOFTWARE\\Maker\\Game\tSOUND\t3\t01\nOLD\tV\t3\t0a\na\tline of\tthe player\n");
+}
+
+TEST_F(Registry, LeavesAFileAloneThatItCannotRead) {
+    const std::string large(2 << 20, 'x');
+    store(large);
+    HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, kPath, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              ERROR_WRITE_FAULT);
+    EXPECT_EQ(fileText(scratch_), large);
+    const RegistryFile folder(scratch_.path());  // opens, but cannot be read
+    EXPECT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, kPath, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              ERROR_WRITE_FAULT);
 }
 
 TEST(RegistryPlace, IsTheUsersConfigurationDirectory) {

@@ -1,4 +1,4 @@
-#include "script.h"
+#include "control/script.h"
 
 #include <dsound.h>
 #include <gtest/gtest.h>
@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "control/testing.h"
+#include "desktop/presenter.h"
 #include "game_thread.h"
 #include "test_window.h"
-#include "testing.h"
-#include "window_frames.h"
 
 namespace {
 
@@ -25,14 +25,15 @@ TEST(Script, IsOneActionALine) {
     std::string error;
     const auto lines = parseScript(
         "# walk\n"
-        "1 down Left   # to the wall\r\n"
+        "1 down Left\r\n"
+        "  # to the wall\n"
         "\n"
         "  9\tup Left\n"
         "2 move -5 700\n"
         "3 press 1 2\n"
         "3 release 1 2\n"
         "4 down Keypad 5\n"
-        "5 shot a b.png\n"
+        "5 shot a #b.png\n"
         "5 close",
         error);
     ASSERT_TRUE(lines) << error;
@@ -43,9 +44,10 @@ TEST(Script, IsOneActionALine) {
         int x, y;
     };
     const std::vector<Row> expected{
-        {1, Action::KeyDown, "Left", 0, 0},  {2, Action::MouseMove, "", -5, 700},    {3, Action::MousePress, "", 1, 2},
-        {3, Action::MouseRelease, "", 1, 2}, {4, Action::KeyDown, "Keypad 5", 0, 0}, {5, Action::Shot, "a b.png", 0, 0},
-        {5, Action::Close, "", 0, 0},        {9, Action::KeyUp, "Left", 0, 0},
+        {1, Action::KeyDown, "Left", 0, 0},     {2, Action::MouseMove, "", -5, 700},
+        {3, Action::MousePress, "", 1, 2},      {3, Action::MouseRelease, "", 1, 2},
+        {4, Action::KeyDown, "Keypad 5", 0, 0}, {5, Action::Shot, "a #b.png", 0, 0},
+        {5, Action::Close, "", 0, 0},           {9, Action::KeyUp, "Left", 0, 0},
     };
     ASSERT_EQ(lines->size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {

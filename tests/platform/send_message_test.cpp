@@ -7,10 +7,13 @@
 #include <thread>
 #include <vector>
 
+#include "control/call_controls.h"
+#include "control/testing.h"
+#include "desktop/presenter.h"
+#include "desktop/video.h"
+#include "desktop/window.h"
 #include "game_thread.h"
 #include "test_window.h"
-#include "testing.h"
-#include "window_frames.h"
 
 namespace {
 

@@ -6,14 +6,14 @@
 #include <numeric>
 #include <thread>
 
+#include "control/call_controls.h"
+#include "desktop/video.h"
 #include "hand_mixed_card.h"
-#include "host.h"
-#include "testing_dsound.h"
 
 // What the calls of the sound card and its buffers promise and refuse.
 namespace {
 
-using platform::SoundFunction;
+using platform::Call;
 using platform::SoundOutput;
 using platform::testing::SoundControls;
 
@@ -277,17 +277,17 @@ TEST(LostBuffers, AreSilentAndRefusedUntilTheyAreRestored) {
 
 TEST(SoundControlsOfTests, FailTheCallsThatTheyAreToldTo) {
     SoundControls controls;
-    controls.fail(SoundFunction::DirectSoundCreate8, DSERR_NODRIVER);
+    controls.fail(Call::DirectSoundCreate8, DSERR_NODRIVER);
     IDirectSound8* none = nullptr;
     EXPECT_EQ(DirectSoundCreate8(nullptr, &none, nullptr), DSERR_NODRIVER);
-    controls.fail(SoundFunction::DirectSoundCreate8, DS_OK);
+    controls.fail(Call::DirectSoundCreate8, DS_OK);
     const HandMixedCard card;
     const auto buffer = card.silence(waveFormat(1, 16, 44'100), 1000);
-    controls.fail(SoundFunction::Play, DSERR_BUFFERLOST, 1);
+    controls.fail(Call::Play, DSERR_BUFFERLOST, 1);
     EXPECT_EQ(buffer->Play(0, 0, 0), DS_OK);
     EXPECT_EQ(buffer->Play(0, 0, 0), DSERR_BUFFERLOST);
-    EXPECT_EQ(controls.count(SoundFunction::Play), 2U);
-    controls.fail(SoundFunction::Stop, E_FAIL);
+    EXPECT_EQ(controls.count(Call::Play), 2U);
+    controls.fail(Call::Stop, E_FAIL);
     EXPECT_EQ(buffer->Stop(), E_FAIL);
     EXPECT_EQ(statusOf(*buffer), DSBSTATUS_PLAYING) << "a call that fails does nothing";
 }

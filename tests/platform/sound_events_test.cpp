@@ -4,10 +4,10 @@
 #include <atomic>
 #include <deque>
 
+#include "control/call_controls.h"
+#include "dsound/sound_mixer.h"
 #include "game_thread.h"
 #include "hand_mixed_card.h"
-#include "sound_mixer.h"
-#include "testing_dsound.h"
 
 // Cursors and position events follow the frames that were mixed.
 namespace {

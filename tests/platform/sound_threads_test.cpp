@@ -5,10 +5,10 @@
 #include <chrono>
 #include <random>
 
+#include "control/call_controls.h"
+#include "desktop/video.h"
 #include "game_thread.h"
 #include "hand_mixed_card.h"
-#include "host.h"
-#include "testing_dsound.h"
 
 // Sound under many hands: meant for the thread sanitizer, and for clocks that do not wait.
 namespace {

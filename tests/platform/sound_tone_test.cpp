@@ -4,8 +4,8 @@
 #include <array>
 #include <tuple>
 
+#include "dsound/sound_mixer.h"
 #include "hand_mixed_card.h"
-#include "sound_mixer.h"
 #include "tone.h"
 
 // What comes out of the mixer, measured.

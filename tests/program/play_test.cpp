@@ -126,5 +126,19 @@ TEST(Packages, AreSoundAndComeBackTheSameFromTheirFiles) {
     }
 }
 
+TEST(Screen, ThatCannotBeReachedEndsTheProgramWithOneLine) {
+    for (const char* const display : {"", "DISPLAY=:9999"}) {
+        const ScratchDirectory directory;
+        const std::string inside = "cd '" + directory.path().string() + "' && env -u SDL_VIDEODRIVER -u DISPLAY ";
+        EXPECT_EQ(exitCodeOf(inside + "-u WAYLAND_DISPLAY " + display + " timeout 20 '" + kGame + "' --data '" + kData +
+                             "' 2>errors.txt"),
+                  1)
+            << display;
+        const Bytes errors = directory.read("errors.txt");
+        EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << std::string(errors.begin(), errors.end());
+        EXPECT_TRUE(std::string(errors.begin(), errors.end()).starts_with("video: no screen can be reached"));
+    }
+}
+
 }  // namespace
 }  // namespace grub

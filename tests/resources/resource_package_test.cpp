@@ -1,7 +1,7 @@
 #include "resource_package.h"
 
 #include <gtest/gtest.h>
-#include <testing.h>
+#include "control/testing.h"
 
 #include <algorithm>
 #include <cstdlib>

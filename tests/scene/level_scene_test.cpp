@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bmp_writer.h"
+#include "control/testing.h"
 #include "fake_audio_device.h"
 #include "fake_renderer.h"
 #include "input_messages.h"
@@ -18,7 +19,6 @@
 #include "recording_scene.h"
 #include "scratch_directory.h"
 #include "sound_bank.h"
-#include "testing.h"
 #include "wav_writer.h"
 
 namespace grub {

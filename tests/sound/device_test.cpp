@@ -1,13 +1,14 @@
 #include <gmock/gmock.h>
 
+#include "control/call_controls.h"
+#include "control/testing.h"
 #include "hand_mixed_device.h"
 #include "ogg_writer.h"
-#include "testing.h"
 
 namespace grub {
 namespace {
 
-using platform::SoundFunction;
+using platform::Call;
 using platform::SoundOutput;
 using platform::testing::MessageBoxRecorder;
 
@@ -23,7 +24,7 @@ TEST(SoundDeviceRefused, TellsThePlayerOnceAndGoesOnSilently) {
         SCOPED_TRACE(text);
         platform::setSoundOutput(output);
         platform::testing::SoundControls controls;
-        controls.fail(SoundFunction::SetCooperativeLevel, DSERR_CONTROLUNAVAIL);
+        controls.fail(Call::SetCooperativeLevel, DSERR_CONTROLUNAVAIL);
         const MessageBoxRecorder boxes;
         DSoundDevice device(kWindow);
         EXPECT_FALSE(device.init());
@@ -172,22 +173,21 @@ TEST_F(SoundBuffers, AreRestoredByTheNextFillWhenTheyWereLost) {
     const auto sound = soundOf(monoWav(ramp(1000)));
     controls_.loseBuffers();
     ASSERT_TRUE(device_.play(*sound, false));
-    EXPECT_EQ(controls_.count(SoundFunction::Compact), 1U);
+    EXPECT_EQ(controls_.count(Call::Compact), 1U);
     EXPECT_TRUE(sameSamples(mixMono(1000), ramp(1000)));
     controls_.loseBuffers();
-    controls_.fail(SoundFunction::Restore, DSERR_BUFFERLOST);
+    controls_.fail(Call::Restore, DSERR_BUFFERLOST);
     EXPECT_FALSE(device_.play(*sound, false));
     EXPECT_FALSE(voice().playing);
 }
 
 TEST_F(SoundBuffers, DoNotStartWhenTheDeviceRefuses) {
     std::vector<std::unique_ptr<SoundBuffer>> refused;  // alive, since a destroyed sound leaves its slot
-    for (const SoundFunction function : {SoundFunction::GetStatus, SoundFunction::Unlock, SoundFunction::Play,
-                                         SoundFunction::SetNotificationPositions}) {
+    for (const Call function : {Call::GetStatus, Call::Unlock, Call::Play, Call::SetNotificationPositions}) {
         const auto effect = soundOf(monoWav(ramp(100)));
         refused.push_back(soundOf(monoWav(ramp(153600))));
         controls_.fail(function, DSERR_INVALIDCALL);
-        const bool streamsOnly = function == SoundFunction::SetNotificationPositions;
+        const bool streamsOnly = function == Call::SetNotificationPositions;
         EXPECT_EQ(device_.play(*effect, false), streamsOnly) << static_cast<int>(function);
         EXPECT_FALSE(device_.play(*refused.back(), false)) << static_cast<int>(function);
         controls_.fail(function, DS_OK);

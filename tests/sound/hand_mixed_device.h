@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "audio_device.h"
+#include "control/call_controls.h"
+#include "dsound/sound_card.h"
 #include "dsound_device.h"
 #include "sound_decoder.h"
-#include "sound_output.h"
-#include "testing_dsound.h"
 #include "wav_writer.h"
 
 namespace grub {

@@ -8,7 +8,7 @@
 namespace grub {
 namespace {
 
-using platform::SoundFunction;
+using platform::Call;
 
 using Streaming = HandMixedDevice;
 
@@ -151,9 +151,9 @@ TEST_F(Streaming, WhatTheDeviceRefusesIsAGapAndNotTheEnd) {
     const auto music = soundOf(monoWav(ramp(k300KiB)));
     ASSERT_TRUE(device_.playLooped(*music));
     ASSERT_TRUE(sameSamples(mixMono(kHalf - 1000), ramp(kHalf - 1000)));
-    controls_.fail(SoundFunction::Lock, DSERR_INVALIDCALL);
+    controls_.fail(Call::Lock, DSERR_INVALIDCALL);
     mixMono(2000);  // over the first event: the third half is lost
-    controls_.fail(SoundFunction::Lock, DS_OK);
+    controls_.fail(Call::Lock, DS_OK);
     mixMono(kRing - 1000);
     EXPECT_TRUE(sameSamples(mixMono(k300KiB), lapsOf(ramp(k300KiB), 3 * kHalf, k300KiB)));
 }

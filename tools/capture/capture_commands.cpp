@@ -3,12 +3,12 @@
 
 #include "command.h"
 #include "command_lists.h"
+#include "dsound/sound_card.h"
 #include "game_file.h"
 #include "play_content.h"
 #include "resource_package.h"
 #include "sound_capture.h"
 #include "sound_file.h"
-#include "sound_output.h"
 
 namespace grub {
 namespace {

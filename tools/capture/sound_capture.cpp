@@ -4,12 +4,12 @@
 #include <span>
 
 #include "crt.h"
+#include "dsound/sound_card.h"
 #include "dsound_device.h"
 #include "engine_services.h"
 #include "game_player.h"
 #include "key_events.h"
 #include "level_sound.h"
-#include "sound_output.h"
 
 namespace grub {
 

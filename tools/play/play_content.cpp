@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "block_table.h"
+#include "files/files.h"
 #include "game_file.h"
-#include "host.h"
 #include "image_decoder.h"
 #include "level_compiler.h"
 #include "level_list.h"

@@ -1,10 +1,8 @@
-#include "back_buffer.h"
+#include "d3d8/back_buffer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-
-#include "blend.h"
 
 namespace platform {
 
@@ -55,22 +53,19 @@ void BackBuffer::fill(const D3DRECT& rect, D3DCOLOR colour) {
     pixman_fill(pixels_.data(), width_, kBitsPerPixel, left, top, width, height, colour);
 }
 
-bool BackBuffer::draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity) {
+HRESULT BackBuffer::draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity) {
     const auto columns = static_cast<float>(texture.width());
     const auto rows = static_cast<float>(texture.height());
     const Axis across(rect.left, rect.right, rect.uLeft * columns, rect.uRight * columns, width_);
     const Axis down(rect.top, rect.bottom, rect.vTop * rows, rect.vBottom * rows, height_);
-    if (across.empty() || down.empty() || opacity == 0) return true;
+    if (across.empty() || down.empty() || opacity == 0) return D3D_OK;
 
-    const bool oneToOne = across.isOneToOne(texture.width()) && down.isOneToOne(texture.height());
-    return texture.show([&](const TextureImage& image) {
-        if (oneToOne) {
-            layTexels(image, {across.first, down.first, across.end, down.end}, across.texelAt(across.first),
-                      down.texelAt(down.first), opacity);
-        } else {
-            layStretched(image, texture, across, down, opacity);
-        }
+    if (!across.isOneToOne(texture.width()) || !down.isOneToOne(texture.height())) return D3DERR_INVALIDCALL;
+    const bool shown = texture.show([&](const TextureImage& image) {
+        layTexels(image, {across.first, down.first, across.end, down.end}, across.texelAt(across.first),
+                  down.texelAt(down.first), opacity);
     });
+    return shown ? D3D_OK : E_OUTOFMEMORY;
 }
 
 // Pixel (target.x1, target.y1) meets the texel given, the others follow. Only what is visible costs time.
@@ -94,24 +89,6 @@ void BackBuffer::layTexels(const TextureImage& image, D3DRECT target, LONG texel
     }
     pixman_image_composite32(PIXMAN_OP_OVER, image.image.get(), maskOf(opacity), target_.get(), imageX, imageY, 0, 0,
                              left, top, width, height);
-}
-
-// The general case, a pixel at a time: the game draws nothing that needs it.
-void BackBuffer::layStretched(const TextureImage& image, const SoftwareTexture& texture, const Axis& across,
-                              const Axis& down, std::uint8_t opacity) {
-    const auto lastX = static_cast<LONG>(texture.width()) - 1;
-    const auto lastY = static_cast<LONG>(texture.height()) - 1;
-    for (LONG y = down.first; y < down.end; ++y) {
-        const LONG texelY = std::clamp<LONG>(down.texelAt(y), 0, lastY);
-        if (texelY < image.visible.y1 || texelY >= image.visible.y2) continue;
-        const std::uint32_t* const row = image.pixels + std::ptrdiff_t{texelY - image.visible.y1} * image.stride;
-        for (LONG x = across.first; x < across.end; ++x) {
-            const LONG texelX = std::clamp<LONG>(across.texelAt(x), 0, lastX);
-            if (texelX < image.visible.x1 || texelX >= image.visible.x2) continue;
-            std::uint32_t& pixel = *pixelAt(x, y);
-            pixel = laidOver(scaled(row[texelX - image.visible.x1], opacity), pixel);
-        }
-    }
 }
 
 pixman_image_t* BackBuffer::maskOf(std::uint8_t opacity) {

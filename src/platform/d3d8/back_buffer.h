@@ -7,7 +7,7 @@
 
 #include <d3d8.h>
 
-#include "software_texture.h"
+#include "d3d8/software_texture.h"
 
 namespace platform {
 
@@ -27,26 +27,24 @@ struct TexturedRect {
 /// The picture that the device draws into: 32 bits a pixel, 0xXXRRGGBB, rows top-down. Used by one thread at a time.
 class BackBuffer {
 public:
-    /// Black.
+    /// The buffer starts black.
     BackBuffer(int width, int height);
 
     /// Fills a rectangle, cut at the edges of the buffer.
     void fill(const D3DRECT& rect, D3DCOLOR colour);
-    /// Lays the texture over the pixels of `rect`, its alpha times opacity / 255. Texels are sampled by points; beyond
-    /// the texture its edge goes on. False when memory ran out.
-    bool draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity);
+    /// Lays the texture over the pixels of `rect`, its alpha times opacity / 255. D3DERR_INVALIDCALL when texels and
+    /// pixels do not lie one to one, E_OUTOFMEMORY when memory ran out.
+    HRESULT draw(SoftwareTexture& texture, const TexturedRect& rect, std::uint8_t opacity);
 
-    /// What has been drawn so far; the rows follow each other without a gap.
     [[nodiscard]] int width() const { return width_; }
     [[nodiscard]] int height() const { return height_; }
+    /// The rows follow each other without a gap.
     [[nodiscard]] std::span<const std::uint32_t> pixels() const { return pixels_; }
 
 private:
     struct Axis;
 
     void layTexels(const TextureImage& image, D3DRECT target, LONG texelX, LONG texelY, std::uint8_t opacity);
-    void layStretched(const TextureImage& image, const SoftwareTexture& texture, const Axis& across, const Axis& down,
-                      std::uint8_t opacity);
     pixman_image_t* maskOf(std::uint8_t opacity);
     std::uint32_t* pixelAt(LONG x, LONG y) { return pixels_.data() + std::ptrdiff_t{y} * width_ + x; }
 
@@ -54,7 +52,7 @@ private:
     const int height_;
     std::vector<std::uint32_t> pixels_;
     PixmanImage target_;
-    std::array<PixmanImage, 256> masks_;  // of one opacity each, made when it is first used; 255 has none
+    std::array<PixmanImage, 256> masks_;  // one for each opacity below 255, made at its first use
 };
 
 }  // namespace platform

@@ -2,22 +2,22 @@
 
 #include <d3d8.h>
 
-#include "com_object.h"
-#include "device_watch.h"
-#include "software_device.h"
-#include "window_frames.h"
+#include "d3d8/software_device.h"
+#include "desktop/video.h"
+#include "kernel/calls.h"
+#include "kernel/objects.h"
 
 namespace platform {
 namespace {
 
-// Desktops are 32 bits deep nowadays.
+// Desktops have 32 bits a pixel.
 constexpr D3DFORMAT kDesktopFormat = D3DFMT_X8R8G8B8;
 
-// The one adapter there is: the processor.
+// The one adapter: the processor.
 class SoftwareDirect3D final : public ComObject<IDirect3D8> {
 public:
     HRESULT GetAdapterDisplayMode(UINT adapter, D3DDISPLAYMODE* mode) override {
-        if (const HRESULT fault = announceCall(DeviceFunction::GetAdapterDisplayMode); FAILED(fault)) return fault;
+        if (const HRESULT fault = refusal(Call::GetAdapterDisplayMode); FAILED(fault)) return fault;
         if (adapter != D3DADAPTER_DEFAULT || mode == nullptr) return D3DERR_INVALIDCALL;
         const DesktopMode desktop = desktopMode();
         *mode = {static_cast<UINT>(desktop.width), static_cast<UINT>(desktop.height),
@@ -26,17 +26,16 @@ public:
     }
 
     HRESULT GetDeviceCaps(UINT adapter, D3DDEVTYPE type, D3DCAPS8* caps) override {
-        if (const HRESULT fault = announceCall(DeviceFunction::GetDeviceCaps); FAILED(fault)) return fault;
+        if (const HRESULT fault = refusal(Call::GetDeviceCaps); FAILED(fault)) return fault;
         if (!isOurs(adapter, type) || caps == nullptr) return D3DERR_INVALIDCALL;
-        // Any texture shape; vertices are handled where everything is.
-        *caps = {.TextureCaps = 0, .VertexProcessingCaps = 1};
-        if (DeviceWatch* const watch = deviceWatch.load(std::memory_order_acquire)) watch->limit(*caps);
+        *caps = {.TextureCaps = isRefused(Call::OblongTextures) ? D3DPTEXTURECAPS_SQUAREONLY : 0,
+                 .VertexProcessingCaps = isRefused(Call::VertexProcessing) ? 0U : 1U};
         return D3D_OK;
     }
 
     HRESULT CheckDeviceType(UINT adapter, D3DDEVTYPE type, D3DFORMAT display, D3DFORMAT backBuffer,
                             BOOL windowed) override {
-        const HRESULT fault = announceCall(DeviceFunction::CheckDeviceType, backBuffer, static_cast<DWORD>(windowed));
+        const HRESULT fault = refusal(Call::CheckDeviceType, backBuffer, static_cast<DWORD>(windowed));
         if (FAILED(fault)) return fault;
         if (!isOurs(adapter, type)) return D3DERR_INVALIDCALL;
         // The back buffer always has 32 bits; a 16-bit mode is remembered and changes nothing.
@@ -46,7 +45,7 @@ public:
 
     HRESULT CheckDeviceFormat(UINT adapter, D3DDEVTYPE type, D3DFORMAT /*display*/, DWORD usage,
                               D3DRESOURCETYPE resource, D3DFORMAT format) override {
-        if (const HRESULT fault = announceCall(DeviceFunction::CheckDeviceFormat, format, usage); FAILED(fault)) {
+        if (const HRESULT fault = refusal(Call::CheckDeviceFormat, format, usage); FAILED(fault)) {
             return fault;
         }
         if (!isOurs(adapter, type)) return D3DERR_INVALIDCALL;
@@ -57,11 +56,9 @@ public:
     HRESULT CreateDevice(UINT adapter, D3DDEVTYPE type, HWND window, DWORD behaviour, D3DPRESENT_PARAMETERS* parameters,
                          IDirect3DDevice8** device) override {
         if (parameters == nullptr || device == nullptr || !isOurs(adapter, type)) return D3DERR_INVALIDCALL;
-        const HRESULT fault =
-            announceCall(DeviceFunction::CreateDevice, behaviour, static_cast<DWORD>(parameters->Windowed));
+        const HRESULT fault = refusal(Call::CreateDevice, behaviour, static_cast<DWORD>(parameters->Windowed));
         if (FAILED(fault)) return fault;
-        *device = new (std::nothrow) SoftwareDevice(window, *parameters);
-        return *device == nullptr ? E_OUTOFMEMORY : D3D_OK;
+        return SoftwareDevice::create(window, *parameters, device);
     }
 
 private:
@@ -74,8 +71,7 @@ private:
 }  // namespace platform
 
 IDirect3D8* Direct3DCreate8(UINT version) {
-    using platform::DeviceFunction;
-    if (version != D3D_SDK_VERSION || FAILED(platform::announceCall(DeviceFunction::Direct3DCreate8, version))) {
+    if (version != D3D_SDK_VERSION || FAILED(platform::refusal(platform::Call::Direct3DCreate8, version))) {
         return nullptr;
     }
     return new (std::nothrow) platform::SoftwareDirect3D;

@@ -1,4 +1,4 @@
-#include "pipeline_states.h"
+#include "d3d8/pipeline_states.h"
 
 #include <algorithm>
 

@@ -1,23 +1,56 @@
 #pragma once
 
+#include <array>
 #include <optional>
+#include <vector>
 
 #include <d3d8.h>
 
-#include "back_buffer.h"
-#include "com_object.h"
-#include "pipeline_states.h"
-#include "software_texture.h"
-#include "software_vertices.h"
+#include "d3d8/back_buffer.h"
+#include "d3d8/pipeline_states.h"
+#include "d3d8/software_texture.h"
+#include "desktop/window.h"
+#include "kernel/objects.h"
 
 namespace platform {
+
+/// One vertex of the only layout that this device draws: screen pixels and texture coordinates.
+struct ScreenVertex {
+    float x;
+    float y;
+    float z;
+    float rhw;
+    float u;
+    float v;
+};
+
+/// Two triangles of a list.
+using QuadVertices = std::array<ScreenVertex, 6>;
+
+/// Vertices in plain memory. Written and drawn on one thread.
+class SoftwareVertices final : public ComObject<IDirect3DVertexBuffer8> {
+public:
+    /// `bytes` zeroed bytes.
+    explicit SoftwareVertices(UINT bytes) : bytes_(bytes) {}
+
+    HRESULT Lock(UINT offset, UINT size, BYTE** data, DWORD flags) override;
+    HRESULT Unlock() override;
+
+    /// Six vertices from number `first` on; nothing when they are not all there or the buffer is locked.
+    [[nodiscard]] std::optional<QuadVertices> quad(UINT first) const;
+
+private:
+    std::vector<BYTE> bytes_;
+    bool locked_ = false;
+};
 
 /// A Direct3D device that draws upright textured rectangles into a picture in memory, at once and on the calling
 /// thread, and hands finished pictures to its window. It is never lost. What it cannot draw it refuses.
 class SoftwareDevice final : public ComObject<IDirect3DDevice8> {
 public:
-    /// Draws for `window`, which goes full screen or back as the parameters say.
-    SoftwareDevice(HWND window, const D3DPRESENT_PARAMETERS& parameters);
+    /// Makes a device that draws for `window`, with one reference, the caller's. The window goes full screen or back as
+    /// the parameters say. D3DERR_NOTAVAILABLE when the system refuses full screen.
+    static HRESULT create(HWND window, const D3DPRESENT_PARAMETERS& parameters, IDirect3DDevice8** device);
 
     HRESULT TestCooperativeLevel() override;
     HRESULT Reset(D3DPRESENT_PARAMETERS* parameters) override;
@@ -46,6 +79,8 @@ private:
         DWORD layout = 0;
     };
 
+    SoftwareDevice(HWND window, PictureSize size);
+    static bool takeScreen(HWND window, const D3DPRESENT_PARAMETERS& parameters);
     [[nodiscard]] bool canDraw();
 
     const HWND window_;

@@ -1,15 +1,56 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <mutex>
 #include <optional>
 
 #include <d3d8.h>
+#include <pixman.h>
 
-#include "com_object.h"
-#include "texture_image.h"
+#include "kernel/objects.h"
 
 namespace platform {
+
+/// Gives an image back to pixman.
+struct ReleasePixmanImage {
+    void operator()(pixman_image_t* image) const noexcept { pixman_image_unref(image); }
+};
+using PixmanImage = std::unique_ptr<pixman_image_t, ReleasePixmanImage>;
+
+/// Memory from malloc or calloc: null when the system refuses, and zeroed pages cost nothing until they are touched.
+struct FreeMemory {
+    void operator()(void* memory) const noexcept { std::free(memory); }
+};
+template <class T>
+using HeapArray = std::unique_ptr<T[], FreeMemory>;
+
+/// Texels as they were written, in one of the two texture formats.
+struct TexelView {
+    const std::uint8_t* bits;
+    UINT width;
+    UINT height;
+    UINT pitch;  ///< bytes from row to row
+    D3DFORMAT format;
+};
+
+/// A texture as the rasteriser wants it: the smallest box that holds everything visible, colours multiplied by alpha.
+struct TextureImage {
+    D3DRECT visible{};                      ///< in texels; empty when the texture shows nothing
+    bool opaque = false;                    ///< every texel of the box has alpha 255
+    const std::uint32_t* pixels = nullptr;  ///< first texel of the box, 0xAARRGGBB
+    UINT stride = 0;                        ///< texels from row to row
+    PixmanImage image;                      ///< the same pixels; null when nothing is visible
+    HeapArray<std::uint32_t> copy;          ///< owns the pixels, unless they are those of the texture
+
+    /// Whether drawing it would change nothing.
+    [[nodiscard]] bool empty() const { return visible.x1 >= visible.x2; }
+};
+
+/// Makes the image. An opaque A8R8G8B8 texture is shown from its own bits, which have to stay where they are. Nothing
+/// when memory ran out.
+std::optional<TextureImage> makeTextureImage(const TexelView& texels);
 
 /// A texture in main memory. It keeps the bits as they were written; what the rasteriser needs is made when the
 /// texture is first drawn after it was written. A lock lets one thread write while another draws.
@@ -26,8 +67,8 @@ public:
     [[nodiscard]] UINT width() const { return width_; }
     [[nodiscard]] UINT height() const { return height_; }
 
-    /// Calls `paint(const TextureImage&)` while nobody can write, unless the texture shows nothing: it is empty, or
-    /// locked at this moment. False when memory ran out.
+    /// Calls `paint(const TextureImage&)` and keeps writers out meanwhile. Does not call it when the texture is empty
+    /// or locked. False when memory ran out.
     template <class Paint>
     bool show(Paint&& paint) {
         const std::lock_guard guard(mutex_);

@@ -1,9 +1,9 @@
-#include "card_stream.h"
+#include "dsound/card_stream.h"
 
 #include <span>
 
-#include "sound_card.h"
-#include "sound_mixer.h"
+#include "dsound/sound_card.h"
+#include "dsound/sound_mixer.h"
 
 namespace platform {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <dsound.h>
 
-#include "com_object.h"
-#include "secondary_buffer.h"
-#include "sound_watch.h"
+#include "dsound/secondary_buffer.h"
+#include "kernel/calls.h"
+#include "kernel/objects.h"
 
 namespace platform {
 namespace {
@@ -26,7 +26,7 @@ public:
     explicit SoftwareDirectSound(std::shared_ptr<SoundCard> card) : card_(std::move(card)) {}
 
     HRESULT CreateSoundBuffer(const DSBUFFERDESC* description, IDirectSoundBuffer** buffer, IUnknown* outer) override {
-        if (const HRESULT fault = announceCall(SoundFunction::CreateSoundBuffer); FAILED(fault)) return fault;
+        if (const HRESULT fault = refusal(Call::CreateSoundBuffer); FAILED(fault)) return fault;
         if (outer != nullptr) return DSERR_NOAGGREGATION;
         if (buffer == nullptr || !isSound(description)) return DSERR_INVALIDPARAM;
         if (!levelSet_) return DSERR_PRIOLEVELNEEDED;
@@ -38,20 +38,20 @@ public:
     }
 
     HRESULT DuplicateSoundBuffer(IDirectSoundBuffer* original, IDirectSoundBuffer** duplicate) override {
-        if (const HRESULT fault = announceCall(SoundFunction::DuplicateSoundBuffer); FAILED(fault)) return fault;
+        if (const HRESULT fault = refusal(Call::DuplicateSoundBuffer); FAILED(fault)) return fault;
         if (original == nullptr || duplicate == nullptr) return DSERR_INVALIDPARAM;
         *duplicate = static_cast<SecondaryBuffer*>(original)->duplicate();  // there is no other kind
         return *duplicate == nullptr ? DSERR_OUTOFMEMORY : DS_OK;
     }
 
     HRESULT SetCooperativeLevel(HWND window, DWORD level) override {
-        if (const HRESULT fault = announceCall(SoundFunction::SetCooperativeLevel); FAILED(fault)) return fault;
+        if (const HRESULT fault = refusal(Call::SetCooperativeLevel); FAILED(fault)) return fault;
         if (window == nullptr || level != DSSCL_PRIORITY) return DSERR_INVALIDPARAM;
         levelSet_ = true;
         return DS_OK;
     }
 
-    HRESULT Compact() override { return announceCall(SoundFunction::Compact); }
+    HRESULT Compact() override { return refusal(Call::Compact); }
 
 private:
     std::shared_ptr<SoundCard> card_;
@@ -62,8 +62,7 @@ private:
 }  // namespace platform
 
 HRESULT DirectSoundCreate8(const GUID* device, IDirectSound8** sound, IUnknown* outer) {
-    using platform::SoundFunction;
-    if (const HRESULT fault = platform::announceCall(SoundFunction::DirectSoundCreate8); FAILED(fault)) return fault;
+    if (const HRESULT fault = platform::refusal(platform::Call::DirectSoundCreate8); FAILED(fault)) return fault;
     if (outer != nullptr) return DSERR_NOAGGREGATION;
     if (sound == nullptr || device != nullptr) return DSERR_INVALIDPARAM;
     *sound = nullptr;

@@ -1,4 +1,4 @@
-#include "resampling_filter.h"
+#include "dsound/resampling_filter.h"
 
 #include <algorithm>
 #include <array>
@@ -9,12 +9,13 @@
 namespace platform {
 namespace {
 
-// With a window of this shape everything that is to be kept out is below -96 dB. The taps and the cutoff, relative to
-// the lower of both rates, decide how wide the edge of the filter is: flat to 0.39 of that rate, silent from 0.53 on.
+// A window of this shape keeps frequencies that must not pass below -96 dB. The taps and the cutoff, relative to the
+// lower of both rates, decide the width of the filter's edge: flat to 0.39 of that rate, silent from 0.53 on.
 constexpr std::size_t kTaps = 48;
 constexpr double kWindowShape = 9.6;
 constexpr double kCutoff = 0.46;
-// Rates that divide badly would need a row for each of thousands of places; theirs are rounded to the nearest row.
+// Two rates without a common divisor would need a row for each of thousands of places; their places are rounded to
+// rows.
 constexpr FramePart kMostRows = 4096;
 
 double sinc(double x) { return x == 0 ? 1 : std::sin(std::numbers::pi * x) / (std::numbers::pi * x); }
@@ -36,7 +37,7 @@ double window(double x) {
     return besselI0(kWindowShape * std::sqrt(1 - x * x)) / besselI0(kWindowShape);
 }
 
-/// Eight sums side by side, so that the compiler may use wide registers and the result does not depend on it.
+/// Eight sums side by side: the compiler may use wide registers, and the result is the same with and without them.
 float dotProduct(const float* a, const float* b, std::size_t count) {
     std::array<float, 8> sums{};
     for (std::size_t i = 0; i < count; i += sums.size()) {

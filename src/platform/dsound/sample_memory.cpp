@@ -1,4 +1,4 @@
-#include "sample_memory.h"
+#include "dsound/sample_memory.h"
 
 #include <algorithm>
 #include <cstdint>

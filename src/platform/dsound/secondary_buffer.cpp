@@ -1,16 +1,16 @@
-#include "secondary_buffer.h"
+#include "dsound/secondary_buffer.h"
 
 #include <algorithm>
 #include <new>
 
-#include "sound_watch.h"
+#include "kernel/calls.h"
 
 namespace platform {
 namespace {
 
 constexpr LONG kSilence = -10'000;
 constexpr LONG kOneSideOnly = 10'000;
-// How far in front of the cursor a playing buffer is safe to write to: more than a block and the filter's taps.
+// A playing buffer is read up to this far in front of its cursor: a block and the filter's taps.
 constexpr DWORD kSafeParts = 50;  // of a second
 
 }  // namespace
@@ -35,7 +35,7 @@ SecondaryBuffer* SecondaryBuffer::duplicate() {
 }
 
 HRESULT SecondaryBuffer::QueryInterface(const GUID& id, void** object) {
-    if (const HRESULT fault = announceCall(SoundFunction::QueryInterface); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::QueryInterface); FAILED(fault)) return fault;
     if (object == nullptr) return DSERR_INVALIDPARAM;
     *object = nullptr;
     const bool offered = id == IID_IDirectSoundNotify && (capabilities_ & DSBCAPS_CTRLPOSITIONNOTIFY) != 0;
@@ -46,7 +46,7 @@ HRESULT SecondaryBuffer::QueryInterface(const GUID& id, void** object) {
 }
 
 HRESULT SecondaryBuffer::GetStatus(DWORD* status) {
-    if (const HRESULT fault = announceCall(SoundFunction::GetStatus); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::GetStatus); FAILED(fault)) return fault;
     if (status == nullptr) return DSERR_INVALIDPARAM;
     const auto held = guard();
     *status = voice_.playing() ? DSBSTATUS_PLAYING : 0;
@@ -56,7 +56,7 @@ HRESULT SecondaryBuffer::GetStatus(DWORD* status) {
 }
 
 HRESULT SecondaryBuffer::GetCurrentPosition(DWORD* play, DWORD* write) {
-    if (const HRESULT fault = announceCall(SoundFunction::GetCurrentPosition); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::GetCurrentPosition); FAILED(fault)) return fault;
     const auto held = guard();
     const SampleMemory& memory = voice_.memory();
     const std::size_t ahead = voice_.playing() ? memory.format().rate / kSafeParts : 0;
@@ -70,7 +70,7 @@ HRESULT SecondaryBuffer::GetCurrentPosition(DWORD* play, DWORD* write) {
 
 HRESULT SecondaryBuffer::Lock(DWORD offset, DWORD count, void** first, DWORD* firstBytes, void** second,
                               DWORD* secondBytes, DWORD flags) {
-    if (const HRESULT fault = announceCall(SoundFunction::Lock); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::Lock); FAILED(fault)) return fault;
     const std::size_t all = bytes();
     const std::size_t wanted = (flags & DSBLOCK_ENTIREBUFFER) != 0 ? all : count;
     if (first == nullptr || firstBytes == nullptr || wanted == 0 || wanted > all || offset >= all) {
@@ -93,7 +93,7 @@ HRESULT SecondaryBuffer::Lock(DWORD offset, DWORD count, void** first, DWORD* fi
 }
 
 HRESULT SecondaryBuffer::Unlock(void* first, DWORD firstBytes, void* /*second*/, DWORD secondBytes) {
-    if (const HRESULT fault = announceCall(SoundFunction::Unlock); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::Unlock); FAILED(fault)) return fault;
     LockedRange range;  // freed after the lock
     const auto held = guard();
     if (locked_.staging.empty()) return DSERR_INVALIDCALL;
@@ -102,7 +102,7 @@ HRESULT SecondaryBuffer::Unlock(void* first, DWORD firstBytes, void* /*second*/,
         return DSERR_INVALIDPARAM;
     }
     std::swap(range, locked_);
-    if (voice_.memory().lost()) return DS_OK;  // what was written is gone with the memory
+    if (voice_.memory().lost()) return DS_OK;  // the memory is gone, and the written bytes with it
     const std::span<const BYTE> staging(range.staging);
     const auto memory = voice_.memory().bytes();
     std::ranges::copy(staging.first(firstBytes), memory.begin() + static_cast<std::ptrdiff_t>(range.offset));
@@ -111,7 +111,7 @@ HRESULT SecondaryBuffer::Unlock(void* first, DWORD firstBytes, void* /*second*/,
 }
 
 HRESULT SecondaryBuffer::Play(DWORD reserved, DWORD /*priority*/, DWORD flags) {
-    if (const HRESULT fault = announceCall(SoundFunction::Play); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::Play); FAILED(fault)) return fault;
     if (reserved != 0) return DSERR_INVALIDPARAM;
     const auto held = guard();
     if (voice_.memory().lost()) return DSERR_BUFFERLOST;
@@ -120,14 +120,14 @@ HRESULT SecondaryBuffer::Play(DWORD reserved, DWORD /*priority*/, DWORD flags) {
 }
 
 HRESULT SecondaryBuffer::Stop() {
-    if (const HRESULT fault = announceCall(SoundFunction::Stop); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::Stop); FAILED(fault)) return fault;
     const auto held = guard();
     voice_.stop();
     return DS_OK;
 }
 
 HRESULT SecondaryBuffer::SetCurrentPosition(DWORD position) {
-    if (const HRESULT fault = announceCall(SoundFunction::SetCurrentPosition); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::SetCurrentPosition); FAILED(fault)) return fault;
     const auto held = guard();
     const std::size_t frame = position / voice_.memory().format().frameBytes();
     if (frame >= voice_.memory().frames()) return DSERR_INVALIDPARAM;
@@ -136,7 +136,7 @@ HRESULT SecondaryBuffer::SetCurrentPosition(DWORD position) {
 }
 
 HRESULT SecondaryBuffer::SetVolume(LONG volume) {
-    if (const HRESULT fault = announceCall(SoundFunction::SetVolume); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::SetVolume); FAILED(fault)) return fault;
     if ((capabilities_ & DSBCAPS_CTRLVOLUME) == 0) return DSERR_CONTROLUNAVAIL;
     if (volume < kSilence || volume > 0) return DSERR_INVALIDPARAM;
     const auto held = guard();
@@ -145,7 +145,7 @@ HRESULT SecondaryBuffer::SetVolume(LONG volume) {
 }
 
 HRESULT SecondaryBuffer::SetPan(LONG pan) {
-    if (const HRESULT fault = announceCall(SoundFunction::SetPan); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::SetPan); FAILED(fault)) return fault;
     if ((capabilities_ & DSBCAPS_CTRLPAN) == 0) return DSERR_CONTROLUNAVAIL;
     if (pan < -kOneSideOnly || pan > kOneSideOnly) return DSERR_INVALIDPARAM;
     const auto held = guard();
@@ -154,7 +154,7 @@ HRESULT SecondaryBuffer::SetPan(LONG pan) {
 }
 
 HRESULT SecondaryBuffer::Restore() {
-    if (const HRESULT fault = announceCall(SoundFunction::Restore); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::Restore); FAILED(fault)) return fault;
     const auto held = guard();
     voice_.memory().restore();
     return DS_OK;
@@ -167,7 +167,7 @@ std::vector<BYTE> SecondaryBuffer::held() {
 }
 
 HRESULT SecondaryBuffer::setPositions(DWORD count, const DSBPOSITIONNOTIFY* positions) {
-    if (const HRESULT fault = announceCall(SoundFunction::SetNotificationPositions); FAILED(fault)) return fault;
+    if (const HRESULT fault = refusal(Call::SetNotificationPositions); FAILED(fault)) return fault;
     if (count > 0 && positions == nullptr) return DSERR_INVALIDPARAM;
     std::vector<FrameEvent> events;
     for (const DSBPOSITIONNOTIFY& at : std::span(positions, count)) {

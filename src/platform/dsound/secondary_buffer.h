@@ -5,8 +5,8 @@
 
 #include <dsound.h>
 
-#include "com_object.h"
-#include "sound_card.h"
+#include "dsound/sound_card.h"
+#include "kernel/objects.h"
 
 namespace platform {
 
@@ -15,8 +15,8 @@ class SecondaryBuffer final : public ComObject<IDirectSoundBuffer> {
 public:
     /// `capabilities` are DSBCAPS_ flags.
     SecondaryBuffer(std::shared_ptr<SoundCard> card, const std::shared_ptr<SampleMemory>& memory, DWORD capabilities);
-    /// A stopped duplicate at the start of the same memory, with the settings of this buffer. One reference, the
-    /// caller's; null when memory is short.
+    /// A stopped duplicate at the start of the same memory, with the settings of this buffer and one reference, the
+    /// caller's. Null when memory is short.
     [[nodiscard]] SecondaryBuffer* duplicate();
     ~SecondaryBuffer() override;
 
@@ -33,7 +33,7 @@ public:
     HRESULT SetPan(LONG pan) override;
     HRESULT Restore() override;
 
-    /// What the memory holds now, copied.
+    /// A copy of the samples.
     [[nodiscard]] std::vector<BYTE> held();
 
 private:

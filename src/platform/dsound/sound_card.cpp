@@ -1,14 +1,14 @@
-#include "sound_card.h"
+#include "dsound/sound_card.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <mutex>
 
-#include "handles.h"
-#include "sound_output.h"
-#include "sound_watch.h"
-#include "waits.h"
+#include "dsound/card_stream.h"
+#include "kernel/calls.h"
+#include "kernel/events.h"
+#include "kernel/waits.h"
 
 namespace platform {
 namespace {
@@ -42,7 +42,7 @@ std::int16_t asStored(float sample) {
     return static_cast<std::int16_t>(std::clamp(std::lround(sample * kFull), -0x8000L, 0x7FFFL));
 }
 
-/// Sets the events one after the other, so that none is set twice before it was seen once.
+/// Sets the events one after the other and waits for an answer to each, so that a thread sees every event.
 void setAnswered(const RaisedEvents& raised) {
     for (const HANDLE event : raised.all()) {
         const auto object = objectOf<Waitable>(event);
@@ -76,8 +76,7 @@ std::shared_ptr<SoundCard> presentSoundCard() {
 }
 
 void setPositionEvent(HANDLE event) {
-    if (SoundWatch* const watch = soundWatch.load(std::memory_order_acquire)) watch->eventSet();
-    SetEvent(event);
+    if (!isRefused(Call::PositionEvent)) SetEvent(event);
 }
 
 void setSoundOutput(SoundOutput output) {

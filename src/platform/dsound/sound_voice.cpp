@@ -1,4 +1,4 @@
-#include "sound_voice.h"
+#include "dsound/sound_voice.h"
 
 #include <algorithm>
 #include <cmath>
@@ -71,7 +71,7 @@ void SoundVoice::mix(MixScratch& scratch, std::span<float> left, std::span<float
     }
 }
 
-/// How many samples of the result fit into the scratch memory and, without looping, into the rest of the sound.
+/// The number of samples that fit into the scratch memory and, without looping, into the rest of the sound.
 std::size_t SoundVoice::countAtOnce(std::size_t wanted, const MixScratch& scratch) const {
     const auto room = static_cast<std::size_t>((scratch.frames.size() - taps() - 1) * parts() / step());
     const std::size_t count = std::min({wanted, scratch.samples.size(), room});
@@ -80,7 +80,7 @@ std::size_t SoundVoice::countAtOnce(std::size_t wanted, const MixScratch& scratc
     return std::min(count, static_cast<std::size_t>((left + step() - 1) / step()));
 }
 
-/// Before the place where a voice starts there is silence.
+/// Fills `around_` for the cursor, with silence before it.
 void SoundVoice::prime() {
     primed_ = true;
     if (!filter_) return;
@@ -107,7 +107,7 @@ std::span<const float> SoundVoice::nextFrames(MixScratch& scratch, std::size_t c
     return samples;
 }
 
-/// Goes round and round when looping; else there is silence behind the end.
+/// A looping sound starts again at its end; behind the end of another sound there is silence.
 void SoundVoice::readFrames(std::size_t first, std::size_t channel, std::span<float> frames) const {
     const std::size_t all = memory_->frames();
     if (looping_) first %= all;

@@ -8,16 +8,16 @@
 
 #include <dsound.h>
 
-#include "resampling_filter.h"
-#include "sample_memory.h"
+#include "dsound/resampling_filter.h"
+#include "dsound/sample_memory.h"
 
 namespace platform {
 
 /// Gain of a volume in hundredths of a decibel; -10000 and less is silence.
 [[nodiscard]] float gainOf(LONG hundredths);
 
-/// Events whose places cursors have passed, in their order. Of fixed size, because the card's callback fills it; what
-/// does not fit is dropped.
+/// Events whose places cursors have passed, in their order. The size is fixed, because the card's callback fills it;
+/// events above it are dropped.
 struct RaisedEvents {
     std::array<HANDLE, 1024> events{};
     std::size_t count = 0;
@@ -94,10 +94,10 @@ private:
     std::shared_ptr<SampleMemory> memory_;
     std::shared_ptr<const ResamplingFilter> filter_;
     std::vector<FrameEvent> events_;  // by frame
-    // For each channel the frames around the cursor that the filter needs. They were read once and are kept, because
-    // behind the cursor a stream is already being refilled.
+    // For each channel the frames around the cursor that the filter needs. They are read once and kept, because a
+    // stream already refills what lies behind the cursor.
     std::vector<float> around_;
-    bool primed_ = false;  // whether they are those of this cursor
+    bool primed_ = false;  // around_ belongs to this cursor
     std::size_t cursor_ = 0;
     FramePart part_ = 0;  // how far the place is behind the cursor's frame
     bool playing_ = false;
