@@ -36,13 +36,13 @@ struct FlatStyle {
 class Canvas {
 public:
     /// `width` and `height` in pixels; `samples` a side of a pixel; `scale` pixels a design pixel; `margin` design
-    /// pixels around the picture that are drawn on and cut off, for what is to continue in the neighbour.
+    /// pixels around the picture that are drawn on and cut off, so that a drawing goes on into the neighbouring cell.
     Canvas(int width, int height, int samples = 4, double scale = 1, int margin = 0);
 
     /// Width and height of the picture in design pixels.
     Point size() const { return {width_ / scale_, height_ / scale_}; }
 
-    /// While it lives, drawing happens in a moved, turned and stretched frame. They end in the reverse order.
+    /// While it lives, drawing uses moved, turned and stretched coordinates. Of several, the last one made ends first.
     class Placement {
     public:
         Placement(Canvas& canvas, const Affine& inner) : canvas_(canvas), outer_(canvas.place_) {
@@ -56,7 +56,7 @@ public:
         Canvas& canvas_;
         Affine outer_;
     };
-    /// Origin of the new frame, its turn in radians and its stretch.
+    /// Origin of the new coordinates, their turn in radians and their stretch.
     [[nodiscard]] Placement placed(Point origin, double angle = 0, double sx = 1, double sy = 1) {
         return {*this, place_.translated(origin).rotated(angle).scaled(sx, sy)};
     }
@@ -65,7 +65,7 @@ public:
         return {*this, place_.translated(pivot + shift).rotated(angle).translated(pivot * -1)};
     }
 
-    /// An empty canvas of the same size with the same frame, for what is to be laid over this one in part.
+    /// An empty canvas of the same size with the same coordinates, for what is to be laid over this one in part.
     Canvas blankCopy() const {
         Canvas blank(width_, height_, sampling_, scale_, margin_);
         blank.place_ = place_;
@@ -73,7 +73,7 @@ public:
     }
     /// Lays what another canvas of the same size shows inside `where` over this one.
     void layOver(const Canvas& other, const Mask& where);
-    /// Lays all of it over this one, made translucent by `cover`.
+    /// Lays all of the other over this one; `cover` is how solid it is, 0 to 1.
     void layOver(const Canvas& other, float cover = 1);
 
     /// Where the shape lies, for clipping.

@@ -73,8 +73,8 @@ Mask rasterise(const VectorPath& path, const Affine& place, std::optional<double
 enum class DistanceFrom { Inside, Outside };
 
 /// For every sample that is covered by more than half (Inside) or by less (Outside): the exact distance, in samples, to
-/// the nearest sample of the other kind; 0 for the others. Without any sample of the other kind the distances are very
-/// large.
+/// the nearest sample of the other kind; 0 for the others. If the plane has no sample of the other kind, the distances
+/// are very large.
 FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from);
 
 /// Gaussian of `sigma` samples as three box filters; beyond the edge lies 0. Below half a sample nothing changes.

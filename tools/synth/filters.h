@@ -49,14 +49,14 @@ private:
 /// The flattest q of a second-order filter.
 inline constexpr double kFlatQ = 0.70710678;
 
-/// Takes what lies below `corner` Hz out of a whole sound, so that it has no DC.
+/// Takes what lies below `corner` Hz out of a whole sound, also its mean (DC).
 void cutLow(Samples& sound, double corner, int rate);
 
 /// Takes what lies above `corner` Hz out of a whole sound.
 void cutHigh(Samples& sound, double corner, int rate);
 
-/// The echo of a small dull room with the energy of one sample: noise that falls to 1/e in `decay` seconds. Different
-/// seeds give the two ears' own.
+/// The echo of a small dull room with the energy of one sample: noise that falls to 1/e in `decay` seconds. Each ear
+/// gets a seed of its own.
 [[nodiscard]] Samples roomResponse(double decay, int rate, std::uint32_t seed);
 
 /// Turns a loop down around its peaks so that none is above `limit`; all channels together. The loudness moves slowly

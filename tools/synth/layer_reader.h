@@ -21,13 +21,13 @@ struct SourceLine {
 /// Fills `error` with "wanted WANTED, found 'FOUND'"; always false, so that a reader can return it.
 bool refuse(TextError& error, int line, std::string_view wanted, std::string_view found);
 
-/// A decimal number from `low` to `high`; else refuses the word.
+/// Reads a decimal number from `low` to `high`; refuses any other word.
 bool readNumber(std::string_view word, double low, double high, int line, double& value, TextError& error);
 
 /// Hz of a note such as A4 (440), C#5 or Bb1, octaves 0 to 8, twelve equal steps an octave.
 [[nodiscard]] std::optional<double> noteFrequency(std::string_view word);
 
-/// Hz of a note, or a plain number of Hz.
+/// Reads a note or a plain number of Hz.
 bool readPitch(std::string_view word, int line, double& hertz, TextError& error);
 
 /// Whether a word starts a layer: tone, noise, modes, voice or grains.
@@ -39,8 +39,8 @@ bool readPitch(std::string_view word, int line, double& hertz, TextError& error)
 /// Takes one line below the start of a layer; fills `error` and returns false when the line is not one of a layer.
 [[nodiscard]] bool readLayerLine(const SourceLine& line, SoundLayer& layer, TextError& error);
 
-/// Whether the layer says all that its kind needs, and ends; `line` is where it starts. The notes of a score end
-/// (`hasNotes`), else the layer must die away or be let go.
+/// Whether the layer has all that its kind needs, and ends; `line`, where it starts, goes into the error. The notes of
+/// a score (`hasNotes`) end it; a layer of an effect must die away or have a length.
 [[nodiscard]] bool layerIsWhole(const SoundLayer& layer, bool hasNotes, int line, TextError& error);
 
 }  // namespace grub

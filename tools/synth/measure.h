@@ -18,7 +18,7 @@ namespace grub {
 /// The largest amplitude of the curve that goes through the samples; between them it can be higher than any of them.
 [[nodiscard]] double truePeak(std::span<const double> sound);
 
-/// What stands for hearing it.
+/// Figures that tell how a sound is heard.
 struct SoundMeasures {
     double duration = 0;    ///< seconds
     double peak = 0;        ///< dB of full scale, between the samples too

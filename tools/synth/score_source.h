@@ -52,11 +52,11 @@ struct Score {
     std::vector<Phrase> phrases;
     std::vector<std::size_t> form;  ///< phrases in the order of playing
 
-    /// Length of the loop.
+    /// Length of the loop, in beats.
     [[nodiscard]] double beats() const;
 };
 
-/// Reads a score; empty and `error` filled at the first line that is wrong.
+/// Reads a score. At the first wrong line it fills `error` and returns nothing.
 [[nodiscard]] std::optional<Score> readScore(std::string_view text, TextError& error);
 
 /// The finished loop, stereo at `kMusicRate`: what rings at its end is already in its start.

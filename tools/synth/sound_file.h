@@ -23,7 +23,7 @@ struct SoundRecording {
     std::vector<Samples> channels;
 };
 
-/// Decodes a WAV or Ogg Vorbis file with the game's own decoders; nothing when the game would be silent.
+/// Decodes a WAV or Ogg Vorbis file with the game's own decoders; empty when the game could not play it.
 [[nodiscard]] std::optional<SoundRecording> decodeSound(std::span<const std::uint8_t> file);
 
 }  // namespace grub

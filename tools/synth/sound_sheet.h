@@ -14,7 +14,8 @@ struct NamedRecording {
 };
 
 /// Draws sounds as a PNG picture to look at: name, waveform, spectrum over time from 0 to 11 kHz, a sound a tile. A
-/// tile shows at least one second; a tick stands every 100 ms (every 10 s in a track). False when that fails.
+/// tile shows at least one second; a tick stands every 100 ms (every 10 s in a track). Returns false when the file
+/// cannot be written.
 [[nodiscard]] bool writeSoundSheet(const std::string& path, const std::vector<NamedRecording>& sounds);
 
 }  // namespace grub

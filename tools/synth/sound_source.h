@@ -21,11 +21,11 @@ struct SoundSource {
     std::vector<SoundLayer> layers;
 };
 
-/// Reads a source; empty and `error` filled at the first line that is wrong.
+/// Reads a source. At the first wrong line it fills `error` and returns nothing.
 [[nodiscard]] std::optional<SoundSource> readSoundSource(std::string_view text, TextError& error);
 
-/// The finished sound: mono, at the source's rate, without DC, as loud as its source says. Empty and `error` filled
-/// when it would be louder than -1.5 dB of full scale.
+/// The finished sound: mono, at the source's rate, without DC, as loud as its source says. When its
+/// peak would be above -1.5 dB of full scale, it fills `error` and returns nothing.
 [[nodiscard]] std::optional<Samples> renderSound(const SoundSource& source, TextError& error);
 
 }  // namespace grub
