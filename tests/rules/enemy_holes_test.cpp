@@ -103,7 +103,7 @@ TEST(EnemyInHole, MeetsOthers) {
 }
 
 // A hole dug in frame 1 is a floor again after frame 269, when the enemies of that frame have acted. A dog from column
-// n comes above it in frame 16 * (n - 1). The dead lie where the hero stands and catch no one.
+// n comes above it in frame 16 * (n - 1). The dead lie where the hero stands and do not catch him.
 TEST(EnemyInHole, DiesInTheClosingHoleUnlessItIsOnItsWayOut) {
     expectScenarios({
         {"trapped", "@...........d/=============/#############", "1 down X",

@@ -193,7 +193,7 @@ TEST(Rat, RunsToAndFroOnItsFloor) {
         {"turns where the floor ends, without a draw", ". r . . @/# # # . #/# # # # #", "",
          "15: at1=0,0; 16: at1=4,0; 47: at1=128,0; 48: at1=124,0; 79: at1=0,0; 80: at1=4,0 draws=0"},
         {"is held by no ladder", "@ . . ./# . H r/# . . #", "", "31: map=@.../#.H./#.r#"},
-        {"dies in a dead end for good, and catches no one at the map's corner", "@ . . ./# r # ./# # # #", "",
+        {"dies in a dead end for good and does not catch him at the map's corner", "@ . . ./# r # ./# # # #", "",
          "15: at1=128,64 is1=roams; 16: is1=dead; 1000: is1=dead at1=0,0 end=no"},
         {"goes on through a floor in its way", "@ . . ./# r = ./# # # #", "",
          "16: at1=132,64 is1=roams; 32: at1=188,64"},

@@ -26,7 +26,7 @@ constexpr const char* kBlocks =
     "[8]\r\ntype=8\r\nspriteRost=90\r\nsprite=51\r\n"
     "[9]\r\ntype=9\r\n"
     "[10]\r\nsprite=51\r\n"   // an ornament without a type
-    "[11]\r\nsprite=999\r\n"  // a picture that nobody has loaded
+    "[11]\r\nsprite=999\r\n"  // a picture that is not loaded
     "[12]\r\ntype=77\r\n"
     "[13]\r\ntype=8\r\n"
     "[14]\r\nsprite=36\r\n";
