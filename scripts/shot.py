@@ -6,22 +6,6 @@ import subprocess
 import sys
 import tempfile
 
-# Pictures that are presented before that of game frame 0: two while the loader works, then the introduction shows the
-# level as frame 0 left it.
-PICTURES_BEFORE_FRAME_0 = 3
-
-
-def script_of(keys: str, frame: int, picture: pathlib.Path) -> str:
-    """The program's script: events of a game frame come when the picture of the frame before has been presented."""
-    lines = []
-    for line in keys.splitlines():
-        words = line.split("#")[0].split()
-        if words:
-            lines.append(f"{int(words[0]) - 1 + PICTURES_BEFORE_FRAME_0} {' '.join(words[1:])}")
-    lines.append(f"{frame + PICTURES_BEFORE_FRAME_0} shot {picture}")
-    return "\n".join(lines) + "\n"
-
-
 def main() -> int:
     parser = argparse.ArgumentParser(prog="./dev shot", description=__doc__)
     parser.add_argument("program", help=argparse.SUPPRESS)
@@ -35,7 +19,7 @@ def main() -> int:
     keys = args.keys.read_text() if args.keys else ""
     with tempfile.TemporaryDirectory() as folder:
         script = pathlib.Path(folder) / "shot.script"
-        script.write_text(script_of(keys, args.frame, args.picture.resolve()))
+        script.write_text(f"{keys}\n{args.frame} shot {args.picture.resolve()}\n")
         command = [str(pathlib.Path(args.program).resolve()), "--script", str(script), "--level", level]
         result = subprocess.run(command, cwd=folder)
     if result.returncode == 0 and args.picture.exists():

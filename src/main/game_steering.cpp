@@ -6,6 +6,7 @@
 #include <fstream>
 #include <utility>
 
+#include "control/script.h"
 #include "game_file.h"
 #include "game_text.h"
 #include "level_list.h"
@@ -13,6 +14,12 @@
 #include "whole_file.h"
 
 namespace grub {
+
+void GameSteering::beforePicture(const World& world) {
+    isFirstAttempt_ = isFirstAttempt_ && world.frame() >= lastFrame_;  // frames begin again with each attempt
+    lastFrame_ = world.frame();
+    if (isFirstAttempt_) platform::showScriptFrame(static_cast<std::uint64_t>(lastFrame_));
+}
 
 ReplaySteering::ReplaySteering(RecordedGame game, std::string path, int showFrom)
     : game_(std::move(game)), path_(std::move(path)), showFrom_(showFrom), keys_(game_.events) {}
@@ -142,6 +149,7 @@ bool levelIsThere(const PlayStart& start) {
 }  // namespace
 
 bool prepareGame(const OwnOptions& options, PlayStart& start, std::unique_ptr<GameSteering>& steering) {
+    steering = std::make_unique<GameSteering>();
     if (!options.replayFile.empty() && !prepareReplay(options, start, steering)) return false;
     if (!options.recordFile.empty() && !prepareRecord(options, steering)) return false;
     return levelIsThere(start);

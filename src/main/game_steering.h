@@ -11,11 +11,17 @@
 
 namespace grub {
 
-/// A steering that works with the file of a recorded game, for one attempt.
+/// The steering of the program: passes the keys on and tells the script which game frame of the first attempt comes
+/// next. The steerings below also work with the file of a recorded game, for one attempt.
 class GameSteering : public Steering {
 public:
+    void beforePicture(const World& world) final;
     /// The program's exit code when play is over: 0 when all went well.
-    [[nodiscard]] virtual int exitCode() const = 0;
+    [[nodiscard]] virtual int exitCode() const { return 0; }
+
+private:
+    int lastFrame_ = 0;
+    bool isFirstAttempt_ = true;
 };
 
 /// Plays a recorded game in place of the player and compares each frame with the record. The player can still leave.
@@ -71,7 +77,7 @@ private:
     bool isWritten_ = false;
 };
 
-/// Sets up what the options ask for: the steering of a replay or a record (else `steering` stays null), and in `start`
+/// Sets up what the options ask for: the steering that replays, records or only passes the keys on, and in `start`
 /// where a replay begins. False after one line on standard error: the recorded game cannot be read, the file to record
 /// in cannot be written, or the package lacks the level.
 [[nodiscard]] bool prepareGame(const OwnOptions& options, PlayStart& start, std::unique_ptr<GameSteering>& steering);

@@ -31,5 +31,6 @@ int main(int argc, char** argv) {
     if (!platform::openVideo()) return 1;  // without a screen: one line and no game
     start.steering = steering.get();
     const int exitCode = grub::runGame(nullptr, nullptr, options.commandLine.c_str(), SW_SHOW, start);
-    return steering && exitCode == 0 ? steering->exitCode() : exitCode;
+    if (exitCode != 0) return exitCode;
+    return platform::isScriptDone() ? steering->exitCode() : 1;
 }

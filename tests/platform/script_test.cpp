@@ -20,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using platform::parseScript;
 using Action = platform::ScriptLine::Action;
+using Count = platform::ScriptLine::Count;
 
 TEST(Script, IsOneActionALine) {
     std::string error;
@@ -28,7 +29,7 @@ TEST(Script, IsOneActionALine) {
         "1 down Left\r\n"
         "  # to the wall\n"
         "\n"
-        "  9\tup Left\n"
+        "  picture 9\tup Left\n"
         "2 move -5 700\n"
         "3 press 1 2\n"
         "3 release 1 2\n"
@@ -38,7 +39,7 @@ TEST(Script, IsOneActionALine) {
         error);
     ASSERT_TRUE(lines) << error;
     struct Row {
-        std::uint64_t tick;
+        std::uint64_t number;
         Action action;
         std::string name;
         int x, y;
@@ -52,7 +53,8 @@ TEST(Script, IsOneActionALine) {
     ASSERT_EQ(lines->size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
         const auto& line = (*lines)[i];
-        EXPECT_EQ(line.tick, expected[i].tick) << i;
+        EXPECT_EQ(line.number, expected[i].number) << i;
+        EXPECT_EQ(line.count == Count::Pictures, line.number == 9) << i;
         EXPECT_EQ(line.action, expected[i].action) << i;
         EXPECT_EQ(line.name, expected[i].name) << i;
         EXPECT_EQ(line.x, expected[i].x) << i;
@@ -66,11 +68,11 @@ TEST(Script, NamesTheLineThatIsNotUnderstood) {
         const char* error;
     };
     for (const auto& [text, expected] : {
-             Row{"0 close", "line 1: a picture's number, from 1, is wanted instead of \"0\""},
-             Row{"\n\n-1 close", "line 3: a picture's number, from 1, is wanted instead of \"-1\""},
+             Row{"picture 0 close", "line 1: the number of a picture, from 1, is wanted instead of \"0\""},
+             Row{"\n\n-1 close", "line 3: the number of a game frame, from 0, is wanted instead of \"-1\""},
              Row{"99999999999999999999 close",
-                 "line 1: a picture's number, from 1, is wanted instead of \"99999999999999999999\""},
-             Row{"close", "line 1: a picture's number, from 1, is wanted instead of \"close\""},
+                 "line 1: the number of a game frame, from 0, is wanted instead of \"99999999999999999999\""},
+             Row{"close", "line 1: the number of a game frame, from 0, is wanted instead of \"close\""},
              Row{"1", "line 1: down, up, move, press, release, shot or close is wanted instead of \"\""},
              Row{"1 jump", "line 1: down, up, move, press, release, shot or close is wanted instead of \"jump\""},
              Row{"1 down", "line 1: no key is named \"\""},
@@ -105,7 +107,11 @@ void playInThisProcess(const std::string& script, bool presents) {
     const GameThread game([&] {
         const std::vector<std::uint32_t> pixels(800UL * 600, 0x00FF8040);
         while (!presents) Sleep(1000);
-        while (platform::showFrame(window.handle(), pixels.data(), 800, 600, 3200)) Sleep(40);
+        platform::showScriptFrame(0);
+        for (int frame = 1; platform::showFrame(window.handle(), pixels.data(), 800, 600, 3200); ++frame) {
+            Sleep(40);
+            platform::showScriptFrame(static_cast<std::uint64_t>(frame));
+        }
     });
     TestWindow::loop();
     QueryPerformanceCounter(&now);
@@ -177,8 +183,8 @@ std::uint32_t onlyColourOf(const std::string& path) {
     return std::uint32_t{bytes[0]} << 16U | std::uint32_t{bytes[1]} << 8U | bytes[2];
 }
 
-TEST_F(ScriptDeathTest, PlaysItsLinesAtTheirPicturesAndEndsOneSecondLater) {
-    const auto path = script("1 down Left\n5 up Left\n5 press 3 4\n");
+TEST_F(ScriptDeathTest, PlaysItsLinesAtTheirFramesAndPicturesAndEndsOneSecondLater) {
+    const auto path = script("1 down Left\n5 up Left\npicture 5 press 3 4\n");
     EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(0), "^100 25 at 0;101 25 at 160;201 0 at 160;$");
 }
 
@@ -188,7 +194,7 @@ TEST_F(ScriptDeathTest, ClosesTheWindowWhichMayEndTheProgramEarlier) {
 }
 
 TEST_F(ScriptDeathTest, LetsSoundGoOnWithItsOwnClock) {
-    const auto path = script("26 close\n");  // one second, and a half of the buffer is 50 ms
+    const auto path = script("picture 26 close\n");  // one second, and a half of the buffer is 50 ms
     EXPECT_EXIT(playSoundInThisProcess(path), testing::ExitedWithCode(5), "^20 refills$");
 }
 

@@ -19,9 +19,6 @@ const std::string kGame = GRUB_BIN_DIR "/grubaway";
 const std::string kTool = GRUB_BIN_DIR "/grubtool";
 const std::string kData = GRUB_DATA_DIR;
 
-/// Pictures presented before that of game frame 0: the loader's two, and the introduction.
-constexpr int kPicturesBeforeFrame0 = 3;
-
 int exitCodeOf(const std::string& command) {
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -46,18 +43,16 @@ private:
     ScratchDirectory directory_;
 };
 
-std::string at(int frame, const std::string& what) {
-    return std::to_string(frame + kPicturesBeforeFrame0) + " " + what + "\n";
-}
+std::string at(int frame, const std::string& what) { return std::to_string(frame) + " " + what + "\n"; }
 
-TEST(Play, TheFirstGameFrameIsTheFourthPicture) {
+TEST(Play, AKeyOfAGameFrameComesBeforeIt) {
     const Play still(at(0, "shot 0.png") + at(1, "shot 1.png"));
-    const Play turning(at(0, "down Right") + at(0, "shot 0.png") + at(1, "shot 1.png"));
+    const Play turning(at(1, "down Right") + at(0, "shot 0.png") + at(1, "shot 1.png"));
     ASSERT_EQ(still.exitCode, 0) << still.errors();
     ASSERT_EQ(turning.exitCode, 0) << turning.errors();
     ASSERT_FALSE(still.file("1.png").empty());
     EXPECT_EQ(still.file("0.png"), turning.file("0.png"));
-    EXPECT_NE(still.file("1.png"), turning.file("1.png")) << "a key that comes with frame 0 turns him in frame 1";
+    EXPECT_NE(still.file("1.png"), turning.file("1.png")) << "he turns in frame 1";
 }
 
 TEST(Play, TheSameScriptGivesTheSamePictures) {
@@ -79,18 +74,19 @@ TEST(Play, LevelsAreChosenByNumberAndTheirPicturesDiffer) {
 }
 
 TEST(Play, TheFirstLevelCanBeWonAndTheSecondFollows) {
-    std::string script = at(0, "down Right") + at(54, "down Up") + at(77, "down Right") + at(89, "down Left") +
-                         at(140, "down Up") + at(156, "down Left");
-    constexpr int kFirst = 215;
-    constexpr int kLast = 235;
-    for (int frame = kFirst; frame <= kLast; ++frame) script += at(frame, "shot " + std::to_string(frame) + ".png");
+    std::string script = at(1, "down Right") + at(55, "down Up") + at(78, "down Right") + at(90, "down Left") +
+                         at(141, "down Up") + at(157, "down Left");
+    constexpr int kFirst = 218;  // pictures: the game frames end with the first level
+    constexpr int kLast = 238;
+    for (int number = kFirst; number <= kLast; ++number)
+        script += "picture " + std::to_string(number) + " shot " + std::to_string(number) + ".png\n";
     const Play won(script);
     const Play second(at(0, "shot start.png"), "--level 2");
     ASSERT_EQ(won.exitCode, 0) << won.errors();
     ASSERT_FALSE(second.file("start.png").empty());
     int same = 0;
-    for (int frame = kFirst; frame <= kLast; ++frame)
-        same += won.file(std::to_string(frame) + ".png") == second.file("start.png");
+    for (int number = kFirst; number <= kLast; ++number)
+        same += won.file(std::to_string(number) + ".png") == second.file("start.png");
     EXPECT_GE(same, 1) << "the second level's first picture was not seen";
 }
 
@@ -108,9 +104,11 @@ TEST(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
     EXPECT_TRUE(noLevel.errors().starts_with("grubaway: levels.pak does not hold levels\\turma\\level05.lvl; "))
         << noLevel.errors();
     EXPECT_EQ(std::ranges::count(noLevel.errors(), '\n'), 1) << noLevel.errors();
-    const Play wrong("5 dance\n");
-    EXPECT_EQ(wrong.exitCode, 1);
-    EXPECT_EQ(std::ranges::count(wrong.errors(), '\n'), 1) << wrong.errors();
+    for (const char* script : {"5 dance\n", "5 close\n900 shot a.png\n"}) {
+        const Play wrong(script);
+        EXPECT_EQ(wrong.exitCode, 1) << script;
+        EXPECT_EQ(std::ranges::count(wrong.errors(), '\n'), 1) << wrong.errors();
+    }
 }
 
 TEST(Packages, AreSoundAndComeBackTheSameFromTheirFiles) {

@@ -31,7 +31,7 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
     /// Plays in the real game, as fast as it can.
-    int play(const std::string& options, const std::string& script = "1000000 close\n") {
+    int play(const std::string& options, const std::string& script = "stay\n") {
         write("play.script", script);
         return run(kGame, "--script play.script " + options);
     }
@@ -67,9 +67,9 @@ TEST_F(Replay, FromLaterOnComesOutTheSame) {
 
 TEST_F(Replay, TakesNoKeyButEscape) {
     const std::string game = "--replay '" + kGames + "first-level.game'";
-    EXPECT_EQ(play(game, "20 down Left\n30 up Left\n40 down Z\n1000000 close\n"), 0) << errors;
+    EXPECT_EQ(play(game, "20 down Left\n30 up Left\n40 down Z\nstay\n"), 0) << errors;
     EXPECT_THAT(out, testing::EndsWith(": all as recorded\n"));
-    EXPECT_EQ(play(game, "20 down Escape\n1000000 close\n"), 0) << errors;
+    EXPECT_EQ(play(game, "20 down Escape\nstay\n"), 0) << errors;
     EXPECT_EQ(out + errors, "") << "who leaves hears nothing of the rest";
 }
 
@@ -96,7 +96,7 @@ TEST_F(Replay, OfAGameOnALevelSourceIsStartedByTheTool) {
 
 TEST_F(Replay, OfWhatWasRecordedComesOutAsItWasPlayed) {
     const std::string script = "5 down Right\n9 press 10 10\n12 up Right\n15 down Z\n17 down F1\n40 down Escape\n";
-    EXPECT_EQ(play("--level 2 --record mine.game", script + "1000000 close\n"), 0) << errors;
+    EXPECT_EQ(play("--level 2 --record mine.game", script + "stay\n"), 0) << errors;
     const std::string game = text("mine.game");
     EXPECT_THAT(game, testing::StartsWith("level levels\\turma\\level02.lvl\nindex 1\n"));
     EXPECT_THAT(game, testing::HasSubstr(" down Right\n"));

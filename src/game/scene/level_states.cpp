@@ -77,6 +77,7 @@ void LevelScene::updateCamera() {
 
 void LevelScene::drawWorld() {
     updateCamera();
+    steering_->beforePicture(*world_);
     drawLevel(*world_, camera_, animations_, *EngineServices::renderer());
 }
 

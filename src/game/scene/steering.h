@@ -26,6 +26,8 @@ public:
     /// Before each step of play, after the player's keys; and after the frame, with all that drawing advances.
     virtual void beforeStep(World& /*world*/) {}
     virtual void afterFrame(const World& /*world*/) {}
+    /// The next picture shows the world as it is now.
+    virtual void beforePicture(const World& /*world*/) {}
     /// The attempt is over. False leaves the game.
     virtual bool goesOnAfter(const World& /*world*/) { return true; }
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <charconv>
 #include <cstdio>
 #include <fstream>
@@ -81,9 +82,20 @@ std::string takeOperands(Operands operands, std::string_view rest, ScriptLine& l
 
 /// What is wrong with the text of one line; empty when it is in `line`.
 std::string parseLine(std::string_view text, ScriptLine& line) {
-    const auto tick = takeWord(text);
-    if (!parseNumber(tick, line.tick) || line.tick == 0) {
-        return "a picture's number, from 1, is wanted instead of \"" + std::string(tick) + "\"";
+    if (text == "stay") {
+        line.count = ScriptLine::Count::Pictures;
+        line.action = Action::Stay;
+        return "";
+    }
+    auto number = takeWord(text);
+    if (number == "picture") {
+        line.count = ScriptLine::Count::Pictures;
+        number = takeWord(text);
+    }
+    const std::uint64_t first = line.count == ScriptLine::Count::Pictures ? 1 : 0;
+    if (!parseNumber(number, line.number) || line.number < first) {
+        return std::string("the number of a ") + (first == 1 ? "picture, from 1," : "game frame, from 0,") +
+               " is wanted instead of \"" + std::string(number) + "\"";
     }
     const auto word = takeWord(text);
     const auto* verb = std::ranges::find(kVerbs, word, &Verb::word);
@@ -105,13 +117,23 @@ class ScriptPlayer {
 public:
     explicit ScriptPlayer(std::vector<ScriptLine> lines) : lines_(std::move(lines)) {}
 
-    /// Performs the lines of this picture.
+    void showFrame(std::uint64_t frame) { framesShown_ = frame + 1; }
+
+    /// Performs the lines that are due with this picture.
     void pictureShown(HWND window, std::uint64_t number) {
         playSoundUntilNow();
-        while (next_ < lines_.size() && lines_[next_].tick <= number) perform(window, lines_[next_++]);
-        if (next_ == lines_.size()) SetEvent(allPerformed_);
+        const std::uint64_t framesShown = framesShown_;
+        for (auto line = lines_.begin(); line != lines_.end();) {
+            const bool isDue = isDueWith(*line, number, framesShown);
+            if (isDue) perform(window, *line);
+            line = isDue ? lines_.erase(line) : line + 1;
+        }
+        linesLeft_ = lines_.size();
+        if (lines_.empty() && !stays_) SetEvent(allPerformed_);
         SetEvent(pictureCame_);
     }
+
+    [[nodiscard]] std::size_t linesLeft() const { return linesLeft_; }
 
     /// Ends the process when its time has come; runs on a thread of its own.
     [[noreturn]] void watch() {
@@ -126,6 +148,14 @@ public:
     }
 
 private:
+    /// A shot waits for the picture of its game frame, an event for that of the frame before.
+    static bool isDueWith(const ScriptLine& line, std::uint64_t picture, std::uint64_t framesShown) {
+        if (line.count == ScriptLine::Count::Pictures) return line.number <= picture;
+        const std::uint64_t wanted =
+            line.action == Action::Shot ? line.number + 1 : std::max<std::uint64_t>(line.number, 1);
+        return wanted <= framesShown;
+    }
+
     /// Sound follows the script's clock instead of real time, so that cursors and refills are the same in each run. The
     /// samples are thrown away.
     void playSoundUntilNow() {
@@ -153,7 +183,7 @@ private:
         if (!writePng(file, window.presenter.latest())) ExitProcess(1);
     }
 
-    static void perform(HWND handle, const ScriptLine& line) {
+    void perform(HWND handle, const ScriptLine& line) {
         const auto window = windowOf(handle);
         if (!window) return;
         switch (line.action) {
@@ -164,12 +194,16 @@ private:
             case ScriptLine::Action::MouseRelease: return mouse(*window, WM_LBUTTONUP, line);
             case ScriptLine::Action::Shot: return shot(*window, line.name);
             case ScriptLine::Action::Close: callProcedure(*window, WM_CLOSE, 0, 0); return;
+            case ScriptLine::Action::Stay: stays_ = true; return;
         }
     }
 
     HandDrivenClock clock_;
-    std::vector<ScriptLine> lines_;
-    std::size_t next_ = 0;
+    std::vector<ScriptLine> lines_;  // that are left
+    std::atomic<std::size_t> linesLeft_ = lines_.size();
+    std::atomic<std::uint64_t> framesShown_ =
+        0;  // number of game frames that pictures have shown, that of the next too
+    bool stays_ = false;
     std::int64_t soundFrames_ = 0;  // mixed so far
     HANDLE allPerformed_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     HANDLE pictureCame_ = CreateEventA(nullptr, FALSE, FALSE, nullptr);
@@ -180,6 +214,8 @@ std::optional<std::string> readText(const std::string& path) {
     if (!file) return std::nullopt;
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
+
+ScriptPlayer* thePlayer = nullptr;  // of the process, never destroyed; its clock stays too
 
 DWORD WINAPI watchScript(LPVOID player) { static_cast<ScriptPlayer*>(player)->watch(); }
 
@@ -197,7 +233,7 @@ std::optional<std::vector<ScriptLine>> parseScript(std::string_view text, std::s
         error = "line " + std::to_string(number) + ": " + fault;
         return std::nullopt;
     }
-    std::ranges::stable_sort(lines, {}, &ScriptLine::tick);
+    std::ranges::stable_sort(lines, {}, &ScriptLine::number);
     return lines;
 }
 
@@ -211,9 +247,19 @@ bool playScript(const std::string& path) {
     }
     useDummyDrivers();
     setSoundOutput(SoundOutput::ByHand);
-    static auto* player = new ScriptPlayer(std::move(*lines));  // stays for the rest of the process, and its clock too
-    observePictures([](HWND window, std::uint64_t number) { player->pictureShown(window, number); });
-    return CreateThread(nullptr, 0, watchScript, player, 0, nullptr) != nullptr;
+    thePlayer = new ScriptPlayer(std::move(*lines));
+    observePictures([](HWND window, std::uint64_t number) { thePlayer->pictureShown(window, number); });
+    return CreateThread(nullptr, 0, watchScript, thePlayer, 0, nullptr) != nullptr;
+}
+
+void showScriptFrame(std::uint64_t frame) {
+    if (thePlayer) thePlayer->showFrame(frame);
+}
+
+bool isScriptDone() {
+    if (!thePlayer || thePlayer->linesLeft() == 0) return true;
+    std::fprintf(stderr, "script: the program ended before %zu of its lines\n", thePlayer->linesLeft());
+    return false;
 }
 
 }  // namespace platform
