@@ -111,5 +111,13 @@ TEST_F(Replay, TheFileToRecordInIsTriedBeforePlay) {
     EXPECT_EQ(errors, "nowhere/mine.game: cannot be written\n");
 }
 
+TEST_F(Replay, OnlyAStartOfTheGameEmptiesTheLog) {
+    write("nimbo.log", "from the last start\n");
+    for (const char* const options : {"--help", "--nonsense"}) run(kGame, options);
+    EXPECT_EQ(text("nimbo.log"), "from the last start\n");
+    EXPECT_EQ(play("", "close\n"), 1) << "a script that is not understood";
+    EXPECT_EQ(text("nimbo.log"), "");
+}
+
 }  // namespace
 }  // namespace grub
