@@ -58,7 +58,7 @@ protected:
         return ids;
     }
     // The effects from `first` to before `end` but for `absent` and 22, whose key the table lacks.
-    static std::set<std::size_t> range(std::size_t first, std::size_t end, std::set<std::size_t> absent = {}) {
+    static std::set<std::size_t> range(std::size_t first, std::size_t end, const std::set<std::size_t>& absent = {}) {
         std::set<std::size_t> ids;
         for (; first < end; ++first)
             if (first != 22 && !absent.contains(first)) ids.insert(first);

@@ -14,49 +14,33 @@
 namespace grub {
 namespace {
 
-// The test is the game's thread.
-class RandomPlaying : public HandMixedDevice {
-public:
-    ~RandomPlaying() override {
-        ended_ = true;
-        speakers_.join();
-    }
+using RandomPlaying = HandMixedDevice;
 
-protected:
-    // Everything that can happen to a sound, to a random one of `sounds`.
-    void act(std::vector<std::unique_ptr<SoundBuffer>>& sounds) {
-        auto& sound = sounds[random_() % sounds.size()];
-        switch (random_() % 12) {
-            case 0: sound = soundOf(file()); break;
-            case 1: sound = sound->clone(); break;
-            case 2: sound->create(createSoundDecoder(bufferOf(file()))); break;
-            case 3: sound->setVolume(static_cast<int>(random_() % 101)); break;
-            case 4: sound->setPan(static_cast<int>(random_() % 101)); break;
-            case 5: std::this_thread::sleep_for(std::chrono::milliseconds(1)); break;
-            case 6: device_.playLooped(*sound); break;
-            case 7:
-            case 8: device_.stop(*sound); break;
+// The test is the game's thread. It does what can happen to a sound, to a random one.
+TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
+    const std::vector<Bytes> files{monoWav(Samples(200, 1)), monoWav(Samples(140000, 2)), monoWav(Samples(300000, 3)),
+                                   writeOgg({sine(3000, 440, 44100)})};
+    std::atomic<bool> ended = false;
+    std::thread speakers([&] {
+        Samples stereo(8820);
+        while (!ended) platform::mixSound(stereo);
+    });
+    std::mt19937 random(testing::UnitTest::GetInstance()->random_seed() + 1U);
+    std::vector<std::unique_ptr<SoundBuffer>> sounds(24);
+    for (auto& sound : sounds) sound = soundOf(files[random() % files.size()]);
+    for (int i = 0; i < 600; ++i) {
+        auto& sound = sounds[random() % sounds.size()];
+        switch (random() % 9) {
+            case 0: sound = sound->clone(); break;
+            case 1: sound->create(createSoundDecoder(bufferOf(files[random() % files.size()]))); break;
+            case 2: sound->setVolume(static_cast<int>(random() % 101)); break;
+            case 3: sound->setPan(static_cast<int>(random() % 101)); break;
+            case 4: std::this_thread::sleep_for(std::chrono::milliseconds(1)); break;
+            case 5: device_.playLooped(*sound); break;
+            case 6: device_.stop(*sound); break;
             default: device_.play(*sound, false);
         }
     }
-    const Bytes& file() { return files_[random_() % files_.size()]; }
-
-    std::mt19937 random_{testing::UnitTest::GetInstance()->random_seed() + 1U};
-    const std::vector<Bytes> files_{monoWav(Samples(200, 1)), monoWav(Samples(140000, 2)), monoWav(Samples(300000, 3)),
-                                    writeOgg({sine(3000, 440, 44100)})};
-    std::atomic<bool> ended_ = false;
-    std::thread speakers_{[this] {
-        Samples stereo(8820);
-        while (!ended_) platform::mixSound(stereo);
-    }};
-};
-
-TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
-    constexpr int kActions = 600;
-    std::vector<std::unique_ptr<SoundBuffer>> sounds(24);
-    for (auto& sound : sounds) sound = soundOf(file());
-    for (int i = 0; i < kActions; ++i) act(sounds);
-
     for (const auto& sound : sounds) EXPECT_TRUE(device_.stop(*sound));
     for (const auto& voice : platform::testing::voices()) EXPECT_FALSE(voice.playing);
     sounds.clear();
@@ -64,6 +48,8 @@ TEST_F(RandomPlaying, EndsInSilenceWithAllSlotsFree) {
         sounds.push_back(soundOf(monoWav(Samples(300000))));
         EXPECT_TRUE(device_.playLooped(*sounds[i])) << i;
     }
+    ended = true;
+    speakers.join();
 }
 
 // Each load replaces sounds that the game may be starting at this moment.
