@@ -183,8 +183,8 @@ TEST(LevelDressing, GivesCellsTheirBlocks) {
 TEST(LevelDressing, VariantsDependOnThePlaceAlone) {
     const auto secondRow = [](char first) {
         const LevelFile level = dressed(sourceOf(std::string(40, first) + "\n" + std::string(40, '.')));
-        std::vector<int> ids;
-        for (int x = 0; x < level.width; ++x) ids.push_back(recordAt(level, x, 1).base);
+        std::vector<int> ids(40);
+        for (std::size_t x = 0; x < ids.size(); ++x) ids[x] = level.records[ids.size() + x].base;
         return ids;
     };
     const auto ids = secondRow('.');

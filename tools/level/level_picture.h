@@ -15,6 +15,7 @@ struct RgbaPicture {
     int height = 0;
     std::vector<std::uint8_t> rgba;
 
+    /// Whether it has no pixels.
     [[nodiscard]] bool empty() const { return rgba.empty(); }
 };
 

@@ -30,6 +30,7 @@ inline constexpr std::array<std::uint16_t CellRecord::*, kAllSlots.size()> kSlot
     &CellRecord::base,   &CellRecord::layer2, &CellRecord::layer3,
     &CellRecord::layer4, &CellRecord::layer5, &CellRecord::code};
 
+/// The word that begins a placement line for this slot.
 [[nodiscard]] constexpr std::string_view wordOf(Slot slot) { return kSlotWords[static_cast<std::size_t>(slot)]; }
 
 /// The value of a slot, to read or to change.
