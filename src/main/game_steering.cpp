@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "control/script.h"
-#include "game_file.h"
 #include "game_text.h"
 #include "level_list.h"
 #include "resource_package.h"

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "game_player.h"
-#include "game_recorder.h"
 #include "own_options.h"
 #include "steering.h"
 

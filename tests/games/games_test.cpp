@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "game_file.h"
 #include "game_player.h"
+#include "game_text.h"
 #include "happenings.h"
 #include "play_content.h"
 

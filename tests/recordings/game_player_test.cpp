@@ -8,8 +8,7 @@
 #include <string>
 
 #include "drawn_world.h"
-#include "game_file.h"
-#include "game_recorder.h"
+#include "game_text.h"
 #include "package_writer.h"
 #include "scratch_directory.h"
 

@@ -8,8 +8,8 @@
 
 #include "level_list.h"
 #include "level_writer.h"
+#include "map_cell.h"
 #include "memory_source.h"
-#include "object_code.h"
 #include "rules.h"
 
 namespace grub {

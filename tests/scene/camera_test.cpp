@@ -1,4 +1,4 @@
-#include "camera.h"
+#include "level_view.h"
 
 #include <gtest/gtest.h>
 

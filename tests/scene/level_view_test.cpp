@@ -7,9 +7,8 @@
 #include "bmp_writer.h"
 #include "fake_renderer.h"
 #include "level_writer.h"
+#include "map_cell.h"
 #include "memory_source.h"
-#include "number_painter.h"
-#include "object_code.h"
 
 namespace grub {
 namespace {

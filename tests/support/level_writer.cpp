@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "level_list.h"
+#include "map_cell.h"
 #include "memory_source.h"
-#include "object_code.h"
 
 namespace grub {
 

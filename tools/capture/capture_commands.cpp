@@ -4,7 +4,7 @@
 #include "command.h"
 #include "command_lists.h"
 #include "dsound/sound_card.h"
-#include "game_file.h"
+#include "game_text.h"
 #include "play_content.h"
 #include "resource_package.h"
 #include "sound_capture.h"

@@ -4,11 +4,11 @@
 #include <array>
 #include <set>
 
-#include "block_type.h"
 #include "ini_table.h"
 #include "level_file.h"
 #include "level_loader.h"
 #include "loading_list.h"
+#include "map_cell.h"
 #include "text_lines.h"
 
 namespace grub {

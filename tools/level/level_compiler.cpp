@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "block_type.h"
-#include "enemy_kind.h"
+#include "enemy_traits.h"
 #include "level_file.h"
+#include "map_cell.h"
 #include "rules.h"
 
 namespace grub {

@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-#include "block_type.h"
+#include "map_cell.h"
 #include "surface.h"
 #include "text_lines.h"
 

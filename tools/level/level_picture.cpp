@@ -8,7 +8,7 @@
 
 #include "image_decoder.h"
 #include "loading_list.h"
-#include "object_code.h"
+#include "map_cell.h"
 #include "rules.h"
 #include "whole_file.h"
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "level_file.h"
-#include "object_code.h"
+#include "map_cell.h"
 #include "text_lines.h"
 
 namespace grub {

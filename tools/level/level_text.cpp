@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "block_type.h"
+#include "map_cell.h"
 
 namespace grub {
 

@@ -11,9 +11,7 @@
 
 #include "command.h"
 #include "command_lists.h"
-#include "game_file.h"
 #include "game_player.h"
-#include "game_recorder.h"
 #include "game_text.h"
 #include "play_content.h"
 

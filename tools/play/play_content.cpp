@@ -4,12 +4,12 @@
 
 #include "block_table.h"
 #include "files/files.h"
-#include "game_file.h"
+#include "game_text.h"
 #include "image_decoder.h"
 #include "level_compiler.h"
 #include "level_list.h"
 #include "loading_list.h"
-#include "text_words.h"
+#include "text_lines.h"
 #include "whole_file.h"
 
 namespace grub {

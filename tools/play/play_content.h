@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "animation_frame_counts.h"
+#include "animation_frames.h"
 #include "level_loader.h"
 #include "recorded_game.h"
 #include "resource_package.h"

@@ -23,4 +23,31 @@ namespace grub {
 /// all agrees; else the world stands where it differs.
 bool replay(const RecordedGame& game, World& world);
 
+/// Writes down a game while it is played.
+class GameRecorder {
+public:
+    /// Of an attempt at `level` with this start.
+    GameRecorder(std::string level, const WorldStart& start);
+
+    /// An event that the world, which has been settled, is told of before its next frame.
+    void event(const World& world, KeyAction action, PlayKey key = PlayKey::Up);
+    /// A world after its settling step, and after each frame with what drawing advances. A frame in which the player
+    /// has left does not count: it may have been played or not.
+    void frame(const World& world);
+    /// The game up to the last frame that counts.
+    [[nodiscard]] RecordedGame game() const;
+
+private:
+    RecordedGame game_;
+    RecordedState last_;
+    RecordedEnd end_;
+};
+
+/// Most frames that `record` plays: an hour.
+inline constexpr int kLongestGame = 25 * 60 * 60;
+
+/// Plays the keys of a draft on a world that has been settled, and puts down what comes of it; all that it says of that
+/// is written anew, but for the frame in which the player left. False when the keys reach no end.
+bool record(RecordedGame& game, World& world);
+
 }  // namespace grub

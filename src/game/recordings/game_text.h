@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "recorded_game.h"
-#include "text_words.h"
+#include "text_lines.h"
 
 namespace grub {
 
@@ -23,5 +23,11 @@ namespace grub {
 /// The same text, comments and all, with the states and the end of `game` in place of its own. Keys behind that end are
 /// left out: a game that has them cannot be read.
 [[nodiscard]] std::string withOutcome(std::string_view text, const RecordedGame& game);
+
+/// Reads a recorded game. Nothing, and one line in `error` that begins with the path, when it cannot be read.
+[[nodiscard]] std::optional<RecordedGame> loadGame(const std::string& path, std::string& error);
+
+/// The file of a game's level, whose path is relative to that of the game; nothing for a name of the level list.
+[[nodiscard]] std::optional<std::string> levelFileOf(const RecordedGame& game, const std::string& gamePath);
 
 }  // namespace grub

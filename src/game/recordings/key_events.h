@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "play_key.h"
-#include "text_words.h"
+#include "hero.h"
+#include "text_lines.h"
 #include "world.h"
 
 namespace grub {

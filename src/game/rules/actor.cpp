@@ -1,5 +1,8 @@
 #include "actor.h"
 
+#include <array>
+#include <cassert>
+
 #include "state_hash.h"
 
 namespace grub {
@@ -28,5 +31,57 @@ void Actor::undoMove() {
 }
 
 void Actor::addTo(StateHash& hash) const { hash.add(previousX, previousY, x, y, vx, vy); }
+
+namespace {
+
+struct ItemLook {
+    ItemKind kind;
+    int animation;
+    int frameDelay;  // frames each picture stays, less one
+};
+
+constexpr std::array kItemLooks{
+    ItemLook{ItemKind::Heart, 129, 2},     ItemLook{ItemKind::Invisibility, 142, 1}, ItemLook{ItemKind::Anchor, 143, 1},
+    ItemLook{ItemKind::Shield, 131, 1},    ItemLook{ItemKind::Bomb, 141, 1},         ItemLook{ItemKind::Skull, 163, 1},
+    ItemLook{ItemKind::TorchLeft, 126, 5}, ItemLook{ItemKind::TorchRight, 127, 5},   ItemLook{ItemKind::Drops, 128, 2},
+};
+
+constexpr const ItemLook& lookOf(ItemKind kind) {
+    for (const ItemLook& look : kItemLooks)
+        if (look.kind == kind) return look;
+    assert(false);
+    return kItemLooks[0];
+}
+
+}  // namespace
+
+AnimatedItem::AnimatedItem(int cx, int cy, ItemKind kind)
+    : kind_(kind), picture_{lookOf(kind).animation, 0}, frameDelayReload_(lookOf(kind).frameDelay) {
+    setCell(cx, cy);
+}
+
+void AnimatedItem::stepAnimation() {
+    if (!playing_) {
+        picture_.frame = 0;
+        frameDelay_ = frameDelayReload_;
+        playing_ = true;
+        return;
+    }
+    --frameDelay_;
+    if (frameDelay_ < 0) {
+        ++picture_.frame;
+        frameDelay_ = frameDelayReload_;
+    }
+    if (animationDone_) playing_ = false;
+}
+
+void AnimatedItem::finishFrame(const AnimationFrameCounts& counts) {
+    animationDone_ = picture_.frame + 1 >= counts.of(picture_.animation) && frameDelay_ == 0;
+}
+
+void AnimatedItem::addTo(StateHash& hash) const {
+    Actor::addTo(hash);
+    hash.add(kind_, picture_.animation, picture_.frame, frameDelay_, playing_, animationDone_);
+}
 
 }  // namespace grub

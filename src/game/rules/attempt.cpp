@@ -5,6 +5,23 @@
 
 namespace grub {
 
+void ScorePopups::add(int points, int cx, int cy) {
+    for (ScorePopup& entry : entries_) {
+        if (entry.ttl >= 1) continue;
+        entry = {cx * kCellSize + kHalfCell, cy * kCellSize + kHalfCell, points, kPopupFrames, false};
+        return;
+    }
+}
+
+void ScorePopups::finishFrame() {
+    for (ScorePopup& entry : entries_) {
+        entry.shown = entry.ttl > 0;
+        if (!entry.shown) continue;
+        --entry.ttl;
+        --entry.y;
+    }
+}
+
 void Attempt::addScore(int points, int cx, int cy) {
     score += points;
     popups.add(points, cx, cy);

@@ -1,20 +1,51 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <vector>
 
-#include "animated_item.h"
-#include "animation_frame_counts.h"
+#include "actor.h"
+#include "animation_frames.h"
 #include "bonus.h"
 #include "enemy.h"
 #include "level_map.h"
-#include "loss_cause.h"
-#include "score_popups.h"
+#include "rules.h"
 #include "sound_requests.h"
 #include "world_random.h"
 
 namespace grub {
 
 class StateHash;
+
+/// Why an attempt at a level ended.
+enum class LossCause : std::uint8_t { Dog = 0, Lady = 1, Rat = 2, Pit = 3, Won = 4, Quit = 5, Load = 6 };
+
+/// The points of a moment, rising from where they were earned.
+struct ScorePopup {
+    int x = 0;  // pixels in the level
+    int y = 0;  // where the next picture shows it
+    int value = 0;
+    int ttl = 0;         // pictures it still has; below 1 the entry is free
+    bool shown = false;  // in the picture of this frame, one pixel below `y`
+
+    friend bool operator==(const ScorePopup&, const ScorePopup&) = default;
+};
+
+/// The rising numbers. They live with the pictures of a level, behind dialogs too, and play does not depend on them.
+class ScorePopups {
+public:
+    /// Shows points at a cell; nothing when every entry is in use.
+    void add(int points, int cx, int cy);
+    /// The pictures of one frame: whoever lives is shown, then rises and grows older.
+    void finishFrame();
+    /// All entries, for drawing those that are `shown`.
+    [[nodiscard]] const std::array<ScorePopup, kPopupCount>& entries() const { return entries_; }
+
+    friend bool operator==(const ScorePopups&, const ScorePopups&) = default;
+
+private:
+    std::array<ScorePopup, kPopupCount> entries_{};
+};
 
 /// What everybody in a world shares during an attempt at a level: the field and what is on it beside the hero,
 /// chance, the score and how it ends. Actors are handed it for each step and keep nothing of it.

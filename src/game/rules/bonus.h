@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "animated_item.h"
+#include "actor.h"
 #include "rules.h"
 
 namespace grub {

@@ -138,4 +138,153 @@ void keepApart(std::span<Enemy> enemies) {
     }
 }
 
+// Where an enemy goes from the cell it stands on.
+
+namespace {
+
+/// One of four chances. The generator's largest numbers give 4, which no choice knows.
+int drawOfFour(WorldRandom& random) { return random.next() / kQuarterOfRandom; }
+
+}  // namespace
+
+void Enemy::chooseDirection(Attempt& attempt) {
+    const LevelMap& map = attempt.map;
+    vx = 0;
+    vy = 0;
+    if (kind_ == EnemyKind::Rat) return patrol(map);
+    if (map.distanceAt(cellX(), cellY()) != DistanceField::kUnreached) return hunt(map);
+    wander(attempt);
+}
+
+/// Sets the velocity of a step to a neighbouring cell.
+void Enemy::go(EnemyDirection way) {
+    vx = way == EnemyDirection::Left ? -speed_ : way == EnemyDirection::Right ? speed_ : 0;
+    vy = way == EnemyDirection::Up ? -speed_ : way == EnemyDirection::Down ? speed_ : 0;
+}
+
+// Among neighbours that are equally near the order decides. Whether a step is possible is not asked again: distances
+// reach only cells that can be walked. Looking left or right outlasts a climb.
+void Enemy::hunt(const LevelMap& map) {
+    const int cx = cellX();
+    const int cy = cellY();
+    int best = map.distanceAt(cx, cy);
+    const auto isNearer = [&](int column, int row) {
+        const int distance = map.distanceAt(column, row);
+        if (distance == DistanceField::kUnreached || distance >= best) return false;
+        best = distance;
+        return true;
+    };
+    if (cy > 0 && map.cellAt(cx, cy).type == BlockType::Ladder && isNearer(cx, cy - 1)) go(EnemyDirection::Up);
+    if (cy < map.height() - 1 && isNearer(cx, cy + 1)) go(EnemyDirection::Down);
+    if (cx < map.width() - 1 && isNearer(cx + 1, cy)) go(direction_ = EnemyDirection::Right);
+    if (cx > 0 && isNearer(cx - 1, cy)) go(direction_ = EnemyDirection::Left);
+}
+
+/// The rat turns where its floor ends, without a look at the other side.
+void Enemy::patrol(const LevelMap& map) {
+    const bool left = direction_ == EnemyDirection::Left;
+    const int ahead = cellX() + (left ? -1 : 1);
+    const bool goesOn = map.isPassable(ahead, cellY(), View::Physical) && map.canStand(ahead, cellY(), View::Planned);
+    if (!goesOn) direction_ = left ? EnemyDirection::Right : EnemyDirection::Left;
+    go(direction_);
+}
+
+void Enemy::wander(Attempt& attempt) {
+    if (direction_ == EnemyDirection::Undecided)
+        direction_ = static_cast<EnemyDirection>(drawOfFour(attempt.random) + 1);
+    const EnemyDirection wanted = direction_;
+    direction_ = EnemyDirection::Undecided;
+    switch (wanted) {
+        case EnemyDirection::Left:
+        case EnemyDirection::Right: return wanderSideways(attempt, wanted);
+        case EnemyDirection::Up:
+        case EnemyDirection::Down: return wanderUpright(attempt.map, wanted);
+        case EnemyDirection::Undecided:
+        case EnemyDirection::Nowhere: return;
+    }
+}
+
+// On the way left it looks for a ladder even when the way is shut; on the way right only when it is open.
+void Enemy::wanderSideways(Attempt& attempt, EnemyDirection side) {
+    const bool left = side == EnemyDirection::Left;
+    const bool open = attempt.map.isPassable(cellX() + (left ? -1 : 1), cellY(), View::Physical);
+    if (open) go(direction_ = side);
+    if (open || left) perhapsTakeLadder(attempt);
+}
+
+// Nothing looks whether the ladder's upper end is open: an enemy can climb into the floor above it.
+void Enemy::perhapsTakeLadder(Attempt& attempt) {
+    const LevelMap& map = attempt.map;
+    const int cx = cellX();
+    const int cy = cellY();
+    const auto isLadder = [&](int row) { return map.cellAt(cx, row).type == BlockType::Ladder; };
+    if (isLadder(cy) && drawOfFour(attempt.random) == 0) go(direction_ = EnemyDirection::Up);
+    if (cy < map.height() - 1 && isLadder(cy + 1) && drawOfFour(attempt.random) == 0)
+        go(direction_ = EnemyDirection::Down);
+}
+
+void Enemy::wanderUpright(const LevelMap& map, EnemyDirection way) {
+    const int cx = cellX();
+    const int cy = cellY();
+    const bool up = way == EnemyDirection::Up;
+    const bool possible = !up || map.cellAt(cx, cy).type == BlockType::Ladder;
+    if (possible && map.isPassable(cx, up ? cy - 1 : cy + 1, View::Physical)) go(direction_ = way);
+}
+
+// Which frame an enemy shows.
+
+namespace {
+
+/// Pictures of an enemy's strip, whatever the loaded strip has.
+constexpr int kStripFrames = 8;
+/// Pictures of the rat's two short strips, in and out of a hole.
+constexpr int kRatHoleFrames = 4;
+/// Frames each picture stays, less one.
+constexpr int kPictureDelay = 1;
+
+}  // namespace
+
+void Enemy::updateAnimation(const LevelMap& map) {
+    if (isOutsideMap(map)) return die();
+    if (frameDelay_ > 0) {
+        --frameDelay_;
+        return;
+    }
+    frameDelay_ = kPictureDelay;
+    const bool isInHole = state_ == EnemyState::Trapped || state_ == EnemyState::Escaping;
+    picture_ = isInHole ? inHole() : moving(map);
+    if (picture_.frame >= kStripFrames) picture_.frame = 0;
+}
+
+int Enemy::sided(EnemyAnimations::Pair pair) const {
+    return direction_ == EnemyDirection::Right ? pair.right : pair.left;
+}
+
+// Going either way it looks at the pipe to its right.
+bool Enemy::isHanging(const LevelMap& map) const {
+    return map.hangsAt(cellX(), cellY()) || map.hangsAt(cellX() + 1, cellY());
+}
+
+AnimationFrame Enemy::moving(const LevelMap& map) const {
+    const EnemyAnimations& strips = animationsOf(kind_);
+    if (vy != 0) {
+        const bool falls = vy > 0 && !isSupported(map);
+        return picture_.continuedBy(sided(falls ? strips.still : strips.climb));
+    }
+    const EnemyAnimations::Pair hang = strips.pipe;
+    const bool hanging = isHanging(map);
+    if (vx == 0) return {sided(hanging ? hang : strips.still), 0};
+    const EnemyAnimations::Pair way = hanging ? hang : strips.walk;
+    return picture_.continuedBy(vx < 0 ? way.left : way.right);
+}
+
+/// Falling in and climbing out hold their last picture.
+AnimationFrame Enemy::inHole() const {
+    const EnemyAnimations& strips = animationsOf(kind_);
+    AnimationFrame shown = picture_.continuedBy(sided(state_ == EnemyState::Trapped ? strips.trapped : strips.escape));
+    const int count = kind_ == EnemyKind::Rat ? kRatHoleFrames : kStripFrames;
+    shown.frame = std::min(shown.frame, count - 1);
+    return shown;
+}
+
 }  // namespace grub

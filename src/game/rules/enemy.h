@@ -4,9 +4,8 @@
 #include <span>
 
 #include "actor.h"
-#include "animation_frame.h"
-#include "enemy_animation.h"
-#include "enemy_kind.h"
+#include "animation_frames.h"
+#include "enemy_traits.h"
 #include "rules.h"
 
 namespace grub {

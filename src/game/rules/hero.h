@@ -1,14 +1,49 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "actor.h"
-#include "animation_frame.h"
+#include "animation_frames.h"
 #include "attempt.h"
-#include "hero_animation.h"
-#include "play_key.h"
 
 namespace grub {
+
+/// The keys that steer the hero.
+enum class PlayKey : std::uint8_t { Up, Down, Left, Right, Space, Enter, Z, X, A, B };
+
+namespace hero_animation {
+
+/// Animation ids of the hero's strips; what a strip shows stands in its name.
+inline constexpr int kWalkLeft = 1;
+inline constexpr int kWalkRight = 76;
+inline constexpr int kHangLeft = 77;
+inline constexpr int kHangRight = 78;
+inline constexpr int kClimb = 79;
+inline constexpr int kDigLeft = 80;
+inline constexpr int kDigRight = 81;
+inline constexpr int kNeutral = 151;
+inline constexpr int kFall = 152;
+inline constexpr int kUnused = 153;  // has its strips; nothing chooses it
+inline constexpr int kStandLeft = 333;
+inline constexpr int kStandRight = 334;
+
+/// A strip and the same poses inside the shield.
+struct ShieldVariant {
+    int base;
+    int shielded;
+};
+inline constexpr std::array kShieldVariants{
+    ShieldVariant{kWalkLeft, 132},  ShieldVariant{kWalkRight, 133}, ShieldVariant{kHangLeft, 137},
+    ShieldVariant{kHangRight, 138}, ShieldVariant{kClimb, 136},     ShieldVariant{kDigLeft, 139},
+    ShieldVariant{kDigRight, 140},  ShieldVariant{kNeutral, 155},   ShieldVariant{kFall, 156},
+    ShieldVariant{kUnused, 157},    ShieldVariant{kStandLeft, 144}, ShieldVariant{kStandRight, 145},
+};
+
+/// The frame of kClimb in which he rests on a ladder.
+inline constexpr int kClimbRestFrame = 5;
+
+}  // namespace hero_animation
 
 /// What the hero has been told last. One word, not a set of held keys: the latest key counts.
 enum class HeroCommand : std::uint8_t { None, Left, Right, Up, Down, DigLeft, DigRight };

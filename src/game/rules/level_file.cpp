@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "byte_reader.h"
-#include "object_code.h"
+#include "map_cell.h"
 #include "rules.h"
 
 namespace grub {

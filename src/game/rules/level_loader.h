@@ -1,17 +1,40 @@
 #pragma once
 
+#include <cstdint>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ini_table.h"
 #include "level_file.h"
 #include "level_map.h"
 #include "resource_source.h"
-#include "sprite_numbers.h"
 
 namespace grub {
+
+/// The numbers by which the block table names pictures, and the animation ids they stand for. The loader thread adds
+/// while the game thread may be building a level, so a lock covers both.
+class SpriteNumbers {
+public:
+    /// What `spriteIdOf` gives for a number that is not there.
+    static constexpr std::int16_t kUnknown = -1;
+
+    /// The first pair with a number wins. Pairs beyond kMaxSpriteNumbers are left out.
+    void addSpriteNumber(std::int32_t number, std::int16_t animationId);
+    [[nodiscard]] std::int16_t spriteIdOf(std::int32_t number) const;
+
+private:
+    struct Pair {
+        std::int32_t number;
+        std::int16_t animationId;
+    };
+
+    mutable std::mutex lock_;
+    std::vector<Pair> pairs_;
+};
 
 /// Builds maps out of level files and the block table. One lives with the level scene; the loader thread adds the
 /// sprite numbers, everything else runs on the thread that builds levels.

@@ -24,7 +24,7 @@ enum class View : bool { Planned = false, Physical = true };
 struct LevelObject {
     int x = 0;
     int y = 0;
-    std::uint16_t code = 0;  // object_code.h
+    std::uint16_t code = 0;  // map_cell.h
 
     friend bool operator==(const LevelObject&, const LevelObject&) = default;
 };

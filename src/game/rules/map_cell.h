@@ -2,9 +2,55 @@
 
 #include <cstdint>
 
-#include "block_type.h"
-
 namespace grub {
+
+/// How a cell behaves; the values are those of the block table.
+enum class BlockType : std::uint8_t {
+    Empty = 0,         // enterable, carries nobody
+    Floor = 1,         // carries, can be dug
+    Ladder = 2,        // enterable, climbable, carries who stands on it or in it
+    Pipe = 3,          // enterable, who is in it hangs
+    Inert = 4,         // neither enterable nor a support
+    Solid = 5,         // carries, cannot be dug
+    HiddenLadder = 6,  // empty until the last key is taken, then a ladder
+    InertToo = 7,      // as Inert
+    Exit = 8,          // empty; the last key opens it
+    SpawnPoint = 9     // empty; enemies come back here
+};
+
+/// The type for a number of the block table. Every number without a meaning of its own behaves as Inert.
+[[nodiscard]] constexpr BlockType blockTypeOf(std::int32_t number) {
+    return number >= 0 && number <= 9 ? static_cast<BlockType>(number) : BlockType::Inert;
+}
+
+/// A broken floor's way back to a floor; the values go to traces.
+enum class BreakState : std::uint8_t { Broken = 0, Regrowing = 1, Waiting = 2, Intact = 3 };
+
+/// What a level file places in a cell. Other codes are kept with the cell and place nothing.
+namespace object_code {
+
+/// The codes. Keys hang in one picture and lie in another; a lamp is drawn in front of its cell.
+inline constexpr std::uint16_t kHero = 8;
+inline constexpr std::uint16_t kDog = 9;
+inline constexpr std::uint16_t kRat = 10;
+inline constexpr std::uint16_t kHangingKey = 20;
+inline constexpr std::uint16_t kLongLamp = 21;
+inline constexpr std::uint16_t kShortLamp = 22;
+inline constexpr std::uint16_t kLady = 24;
+inline constexpr std::uint16_t kKey = 25;
+inline constexpr std::uint16_t kHeart = 27;
+inline constexpr std::uint16_t kDrops = 28;
+inline constexpr std::uint16_t kTorchLeft = 29;
+inline constexpr std::uint16_t kTorchRight = 30;
+
+/// Whether the code calls for an actor, a heart or a decoration.
+[[nodiscard]] constexpr bool isObject(std::uint16_t code) {
+    return code == kDog || code == kRat || code == kLady || (code >= kHeart && code <= kTorchRight);
+}
+/// Whether the code puts a key into the cell.
+[[nodiscard]] constexpr bool isKey(std::uint16_t code) { return code == kHangingKey || code == kKey; }
+
+}  // namespace object_code
 
 /// Column and row of a cell, from 0 at the left and at the top.
 struct CellPosition {
@@ -31,7 +77,7 @@ struct MapCell {
     std::int16_t layer5Sprite = 0;          // in front of actors
     std::int16_t frame = 0;                 // of `sprite`
     std::int16_t timer = 0;                 // frames until a broken floor starts to grow back
-    std::uint16_t code = 0;                 // what the level file placed here (object_code.h)
+    std::uint16_t code = 0;                 // what the level file placed here (object_code)
     std::int8_t frameDelay = 0;             // frames until the next picture
     std::int8_t frameDelayReload = 0;       // where that count starts again
     BlockType type = BlockType::Empty;      // as it is now

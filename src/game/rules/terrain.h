@@ -1,6 +1,6 @@
 #pragma once
 
-#include "animation_frame_counts.h"
+#include "animation_frames.h"
 #include "level_map.h"
 
 namespace grub {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "object_code.h"
+#include "map_cell.h"
 #include "state_hash.h"
 #include "terrain.h"
 

@@ -4,12 +4,10 @@
 #include <span>
 #include <vector>
 
-#include "animation_frame_counts.h"
+#include "animation_frames.h"
 #include "attempt.h"
 #include "hero.h"
 #include "level_map.h"
-#include "loss_cause.h"
-#include "play_key.h"
 #include "rules.h"
 #include "sound_requests.h"
 

@@ -4,14 +4,14 @@
 #include <atomic>
 #include <cstdint>
 
-#include "animation_frame_counts.h"
+#include "animation_frames.h"
 #include "engine_string.h"
 #include "frame_strip.h"
+#include "level_loader.h"
 #include "loading_list.h"
 #include "renderer.h"
 #include "resource_source.h"
 #include "shared_buffer.h"
-#include "sprite_numbers.h"
 
 namespace grub {
 

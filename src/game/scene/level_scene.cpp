@@ -1,17 +1,21 @@
 #include "level_scene.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "application_base.h"
 #include "crt.h"
 #include "engine_services.h"
 #include "file_stream.h"
+#include "input_messages.h"
 #include "level_file.h"
 #include "level_list.h"
+#include "level_view.h"
 #include "log_file.h"
 
 namespace grub {
+
 namespace {
 
 /// A pass of the frame loop waits at most this long for the loader while pictures are still missing.
@@ -163,6 +167,151 @@ std::optional<LevelMap> LevelScene::loadMap(int index) {
 void LevelScene::leaveToShell() {
     ApplicationBase::instance().selectScene(kMenuShellId);
     quit_ = true;
+}
+
+// What the level scene does in each game frame, by state.
+
+namespace {
+
+/// A game frame of the first loading waits at most this long for the loader.
+constexpr DWORD kFirstLoadWaitMs = 100;
+
+}  // namespace
+
+void LevelScene::runState() {
+    switch (state_) {  // no default: a state without a handler does not compile
+        case LevelState::Intro: return intro();
+        case LevelState::Playing: return playing();
+        case LevelState::Ended: return ended();
+        case LevelState::LoadSlot:
+        case LevelState::FirstLoad: return firstLoad();
+    }
+}
+
+// The level is built when both lists are there: block types name pictures of both, and a cell keeps the animation that
+// it was given when it was built.
+void LevelScene::firstLoad() {
+    if (resourcesLoaded_ && loader_.isComplete()) {
+        sound_.applyVolumes();  // what the second pass has loaded is at full volume
+        if (!startLevel(levelIndex_)) return leaveToShell();
+        state_ = LevelState::Intro;
+    } else if (!loader_.isComplete()) {
+        loader_.wait(kFirstLoadWaitMs);
+    } else {
+        resourcesLoaded_ = true;
+        loader_.forgetProgress();
+        startLoadingPass();
+        loader_.wait(kFirstLoadWaitMs);
+    }
+}
+
+void LevelScene::intro() {
+    world_->finishFrame(false);
+    drawWorld();
+    state_ = LevelState::Playing;
+}
+
+void LevelScene::playing() {
+    steering_->beforeStep(*world_);
+    world_->step();
+    world_->finishFrame(true);
+    sound_.play(world_->sounds());
+    steering_->afterFrame(*world_);
+    drawWorld();
+    if (world_->ended()) state_ = LevelState::Ended;
+}
+
+void LevelScene::ended() {
+    world_->finishFrame(false);
+    drawWorld();
+    score_ = world_->score();
+    lives_ = world_->lives();
+    const auto collected = world_->collectedKeys();
+    collectedKeys_.assign(collected.begin(), collected.end());
+    const bool goesOn = steering_->goesOnAfter(*world_);
+    if (!goesOn || world_->cause() == LossCause::Quit) return leaveToShell();
+    if (world_->cause() == LossCause::Won) levelIndex_ = nextLevel();
+    if (!startLevel(levelIndex_)) return leaveToShell();
+    state_ = LevelState::Intro;
+}
+
+void LevelScene::updateCamera() {
+    const Hero& hero = world_->hero();
+    camera_.follow(hero.x, hero.y, world_->map().width(), world_->map().height());
+}
+
+void LevelScene::drawWorld() {
+    updateCamera();
+    steering_->beforePicture(*world_);
+    drawLevel(*world_, camera_, animations_, *EngineServices::renderer());
+}
+
+// The next level of the list that the package holds; after the last one the first follows again.
+int LevelScene::nextLevel() const {
+    constexpr int kCount = static_cast<int>(kLevelNames.size());
+    int next = (levelIndex_ + 1) % kCount;
+    while (next != levelIndex_ && !levels_.exists(EngineString(kLevelNames[static_cast<std::size_t>(next)])))
+        next = (next + 1) % kCount;
+    return next;
+}
+
+// What the level scene does with messages.
+
+namespace {
+
+/// The keys that steer the hero; none for all others.
+std::optional<PlayKey> playKeyOf(KeyCode code) {
+    switch (code) {
+        case KeyUp: return PlayKey::Up;
+        case KeyDown: return PlayKey::Down;
+        case KeyLeft: return PlayKey::Left;
+        case KeyRight: return PlayKey::Right;
+        case KeySpace: return PlayKey::Space;
+        case KeyEnter: return PlayKey::Enter;
+        case KeyZ: return PlayKey::Z;
+        case KeyX: return PlayKey::X;
+        case KeyA: return PlayKey::A;
+        case KeyB: return PlayKey::B;
+        default: return std::nullopt;
+    }
+}
+
+}  // namespace
+
+void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
+    if (message->type == MessageType::CloseRequest) return endAttempt(LossCause::Quit);
+    // Any mouse button shows that somebody is there, as any key does.
+    if (message->source == MessageSource::Mouse && message->type == MessageType::Pressed && world_)
+        steering_->otherKey(*world_);
+    if (message->source != MessageSource::Keyboard) return;
+    const auto& key = static_cast<const KeyMessage&>(*message);
+    if (message->type == MessageType::Pressed) keyDown(key);
+    if (message->type == MessageType::Released) keyUp(key);
+}
+
+void LevelScene::keyDown(const KeyMessage& key) {
+    lastKey_ = key.keyCode;
+    if (!world_) return;
+    const auto steering = state_ == LevelState::Playing ? playKeyOf(key.keyCode) : std::nullopt;
+    steering ? steering_->keyDown(*world_, *steering) : steering_->otherKey(*world_);
+    if (state_ != LevelState::Playing) return;
+    if (key.keyCode == KeyEscape || key.keyCode == KeyC) openGameMenu();
+}
+
+void LevelScene::keyUp(const KeyMessage& key) {
+    if (!world_) return;
+    if (const auto steering = playKeyOf(key.keyCode)) steering_->keyUp(*world_, *steering);
+}
+
+// As long as there is no menu to open, the way out of a level is what its last entry will do.
+void LevelScene::openGameMenu() { endAttempt(LossCause::Quit); }
+
+// While nothing is built there is no attempt to end: the scene itself is left.
+void LevelScene::endAttempt(LossCause cause) {
+    if (world_)
+        world_->end(cause);
+    else
+        leaveToShell();
 }
 
 }  // namespace grub

@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "animation_table.h"
-#include "camera.h"
 #include "engine_timer.h"
 #include "input_messages.h"
 #include "level_loader.h"
 #include "level_sound.h"
+#include "level_view.h"
 #include "resource_loader.h"
 #include "resource_source.h"
 #include "scene.h"

@@ -2,10 +2,19 @@
 
 #include <array>
 #include <cassert>
+#include <cstdint>
 
-#include "enemy_kind.h"
+#include "map_cell.h"
 
 namespace grub {
+
+/// The three enemies. The numbers are the object codes by which a level file places them.
+enum class EnemyKind : std::uint16_t { Dog = object_code::kDog, Rat = object_code::kRat, Lady = object_code::kLady };
+
+/// Whether a level file's object code places an enemy.
+[[nodiscard]] constexpr bool isEnemy(std::uint16_t code) {
+    return code == object_code::kDog || code == object_code::kRat || code == object_code::kLady;
+}
 
 /// Animation ids of an enemy, a pair for each thing it does: going or looking left, and right.
 struct EnemyAnimations {

@@ -1,4 +1,4 @@
-#include "field_marks.h"
+#include "recorded_game.h"
 
 #include <algorithm>
 
