@@ -23,19 +23,22 @@ void GameSteering::beforePicture(const World& world) {
 ReplaySteering::ReplaySteering(RecordedGame game, std::string path, int showFrom)
     : game_(std::move(game)), path_(std::move(path)), showFrom_(showFrom), keys_(game_.events) {}
 
-// Leaves the last frame to be shown, so that the end of the game is always seen.
 void ReplaySteering::begin(World& world) {
     hasBegun_ = true;
     afterFrame(world);
-    while (world.frame() < showFrom_ && !isLeftAfter(world)) {
-        World next = world;
-        KeyFeed keys = keys_;
-        playFrame(next, keys);
-        if (next.ended()) return;
-        world = std::move(next);
-        keys_ = keys;
-        afterFrame(world);
-    }
+}
+
+// The last frame is left to be seen: a player who asks for it wants to see the end.
+bool ReplaySteering::playUnseenFrame(World& world) {
+    if (world.frame() >= showFrom_ || isLeftAfter(world)) return false;
+    World next = world;
+    KeyFeed keys = keys_;
+    playFrame(next, keys);
+    if (next.ended()) return false;
+    world = std::move(next);
+    keys_ = keys;
+    afterFrame(world);
+    return true;
 }
 
 bool ReplaySteering::isLeftAfter(const World& world) const {

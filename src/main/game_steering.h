@@ -31,6 +31,7 @@ public:
 
     void prepare(WorldStart& start) override { start = game_.start; }
     void begin(World& world) override;
+    bool playUnseenFrame(World& world) override;
     void keyDown(World& /*world*/, PlayKey /*key*/) override {}
     void keyUp(World& /*world*/, PlayKey /*key*/) override {}
     void otherKey(World& /*world*/) override {}

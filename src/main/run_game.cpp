@@ -53,7 +53,7 @@ int runGame(HINSTANCE instance, HINSTANCE, const char* commandLine, int, const P
     application.registerScene(kMenuShellId, game.shell);
 
     application.run(kMenuShellId);
-    return 0;
+    return game.level.hasRefusedLevel() ? 1 : 0;
 }
 
 }  // namespace grub

@@ -21,9 +21,10 @@ struct PlayStart {
     Steering* steering = nullptr;
 };
 
-/// The game from start to end: opens the window, runs the scenes and returns 0 (or ends the process with 1 when the
-/// renderer cannot start). Call it once in a process: the scenes live until its end. `commandLine` holds the game's
-/// words without the program's name. The previous instance and the show flag have no effect.
+/// The game from start to end: opens the window, runs the scenes and returns 0, or 1 when a level could not be started
+/// (or ends the process with 1 when the renderer cannot start). Call it once in a process: the scenes live until its
+/// end. `commandLine` holds the game's words without the program's name. The previous instance and the show flag have
+/// no effect.
 int runGame(HINSTANCE instance, HINSTANCE previousInstance, const char* commandLine, int showFlag,
             const PlayStart& start = {});
 

@@ -160,10 +160,14 @@ TEST_F(LevelLoaderTest, ReadsFromThePackageAndNamesWhatItRefuses) {
     }
 }
 
-TEST_F(LevelLoaderTest, MakesEverythingEmptyWithoutABlockTable) {
-    source_.remove(std::string(kBlockTableName));
-    EXPECT_FALSE(loader_.loadBlockTypes());
-    EXPECT_EQ(cellOf({.base = 1}).type, BlockType::Empty);
+TEST_F(LevelLoaderTest, BuildsNothingWithoutABlockTable) {
+    std::string reason;
+    for (const bool isThere : {true, false}) {  // first an empty one
+        isThere ? source_.put(std::string(kBlockTableName), "") : source_.remove(std::string(kBlockTableName));
+        EXPECT_FALSE(loader_.loadBlockTypes());
+        EXPECT_FALSE(loader_.build(drawnLevel({"@"}), reason));
+        EXPECT_EQ(reason, "the block table levels\\typeblok.ini is missing");
+    }
 }
 
 TEST(SpriteNumbers, MayGrowWhileALevelIsBuilt) {

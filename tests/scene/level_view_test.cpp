@@ -78,23 +78,19 @@ TEST_F(LevelViewTest, ACellIsDrawnBackToFrontWithTheHeroBetween) {
     EXPECT_EQ(renderer_.drawn[0].y, 64);
 }
 
-TEST_F(LevelViewTest, TheOtherKeyAndTheOtherLampHaveTheirOwnPictures) {
-    LevelMap map = bareMap(2, 1);
+TEST_F(LevelViewTest, CellsDrawWhatTheyHave) {
+    LevelMap map = bareMap(7, 1);
     map.addKey(1, 0, 0);
     map.cellAt(1, 0).code = object_code::kShortLamp;
+    map.cellAt(2, 0).fonSprite = map.cellAt(2, 0).sprite = 0;                   // a wall like others
+    map.cellAt(3, 0).layer2Sprite = map.cellAt(3, 0).layer5Sprite = kNoSprite;  // draws nothing
+    map.cellAt(4, 0).sprite = 77;                                               // is not loaded
+    map.cellAt(5, 0).sprite = map.cellAt(6, 0).sprite = 10;
+    map.cellAt(5, 0).frame = 1;
+    map.cellAt(6, 0).frame = 2;
     draw(map);
-    EXPECT_EQ(drawnAnimations(), (std::vector{97, 333, 119}));
-}
-
-TEST_F(LevelViewTest, PictureZeroIsAWallButNoLayerAndNoPictureIsNothing) {
-    LevelMap map = bareMap(4, 1);
-    map.cellAt(0, 0).sprite = 0;
-    map.cellAt(1, 0).fonSprite = 0;
-    map.cellAt(2, 0).layer2Sprite = kNoSprite;
-    map.cellAt(2, 0).layer5Sprite = kNoSprite;
-    map.cellAt(3, 0).sprite = 77;  // has no strip
-    draw(map);
-    EXPECT_EQ(drawnAnimations(), (std::vector{0, 0, 333}));
+    EXPECT_EQ(drawnAnimations(), (std::vector{97, 0, 0, 10, 10, 333, 119}));
+    EXPECT_EQ(table_.strip(10)->frame(), 1) << "a frame that the strip lacks leaves its current one";
 }
 
 TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
@@ -129,7 +125,7 @@ TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
     }
 }
 
-TEST_F(LevelViewTest, TheHeroStandsBehindEnemiesAndBeforeBonusesAndDecorations) {
+TEST_F(LevelViewTest, TheHeroStandsBehindLivingEnemiesAndBeforeBonusesAndDecorations) {
     LevelMap map = bareMap(3, 1);
     map.cellAt(0, 0).layer5Sprite = 15;
     map.addObject({1, 0, object_code::kDog});
@@ -138,6 +134,11 @@ TEST_F(LevelViewTest, TheHeroStandsBehindEnemiesAndBeforeBonusesAndDecorations) 
     draw(map);
     EXPECT_EQ(drawnAnimations(), (std::vector{128, 129, 333, 90, 15}));
     EXPECT_EQ(renderer_.drawn[3].x, 64);
+    map.cellAt(1, 0).type = BlockType::Solid;  // the dog dies at its first decision
+    World buried(map, {}, AnimationFrameCounts::all(2));
+    buried.step();
+    draw(buried);
+    EXPECT_EQ(drawnAnimations(), (std::vector{128, 129, 333, 15})) << "a dead enemy is not drawn";
 }
 
 TEST_F(LevelViewTest, ActorsBeyondTheScreenAreNotDrawn) {
@@ -171,29 +172,12 @@ TEST_F(LevelViewTest, PointsRiseFromTheCellWhereTheyWereEarned) {
     EXPECT_EQ(renderer_.drawn.size(), 1U);
 }
 
-TEST_F(LevelViewTest, AnEnemyInTheEarthIsGone) {
-    LevelMap map = bareMap(2, 1);
-    map.addObject({1, 0, object_code::kDog});
-    World world(map, {}, AnimationFrameCounts::all(2));
-    draw(world);
-    EXPECT_EQ(drawnAnimations(), (std::vector{333, 90}));
-    map.cellAt(1, 0).type = BlockType::Solid;  // the dog dies at its first decision
-    World buried(map, {}, AnimationFrameCounts::all(2));
-    buried.step();
-    draw(buried);
-    EXPECT_EQ(drawnAnimations(), (std::vector{333}));
-}
-
-struct NumberRow {
-    int x;
-    int y;
-    int value;
-    std::vector<int> lefts;  // of the digits, in the order in which they are drawn
-};
-
 TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
     table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
-    const NumberRow rows[] = {
+    const struct {
+        int x, y, value;
+        std::vector<int> lefts;  // of the digits, in the order in which they are drawn
+    } rows[] = {
         {100, 10, 0, {90}},
         {100, 10, 105, {90, 80, 70}},
         {100, 10, 1234567, {90, 80, 70, 60, 50}},
@@ -204,12 +188,39 @@ TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
         {801, 0, 7, {}},
         {0, 601, 7, {}},
     };
-    for (const NumberRow& row : rows) {
+    for (const auto& row : rows) {
         renderer_.drawn.clear();
         drawNumber(renderer_, row.x, row.y, row.value, *table_.strip(6), DigitSpacing::Narrow);
         std::vector<int> lefts;
         for (const auto& drawn : renderer_.drawn) lefts.push_back(drawn.x);
         EXPECT_EQ(lefts, row.lefts) << row.value << " at " << row.x << ", " << row.y;
+    }
+}
+
+TEST(Camera, KeepsTheHeroInItsBandUpToTheMapsEnds) {
+    // The hero appears at (x, y) and the camera follows him from the corner to (scrollX, scrollY). Then he is at the
+    // place (nextX, nextY) of the screen, and the camera moves by (movesX, movesY).
+    const struct {
+        const char* what;
+        int columns, rows, x, y, scrollX, scrollY, nextX, nextY, movesX, movesY;
+    } rows[] = {
+        {"13 columns and 9 rows never scroll", 13, 9, 768, 512, 0, 0, 768, 512, 0, 0},
+        {"on the band's far edge", 30, 20, 544, 344, 0, 0, 544, 344, 0, 0},
+        {"one pixel beyond it", 30, 20, 545, 345, 1, 1, 544, 344, 0, 0},
+        {"on the band's near edge", 40, 40, 1000, 700, 456, 356, 192, 128, 0, 0},
+        {"one pixel before it", 40, 40, 1000, 700, 456, 356, 191, 127, -1, -1},
+        {"14 columns, 10 rows above the panel", 14, 10, 832, 576, 96, 104, -96, -104, -96, -104},
+        {"the ends of the map", 30, 20, 1856, 1216, 1120, 744, 736, 472, 0, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Camera camera;
+        camera.follow(row.x, row.y, row.columns, row.rows);
+        EXPECT_EQ(camera.scrollX(), row.scrollX);
+        EXPECT_EQ(camera.scrollY(), row.scrollY);
+        camera.follow(row.scrollX + row.nextX, row.scrollY + row.nextY, row.columns, row.rows);
+        EXPECT_EQ(camera.scrollX(), row.scrollX + row.movesX);
+        EXPECT_EQ(camera.scrollY(), row.scrollY + row.movesY);
     }
 }
 

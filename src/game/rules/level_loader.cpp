@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::uint32_t kBlockTableBuckets = 3000;
 
-/// A section of the block table, its picture numbers already turned into animation ids.
+/// A section of the block table; its strip numbers are already animation ids.
 struct Block {
     std::optional<BlockType> type;
     std::optional<std::int16_t> sprite;
@@ -37,7 +37,7 @@ struct Block {
 /// The blocks of one level, each looked up once.
 class Blocks {
 public:
-    Blocks(const std::optional<IniTable>& table, const SpriteNumbers& numbers) : table_(table), numbers_(numbers) {}
+    Blocks(const IniTable& table, const SpriteNumbers& numbers) : table_(table), numbers_(numbers) {}
 
     const Block& operator[](std::uint16_t id) {
         const auto known = known_.find(id);
@@ -47,23 +47,22 @@ public:
 private:
     [[nodiscard]] Block read(std::uint16_t id) const {
         Block block;
-        if (!table_) return block;
         const EngineString section(std::string_view(std::to_string(id)));
-        const auto picture = [&](const char* key) { return numbers_.spriteIdOf(table_->getInt(section, key)); };
-        if (table_->has(section, "type")) block.type = blockTypeOf(table_->getInt(section, "type"));
-        if (table_->has(section, "sprite")) block.sprite = picture("sprite");
-        block.fireSprite = picture("spriteFire");
-        block.rostSprite = picture("spriteRost");
-        block.fonSprite = picture("spriteFon");
+        const auto strip = [&](const char* key) { return numbers_.spriteIdOf(table_.getInt(section, key)); };
+        if (table_.has(section, "type")) block.type = blockTypeOf(table_.getInt(section, "type"));
+        if (table_.has(section, "sprite")) block.sprite = strip("sprite");
+        block.fireSprite = strip("spriteFire");
+        block.rostSprite = strip("spriteRost");
+        block.fonSprite = strip("spriteFon");
         return block;
     }
 
-    const std::optional<IniTable>& table_;
+    const IniTable& table_;
     const SpriteNumbers& numbers_;
     std::unordered_map<std::uint16_t, Block> known_;
 };
 
-/// The animation id of a block that names no picture.
+/// The animation id of a block that names no strip.
 std::int16_t defaultSprite(BlockType type) {
     switch (type) {
         case BlockType::Floor: return 3;
@@ -132,7 +131,7 @@ void placeObject(LevelMap& map, int x, int y, std::uint16_t code) {
     if (object_code::isKey(code)) map.addKey(x, y, code == object_code::kKey ? 1 : 0);
 }
 
-/// More than a world has room for; empty when all is well.
+/// Why a world cannot hold the map; empty when it can.
 std::string reasonToRefuse(const LevelMap& map) {
     const auto tooMany = [](std::size_t count, const char* what, std::size_t limit) {
         return std::to_string(count) + " " + what + ", at most " + std::to_string(limit) + " are possible";
@@ -149,10 +148,9 @@ std::string reasonToRefuse(const LevelMap& map) {
 
 bool LevelLoader::loadBlockTypes() {
     blocks_.reset();
-    const EngineString name(kBlockTableName);
-    if (!levels_->exists(name)) return false;
-    blocks_.emplace(levels_->load(name), kBlockTableBuckets);
-    return true;
+    const SharedBuffer table = levels_->load(EngineString(kBlockTableName));
+    if (table.size() > 0) blocks_.emplace(table, kBlockTableBuckets);
+    return blocks_.has_value();
 }
 
 std::optional<LevelMap> LevelLoader::load(std::string_view name, std::string& reason) const {
@@ -168,9 +166,13 @@ std::optional<LevelMap> LevelLoader::load(std::string_view name, std::string& re
 }
 
 std::optional<LevelMap> LevelLoader::build(const LevelFile& file, std::string& reason) const {
+    if (!blocks_) {
+        reason = "the block table " + std::string(kBlockTableName) + " is missing";
+        return std::nullopt;
+    }
     LevelMap map(file.width, file.height);
     map.setHeader(file.header);
-    Blocks blocks(blocks_, spriteNumbers_);
+    Blocks blocks(*blocks_, spriteNumbers_);
     auto record = file.records.begin();
     for (int y = 0; y < file.height; ++y) {
         for (int x = 0; x < file.width; ++x, ++record) {

@@ -15,7 +15,7 @@
 
 namespace grub {
 
-/// The numbers by which the block table names pictures, and the animation ids they stand for. The loader thread adds
+/// The numbers by which the block table names strips, and the animation ids they stand for. The loader thread adds
 /// while the game thread may be building a level, so a lock covers both.
 class SpriteNumbers {
 public:
@@ -43,13 +43,14 @@ public:
     /// `levels` holds the level files and the block table and must outlive the loader.
     explicit LevelLoader(ResourceSource& levels) : levels_(&levels) {}
 
-    /// Reads the block table, in place of an earlier one. False when there is none: blocks are then all empty.
+    /// Reads the block table, in place of an earlier one. False when `levels` lacks it, or has an empty one: no map can
+    /// be built then.
     bool loadBlockTypes();
-    /// The picture numbers of the block table; filled while animations are loaded.
+    /// The strip numbers of the block table; filled while animations are loaded.
     [[nodiscard]] SpriteNumbers& spriteNumbers() { return spriteNumbers_; }
 
-    /// The map of a level file with all its keys. Nothing for a file that is missing or refused, with one line in
-    /// `reason` that begins with the name.
+    /// The map of a level file with all its keys. Nothing for a file that is missing or refused, and without a block
+    /// table; `reason` is then one line that begins with the name.
     [[nodiscard]] std::optional<LevelMap> load(std::string_view name, std::string& reason) const;
     /// The same for a level file already read.
     [[nodiscard]] std::optional<LevelMap> build(const LevelFile& file, std::string& reason) const;

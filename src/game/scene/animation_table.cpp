@@ -35,7 +35,7 @@ bool AnimationTable::addAnimationImage(const SharedBuffer& image, int id, std::u
     strip->setColourKey(colourKey);
     strip->acquire();
     if (!strip->fault().empty()) logLine("The picture of animation %d: %s", id, strip->fault().c_str());
-    // Nobody may hold the strip that stood here: the list names each id once, so there is none.
+    // A strip that stood here may be in use; the loading list names each id once, so its place is empty.
     delete slots_[static_cast<std::size_t>(id)].exchange(strip.release(), std::memory_order_acq_rel);
     int count = count_.load();
     while (count < id + 1 && !count_.compare_exchange_weak(count, id + 1)) continue;

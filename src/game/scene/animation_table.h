@@ -15,22 +15,22 @@
 
 namespace grub {
 
-/// All pictures of the level scene by animation id. The loader thread adds, the game thread uses what has been added: a
+/// All strips of the level scene by animation id. The loader thread adds, the game thread uses what has been added: a
 /// strip appears in its place only when it is complete, and from then on the loader does not touch it.
 class AnimationTable {
 public:
-    /// Pictures come from `source`; the numbers of map pictures go to `numbers`. Both outlive the table.
+    /// Picture files come from `source`; the numbers of map strips go to `numbers`. Both outlive the table.
     AnimationTable(ResourceSource& source, SpriteNumbers& numbers) : source_(source), numbers_(numbers) {}
     AnimationTable(const AnimationTable&) = delete;
     AnimationTable& operator=(const AnimationTable&) = delete;
     ~AnimationTable();
 
     /// Adds the strip of a picture file, with its textures. False when it was not added: loading is being stopped, or
-    /// there is no such file, whose id is remembered then (`missing`).
+    /// there is no such file; `missing` then remembers the id.
     bool addAnimationFile(const EngineString& file, int id, std::uint16_t frameHeight, TextureTransform transform,
                           Colour colourKey);
-    /// The same for a map picture: frames of 64 pixels, known to the block table by `spriteNumber` (unless -1). A
-    /// missing file adds neither picture nor number and is not remembered.
+    /// The same for a strip of the map: frames of 64 pixels, known to the block table by `spriteNumber` (unless -1). A
+    /// missing file adds neither strip nor number and is not remembered.
     bool addBlockAnimationFile(const EngineString& file, int id, int spriteNumber, Colour colourKey);
     /// As the two above, from a picture file that is in memory already.
     bool addAnimationImage(const SharedBuffer& image, int id, std::uint16_t frameHeight, TextureTransform transform,
@@ -44,7 +44,7 @@ public:
     void forgetCount() { count_ = 0; }
     /// The id of the last strip whose file was missing, or -1.
     [[nodiscard]] int missing() const { return missing_.load(); }
-    /// Frames of every strip that is there, 0 elsewhere: what the rules know of the pictures.
+    /// How many frames each strip has, 0 for a missing strip: all that the rules know of the strips.
     [[nodiscard]] AnimationFrameCounts frameCounts() const;
 
     /// Counts one use more, or one less, of every strip that is there.

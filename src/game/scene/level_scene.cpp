@@ -1,6 +1,7 @@
 #include "level_scene.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <optional>
 #include <utility>
 
@@ -18,7 +19,7 @@ namespace grub {
 
 namespace {
 
-/// A pass of the frame loop waits at most this long for the loader while pictures are still missing.
+/// A pass of the frame loop waits at most this long for the loader while strips are still missing.
 constexpr DWORD kLoaderWaitMs = 20;
 
 /// No level is longer; of a longer file this much is read.
@@ -80,7 +81,7 @@ void LevelScene::run() {
     while (!quit_) pass();
 }
 
-// The picture of one tick is presented on the next: a handler runs right after a present.
+// What is drawn at one tick is presented at the next: a handler runs right after a present.
 void LevelScene::pass() {
     processMessages();
     gameTimer_->tick();
@@ -131,15 +132,20 @@ void LevelScene::loadStep(int step) {
 bool LevelScene::startLevel(int index) {
     teardownLevel();
     std::optional<LevelMap> map = loadMap(index);
-    if (!map) return false;
+    if (!map) {
+        hasRefusedLevel_ = true;
+        return false;
+    }
     WorldStart start{
         .score = score_, .lives = lives_, .levelIndex = index, .seed = randomSeed(), .collectedKeys = collectedKeys_};
     steering_->prepare(start);
     world_.emplace(std::move(*map), start, animations_.frameCounts());
     camera_.reset();
-    world_->step();  // nobody sees this one: the first picture shows a level that has settled
+    world_->step();  // is not drawn: the first screen shows a level that has settled
     sound_.play(world_->sounds());
     steering_->begin(*world_);
+    updateCamera();
+    while (steering_->playUnseenFrame(*world_)) updateCamera();
     sound_.startMusic();
     return true;
 }
@@ -160,7 +166,10 @@ std::optional<LevelMap> LevelScene::loadMap(int index) {
             map = levelLoader_.build(*file, reason);
         reason.insert(0, levelInPlace_ + ": ");
     }
-    if (!map) logLine("%s", reason.c_str());
+    if (!map) {
+        logLine("%s", reason.c_str());
+        std::fprintf(stderr, "%s\n", reason.c_str());
+    }
     return map;
 }
 
@@ -188,8 +197,8 @@ void LevelScene::runState() {
     }
 }
 
-// The level is built when both lists are there: block types name pictures of both, and a cell keeps the animation that
-// it was given when it was built.
+// The level is built when both lists are there: block types name strips of both, and a cell keeps the animation id that
+// it got when it was built.
 void LevelScene::firstLoad() {
     if (resourcesLoaded_ && loader_.isComplete()) {
         sound_.applyVolumes();  // what the second pass has loaded is at full volume
@@ -259,7 +268,7 @@ int LevelScene::nextLevel() const {
 
 namespace {
 
-/// The keys that steer the hero; none for all others.
+/// The key of play for a key code; nothing for keys that do not steer the hero.
 std::optional<PlayKey> playKeyOf(KeyCode code) {
     switch (code) {
         case KeyUp: return PlayKey::Up;
@@ -280,7 +289,7 @@ std::optional<PlayKey> playKeyOf(KeyCode code) {
 
 void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
     if (message->type == MessageType::CloseRequest) return endAttempt(LossCause::Quit);
-    // Any mouse button shows that somebody is there, as any key does.
+    // Any mouse button shows that the player is there, as any key does.
     if (message->source == MessageSource::Mouse && message->type == MessageType::Pressed && world_)
         steering_->otherKey(*world_);
     if (message->source != MessageSource::Keyboard) return;

@@ -30,7 +30,7 @@ enum class LevelState : int {
     FirstLoad = 22,  ///< waits for the loader, then builds the level
 };
 
-/// Scene 1: the screen on which a level is played, 25 game frames a second. Owns the world, the pictures and the loader
+/// Scene 1: the screen on which a level is played, 25 game frames a second. Owns the world, the strips and the loader
 /// thread that fetches them. One level is built at a time.
 class LevelScene final : public Scene {
 public:
@@ -48,19 +48,22 @@ public:
     void requestNewGame(int startIndex) { newGameAt_ = startIndex; }
     /// Plays this level in place of every level of the list: a name of the list, or the path of a level file on disk.
     void setLevel(std::string nameOrPath) { levelInPlace_ = std::move(nameOrPath); }
-    /// Lets somebody else come between the player's keys and the world, for as long as the scene runs.
+    /// Puts `steering` between the player's keys and the world; it must outlive the scene's last visit.
     void setSteering(Steering& steering) { steering_ = &steering; }
     /// Starts the loader thread on the first list of pictures, or on the second once the first is there.
     void startLoadingPass();
     /// Tells the loader to stop and waits until it has; nothing is loaded any more until a pass is started again.
     void stopLoading();
 
-    /// Builds a level and shows it settled; a level that cannot be built is reported in the log and gives false.
+    /// Builds a level and settles it. False for a level that cannot be built: the reason is then a line on standard
+    /// error and in the log.
     bool startLevel(int index);
+    /// Whether `startLevel` has ever returned false. After the last visit, any thread may ask.
+    [[nodiscard]] bool hasRefusedLevel() const { return hasRefusedLevel_; }
     /// Takes down what `startLevel` built.
     void teardownLevel();
 
-    /// What is going on, for tests and tools. The world is null while no level is built.
+    /// The state of play, for tests and tools. The world is null while no level is built.
     [[nodiscard]] LevelState state() const { return state_; }
     [[nodiscard]] int levelIndex() const { return levelIndex_; }
     [[nodiscard]] const World* world() const { return world_ ? &*world_ : nullptr; }
@@ -105,7 +108,7 @@ private:
     LevelSound sound_;
     LevelState state_ = LevelState::FirstLoad;
     std::optional<int> newGameAt_;
-    std::string levelInPlace_;  // of those of the list; empty: none
+    std::string levelInPlace_;  // played in place of every level of the list; empty when the list is played
     Steering ownSteering_;
     Steering* steering_ = &ownSteering_;
     int levelIndex_ = 0;
@@ -113,9 +116,10 @@ private:
     int score_ = 0;
     std::uint32_t lastKey_ = 0;
     bool tick_ = false;       // 40 ms have passed
-    bool canDraw_ = false;    // the last picture has been presented
+    bool canDraw_ = false;    // the last screen has been presented
     bool frameOpen_ = false;  // between beginFrame and endFrame
     bool quit_ = false;
+    bool hasRefusedLevel_ = false;
     std::atomic<bool> resourcesLoaded_ = false;  // the first list is there, the second has been started
     ResourceLoader loader_;                      // last: its thread uses the members above
 };

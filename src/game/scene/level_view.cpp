@@ -68,16 +68,17 @@ namespace {
 /// Cells around the screen's top-left one that can show: 800 and 600 pixels and one cell that is partly scrolled away.
 constexpr int kVisibleColumns = 14;
 constexpr int kVisibleRows = 10;
-/// A picture is drawn when its top-left corner lies at most this far, in pixels, beyond the screen's left or top edge.
+/// A strip frame is drawn when its top-left corner lies at most this far, in pixels, beyond the screen's left or top
+/// edge.
 constexpr int kBackMargin = 128;
 constexpr int kFrontMargin = 64;
 constexpr int kRightLimit = 801;
 constexpr int kBottomLimit = 601;
 
-// Pictures that no block names.
-constexpr int kKeyPictures[] = {97, 98};  // by key kind
-constexpr int kLongLampPicture = 118;
-constexpr int kShortLampPicture = 119;
+// Strips that no block names.
+constexpr int kKeyStrips[] = {97, 98};  // by key kind
+constexpr int kLongLampStrip = 118;
+constexpr int kShortLampStrip = 119;
 constexpr int kScoreDigits = 6;
 
 class LevelPainter {
@@ -117,13 +118,13 @@ private:
         paintLayer(cell.layer3Sprite, at);
         paintLayer(cell.layer4Sprite, at);
         paintLayer(cell.layer2Sprite, at);
-        if (cell.keyPresent) paintCurrent(kKeyPictures[cell.keyKind], at);
+        if (cell.keyPresent) paintCurrent(kKeyStrips[cell.keyKind], at);
     }
 
     void paintFront(const MapCell& cell, Position at) {
         paintLayer(cell.layer5Sprite, at);
-        if (cell.code == object_code::kLongLamp) paintCurrent(kLongLampPicture, at);
-        if (cell.code == object_code::kShortLamp) paintCurrent(kShortLampPicture, at);
+        if (cell.code == object_code::kLongLamp) paintCurrent(kLongLampStrip, at);
+        if (cell.code == object_code::kShortLamp) paintCurrent(kShortLampStrip, at);
     }
 
     void paintHero() {
@@ -140,7 +141,7 @@ private:
             paintFrame(picture.animation, picture.frame, at(left, top));
     }
 
-    // A number that is shown has already risen for its next picture.
+    // A number that is shown has already risen for the next game frame.
     void paintPopups() {
         FrameStrip* const digits = animations_.strip(kScoreDigits);
         if (!digits) return;
@@ -152,7 +153,7 @@ private:
         }
     }
 
-    // Layers name their picture by ids from 1 on; 0 is "no layer".
+    // Layers have ids from 1 on; 0 is "no layer".
     void paintLayer(int animation, Position at) {
         if (animation > 0) paintCurrent(animation, at);
     }
@@ -160,8 +161,7 @@ private:
     void paintFrame(int animation, int frame, Position at, float opacity = 1.0F) {
         FrameStrip* strip = animations_.strip(animation);
         if (!strip) return;
-        // A strip may have fewer pictures than the rules count; its last one then stays.
-        strip->setFrame(static_cast<std::uint16_t>(std::clamp(frame, 0, std::max(strip->frameCount() - 1, 0))));
+        strip->setFrame(static_cast<std::uint16_t>(frame));  // a frame that the strip lacks leaves its current one
         strip->draw(renderer_, at, opacity);
     }
 

@@ -28,9 +28,9 @@ private:
     int scrollY_ = 0;
 };
 
-/// Draws what the camera sees of a level, back to front: map, decorations, bonuses, hero, enemies,
-/// front of the map, rising points. Only cells and actors near the
-/// screen are drawn. Pictures that are missing are left out.
+/// Draws what the camera sees of a level, back to front: map, decorations, bonuses, hero, enemies, front of the map,
+/// rising points. Only cells and actors near the screen are drawn. A missing strip is left out; a strip with fewer
+/// frames than the rules count keeps its current one.
 void drawLevel(const World& world, const Camera& camera, const AnimationTable& animations, Renderer& renderer);
 
 /// How far apart digits stand.

@@ -33,7 +33,7 @@ public:
     [[nodiscard]] bool isComplete() const { return progress() == kLoadingSteps; }
     /// Sets the progress back before the next pass is started.
     void forgetProgress() { progress_ = 0; }
-    /// Waits until no pass runs, `INFINITE` or some milliseconds; true when none does.
+    /// Waits until no pass runs, at most so many milliseconds or `INFINITE`. Whether no pass runs.
     bool wait(DWORD milliseconds) { return idle_.wait(milliseconds); }
 
 private:

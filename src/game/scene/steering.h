@@ -4,8 +4,8 @@
 
 namespace grub {
 
-/// The hand on the keyboard: what of the player's keys reaches the world. This one passes all of them on; others write
-/// a game down, or play one that was. Used on the game thread only.
+/// The hand on the keyboard: decides which of the player's keys reach the world. This one passes all of them on; others
+/// write a game down, or play one that was written down. Used on the game thread only.
 class Steering {
 public:
     Steering() = default;
@@ -17,18 +17,20 @@ public:
     virtual void prepare(WorldStart& /*start*/) {}
     /// The attempt has been built, its settling step is done.
     virtual void begin(World& /*world*/) {}
+    /// Called after `begin`, until it returns false: plays one game frame that the player does not see.
+    virtual bool playUnseenFrame(World& /*world*/) { return false; }
 
-    /// The player steers, or shows in another way that somebody is there.
+    /// The player presses or releases a key that steers, or any other key or mouse button.
     virtual void keyDown(World& world, PlayKey key) { world.keyDown(key); }
     virtual void keyUp(World& world, PlayKey key) { world.keyUp(key); }
     virtual void otherKey(World& world) { world.restartIdleTimer(); }
 
-    /// Before each step of play, after the player's keys; and after the frame, with all that drawing advances.
+    /// Called before each step of play, after the player's keys; and after the frame, with all that drawing advances.
     virtual void beforeStep(World& /*world*/) {}
     virtual void afterFrame(const World& /*world*/) {}
-    /// The next picture shows the world as it is now.
+    /// The next screen shows the world as it is now.
     virtual void beforePicture(const World& /*world*/) {}
-    /// The attempt is over. False leaves the game.
+    /// The attempt is over. Returns false to leave the game.
     virtual bool goesOnAfter(const World& /*world*/) { return true; }
 };
 
