@@ -8,7 +8,6 @@
 #include <system_error>
 #include <vector>
 
-#include "text_error.h"
 
 namespace grub {
 

@@ -26,15 +26,6 @@ char symbolOf(const MapCell& cell) {
     return cell.baseType == BlockType::HiddenLadder ? 'h' : '.';
 }
 
-char symbolOf(EnemyKind kind) {
-    switch (kind) {
-        case EnemyKind::Dog: return 'd';
-        case EnemyKind::Lady: return 'l';
-        case EnemyKind::Rat: break;
-    }
-    return 'r';
-}
-
 char& symbolAt(Drawing& drawing, const Actor& actor) {
     return drawing.rows[static_cast<std::size_t>(actor.cellY())][static_cast<std::size_t>(actor.cellX())];
 }
@@ -81,7 +72,7 @@ void DrawnWorld::listen() {
 Drawing DrawnWorld::drawn() const {
     Drawing drawing = drawnMap(world_.map());
     for (const Enemy& enemy : world_.enemies()) {
-        if (enemy.state() != EnemyState::Dead) symbolAt(drawing, enemy) = symbolOf(enemy.kind());
+        if (enemy.state() != EnemyState::Dead) symbolAt(drawing, enemy) = enemy.traits().mark;
     }
     symbolAt(drawing, world_.hero()) = '@';
     return drawing;

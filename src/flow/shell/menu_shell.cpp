@@ -24,7 +24,7 @@ bool MenuShell::enter() {
 void MenuShell::run() {
     processMessages();
     if (quit_) {
-        level_.stopLoading();  // the renderer goes next, so nobody may be uploading pictures
+        level_.stopLoading();  // the renderer goes next: the loader must not upload strips any more
     } else {
         ApplicationBase::instance().selectScene(kLevelSceneId);
     }

@@ -6,8 +6,8 @@ namespace grub {
 
 class LevelScene;
 
-/// Scene 2, where the program starts and ends. As long as it has no pages it goes straight on: its first visit starts
-/// the loading of pictures and a new game, its second one, when the game has been left, ends the program.
+/// Scene 2, where the program starts and ends. As long as it has no pages it does not wait: its first visit starts the
+/// loading of strips and a new game, its second visit, after the game, ends the program.
 class MenuShell final : public Scene {
 public:
     /// The level scene must outlive the shell. `startIndex` is the level of the new game, 0 to 49.

@@ -146,7 +146,7 @@ CellPosition readCell(WordReader& words, std::string_view wanted) {
 FieldMark readMark(WordReader& words) {
     constexpr std::string_view kWanted = "a mark and its cell, as '@3,4'";
     const std::string_view mark = words.word(kWanted);
-    const bool isMark = !mark.empty() && kMarkSymbols.find(mark.front()) != std::string_view::npos;
+    const bool isMark = !mark.empty() && isMarkSymbol(mark.front());
     const auto cell = isMark ? cellOf(mark.substr(1)) : std::nullopt;
     if (cell) return {mark.front(), *cell};
     words.fail(kWanted, mark);

@@ -6,6 +6,9 @@ namespace grub {
 
 namespace {
 
+constexpr char kHoleSymbol = '_';
+constexpr char kKeySymbol = 'k';
+constexpr char kHeroSymbol = '@';
 /// In the order of BonusKind.
 constexpr std::string_view kBonusSymbols = "IKABS+";
 
@@ -14,21 +17,18 @@ void addCellMarks(const LevelMap& map, std::vector<FieldMark>& marks) {
     for (int y = 0; y < map.height(); ++y) {
         for (int x = 0; x < map.width(); ++x) {
             const MapCell& cell = map.cellAt(x, y);
-            if (cell.breakState != BreakState::Intact) marks.push_back({'_', {x, y}});
-            if (cell.keyPresent) keys.push_back({'k', {x, y}});
+            if (cell.breakState != BreakState::Intact) marks.push_back({kHoleSymbol, {x, y}});
+            if (cell.keyPresent) keys.push_back({kKeySymbol, {x, y}});
         }
     }
     marks.insert(marks.end(), keys.begin(), keys.end());
 }
 
+constexpr char capital(char letter) { return static_cast<char>(letter - 'a' + 'A'); }
+
 char symbolOf(const Enemy& enemy) {
     const bool inHole = enemy.state() == EnemyState::Trapped || enemy.state() == EnemyState::Escaping;
-    switch (enemy.kind()) {
-        case EnemyKind::Dog: return inHole ? 'D' : 'd';
-        case EnemyKind::Lady: return inHole ? 'L' : 'l';
-        case EnemyKind::Rat: break;
-    }
-    return inHole ? 'R' : 'r';
+    return inHole ? capital(enemy.traits().mark) : enemy.traits().mark;
 }
 
 char symbolOf(const MapCell& cell, bool laddersAppeared) {
@@ -47,6 +47,13 @@ char symbolOf(const MapCell& cell, bool laddersAppeared) {
 
 }  // namespace
 
+bool isMarkSymbol(char symbol) {
+    if (symbol == kHoleSymbol || symbol == kKeySymbol || symbol == kHeroSymbol) return true;
+    if (kBonusSymbols.find(symbol) != std::string_view::npos) return true;
+    return std::ranges::any_of(
+        kEnemyTraits, [symbol](char mark) { return symbol == mark || symbol == capital(mark); }, &EnemyTraits::mark);
+}
+
 std::vector<FieldMark> marksOf(const World& world) {
     std::vector<FieldMark> marks;
     addCellMarks(world.map(), marks);
@@ -58,12 +65,12 @@ std::vector<FieldMark> marksOf(const World& world) {
     for (const Enemy& enemy : world.enemies()) {
         if (enemy.state() != EnemyState::Dead) marks.push_back({symbolOf(enemy), {enemy.cellX(), enemy.cellY()}});
     }
-    marks.push_back({'@', {world.hero().cellX(), world.hero().cellY()}});
+    marks.push_back({kHeroSymbol, {world.hero().cellX(), world.hero().cellY()}});
     return marks;
 }
 
 std::vector<std::string> drawField(const LevelMap& map, const std::vector<FieldMark>& marks) {
-    const bool keysLie = std::ranges::find(marks, 'k', &FieldMark::symbol) != marks.end();
+    const bool keysLie = std::ranges::find(marks, kKeySymbol, &FieldMark::symbol) != marks.end();
     std::vector<std::string> rows(static_cast<std::size_t>(map.height()));
     for (int y = 0; y < map.height(); ++y) {
         for (int x = 0; x < map.width(); ++x) rows[static_cast<std::size_t>(y)] += symbolOf(map.cellAt(x, y), !keysLie);

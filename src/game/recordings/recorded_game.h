@@ -13,7 +13,7 @@
 
 namespace grub {
 
-/// Something on the field that comes, goes or moves, as a character in a cell:
+/// A thing on the field that comes, goes or moves, as a character in a cell:
 ///
 ///     _ open hole   k key   d l r dog, lady, rat; D L R one in a hole   @ Grub
 ///     bonuses: I invisibility   K skull   A anchor   B bomb   S shield   + heart
@@ -24,10 +24,10 @@ struct FieldMark {
     friend bool operator==(const FieldMark&, const FieldMark&) = default;
 };
 
-/// Every character that a mark may have.
-inline constexpr std::string_view kMarkSymbols = "_kIKABS+dlrDLR@";
+/// Whether a mark may have this character.
+[[nodiscard]] bool isMarkSymbol(char symbol);
 
-/// The marks of a world in the order in which they cover each other. The dead are not on the field.
+/// The marks of a world; later ones cover earlier ones. Dead enemies have no mark.
 [[nodiscard]] std::vector<FieldMark> marksOf(const World& world);
 
 /// The field as a drawing, a text for each row: what stands still comes from `map`, the rest from `marks`.
@@ -38,7 +38,7 @@ inline constexpr std::string_view kMarkSymbols = "_kIKABS+dlrDLR@";
 /// Frames from one recorded state to the next: 1 s.
 inline constexpr int kStateInterval = 25;
 
-/// The state of a world after a frame. The marks say nothing that the hash does not, but they can be read and drawn.
+/// The state of a world after a frame. The hash covers all of it; the marks can be read and drawn.
 struct RecordedState {
     int frame = 0;
     std::uint64_t hash = 0;
@@ -57,15 +57,15 @@ struct RecordedEnd {
     friend bool operator==(const RecordedEnd&, const RecordedEnd&) = default;
 };
 
-/// One attempt at a level, written down: what it started with, what the player did, what came of it.
+/// One attempt at a level, written down: how it started, what the player did, how it ended.
 struct RecordedGame {
     std::string level;  // a name of the level list, or a path relative to the game's file
     WorldStart start;
     std::vector<KeyEvent> events;       // in the order of frames
-    std::vector<RecordedState> states;  // of frame 0, each kStateInterval frames, and the last frame; none in a draft
-    std::optional<RecordedEnd> end;     // none in a draft
+    std::vector<RecordedState> states;  // of frame 0, each kStateInterval frames, and the last frame; empty in a draft
+    std::optional<RecordedEnd> end;     // missing in a draft
 
-    /// Whether it says what came of it. A draft does not.
+    /// Whether it has its states and its end. A draft lacks them.
     [[nodiscard]] bool isComplete() const { return end && !states.empty(); }
 
     friend bool operator==(const RecordedGame&, const RecordedGame&) = default;

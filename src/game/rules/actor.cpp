@@ -37,7 +37,7 @@ namespace {
 struct ItemLook {
     ItemKind kind;
     int animation;
-    int frameDelay;  // frames each picture stays, less one
+    int frameDelay;  // game frames for which each strip frame stays, less one
 };
 
 constexpr std::array kItemLooks{

@@ -10,8 +10,8 @@ namespace grub {
 
 class StateHash;
 
-/// Somebody on the map: a position in pixels of his top left corner, and a velocity. Decisions are taken on cells;
-/// between them an actor only moves.
+/// A position in pixels, that of the top left corner, and a velocity. Actors decide exactly on a cell; between cells
+/// they only move.
 struct Actor {
     int previousX = 0;
     int previousY = 0;
@@ -20,15 +20,15 @@ struct Actor {
     int vx = 0;  // pixels a frame
     int vy = 0;
 
-    /// Puts him exactly on a cell.
+    /// Puts the actor exactly on a cell.
     void setCell(int cx, int cy) {
         x = cx * kCellSize;
         y = cy * kCellSize;
     }
-    /// Column of the cell that holds his top left corner.
+    /// Column and row of the cell that holds the top left corner.
     [[nodiscard]] int cellX() const { return x / kCellSize; }
     [[nodiscard]] int cellY() const { return y / kCellSize; }
-    /// The cell that holds his top left corner; null outside the map.
+    /// The cell that holds the top left corner; null outside the map.
     [[nodiscard]] const MapCell* cellUnder(const LevelMap& map) const;
     /// Exactly on a cell.
     [[nodiscard]] bool isAligned() const { return x % kCellSize == 0 && y % kCellSize == 0; }
@@ -49,7 +49,7 @@ protected:
     [[nodiscard]] bool isBeyondPixels(const LevelMap& map) const;
 };
 
-/// Things that stay in their cell and loop their animation. The numbers are those of the item pictures.
+/// Things that stay in their cell and loop their animation. The numbers go into hashes.
 enum class ItemKind : std::uint8_t {
     Heart = 0,
     Invisibility = 1,
@@ -68,13 +68,13 @@ public:
     /// On a cell, about to start its animation.
     AnimatedItem(int cx, int cy, ItemKind kind);
 
-    /// One frame of its animation. A loop of n pictures takes n times the frames of a picture and one more: its index
-    /// then stands behind the last picture.
+    /// One game frame of its animation. At the end of a loop the index stands behind the last strip frame for one game
+    /// frame.
     void stepAnimation();
-    /// What drawing finds out: whether the loop has come to its end. Once a frame after the step, drawn or not.
+    /// Finds out whether the loop has come to its end. Once a game frame after the step, drawn or not.
     void finishFrame(const AnimationFrameCounts& counts);
 
-    /// The picture now; for one frame of a loop the index is the strip's count.
+    /// The strip frame to draw; once in a loop its index is the strip's count.
     [[nodiscard]] AnimationFrame picture() const { return picture_; }
     [[nodiscard]] ItemKind itemKind() const { return kind_; }
     /// Set by the last `finishFrame`.
@@ -89,7 +89,7 @@ private:
     ItemKind kind_;
     AnimationFrame picture_;
     int frameDelay_ = 0;
-    int frameDelayReload_;  // frames each picture stays, less one
+    int frameDelayReload_;  // game frames for which each strip frame stays, less one
     bool playing_ = false;
     bool animationDone_ = false;
 };

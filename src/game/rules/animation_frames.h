@@ -8,12 +8,12 @@
 
 namespace grub {
 
-/// A picture of an animation strip.
+/// One frame of a strip: the animation id of the strip, and the index of the frame.
 struct AnimationFrame {
     int animation = 0;
     int frame = 0;
 
-    /// The next picture of an animation that is running, the first of another one. Wraps nowhere.
+    /// The next frame when `next` is the strip that is running, else the first frame of `next`. Never wraps.
     [[nodiscard]] AnimationFrame continuedBy(int next) const { return {next, next == animation ? frame + 1 : 0}; }
 
     friend bool operator==(const AnimationFrame&, const AnimationFrame&) = default;

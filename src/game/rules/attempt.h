@@ -1,13 +1,13 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <vector>
 
 #include "actor.h"
 #include "animation_frames.h"
 #include "bonus.h"
 #include "enemy.h"
+#include "enemy_traits.h"
 #include "level_map.h"
 #include "rules.h"
 #include "sound_requests.h"
@@ -17,26 +17,23 @@ namespace grub {
 
 class StateHash;
 
-/// Why an attempt at a level ended.
-enum class LossCause : std::uint8_t { Dog = 0, Lady = 1, Rat = 2, Pit = 3, Won = 4, Quit = 5, Load = 6 };
-
-/// The points of a moment, rising from where they were earned.
+/// Points that rise from the cell where they were earned.
 struct ScorePopup {
     int x = 0;  // pixels in the level
-    int y = 0;  // where the next picture shows it
+    int y = 0;  // where the next game frame shows it
     int value = 0;
-    int ttl = 0;         // pictures it still has; below 1 the entry is free
-    bool shown = false;  // in the picture of this frame, one pixel below `y`
+    int ttl = 0;         // game frames for which it is still shown; below 1 the entry is free
+    bool shown = false;  // in this game frame, one pixel below `y`
 
     friend bool operator==(const ScorePopup&, const ScorePopup&) = default;
 };
 
-/// The rising numbers. They live with the pictures of a level, behind dialogs too, and play does not depend on them.
+/// The rising numbers. They go on behind dialogs too, and play does not depend on them.
 class ScorePopups {
 public:
     /// Shows points at a cell; nothing when every entry is in use.
     void add(int points, int cx, int cy);
-    /// The pictures of one frame: whoever lives is shown, then rises and grows older.
+    /// One game frame: every number that has time left is shown, then rises and grows older.
     void finishFrame();
     /// All entries, for drawing those that are `shown`.
     [[nodiscard]] const std::array<ScorePopup, kPopupCount>& entries() const { return entries_; }
@@ -47,13 +44,13 @@ private:
     std::array<ScorePopup, kPopupCount> entries_{};
 };
 
-/// What everybody in a world shares during an attempt at a level: the field and what is on it beside the hero,
-/// chance, the score and how it ends. Actors are handed it for each step and keep nothing of it.
+/// What all actors of a world share during an attempt at a level: the field and what is on it beside the hero, chance,
+/// the score and how it ends. Actors get it for each step and keep no reference to it.
 struct Attempt {
     LevelMap map;
     WorldRandom random;
     AnimationFrameCounts frameCounts;
-    SoundRequests sounds;  // of this frame
+    SoundRequests sounds;  // of this game frame
     std::vector<Enemy> enemies;
     std::vector<AnimatedItem> decorations;
     Bonuses bonuses;
@@ -71,7 +68,7 @@ struct Attempt {
     /// Ends the attempt, or gives an end that has been reached another cause.
     void end(LossCause why);
 
-    /// Adds everything that play depends on; not the rising numbers, which live with the pictures.
+    /// Adds everything that play depends on, so not the rising numbers.
     void addTo(StateHash& hash) const;
 
     friend bool operator==(const Attempt&, const Attempt&) = default;

@@ -88,7 +88,7 @@ void updateBonuses(Attempt& attempt, const Hero& hero) {
         if (attempt.levelIndex != 0) spawnRandomBonus(attempt, hero);
         bonuses.countdown = kBonusInterval;
     }
-    if (bonuses.anchorTimer > 0 && --bonuses.anchorTimer == 0) setEnemySpeed(attempt, kEnemySpeed);
+    if (bonuses.anchorTimer > 0 && --bonuses.anchorTimer == 0) setAnchored(attempt, false);
     if (bonuses.invisibilityTimer > 0) --bonuses.invisibilityTimer;
 }
 
@@ -106,7 +106,7 @@ void apply(BonusKind kind, Attempt& attempt, Hero& hero) {
         case BonusKind::Anchor:
             attempt.sounds.play(SoundId::Anchor);
             attempt.bonuses.anchorTimer = kAnchorFrames;
-            return setEnemySpeed(attempt, kAnchoredSpeed);
+            return setAnchored(attempt, true);
         case BonusKind::Bomb: attempt.sounds.play(SoundId::Bomb); return blast(attempt.map, hero.cellX(), hero.cellY());
         case BonusKind::Shield: attempt.sounds.play(SoundId::Shield); return hero.giveShield();
         case BonusKind::Heart:
@@ -141,8 +141,8 @@ void killNearestEnemy(Attempt& attempt, const Hero& hero) {
     if (nearest != nullptr) nearest->die();
 }
 
-void setEnemySpeed(Attempt& attempt, int speed) {
-    for (Enemy& enemy : attempt.enemies) enemy.setSpeed(speed);
+void setAnchored(Attempt& attempt, bool anchored) {
+    for (Enemy& enemy : attempt.enemies) enemy.setSpeed(anchored ? kAnchoredSpeed : enemy.traits().speed);
 }
 
 // Row by row from the top: a floor that breaks opens the one under it, so the crater grows downwards.

@@ -30,9 +30,9 @@ public:
     [[nodiscard]] BonusKind bonusKind() const { return kind_; }
     /// Frames it has left.
     [[nodiscard]] int lifetime() const { return lifetime_; }
-    /// It can be taken.
+    /// Whether it can be taken.
     [[nodiscard]] bool isActive() const { return active_; }
-    /// It leaves its slot at the next look.
+    /// Whether it leaves its slot in the next game frame.
     [[nodiscard]] bool isExpired() const { return expired_; }
 
     /// Adds everything that play depends on.
@@ -67,10 +67,10 @@ void updateBonuses(Attempt& attempt, const Hero& hero);
 /// Takes what lies in the hero's cell, in the order of the slots. He stands exactly on it.
 void pickUpBonuses(Attempt& attempt, Hero& hero);
 
-/// The enemy nearest to the hero dies; none when all are dead.
+/// Kills the living enemy that is nearest to the hero, if there is one.
 void killNearestEnemy(Attempt& attempt, const Hero& hero);
-/// What every enemy goes by from its next decision on, pixels a frame.
-void setEnemySpeed(Attempt& attempt, int speed);
+/// Slows every enemy down to kAnchoredSpeed from its next decision on, or gives each its own speed back.
+void setAnchored(Attempt& attempt, bool anchored);
 /// Breaks the floors two cells around, but the one under (cx, cy).
 void blast(LevelMap& map, int cx, int cy);
 

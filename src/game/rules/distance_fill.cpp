@@ -114,7 +114,7 @@ void DistanceField::fill(int x, int y, int distance) {
     fillDeadEnds();
 }
 
-/// From a start in a dead end to the first cell that is none. False when there is no way out.
+/// Goes from a start in a dead end to the first cell outside dead ends. False when no way leads out.
 bool DistanceField::leaveDeadEnds(std::size_t& cell, std::uint32_t& length) {
     for (auto end = deadEnds_.rbegin(); end != deadEnds_.rend(); ++end) {
         if (end->cell != cell) continue;

@@ -12,7 +12,7 @@ namespace grub {
 enum RouteStep : std::uint8_t { kStepUp = 1, kStepDown = 2, kStepRight = 4, kStepLeft = 8 };
 
 /// A cell that is entered from one neighbour only and leads nowhere but back and to dead ends of its own: the air above
-/// a floor, the end of a corridor. However a fill goes about, the cell ends up one step behind its entrance.
+/// a floor, the end of a corridor. In every fill the cell ends up one step behind its entrance.
 struct DeadEnd {
     std::uint16_t cell;
     std::uint16_t entrance;
@@ -21,8 +21,8 @@ struct DeadEnd {
     friend bool operator==(const DeadEnd&, const DeadEnd&) = default;
 };
 
-/// Takes the steps into dead ends and out of them away, so that what is left of `steps` (RouteStep bits of a cell each,
-/// row by row, `stride` cells a row, none leading out of the field) joins the other cells. The dead ends come in an
+/// Takes away the steps into dead ends and out of them, so that what is left of `steps` (RouteStep bits of a cell each,
+/// row by row, `stride` cells a row; no step leads out of the field) joins the other cells. The dead ends come in an
 /// order that has each behind its entrance.
 [[nodiscard]] std::vector<DeadEnd> cutDeadEnds(std::span<std::uint8_t> steps, std::size_t stride);
 
@@ -39,7 +39,8 @@ public:
     /// Every cell unreached and without steps.
     DistanceField(int width, int height);
 
-    /// The steps out of a cell (RouteStep bits). None may lead out of the field. `stepsAreSet` follows the last one.
+    /// The steps out of a cell (RouteStep bits). No step may lead out of the field. Call `stepsAreSet` after the last
+    /// one.
     void setSteps(int x, int y, unsigned steps);
     /// Looks at all steps, to make fills short.
     void stepsAreSet();

@@ -7,7 +7,7 @@
 
 namespace grub {
 
-Enemy::Enemy(int cx, int cy, EnemyKind kind) : kind_(kind) { setCell(cx, cy); }
+Enemy::Enemy(int cx, int cy, EnemyKind kind) : kind_(kind), speed_(traits().speed) { setCell(cx, cy); }
 
 void Enemy::update(Attempt& attempt) {
     const LevelMap& map = attempt.map;
@@ -29,7 +29,7 @@ void Enemy::die() {
 bool Enemy::isSupported(const LevelMap& map) const {
     const int cx = cellX();
     const int cy = cellY();
-    if (kind_ != EnemyKind::Rat) return map.canStand(cx, cy, View::Physical);
+    if (traits().holdsLadders) return map.canStand(cx, cy, View::Physical);
     if (cy >= map.height() - 1) return true;
     const MapCell& below = map.cellAt(cx, cy + 1);
     return below.type == BlockType::Floor || below.type == BlockType::Ladder || below.type == BlockType::Solid ||
@@ -68,25 +68,20 @@ void Enemy::fall(Attempt& attempt) {
     if (isHole && !passesThroughHole(attempt.map)) fallIntoHole(attempt, below);
 }
 
-/// A lady is too big to be held by a hole with nothing under it.
 bool Enemy::passesThroughHole(const LevelMap& map) const {
     const int row = cellY() + 2;
-    if (kind_ != EnemyKind::Lady || row >= map.height()) return false;
+    if (!traits().fallsThroughHoles || row >= map.height()) return false;
     const BlockType type = map.cellAt(cellX(), row).type;
     return type != BlockType::Floor && type != BlockType::Solid;
 }
 
-// The hole is taken, and carries others, from the moment of the fall. A rat is in it with half a leap.
+// The hole is taken, and carries others, from the moment of the fall.
 void Enemy::fallIntoHole(Attempt& attempt, MapCell& hole) {
     hole.holeOccupied = true;
     state_ = EnemyState::Trapped;
     timer_ = kTrappedFrames;
-    if (kind_ == EnemyKind::Rat) {
-        attempt.sounds.play(SoundId::CaughtRat);
-        y += kRatLeap;
-    } else {
-        attempt.sounds.play(SoundId::Caught);
-    }
+    attempt.sounds.play(traits().caughtSound);
+    y += traits().leap;
 }
 
 void Enemy::waitInHole(LevelMap& map) {
@@ -99,18 +94,18 @@ void Enemy::waitInHole(LevelMap& map) {
     vy = -speed_;
     state_ = EnemyState::Escaping;
     hole.holeOccupied = false;
-    if (kind_ == EnemyKind::Rat) y -= kRatLeap;
+    y -= traits().leap;
 }
 
 void Enemy::waitForReturn(Attempt& attempt) {
-    if (kind_ == EnemyKind::Rat) return;
+    if (!traits().comesBack) return;
     vx = 0;
     vy = 0;
     if (timer_ > 0) --timer_;
     if (timer_ == 0 && respawn(attempt)) state_ = EnemyState::Roaming;
 }
 
-// A spawn point is not looked at: whoever stands there meets it. On a map without one it drops in from the top row.
+// An actor at the spawn point does not stop it. On a map without spawn points it drops in from the top row.
 bool Enemy::respawn(Attempt& attempt) {
     const LevelMap& map = attempt.map;
     if (const auto point = map.randomSpawnPoint(attempt.random)) {
@@ -151,7 +146,7 @@ void Enemy::chooseDirection(Attempt& attempt) {
     const LevelMap& map = attempt.map;
     vx = 0;
     vy = 0;
-    if (kind_ == EnemyKind::Rat) return patrol(map);
+    if (!traits().hunts) return patrol(map);
     if (map.distanceAt(cellX(), cellY()) != DistanceField::kUnreached) return hunt(map);
     wander(attempt);
 }
@@ -233,30 +228,19 @@ void Enemy::wanderUpright(const LevelMap& map, EnemyDirection way) {
 
 // Which frame an enemy shows.
 
-namespace {
-
-/// Pictures of an enemy's strip, whatever the loaded strip has.
-constexpr int kStripFrames = 8;
-/// Pictures of the rat's two short strips, in and out of a hole.
-constexpr int kRatHoleFrames = 4;
-/// Frames each picture stays, less one.
-constexpr int kPictureDelay = 1;
-
-}  // namespace
-
 void Enemy::updateAnimation(const LevelMap& map) {
     if (isOutsideMap(map)) return die();
     if (frameDelay_ > 0) {
         --frameDelay_;
         return;
     }
-    frameDelay_ = kPictureDelay;
+    frameDelay_ = kEnemyFrameDelay;
     const bool isInHole = state_ == EnemyState::Trapped || state_ == EnemyState::Escaping;
     picture_ = isInHole ? inHole() : moving(map);
-    if (picture_.frame >= kStripFrames) picture_.frame = 0;
+    if (picture_.frame >= kEnemyStripFrames) picture_.frame = 0;
 }
 
-int Enemy::sided(EnemyAnimations::Pair pair) const {
+int Enemy::sided(EnemyTraits::StripPair pair) const {
     return direction_ == EnemyDirection::Right ? pair.right : pair.left;
 }
 
@@ -266,24 +250,23 @@ bool Enemy::isHanging(const LevelMap& map) const {
 }
 
 AnimationFrame Enemy::moving(const LevelMap& map) const {
-    const EnemyAnimations& strips = animationsOf(kind_);
+    const EnemyTraits& strips = traits();
     if (vy != 0) {
         const bool falls = vy > 0 && !isSupported(map);
         return picture_.continuedBy(sided(falls ? strips.still : strips.climb));
     }
-    const EnemyAnimations::Pair hang = strips.pipe;
+    const EnemyTraits::StripPair hang = strips.pipe;
     const bool hanging = isHanging(map);
     if (vx == 0) return {sided(hanging ? hang : strips.still), 0};
-    const EnemyAnimations::Pair way = hanging ? hang : strips.walk;
+    const EnemyTraits::StripPair way = hanging ? hang : strips.walk;
     return picture_.continuedBy(vx < 0 ? way.left : way.right);
 }
 
-/// Falling in and climbing out hold their last picture.
+/// Falling in and climbing out hold their last frame.
 AnimationFrame Enemy::inHole() const {
-    const EnemyAnimations& strips = animationsOf(kind_);
+    const EnemyTraits& strips = traits();
     AnimationFrame shown = picture_.continuedBy(sided(state_ == EnemyState::Trapped ? strips.trapped : strips.escape));
-    const int count = kind_ == EnemyKind::Rat ? kRatHoleFrames : kStripFrames;
-    shown.frame = std::min(shown.frame, count - 1);
+    shown.frame = std::min(shown.frame, strips.holeFrames - 1);
     return shown;
 }
 

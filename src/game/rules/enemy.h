@@ -13,7 +13,7 @@ namespace grub {
 struct Attempt;
 class StateHash;
 
-/// What an enemy is about. The numbers are those of traces.
+/// What an enemy does. The numbers are those of traces.
 enum class EnemyState : std::uint8_t {
     Roaming = 0,   // hunts or wanders
     Trapped = 1,   // falls into a hole, then sits in it
@@ -21,11 +21,12 @@ enum class EnemyState : std::uint8_t {
     Dead = 3       // waits out of the way for its return
 };
 
-/// Where a wandering enemy means to go. `Undecided` asks for a new choice; a choice of `Nowhere` stands for a frame.
+/// Where a wandering enemy wants to go. `Undecided` asks for a new choice; with `Nowhere` it stands for one game frame.
 enum class EnemyDirection : std::uint8_t { Undecided = 0, Left = 1, Right = 2, Up = 3, Down = 4, Nowhere = 5 };
 
-/// A dog, a lady or a rat. Dog and lady follow the hero's distances, or wander where there are none; the rat runs to
-/// and fro on its floor. Everything is decided exactly on a cell; between cells an enemy only moves.
+/// A dog, a lady or a rat, as its traits say. A hunter follows the hero's distances, or wanders where there are none;
+/// the others run to and fro on their floor. Everything is decided exactly on a cell; between cells an enemy only
+/// moves.
 class Enemy : public Actor {
 public:
     /// On a cell, roaming, looking left.
@@ -33,19 +34,20 @@ public:
 
     /// One frame of behaviour and movement. Draws from the attempt's generator only while it wanders or comes back.
     void update(Attempt& attempt);
-    /// One frame of the choice of its picture, after all enemies have moved.
+    /// Chooses the strip frame to show, once a game frame after all enemies have moved.
     void updateAnimation(const LevelMap& map);
-    /// Takes it off the field: to pixel (0, 0), dead. A dog and a lady come back, a rat does not.
+    /// Takes it off the field: to pixel (0, 0), dead.
     void die();
-    /// Puts it where it comes back. False when there was no room; the place is tried again by another draw.
+    /// Puts it where it comes back. False when there was no room; another call draws another place.
     bool respawn(Attempt& attempt);
-    /// Whether it does not fall from here. A rat holds on to no ladder.
+    /// Whether it does not fall from here.
     [[nodiscard]] bool isSupported(const LevelMap& map) const;
-    /// Pixels a frame from its next decision on. Its velocity stays until then, or it would miss its cell.
+    /// Pixels a game frame from its next decision on. Its velocity stays until then, or it would miss its cell.
     void setSpeed(int pixels) { speed_ = pixels; }
 
     /// For drawing, end checks, crowding and traces.
     [[nodiscard]] EnemyKind kind() const { return kind_; }
+    [[nodiscard]] const EnemyTraits& traits() const { return traitsOf(kind_); }
     [[nodiscard]] EnemyState state() const { return state_; }
     [[nodiscard]] EnemyDirection direction() const { return direction_; }
     [[nodiscard]] AnimationFrame picture() const { return picture_; }
@@ -53,8 +55,8 @@ public:
     [[nodiscard]] int speed() const { return speed_; }
     /// It stood exactly on a cell, supported, when its last update began.
     [[nodiscard]] bool wasAtNode() const { return atNode_; }
-    /// Whether it is one of those who step aside for each other.
-    [[nodiscard]] bool keepsDistance() const { return kind_ != EnemyKind::Rat && state_ == EnemyState::Roaming; }
+    /// Whether it keeps away from others that do so too.
+    [[nodiscard]] bool keepsDistance() const { return traits().hunts && state_ == EnemyState::Roaming; }
 
     /// Adds everything that play depends on.
     void addTo(StateHash& hash) const;
@@ -85,20 +87,20 @@ private:
     [[nodiscard]] bool isHanging(const LevelMap& map) const;
     [[nodiscard]] AnimationFrame moving(const LevelMap& map) const;
     [[nodiscard]] AnimationFrame inHole() const;
-    [[nodiscard]] int sided(EnemyAnimations::Pair pair) const;
+    [[nodiscard]] int sided(EnemyTraits::StripPair pair) const;
 
     EnemyKind kind_;
     EnemyState state_ = EnemyState::Roaming;
     EnemyDirection direction_ = EnemyDirection::Left;
     bool atNode_ = false;
     int timer_ = 0;  // frames left in this state
-    int speed_ = kEnemySpeed;
+    int speed_;
     AnimationFrame picture_{kFirstEnemyAnimation, 0};
-    int frameDelay_ = 0;  // frames until the next picture
+    int frameDelay_ = 0;  // game frames until the next strip frame
 };
 
-/// After all have moved: of two roaming in one cell the earlier one goes back, if it has just left a cell. Rats run
-/// through everybody.
+/// After all have moved: when two enemies that keep their distance are in one cell, the earlier one of the list goes
+/// back, if it has just left a cell.
 void keepApart(std::span<Enemy> enemies);
 
 }  // namespace grub

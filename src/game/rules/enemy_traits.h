@@ -1,53 +1,96 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cassert>
 #include <cstdint>
 
 #include "map_cell.h"
+#include "rules.h"
+#include "sound_id.h"
 
 namespace grub {
 
-/// The three enemies. The numbers are the object codes by which a level file places them.
+/// Why an attempt at a level ended. The numbers are those of hashes and traces.
+enum class LossCause : std::uint8_t { Dog = 0, Lady = 1, Rat = 2, Pit = 3, Won = 4, Quit = 5, Load = 6 };
+
+/// The enemies. The numbers are the object codes by which a level file places them.
 enum class EnemyKind : std::uint16_t { Dog = object_code::kDog, Rat = object_code::kRat, Lady = object_code::kLady };
 
-/// Whether a level file's object code places an enemy.
-[[nodiscard]] constexpr bool isEnemy(std::uint16_t code) {
-    return code == object_code::kDog || code == object_code::kRat || code == object_code::kLady;
-}
-
-/// Animation ids of an enemy, a pair for each thing it does: going or looking left, and right.
-struct EnemyAnimations {
-    struct Pair {
+/// Everything that makes one kind of enemy different from the others.
+struct EnemyTraits {
+    /// Animation ids of two strips: going or looking left, and right. A strip seen from behind serves both directions.
+    struct StripPair {
         int left;
         int right;
     };
+
     EnemyKind kind;
-    Pair walk;
-    Pair pipe;
-    Pair climb;
-    Pair trapped;
-    Pair still;
-    Pair escape;
+    LossCause cause;         ///< of an attempt that it ends
+    char mark;               ///< its letter in drawings of the field; a capital while it is in a hole
+    int speed;               ///< pixels a game frame; divides kCellSize
+    bool hunts;              ///< follows the hero or wanders; otherwise it runs to and fro on its floor
+    bool holdsLadders;       ///< does not fall from a ladder
+    bool fallsThroughHoles;  ///< falls on through a hole that has no floor and no solid block under it
+    bool comesBack;          ///< returns kDeadFrames after its death
+    int leap;                ///< pixels that it leaps at once into a hole, and out of it
+    int holeFrames;          ///< frames of its strips `trapped` and `escape` that are shown; the last one stays
+    SoundId caughtSound;     ///< when it falls into a hole
+
+    StripPair walk;
+    StripPair pipe;  ///< hangs on a pipe
+    StripPair climb;
+    StripPair trapped;  ///< falls into a hole and sits in it
+    StripPair still;    ///< stands, and falls
+    StripPair escape;   ///< climbs out of a hole
 };
 
-/// Who looks how. A strip seen from behind serves both directions.
-inline constexpr std::array kEnemyAnimations{
-    //              kind             walk        pipe        climb       trapped     still       escape
-    EnemyAnimations{EnemyKind::Dog, {90, 91}, {92, 93}, {94, 94}, {95, 95}, {96, 96}, {244, 244}},
-    EnemyAnimations{EnemyKind::Rat, {110, 111}, {110, 111}, {112, 113}, {114, 115}, {114, 115}, {112, 113}},
-    EnemyAnimations{EnemyKind::Lady, {103, 104}, {105, 106}, {107, 107}, {108, 108}, {109, 109}, {154, 154}},
+// clang-format off
+/// One row for each enemy.
+inline constexpr std::array kEnemyTraits{
+    EnemyTraits{.kind = EnemyKind::Dog, .cause = LossCause::Dog, .mark = 'd', .speed = kEnemySpeed,
+                .hunts = true, .holdsLadders = true, .fallsThroughHoles = false, .comesBack = true,
+                .leap = 0, .holeFrames = kEnemyStripFrames, .caughtSound = SoundId::Caught,
+                .walk = {90, 91}, .pipe = {92, 93}, .climb = {94, 94},
+                .trapped = {95, 95}, .still = {96, 96}, .escape = {244, 244}},
+    EnemyTraits{.kind = EnemyKind::Rat, .cause = LossCause::Rat, .mark = 'r', .speed = kEnemySpeed,
+                .hunts = false, .holdsLadders = false, .fallsThroughHoles = false, .comesBack = false,
+                .leap = kRatLeap, .holeFrames = kRatHoleFrames, .caughtSound = SoundId::CaughtRat,
+                .walk = {110, 111}, .pipe = {110, 111}, .climb = {112, 113},
+                .trapped = {114, 115}, .still = {114, 115}, .escape = {112, 113}},
+    EnemyTraits{.kind = EnemyKind::Lady, .cause = LossCause::Lady, .mark = 'l', .speed = kEnemySpeed,
+                .hunts = true, .holdsLadders = true, .fallsThroughHoles = true, .comesBack = true,
+                .leap = 0, .holeFrames = kEnemyStripFrames, .caughtSound = SoundId::Caught,
+                .walk = {103, 104}, .pipe = {105, 106}, .climb = {107, 107},
+                .trapped = {108, 108}, .still = {109, 109}, .escape = {154, 154}},
 };
+// clang-format on
+static_assert(std::ranges::all_of(
+                  kEnemyTraits, [](int speed) { return kCellSize % speed == 0; }, &EnemyTraits::speed),
+              "an enemy with such a speed would never stand exactly on a cell");
+
+/// The strip that an enemy of any kind shows before its first move.
+inline constexpr int kFirstEnemyAnimation = 90;
 
 /// The row of a kind.
-[[nodiscard]] constexpr const EnemyAnimations& animationsOf(EnemyKind kind) {
-    for (const EnemyAnimations& row : kEnemyAnimations)
-        if (row.kind == kind) return row;
-    assert(false);
-    return kEnemyAnimations[0];
+[[nodiscard]] constexpr const EnemyTraits& traitsOf(EnemyKind kind) {
+    const auto row = std::ranges::find(kEnemyTraits, kind, &EnemyTraits::kind);
+    assert(row != kEnemyTraits.end());
+    return *row;
 }
 
-/// The animation of an enemy that has done nothing yet, whatever its kind.
-inline constexpr int kFirstEnemyAnimation = 90;
+/// Whether a level file's object code places an enemy.
+[[nodiscard]] constexpr bool isEnemy(std::uint16_t code) {
+    return std::ranges::find(kEnemyTraits, static_cast<EnemyKind>(code), &EnemyTraits::kind) != kEnemyTraits.end();
+}
+
+namespace object_code {
+
+/// Whether the code calls for an actor, a heart or a decoration.
+[[nodiscard]] constexpr bool isObject(std::uint16_t code) {
+    return isEnemy(code) || (code >= kHeart && code <= kTorchRight);
+}
+
+}  // namespace object_code
 
 }  // namespace grub

@@ -106,7 +106,7 @@ void Hero::decide(Attempt& attempt) {
     }
 }
 
-/// Between cells. A fall has nothing to climb back on: only on a ladder or a support he can turn up again.
+/// Between cells. He cannot climb back out of a fall: only on a ladder or a support he can turn up again.
 void Hero::turnBack(const LevelMap& map) {
     switch (command_) {
         case HeroCommand::Left:
@@ -199,8 +199,8 @@ void Hero::addTo(StateHash& hash) const {
 
 using namespace hero_animation;
 
-// Once the attempt is over he keeps his picture. The choice still runs in that frame, so that a dig can end in it, but
-// asks for no sound.
+// When the attempt is over he keeps his strip frame. The choice still runs in that game frame, so that a dig can end in
+// it, but asks for no sound.
 void Hero::updatePicture(Attempt& attempt) {
     const SoundRequests askedBefore = attempt.sounds;
     AnimationFrame chosen = choosePicture(attempt);
@@ -230,8 +230,7 @@ AnimationFrame Hero::shownPicture() const {
     return picture_;
 }
 
-// Going either way he looks at the pipe to his right. Each round of the strip is heard, from the picture after its
-// first.
+// In both directions he looks at the pipe to his right. Each round of the strip is heard once, after its first frame.
 AnimationFrame Hero::movingSideways(Attempt& attempt) const {
     const bool hanging = attempt.map.hangsAt(cellX(), cellY()) || attempt.map.hangsAt(cellX() + 1, cellY());
     const bool left = vx < 0;

@@ -14,7 +14,7 @@ enum class PlayKey : std::uint8_t { Up, Down, Left, Right, Space, Enter, Z, X, A
 
 namespace hero_animation {
 
-/// Animation ids of the hero's strips; what a strip shows stands in its name.
+/// Animation ids of the hero's strips.
 inline constexpr int kWalkLeft = 1;
 inline constexpr int kWalkRight = 76;
 inline constexpr int kHangLeft = 77;
@@ -24,7 +24,7 @@ inline constexpr int kDigLeft = 80;
 inline constexpr int kDigRight = 81;
 inline constexpr int kNeutral = 151;
 inline constexpr int kFall = 152;
-inline constexpr int kUnused = 153;  // has its strips; nothing chooses it
+inline constexpr int kUnused = 153;  // is loaded; no rule chooses it
 inline constexpr int kStandLeft = 333;
 inline constexpr int kStandRight = 334;
 
@@ -45,10 +45,10 @@ inline constexpr int kClimbRestFrame = 5;
 
 }  // namespace hero_animation
 
-/// What the hero has been told last. One word, not a set of held keys: the latest key counts.
+/// The last command to the hero. The latest key counts, not the set of held keys.
 enum class HeroCommand : std::uint8_t { None, Left, Right, Up, Down, DigLeft, DigRight };
 
-/// Where he looks; the last horizontal direction asked for.
+/// Where he looks: the last horizontal direction that was asked for.
 enum class Facing : std::uint8_t { Left = 1, Right = 2 };
 
 /// Grub. He walks, climbs, hangs, falls and digs; everything is decided while he stands exactly on a cell, between
@@ -61,16 +61,16 @@ public:
     /// A press gives a command and arms the delay of a turn; a release takes back its own command.
     void keyDown(PlayKey key);
     void keyUp(PlayKey key);
-    /// Any key shows that somebody is there.
+    /// Any key shows that the player is there.
     void restartIdleTimer();
 
     /// One frame of play.
     void update(Attempt& attempt);
-    /// Chooses the picture of this frame of play, once a frame after `update`. A dig ends here, with its animation.
+    /// Chooses the strip frame to show, once a game frame after `update`. A dig ends here, with its animation.
     void updatePicture(Attempt& attempt);
-    /// The picture of this frame, to go on from in the next. Without the shield: that is only drawn.
+    /// The strip frame to go on from in the next game frame. It has no shield: a shield is only drawn.
     [[nodiscard]] AnimationFrame picture() const { return picture_; }
-    /// The same as it is drawn.
+    /// The strip frame that is drawn.
     [[nodiscard]] AnimationFrame shownPicture() const;
 
     /// No enemy can catch him for kShieldFrames.

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "byte_reader.h"
+#include "enemy_traits.h"
 #include "map_cell.h"
 #include "rules.h"
 

@@ -16,8 +16,8 @@ namespace grub {
 
 class StateHash;
 
-/// What a query asks about: the cell as it is now, or as routes are planned. A plan takes a dug floor for the floor it
-/// will be again.
+/// What a query asks about: the cell as it is now, or as routes are planned. In a plan a dug floor counts as the floor
+/// that it will be again.
 enum class View : bool { Planned = false, Physical = true };
 
 /// An actor, a heart or a decoration that the level file places.
@@ -29,8 +29,8 @@ struct LevelObject {
     friend bool operator==(const LevelObject&, const LevelObject&) = default;
 };
 
-/// The playing field: cells and what the rules ask about them. A plain value. Queries take any column and row and say
-/// no outside the map, unless they say otherwise; `cellAt` wants a cell inside.
+/// The playing field: cells and what the rules ask about them. A plain value. Queries take any column and row and
+/// answer false outside the map, unless their comment says otherwise; `cellAt` needs a cell inside.
 class LevelMap {
 public:
     /// The first bytes of a level file, kept as read.
@@ -46,7 +46,7 @@ public:
     [[nodiscard]] bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < width_ && y < height_; }
     /// The cell, which must be inside the map.
     [[nodiscard]] const MapCell& cellAt(int x, int y) const { return cells_[indexOf(x, y)]; }
-    /// The same, to change it. Whoever changes a type calls `routesChanged`, whoever starts an animation `wake`.
+    /// The same, to change it. After a change of its type call `routesChanged`, after the start of an animation `wake`.
     [[nodiscard]] MapCell& cellAt(int x, int y) { return cells_[indexOf(x, y)]; }
 
     /// What the builder of a map fills in: the file's header, where the hero starts, and what lies and waits where.
@@ -67,7 +67,7 @@ public:
     /// Whether an actor in this cell has support. The bottom row always has.
     [[nodiscard]] bool canStand(int x, int y, View view) const;
     [[nodiscard]] bool isPipe(int x, int y) const;
-    /// Whether an actor in this cell hangs on its pipe, with nothing under him.
+    /// Whether an actor in this cell hangs on its pipe, with nothing under its feet.
     [[nodiscard]] bool hangsAt(int x, int y) const { return isPipe(x, y) && !canStand(x, y, View::Physical); }
     /// Whether the cell is a floor with room above it.
     [[nodiscard]] bool isDiggable(int x, int y) const;
@@ -91,9 +91,9 @@ public:
 
     /// Keys that still lie.
     [[nodiscard]] int keysRemaining() const { return keysRemaining_; }
-    /// Takes the key out of a cell and remembers that it was taken. False when there is none.
+    /// Takes the key out of a cell and remembers that it was taken. False for a cell without a key.
     bool collectKey(int x, int y);
-    /// Takes the key out of a cell, to come back with the next attempt. False when there is none.
+    /// Takes the key out of a cell; it comes back with the next attempt. False for a cell without a key.
     bool takeKeyForNow(int x, int y);
     /// Cells whose keys stay taken in the next attempt, in the order they were taken.
     [[nodiscard]] std::span<const CellPosition> collectedKeys() const { return collectedKeys_; }
@@ -103,10 +103,10 @@ public:
     void withdrawCollectedKeys(std::span<const CellPosition> collected);
 
     /// Cells by number, row by row, for the update of all of them. An update that changed nothing will change nothing
-    /// as long as nobody breaks the cell and keys lie, so such a cell sleeps; most cells of a map do.
+    /// until the cell is broken or the last key is taken, so such a cell sleeps; most cells of a map do.
     [[nodiscard]] std::size_t cellCount() const { return cells_.size(); }
     [[nodiscard]] MapCell& cellNumber(std::size_t number) { return cells_[number]; }
-    /// The first cell that is awake at or after number `from`; `cellCount()` when there is none.
+    /// The first cell that is awake at or after number `from`; `cellCount()` when all of them sleep.
     [[nodiscard]] std::size_t nextAwake(std::size_t from) const;
     void sleep(std::size_t number) { awake_[number] = 0; }
     void wake(int x, int y) { awake_[indexOf(x, y)] = 1; }

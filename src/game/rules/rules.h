@@ -4,14 +4,15 @@
 
 namespace grub {
 
-// Every number of play. A "frame" here is a game frame: one step of the world, 25 in a second.
+// Every number of play. Times are counted in game frames ("frames"): one step of the world, 25 in a second. A frame of
+// a strip is always called so.
 
 /// Milliseconds of one game frame.
 inline constexpr int kGameFrameMs = 40;
 
 /// Pixels along the edge of a cell. All speeds divide it, so that an actor always comes to stand exactly on a cell.
 inline constexpr int kCellSize = 64;
-/// Half a cell, in pixels: where a key of either cell is in reach.
+/// Half a cell, in pixels: half-way between two cells the hero reaches the keys of both.
 inline constexpr int kHalfCell = kCellSize / 2;
 
 /// Columns and rows of the largest map.
@@ -22,7 +23,7 @@ inline constexpr std::size_t kMaxObjects = 40;
 inline constexpr std::size_t kMaxSpawnPoints = 50;
 /// Taken keys that a level remembers after a lost attempt; keys taken beyond these come back.
 inline constexpr std::size_t kMaxCollectedKeys = 100;
-/// Numbers under which the block table may name a picture.
+/// Numbers under which the block table may name a strip.
 inline constexpr std::size_t kMaxSpriteNumbers = 400;
 /// Animation ids are 0 to 399.
 inline constexpr int kAnimationIds = 400;
@@ -38,14 +39,14 @@ inline constexpr int kIdleFrames = 125;
 
 /// Frames from the dig of a floor until it starts to grow back: 10 s.
 inline constexpr int kHoleFrames = 250;
-/// Frames each picture of a breaking floor stays, less one.
+/// Frames for which each strip frame of a breaking floor stays, less one.
 inline constexpr int kBreakFrameDelay = 2;
-/// Frames each picture of a regrowing floor stays, less one.
+/// Frames for which each strip frame of a regrowing floor stays, less one.
 inline constexpr int kRegrowFrameDelay = 4;
 
-/// An enemy's pixels a frame: half the hero's.
+/// An enemy's pixels a frame: half the hero's. enemy_traits.h gives it to each kind of enemy, and may give another.
 inline constexpr int kEnemySpeed = 4;
-/// The same while the anchor works.
+/// Pixels a frame of every enemy while the anchor works.
 inline constexpr int kAnchoredSpeed = 2;
 /// Enemies of a level.
 inline constexpr std::size_t kMaxEnemies = 20;
@@ -57,7 +58,13 @@ inline constexpr int kTrappedFrames = 125;
 inline constexpr int kDeadFrames = 375;
 /// Pixels a rat leaps at once when it falls into a hole, and when it comes out.
 inline constexpr int kRatLeap = 32;
-/// The generator's numbers (0 to 32767) by this give 0 to 3 evenly, and 4 once in 8192.
+/// Strip frames of an enemy that are shown, also when the loaded strip has another number.
+inline constexpr int kEnemyStripFrames = 8;
+/// Strip frames of the rat's two short strips, into a hole and out of it.
+inline constexpr int kRatHoleFrames = 4;
+/// Frames for which each strip frame of an enemy stays, less one.
+inline constexpr int kEnemyFrameDelay = 1;
+/// The generator's numbers (0 to 32767) divided by this give 0 to 3 evenly, and 4 once in 8192.
 inline constexpr int kQuarterOfRandom = 8191;
 
 /// Bonuses that can lie at once.
@@ -66,7 +73,7 @@ inline constexpr std::size_t kBonusSlots = 20;
 inline constexpr int kBonusInterval = 250;
 /// Frames a bonus lies: 8 s.
 inline constexpr int kBonusFrames = 200;
-/// The generator's numbers by this give the six bonuses evenly, and 6 for none in two of 32768.
+/// The generator's numbers divided by this give 0 to 5, the six bonuses, evenly, and 6, no bonus, twice in 32768.
 inline constexpr int kSixthOfRandom = 5461;
 /// Frames that a shield, an anchor and invisibility last: 20 s.
 inline constexpr int kShieldFrames = 500;
@@ -79,7 +86,7 @@ inline constexpr int kDropsHearing = 2;
 
 /// Score numbers that can rise at once.
 inline constexpr std::size_t kPopupCount = 20;
-/// Pictures of a score number: 2 s, one pixel up in each.
+/// Frames for which a score number is shown: 2 s; it rises one pixel in each.
 inline constexpr int kPopupFrames = 50;
 
 /// Points for a bonus.
@@ -89,7 +96,7 @@ inline constexpr int kKeyScore = 50;
 /// Points for reaching the open exit.
 inline constexpr int kWinScore = 1000;
 
-/// What the fill refuses: a cell already reached is entered again only when that saves more steps than this.
+/// The fill of distances enters a cell again only when that saves more steps than this.
 inline constexpr int kDistanceTolerance = 5;
 
 /// Attempts of a new game.

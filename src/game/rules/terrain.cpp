@@ -38,8 +38,8 @@ void updateFloor(MapCell& cell) {
     }
 }
 
-// A cell whose animation has more pictures behind it than the strip has (a regrown floor back on its one picture) walks
-// back a picture a frame. Without a strip there is nothing to wait for, so that a floor without pictures grows back.
+// A cell whose frame lies behind the end of its strip (a regrown floor is back on its strip of one frame) goes back one
+// strip frame each game frame. An animation without a strip is over at once, so that a floor without strips grows back.
 void animate(MapCell& cell, int frameCount) {
     if (frameCount == 0) {
         cell.frame = 0;

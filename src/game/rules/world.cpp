@@ -1,6 +1,5 @@
 #include "world.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -9,19 +8,6 @@
 #include "terrain.h"
 
 namespace grub {
-
-namespace {
-
-LossCause causeOf(EnemyKind catcher) {
-    switch (catcher) {
-        case EnemyKind::Dog: return LossCause::Dog;
-        case EnemyKind::Lady: return LossCause::Lady;
-        case EnemyKind::Rat: break;
-    }
-    return LossCause::Rat;
-}
-
-}  // namespace
 
 World::World(LevelMap map, const WorldStart& start, const AnimationFrameCounts& counts)
     : attempt_{.map = std::move(map),
@@ -60,8 +46,8 @@ void World::placeObjects() {
     }
 }
 
-// The order decides who sees what: a floor dug in this frame is a hole for the enemies at once, one that closes is a
-// floor from the next frame on. A bonus that appears can be taken in the next frame.
+// The order decides what an actor sees: a floor dug in this frame is a hole for the enemies at once, one that closes is
+// a floor from the next frame on. A bonus that appears can be taken in the next frame.
 void World::step() {
     ++frame_;
     attempt_.sounds.clear();
@@ -107,8 +93,7 @@ void World::finishDecorations() {
 
 HeroPicture World::heroPicture() const {
     const AnimationFrame shown = hero_.shownPicture();
-    const int last = std::max(attempt_.frameCounts.of(shown.animation) - 1, 0);
-    return {hero_.x, hero_.y, shown.animation, std::min(shown.frame, last), attempt_.bonuses.invisibilityTimer > 0};
+    return {hero_.x, hero_.y, shown.animation, shown.frame, attempt_.bonuses.invisibilityTimer > 0};
 }
 
 std::uint64_t World::stateHash() const {
@@ -131,7 +116,7 @@ void World::checkCaught() {
     for (const Enemy& enemy : attempt_.enemies) {
         const bool isNear =
             std::abs(hero_.x - enemy.x) < kCatchDistance && std::abs(hero_.y - enemy.y) < kCatchDistance;
-        if (isNear && enemy.state() != EnemyState::Dead) attempt_.end(causeOf(enemy.kind()));
+        if (isNear && enemy.state() != EnemyState::Dead) attempt_.end(enemy.traits().cause);
     }
 }
 

@@ -24,7 +24,7 @@ struct WorldStart {
     friend bool operator==(const WorldStart&, const WorldStart&) = default;
 };
 
-/// How to draw the hero.
+/// How to draw the hero: one frame of a strip.
 struct HeroPicture {
     int x = 0;  // pixels in the level
     int y = 0;
@@ -37,8 +37,8 @@ struct HeroPicture {
 /// plays on by itself, and the same level, seed and keys give the same frames everywhere. Keys and `step` are the only
 /// doors.
 ///
-/// A frame is the keys that came, then `step`, then `finishFrame`. Whoever builds a world takes the first step too: it
-/// settles the level, is frame 0, and is not drawn.
+/// A game frame is the keys that came, then `step`, then `finishFrame`. The builder of a world takes the first step
+/// too: it settles the level, is game frame 0, and is not drawn.
 class World {
 public:
     /// Takes the keys that `start` names off the map and puts the actors of its objects on it.
@@ -46,21 +46,21 @@ public:
 
     /// A key was pressed during play. It also counts as a sign of life.
     void keyDown(PlayKey key) { hero_.keyDown(key); }
-    /// A key was released; to be told in every state of the game, or the hero would run on.
+    /// A key was released. Call it in every state of the game, or the hero runs on.
     void keyUp(PlayKey key) { hero_.keyUp(key); }
-    /// Any other key: the hero does not grow restless while somebody is there.
+    /// Any other key: the hero does not grow restless while the player is there.
     void restartIdleTimer() { hero_.restartIdleTimer(); }
 
     /// One frame of the rules. Forgets the sounds of the frame before.
     void step();
-    /// What drawing advances, once a frame whether anything is drawn or not. `playing` is false in frames that only
-    /// show the level, as behind a dialog: everybody then keeps his picture, nothing asks for a sound, and only the
-    /// score numbers rise.
+    /// What drawing advances, once a game frame whether anything is drawn or not. `playing` is false in game frames
+    /// that only show the level, as behind a dialog: all actors then keep their strip frames, nothing asks for a sound,
+    /// and only the score numbers rise.
     void finishFrame(bool playing);
     /// Ends the attempt from outside, as a closed window does. The rules of a later step may name another cause.
     void end(LossCause cause) { attempt_.end(cause); }
 
-    /// What there is to draw: cells and actors as they are after the last step.
+    /// Cells and actors as they are after the last step, to be drawn.
     [[nodiscard]] const LevelMap& map() const { return attempt_.map; }
     [[nodiscard]] const Hero& hero() const { return hero_; }
     [[nodiscard]] HeroPicture heroPicture() const;

@@ -13,7 +13,7 @@ namespace grub {
 /// Without a bank all is silent. Game thread, but for `loadSecondPhase`.
 class LevelSound {
 public:
-    /// Volume levels of a player who has not chosen any, of 0 to 9: music stays well behind the effects.
+    /// Volume levels, 0 to 9, until the player chooses others: music stays well behind the effects.
     static constexpr std::uint32_t kEffectsLevel = 7;
     static constexpr std::uint32_t kMusicLevel = 3;
 
@@ -31,7 +31,7 @@ public:
     /// process's sequence when it chooses by chance.
     void startMusic();
     void stopMusic() const;
-    /// The track of the level; none before the first.
+    /// The track of the level; nothing before the first level.
     [[nodiscard]] std::optional<MusicId> track() const { return track_; }
 
 private:

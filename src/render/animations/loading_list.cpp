@@ -2,18 +2,20 @@
 
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace grub {
 namespace {
 
 constexpr Colour kSlate{67, 99, 99};
 
-constexpr LoadEntry strip(int id, std::string_view stem, std::uint16_t frameHeight, Colour key) {
-    return {id, stem, LoadEntry::Kind::Strip, frameHeight, TextureTransform::Identity, kNoSpriteNumber, key};
+constexpr LoadEntry strip(int id, std::string_view stem, std::uint16_t frameHeight, Colour key,
+                          TextureTransform transform = TextureTransform::Identity) {
+    return {id, stem, LoadEntry::Kind::Strip, frameHeight, transform, kNoSpriteNumber, key};
 }
 
 constexpr LoadEntry mirrored(int id, std::string_view stem, std::uint16_t frameHeight, Colour key) {
-    return {id, stem, LoadEntry::Kind::Strip, frameHeight, TextureTransform::FlipHorizontal, kNoSpriteNumber, key};
+    return strip(id, stem, frameHeight, key, TextureTransform::FlipHorizontal);
 }
 
 constexpr LoadEntry block(int id, std::string_view stem, int spriteNumber, Colour key) {
@@ -365,29 +367,19 @@ constexpr std::size_t firstOf(std::size_t list, std::size_t step) {
     return first;
 }
 
-constexpr bool idsAreUnique() {
+constexpr bool areUnique(int LoadEntry::*number) {
     std::array<bool, kAnimationSlots> taken{};
     for (const LoadEntry& entry : kEntries) {
-        if (taken[static_cast<std::size_t>(entry.id)]) return false;
-        taken[static_cast<std::size_t>(entry.id)] = true;
-    }
-    return true;
-}
-
-constexpr bool spriteNumbersAreUnique() {
-    std::array<bool, kAnimationSlots> taken{};
-    for (const LoadEntry& entry : kEntries) {
-        if (entry.kind == LoadEntry::Kind::Strip) continue;
-        if (taken[static_cast<std::size_t>(entry.spriteNumber)]) return false;
-        taken[static_cast<std::size_t>(entry.spriteNumber)] = true;
+        if (entry.*number == kNoSpriteNumber) continue;
+        if (std::exchange(taken[static_cast<std::size_t>(entry.*number)], true)) return false;
     }
     return true;
 }
 
 static_assert(firstOf(1, 0) == 243, "the first list");
 static_assert(std::size(kEntries) == firstOf(1, kLoadingSteps), "every entry belongs to a step");
-static_assert(idsAreUnique(), "two pictures would fight for one place in the animation table");
-static_assert(spriteNumbersAreUnique(), "the block table could not tell two pictures apart");
+static_assert(areUnique(&LoadEntry::id), "two strips would fight for one place in the animation table");
+static_assert(areUnique(&LoadEntry::spriteNumber), "the block table could not tell two strips apart");
 
 }  // namespace
 
