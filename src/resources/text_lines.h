@@ -8,7 +8,6 @@
 #include <system_error>
 #include <vector>
 
-
 namespace grub {
 
 /// A line of a text that people write.

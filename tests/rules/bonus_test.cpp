@@ -191,7 +191,7 @@ TEST(AnimatedItem, EndsItsRoundsOnTheFrame) {
             item.stepAnimation();
             item.finishFrame(AnimationFrameCounts::all(row.strip));
             if (item.animationDone()) ends.push_back(frame);
-            ASSERT_LE(item.picture().frame, std::max(row.strip, 1)) << frame;
+            ASSERT_LE(item.stripFrame().frame, std::max(row.strip, 1)) << frame;
         }
         EXPECT_EQ(ends, row.ends);
     }

@@ -136,20 +136,20 @@ TEST(Hero, GrowsRestless) {
 TEST(Hero, StandsStillBehindDialogsAndAfterTheEnd) {
     auto digging = worldFrom({"@ .", "= ="}, {}, AnimationFrameCounts::all(6)).script("1 down X").runTo(4);
     for (int i = 0; i < 50; ++i) digging.world().finishFrame(false);
-    EXPECT_EQ(digging.world().heroPicture().frame, 3);
+    EXPECT_EQ(digging.world().heroFrame().frame, 3);
     EXPECT_TRUE(digging.world().sounds().empty());
     EXPECT_FALSE(digging.runTo(6).world().hero().isDigging());
 
     auto ended = worldFrom({"@ . .", "# # #"}).script("1 down Right").runTo(8);
-    const int before = ended.world().heroPicture().frame;
+    const int before = ended.world().heroFrame().frame;
     ended.world().end(LossCause::Quit);
-    EXPECT_EQ(ended.runTo(10).world().heroPicture().frame, before);
+    EXPECT_EQ(ended.runTo(10).world().heroFrame().frame, before);
     EXPECT_EQ(ended.framesOf(SoundId::Steps), std::vector<int>{5}) << "in the ninth frame he would be heard";
 
     auto idle = worldFrom({"@ .", "# #"}).runTo(126);
     idle.world().end(LossCause::Quit);
     std::vector<int> shown;
-    for (const int frame : {127, 128, 130}) shown.push_back(idle.runTo(frame).world().heroPicture().frame);
+    for (const int frame : {127, 128, 130}) shown.push_back(idle.runTo(frame).world().heroFrame().frame);
     EXPECT_EQ(shown, (std::vector<int>{3, 0, 0})) << "a restless strip plays to its end";
 }
 

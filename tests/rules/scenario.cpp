@@ -60,20 +60,20 @@ std::string pair(int first, char between, int second) {
 
 void addHero(State& state, const World& world) {
     const Hero& hero = world.hero();
-    const HeroPicture picture = world.heroPicture();
+    const HeroFrame shown = world.heroFrame();
     state["x"] = std::to_string(hero.x);
     state["y"] = std::to_string(hero.y);
     state["looks"] = hero.facing() == Facing::Left ? "left" : "right";
     state["digs"] = hero.isDigging() ? "yes" : "no";
-    state["shows"] = pair(picture.animation, ':', picture.frame);
-    state["half"] = picture.halfTransparent ? "yes" : "no";
+    state["shows"] = pair(shown.animation, ':', shown.frame);
+    state["half"] = shown.halfTransparent ? "yes" : "no";
 }
 
 void addEnemy(State& state, const Enemy& enemy, const std::string& number) {
     state["at" + number] = pair(enemy.x, ',', enemy.y);
     state["is" + number] = kEnemyStates[static_cast<std::size_t>(enemy.state())];
     state["wants" + number] = kDirections[static_cast<std::size_t>(enemy.direction())];
-    state["shows" + number] = pair(enemy.picture().animation, ':', enemy.picture().frame);
+    state["shows" + number] = pair(enemy.stripFrame().animation, ':', enemy.stripFrame().frame);
     state["speed" + number] = std::to_string(enemy.speed());
     state["timer" + number] = std::to_string(enemy.timer());
 }

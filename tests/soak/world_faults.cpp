@@ -41,7 +41,7 @@ Fault faultOfHero(const World& world) {
         {speedIsHis, "the hero has another speed"},
         {isWithin(hero.shieldTimer(), 0, kShieldFrames), "the shield's timer"},
         {hero.isShielded() == (hero.shieldTimer() > 0), "a shield without time or time without a shield"},
-        {world.heroPicture().frame >= 0, "the hero's picture"},
+        {world.heroFrame().frame >= 0, "the hero's picture"},
     });
 }
 
@@ -54,7 +54,7 @@ Fault faultOf(const Enemy& enemy, const World& world) {
         {isInside(enemy, world.map()), "an enemy is outside the map"},
         {isOnGrid(enemy), "an enemy is off the grid"},
         {enemy.speed() == speed, "an enemy's speed is not that of the anchor's timer"},
-        {isWithin(enemy.picture().frame, 0, 7), "an enemy's picture"},
+        {isWithin(enemy.stripFrame().frame, 0, 7), "an enemy's picture"},
         {static_cast<int>(enemy.direction()) <= 4, "an enemy's direction"},
         {isWithin(enemy.timer(), 0, timerLimit), "an enemy's timer"},
         {fastest == 0 || fastest == kEnemySpeed || fastest == kAnchoredSpeed, "an enemy has another speed"},

@@ -77,8 +77,8 @@ std::string hexadecimal(std::uint32_t value) {
 std::string heroFields(const Hero& hero) {
     return " hero=" + pair(hero.x, hero.y) + " v=" + pair(hero.vx, hero.vy) +
            " cmd=" + std::string(kCommandNames[static_cast<std::size_t>(hero.command())]) +
-           " face=" + numberOf(hero.facing()) + " anim=" + number(hero.picture().animation) + ":" +
-           number(hero.picture().frame) + " dig=" + number(hero.isDigging() ? 1 : 0) +
+           " face=" + numberOf(hero.facing()) + " anim=" + number(hero.stripFrame().animation) + ":" +
+           number(hero.stripFrame().frame) + " dig=" + number(hero.isDigging() ? 1 : 0) +
            " shield=" + number(hero.shieldTimer());
 }
 

@@ -56,32 +56,32 @@ constexpr const ItemLook& lookOf(ItemKind kind) {
 }  // namespace
 
 AnimatedItem::AnimatedItem(int cx, int cy, ItemKind kind)
-    : kind_(kind), picture_{lookOf(kind).animation, 0}, frameDelayReload_(lookOf(kind).frameDelay) {
+    : kind_(kind), stripFrame_{lookOf(kind).animation, 0}, frameDelayReload_(lookOf(kind).frameDelay) {
     setCell(cx, cy);
 }
 
 void AnimatedItem::stepAnimation() {
     if (!playing_) {
-        picture_.frame = 0;
+        stripFrame_.frame = 0;
         frameDelay_ = frameDelayReload_;
         playing_ = true;
         return;
     }
     --frameDelay_;
     if (frameDelay_ < 0) {
-        ++picture_.frame;
+        ++stripFrame_.frame;
         frameDelay_ = frameDelayReload_;
     }
     if (animationDone_) playing_ = false;
 }
 
 void AnimatedItem::finishFrame(const AnimationFrameCounts& counts) {
-    animationDone_ = picture_.frame + 1 >= counts.of(picture_.animation) && frameDelay_ == 0;
+    animationDone_ = stripFrame_.frame + 1 >= counts.of(stripFrame_.animation) && frameDelay_ == 0;
 }
 
 void AnimatedItem::addTo(StateHash& hash) const {
     Actor::addTo(hash);
-    hash.add(kind_, picture_.animation, picture_.frame, frameDelay_, playing_, animationDone_);
+    hash.add(kind_, stripFrame_.animation, stripFrame_.frame, frameDelay_, playing_, animationDone_);
 }
 
 }  // namespace grub

@@ -75,7 +75,7 @@ public:
     void finishFrame(const AnimationFrameCounts& counts);
 
     /// The strip frame to draw; once in a loop its index is the strip's count.
-    [[nodiscard]] AnimationFrame picture() const { return picture_; }
+    [[nodiscard]] AnimationFrame stripFrame() const { return stripFrame_; }
     [[nodiscard]] ItemKind itemKind() const { return kind_; }
     /// Set by the last `finishFrame`.
     [[nodiscard]] bool animationDone() const { return animationDone_; }
@@ -87,7 +87,7 @@ public:
 
 private:
     ItemKind kind_;
-    AnimationFrame picture_;
+    AnimationFrame stripFrame_;
     int frameDelay_ = 0;
     int frameDelayReload_;  // game frames for which each strip frame stays, less one
     bool playing_ = false;

@@ -120,7 +120,7 @@ bool Enemy::respawn(Attempt& attempt) {
 
 void Enemy::addTo(StateHash& hash) const {
     Actor::addTo(hash);
-    hash.add(kind_, state_, direction_, atNode_, timer_, speed_, picture_.animation, picture_.frame, frameDelay_);
+    hash.add(kind_, state_, direction_, atNode_, timer_, speed_, stripFrame_.animation, stripFrame_.frame, frameDelay_);
 }
 
 void keepApart(std::span<Enemy> enemies) {
@@ -236,8 +236,8 @@ void Enemy::updateAnimation(const LevelMap& map) {
     }
     frameDelay_ = kEnemyFrameDelay;
     const bool isInHole = state_ == EnemyState::Trapped || state_ == EnemyState::Escaping;
-    picture_ = isInHole ? inHole() : moving(map);
-    if (picture_.frame >= kEnemyStripFrames) picture_.frame = 0;
+    stripFrame_ = isInHole ? inHole() : moving(map);
+    if (stripFrame_.frame >= kEnemyStripFrames) stripFrame_.frame = 0;
 }
 
 int Enemy::sided(EnemyTraits::StripPair pair) const {
@@ -253,19 +253,20 @@ AnimationFrame Enemy::moving(const LevelMap& map) const {
     const EnemyTraits& strips = traits();
     if (vy != 0) {
         const bool falls = vy > 0 && !isSupported(map);
-        return picture_.continuedBy(sided(falls ? strips.still : strips.climb));
+        return stripFrame_.continuedBy(sided(falls ? strips.still : strips.climb));
     }
     const EnemyTraits::StripPair hang = strips.pipe;
     const bool hanging = isHanging(map);
     if (vx == 0) return {sided(hanging ? hang : strips.still), 0};
     const EnemyTraits::StripPair way = hanging ? hang : strips.walk;
-    return picture_.continuedBy(vx < 0 ? way.left : way.right);
+    return stripFrame_.continuedBy(vx < 0 ? way.left : way.right);
 }
 
 /// Falling in and climbing out hold their last frame.
 AnimationFrame Enemy::inHole() const {
     const EnemyTraits& strips = traits();
-    AnimationFrame shown = picture_.continuedBy(sided(state_ == EnemyState::Trapped ? strips.trapped : strips.escape));
+    AnimationFrame shown =
+        stripFrame_.continuedBy(sided(state_ == EnemyState::Trapped ? strips.trapped : strips.escape));
     shown.frame = std::min(shown.frame, strips.holeFrames - 1);
     return shown;
 }

@@ -50,7 +50,7 @@ public:
     [[nodiscard]] const EnemyTraits& traits() const { return traitsOf(kind_); }
     [[nodiscard]] EnemyState state() const { return state_; }
     [[nodiscard]] EnemyDirection direction() const { return direction_; }
-    [[nodiscard]] AnimationFrame picture() const { return picture_; }
+    [[nodiscard]] AnimationFrame stripFrame() const { return stripFrame_; }
     [[nodiscard]] int timer() const { return timer_; }
     [[nodiscard]] int speed() const { return speed_; }
     /// It stood exactly on a cell, supported, when its last update began.
@@ -95,7 +95,7 @@ private:
     bool atNode_ = false;
     int timer_ = 0;  // frames left in this state
     int speed_;
-    AnimationFrame picture_{kFirstEnemyAnimation, 0};
+    AnimationFrame stripFrame_{kFirstEnemyAnimation, 0};
     int frameDelay_ = 0;  // game frames until the next strip frame
 };
 

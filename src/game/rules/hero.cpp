@@ -8,7 +8,7 @@ namespace grub {
 
 Hero::Hero(const LevelMap& map) {
     setCell(map.heroStart().x, map.heroStart().y);
-    picture_ = {hero_animation::kStandLeft, 0};
+    stripFrame_ = {hero_animation::kStandLeft, 0};
 }
 
 void Hero::keyDown(PlayKey key) {
@@ -181,7 +181,7 @@ void Hero::countIdle(const LevelMap& map) {
     if (idleTimer_ < 1) {
         idlePlaying_ = true;
         idleTimer_ = kIdleFrames;
-        picture_.frame = 0;
+        stripFrame_.frame = 0;
     } else {
         --idleTimer_;
     }
@@ -191,8 +191,8 @@ void Hero::countIdle(const LevelMap& map) {
 
 void Hero::addTo(StateHash& hash) const {
     Actor::addTo(hash);
-    hash.add(command_, facing_, picture_.animation, picture_.frame, idleTimer_, shieldTimer_, turnDelay_, digging_,
-             idlePlaying_, shielded_);
+    hash.add(command_, facing_, stripFrame_.animation, stripFrame_.frame, idleTimer_, shieldTimer_, turnDelay_,
+             digging_, idlePlaying_, shielded_);
 }
 
 // Which frame the hero shows.
@@ -201,61 +201,61 @@ using namespace hero_animation;
 
 // When the attempt is over he keeps his strip frame. The choice still runs in that game frame, so that a dig can end in
 // it, but asks for no sound.
-void Hero::updatePicture(Attempt& attempt) {
+void Hero::updateFrame(Attempt& attempt) {
     const SoundRequests askedBefore = attempt.sounds;
-    AnimationFrame chosen = choosePicture(attempt);
+    AnimationFrame chosen = chooseFrame(attempt);
     if (attempt.ended) {
-        chosen = picture_;
+        chosen = stripFrame_;
         attempt.sounds = askedBefore;
     }
-    if (idlePlaying_) chosen = picture_.continuedBy(sided(kStandLeft, kStandRight));
-    picture_ = chosen;
-    if (chosen.frame >= attempt.frameCounts.of(shownPicture().animation)) {
-        picture_.frame = 0;
+    if (idlePlaying_) chosen = stripFrame_.continuedBy(sided(kStandLeft, kStandRight));
+    stripFrame_ = chosen;
+    if (chosen.frame >= attempt.frameCounts.of(drawnFrame().animation)) {
+        stripFrame_.frame = 0;
         idlePlaying_ = false;
     }
 }
 
-AnimationFrame Hero::choosePicture(Attempt& attempt) {
+AnimationFrame Hero::chooseFrame(Attempt& attempt) {
     if (vy != 0) return movingUpright(attempt);
     if (vx != 0) return movingSideways(attempt);
     return digging_ ? digging(attempt.frameCounts) : resting(attempt.map);
 }
 
-AnimationFrame Hero::shownPicture() const {
+AnimationFrame Hero::drawnFrame() const {
     if (shielded_) {
         for (const ShieldVariant& variant : kShieldVariants)
-            if (variant.base == picture_.animation) return {variant.shielded, picture_.frame};
+            if (variant.base == stripFrame_.animation) return {variant.shielded, stripFrame_.frame};
     }
-    return picture_;
+    return stripFrame_;
 }
 
 // In both directions he looks at the pipe to his right. Each round of the strip is heard once, after its first frame.
 AnimationFrame Hero::movingSideways(Attempt& attempt) const {
     const bool hanging = attempt.map.hangsAt(cellX(), cellY()) || attempt.map.hangsAt(cellX() + 1, cellY());
     const bool left = vx < 0;
-    if (picture_.frame == 0) attempt.sounds.play(hanging ? SoundId::PipeSteps : SoundId::Steps);
-    return hanging ? picture_.continuedBy(left ? kHangLeft : kHangRight)
-                   : picture_.continuedBy(left ? kWalkLeft : kWalkRight);
+    if (stripFrame_.frame == 0) attempt.sounds.play(hanging ? SoundId::PipeSteps : SoundId::Steps);
+    return hanging ? stripFrame_.continuedBy(left ? kHangLeft : kHangRight)
+                   : stripFrame_.continuedBy(left ? kWalkLeft : kWalkRight);
 }
 
 AnimationFrame Hero::movingUpright(Attempt& attempt) const {
     if (vy > 0 && !attempt.map.canStand(cellX(), cellY(), View::Physical)) {
-        if (picture_.animation != kFall) attempt.sounds.play(SoundId::Falling);
-        return picture_.continuedBy(kFall);
+        if (stripFrame_.animation != kFall) attempt.sounds.play(SoundId::Falling);
+        return stripFrame_.continuedBy(kFall);
     }
-    if (picture_.frame == 0) attempt.sounds.play(SoundId::LadderSteps);
-    return picture_.continuedBy(kClimb);
+    if (stripFrame_.frame == 0) attempt.sounds.play(SoundId::LadderSteps);
+    return stripFrame_.continuedBy(kClimb);
 }
 
 AnimationFrame Hero::resting(const LevelMap& map) const {
     if (map.hangsAt(cellX(), cellY())) return {sided(kHangLeft, kHangRight), 0};
     if (map.cellAt(cellX(), cellY()).type == BlockType::Ladder) return {kClimb, kClimbRestFrame};
-    return picture_.continuedBy(sided(kStandLeft, kStandRight));
+    return stripFrame_.continuedBy(sided(kStandLeft, kStandRight));
 }
 
 AnimationFrame Hero::digging(const AnimationFrameCounts& counts) {
-    const AnimationFrame chosen = picture_.continuedBy(sided(kDigLeft, kDigRight));
+    const AnimationFrame chosen = stripFrame_.continuedBy(sided(kDigLeft, kDigRight));
     if (chosen.frame >= counts.of(chosen.animation) - 1) digging_ = false;
     return chosen;
 }

@@ -67,11 +67,11 @@ public:
     /// One frame of play.
     void update(Attempt& attempt);
     /// Chooses the strip frame to show, once a game frame after `update`. A dig ends here, with its animation.
-    void updatePicture(Attempt& attempt);
+    void updateFrame(Attempt& attempt);
     /// The strip frame to go on from in the next game frame. It has no shield: a shield is only drawn.
-    [[nodiscard]] AnimationFrame picture() const { return picture_; }
+    [[nodiscard]] AnimationFrame stripFrame() const { return stripFrame_; }
     /// The strip frame that is drawn.
-    [[nodiscard]] AnimationFrame shownPicture() const;
+    [[nodiscard]] AnimationFrame drawnFrame() const;
 
     /// No enemy can catch him for kShieldFrames.
     void giveShield();
@@ -101,7 +101,7 @@ private:
     void countIdle(const LevelMap& map);
 
     [[nodiscard]] int sided(int left, int right) const { return facing_ == Facing::Left ? left : right; }
-    AnimationFrame choosePicture(Attempt& attempt);
+    AnimationFrame chooseFrame(Attempt& attempt);
     [[nodiscard]] AnimationFrame movingSideways(Attempt& attempt) const;
     [[nodiscard]] AnimationFrame movingUpright(Attempt& attempt) const;
     [[nodiscard]] AnimationFrame resting(const LevelMap& map) const;
@@ -109,7 +109,7 @@ private:
 
     HeroCommand command_ = HeroCommand::None;
     Facing facing_ = Facing::Left;
-    AnimationFrame picture_;
+    AnimationFrame stripFrame_;
     int idleTimer_ = kIdleFrames;
     int shieldTimer_ = 0;
     int turnDelay_ = 0;  // decisions in which he only turns

@@ -75,7 +75,7 @@ void World::finishFrame(bool playing) {
         finishDecorations();
         for (auto& slot : attempt_.bonuses.slots)
             if (slot) slot->finishFrame(attempt_.frameCounts);
-        hero_.updatePicture(attempt_);
+        hero_.updateFrame(attempt_);
     } else {
         attempt_.sounds.clear();
     }
@@ -91,8 +91,8 @@ void World::finishDecorations() {
     }
 }
 
-HeroPicture World::heroPicture() const {
-    const AnimationFrame shown = hero_.shownPicture();
+HeroFrame World::heroFrame() const {
+    const AnimationFrame shown = hero_.drawnFrame();
     return {hero_.x, hero_.y, shown.animation, shown.frame, attempt_.bonuses.invisibilityTimer > 0};
 }
 

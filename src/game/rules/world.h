@@ -25,7 +25,7 @@ struct WorldStart {
 };
 
 /// How to draw the hero: one frame of a strip.
-struct HeroPicture {
+struct HeroFrame {
     int x = 0;  // pixels in the level
     int y = 0;
     int animation = 0;
@@ -63,7 +63,7 @@ public:
     /// Cells and actors as they are after the last step, to be drawn.
     [[nodiscard]] const LevelMap& map() const { return attempt_.map; }
     [[nodiscard]] const Hero& hero() const { return hero_; }
-    [[nodiscard]] HeroPicture heroPicture() const;
+    [[nodiscard]] HeroFrame heroFrame() const;
     [[nodiscard]] std::span<const Enemy> enemies() const { return attempt_.enemies; }
     [[nodiscard]] std::span<const AnimatedItem> decorations() const { return attempt_.decorations; }
     [[nodiscard]] const Bonuses& bonuses() const { return attempt_.bonuses; }

@@ -34,7 +34,7 @@ bool AnimationTable::addAnimationImage(const SharedBuffer& image, int id, std::u
     auto strip = std::make_unique<FrameStrip>(image, frameHeight, transform);
     strip->setColourKey(colourKey);
     strip->acquire();
-    if (!strip->fault().empty()) logLine("The picture of animation %d: %s", id, strip->fault().c_str());
+    if (!strip->fault().empty()) logLine("The picture file of animation %d: %s", id, strip->fault().c_str());
     // A strip that stood here may be in use; the loading list names each id once, so its place is empty.
     delete slots_[static_cast<std::size_t>(id)].exchange(strip.release(), std::memory_order_acq_rel);
     int count = count_.load();

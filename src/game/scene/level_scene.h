@@ -34,7 +34,7 @@ enum class LevelState : int {
 /// thread that fetches them. One level is built at a time.
 class LevelScene final : public Scene {
 public:
-    /// `data` holds the pictures, `levels` the level files and the block table; both outlive the scene.
+    /// `data` holds the picture files, `levels` the level files and the block table; both outlive the scene.
     LevelScene(ResourceSource& data, ResourceSource& levels);
     /// Waits for the loader.
     ~LevelScene() override;
@@ -50,7 +50,7 @@ public:
     void setLevel(std::string nameOrPath) { levelInPlace_ = std::move(nameOrPath); }
     /// Puts `steering` between the player's keys and the world; it must outlive the scene's last visit.
     void setSteering(Steering& steering) { steering_ = &steering; }
-    /// Starts the loader thread on the first list of pictures, or on the second once the first is there.
+    /// Starts the loader thread on the first list of strips, or on the second once the first is there.
     void startLoadingPass();
     /// Tells the loader to stop and waits until it has; nothing is loaded any more until a pass is started again.
     void stopLoading();

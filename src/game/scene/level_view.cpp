@@ -88,12 +88,12 @@ public:
 
     void paint() {
         forVisibleCells(kBackMargin, [this](const MapCell& cell, Position at) { paintBack(cell, at); });
-        for (const AnimatedItem& decoration : world_.decorations()) paintIfNear(decoration, decoration.picture());
+        for (const AnimatedItem& decoration : world_.decorations()) paintIfNear(decoration, decoration.stripFrame());
         for (const auto& bonus : world_.bonuses().slots)
-            if (bonus) paintIfNear(*bonus, bonus->picture());
+            if (bonus) paintIfNear(*bonus, bonus->stripFrame());
         paintHero();
         for (const Enemy& enemy : world_.enemies())
-            if (enemy.state() != EnemyState::Dead) paintIfNear(enemy, enemy.picture());
+            if (enemy.state() != EnemyState::Dead) paintIfNear(enemy, enemy.stripFrame());
         forVisibleCells(kFrontMargin, [this](const MapCell& cell, Position at) { paintFront(cell, at); });
         paintPopups();
     }
@@ -128,17 +128,17 @@ private:
     }
 
     void paintHero() {
-        const HeroPicture picture = world_.heroPicture();
-        const int left = picture.x - camera_.scrollX();
-        const int top = picture.y - camera_.scrollY();
-        paintFrame(picture.animation, picture.frame, at(left, top), picture.halfTransparent ? 0.5F : 1.0F);
+        const HeroFrame shown = world_.heroFrame();
+        const int left = shown.x - camera_.scrollX();
+        const int top = shown.y - camera_.scrollY();
+        paintFrame(shown.animation, shown.frame, at(left, top), shown.halfTransparent ? 0.5F : 1.0F);
     }
 
-    void paintIfNear(const Actor& actor, AnimationFrame picture) {
+    void paintIfNear(const Actor& actor, AnimationFrame shown) {
         const int left = actor.x - camera_.scrollX();
         const int top = actor.y - camera_.scrollY();
         if (left >= -kFrontMargin && left < kRightLimit && top >= -kFrontMargin && top < kBottomLimit)
-            paintFrame(picture.animation, picture.frame, at(left, top));
+            paintFrame(shown.animation, shown.frame, at(left, top));
     }
 
     // A number that is shown has already risen for the next game frame.
