@@ -7,6 +7,7 @@
 #include "ini_table.h"
 #include "package_verifier.h"
 #include "sound_decoder.h"
+#include "text_lines.h"
 
 namespace grub {
 namespace {
@@ -50,9 +51,10 @@ std::string pictureFault(std::span<const std::uint8_t> bytes) {
     std::string fault;
     if (!pictureDecodes(bytes, &fault)) return "the picture does not decode: " + fault;
     const auto decoder = createImageDecoder(SharedBuffer::view(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
-    if (std::max(decoder->width(), decoder->height()) <= kLargestSide) return {};
+    const auto [least, most] = std::minmax<int>({decoder->width(), decoder->height()});
+    if (least > 0 && most <= kLargestSide) return {};
     return "the picture has " + std::to_string(decoder->width()) + " x " + std::to_string(decoder->height()) +
-           " pixels, the game shows at most 4096 on a side";
+           " pixels, the game shows 1 to 4096 on a side";
 }
 
 /// One line about a format other than PCM or about sizes that do not fit the file; empty when both are good. The game
@@ -67,7 +69,7 @@ std::string wavFault(std::span<const std::uint8_t> bytes) {
         const std::uint32_t size = reader.u32();
         if (!reader.ok()) return "the WAV file ends with a piece of a chunk";
         if (size > reader.remaining()) {
-            return "the chunk \"" + id + "\" claims " + std::to_string(size) + " bytes, the file has " +
+            return "the chunk " + inQuotes(id) + " claims " + std::to_string(size) + " bytes, the file has " +
                    std::to_string(reader.remaining());
         }
         const std::uint16_t format = ByteReader(reader.take(size)).u16();
