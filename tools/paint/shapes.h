@@ -3,7 +3,6 @@
 #include <initializer_list>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "vector_path.h"
 

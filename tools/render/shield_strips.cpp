@@ -5,7 +5,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "figure.h"
 #include "shapes.h"
 
 namespace grub {
