@@ -107,7 +107,7 @@ TEST_F(Replay, OfWhatWasRecordedComesOutAsItWasPlayed) {
 }
 
 TEST_F(Replay, TheFileToRecordInIsTriedBeforePlay) {
-    EXPECT_EQ(play("--record nowhere/mine.game"), 2);
+    EXPECT_EQ(play("--record nowhere/mine.game", "20 down Escape\nstay\n"), 2);
     EXPECT_EQ(errors, "nowhere/mine.game: cannot be written\n");
 }
 
