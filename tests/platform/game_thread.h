@@ -5,6 +5,17 @@
 #include <functional>
 #include <utility>
 
+/// An event that closes itself.
+struct ScopedEvent {
+    explicit ScopedEvent(bool manualReset = false, bool initiallySet = false)
+        : handle(CreateEventA(nullptr, manualReset ? TRUE : FALSE, initiallySet ? TRUE : FALSE, nullptr)) {}
+    ~ScopedEvent() { CloseHandle(handle); }
+    ScopedEvent(const ScopedEvent&) = delete;
+    ScopedEvent& operator=(const ScopedEvent&) = delete;
+
+    HANDLE handle;
+};
+
 /// A thread made the way the game makes them; its destructor joins it.
 class GameThread {
 public:
@@ -20,8 +31,6 @@ public:
 
     /// Waits for the thread's end, serving the caller's window meanwhile.
     void join() const { WaitForSingleObject(handle_, INFINITE); }
-    /// Whether its function has returned.
-    [[nodiscard]] bool hasEnded() const { return WaitForSingleObject(handle_, 0) == WAIT_OBJECT_0; }
 
 private:
     static DWORD WINAPI run(LPVOID self) {

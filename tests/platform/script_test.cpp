@@ -1,6 +1,5 @@
 #include "control/script.h"
 
-#include <dsound.h>
 #include <gtest/gtest.h>
 #include <png.h>
 
@@ -10,56 +9,32 @@
 #include <string>
 #include <vector>
 
-#include "control/testing.h"
 #include "desktop/presenter.h"
 #include "game_thread.h"
+#include "opened_card.h"
 #include "test_window.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using platform::parseScript;
-using Action = platform::ScriptLine::Action;
-using Count = platform::ScriptLine::Count;
+using platform::ScriptLine;
 
 TEST(Script, IsOneActionALine) {
     std::string error;
     const auto lines = parseScript(
-        "# walk\n"
-        "1 down Left\r\n"
-        "  # to the wall\n"
-        "\n"
-        "  picture 9\tup Left\n"
-        "2 move -5 700\n"
-        "3 press 1 2\n"
-        "3 release 1 2\n"
-        "4 down Keypad 5\n"
-        "5 shot a #b.png\n"
+        "# walk\n1 down Left\r\n  # to the wall\n\n  picture 9\tup Left\n2 move -5 700\n4 down Keypad 5\n5 shot a "
+        "#b.png\n"
         "5 close",
         error);
     ASSERT_TRUE(lines) << error;
-    struct Row {
-        std::uint64_t number;
-        Action action;
-        std::string name;
-        int x, y;
-    };
-    const std::vector<Row> expected{
-        {1, Action::KeyDown, "Left", 0, 0},     {2, Action::MouseMove, "", -5, 700},
-        {3, Action::MousePress, "", 1, 2},      {3, Action::MouseRelease, "", 1, 2},
-        {4, Action::KeyDown, "Keypad 5", 0, 0}, {5, Action::Shot, "a #b.png", 0, 0},
-        {5, Action::Close, "", 0, 0},           {9, Action::KeyUp, "Left", 0, 0},
-    };
-    ASSERT_EQ(lines->size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        const auto& line = (*lines)[i];
-        EXPECT_EQ(line.number, expected[i].number) << i;
-        EXPECT_EQ(line.count == Count::Pictures, line.number == 9) << i;
-        EXPECT_EQ(line.action, expected[i].action) << i;
-        EXPECT_EQ(line.name, expected[i].name) << i;
-        EXPECT_EQ(line.x, expected[i].x) << i;
-        EXPECT_EQ(line.y, expected[i].y) << i;
+    std::string read;
+    for (const ScriptLine& line : *lines) {
+        read += line.count == ScriptLine::Count::Pictures ? "picture " : "";
+        read += std::to_string(line.number) + " " + line.name + " " + std::to_string(line.x) + " " +
+                std::to_string(line.y) + "\n";
     }
+    EXPECT_EQ(read, "1 Left 0 0\n2  -5 700\n4 Keypad 5 0 0\n5 a #b.png 0 0\n5  0 0\npicture 9 Left 0 0\n");
 }
 
 TEST(Script, NamesTheLineThatIsNotUnderstood) {
@@ -72,17 +47,11 @@ TEST(Script, NamesTheLineThatIsNotUnderstood) {
              Row{"\n\n-1 close", "line 3: the number of a game frame, from 0, is wanted instead of \"-1\""},
              Row{"99999999999999999999 close",
                  "line 1: the number of a game frame, from 0, is wanted instead of \"99999999999999999999\""},
-             Row{"close", "line 1: the number of a game frame, from 0, is wanted instead of \"close\""},
-             Row{"1", "line 1: down, up, move, press, release, shot or close is wanted instead of \"\""},
              Row{"1 jump", "line 1: down, up, move, press, release, shot or close is wanted instead of \"jump\""},
-             Row{"1 down", "line 1: no key is named \"\""},
              Row{"1 down Lft", "line 1: no key is named \"Lft\""},
-             Row{"1 move 3", "line 1: two whole numbers are wanted, X and Y"},
              Row{"1 move 3 4 5", "line 1: two whole numbers are wanted, X and Y"},
              Row{"1 press 3.5 4", "line 1: two whole numbers are wanted, X and Y"},
-             Row{"1 shot", "line 1: a file name ending in .png is wanted"},
              Row{"1 shot .png", "line 1: a file name ending in .png is wanted"},
-             Row{"1 shot a.bmp", "line 1: a file name ending in .png is wanted"},
              Row{"1 close now", "line 1: nothing is wanted after \"close\""},
          }) {
         std::string error;
@@ -91,133 +60,102 @@ TEST(Script, NamesTheLineThatIsNotUnderstood) {
     }
 }
 
-/// A small game in a process of its own: it presents a picture each 40 ms, writes the keys it hears and the time they
-/// came at on standard error, and ends when its window is closed.
-void playInThisProcess(const std::string& script, bool presents) {
-    if (!platform::playScript(script)) ExitProcess(3);
+/// What the game does that a script plays in a process of its own.
+enum class Game { Plays, ShowsNothing, PlaysSound };
+
+/// Shows a game frame each 40 ms from time 0 on.
+void showFrames(HWND window) {
+    const std::vector<std::uint32_t> pixels(800UL * 600, 0x00FF8040);
+    platform::showScriptFrame(0);
+    for (std::uint64_t frame = 1; platform::showFrame(window, pixels.data(), 800, 600, 3200); ++frame) {
+        Sleep(40);
+        platform::showScriptFrame(frame);
+    }
+}
+
+/// Counts what a looping buffer of 100 ms asks for: two refills in each round.
+void countRefills(int& refills) {
+    static const OpenedCard card;
+    static const BufferRef buffer = card.silence(waveFormat(1, 16, 44'100), 8820);
+    static const ScopedEvent passed;
+    const DSBPOSITIONNOTIFY at[]{{4409, passed.handle}, {8819, passed.handle}};
+    setEvents(*buffer, at);
+    buffer->Play(0, 0, DSBPLAY_LOOPING);
+    while (WaitForSingleObject(passed.handle, INFINITE) == WAIT_OBJECT_0) ++refills;
+}
+
+int clockNow() {
     LARGE_INTEGER now{};
-    const TestWindow window([&](HWND handle, const TestWindow::Heard& heard) {
-        if (heard.message == WM_KEYDOWN || heard.message == WM_KEYUP || heard.message == WM_LBUTTONDOWN) {
-            QueryPerformanceCounter(&now);
-            std::fprintf(stderr, "%x %x at %d;", heard.message, static_cast<unsigned>(heard.wParam),
-                         static_cast<int>(now.QuadPart / 10'000));
+    QueryPerformanceCounter(&now);
+    return static_cast<int>(now.QuadPart / 10'000);
+}
+
+/// Writes keys and clicks, with the time they came at, on standard error. Ends the process when the window is closed:
+/// with exit code 5, or with 6 when lines are left.
+void run(const std::string& script, Game game) {
+    if (!platform::playScript(script)) ExitProcess(3);
+    const TestWindow window([](HWND handle, const TestWindow::Heard& heard) {
+        if (heard.message >= WM_KEYDOWN && heard.message <= WM_LBUTTONUP) {
+            std::fprintf(stderr, "%x %x %x at %d;", heard.message, static_cast<unsigned>(heard.wParam),
+                         static_cast<unsigned>(heard.lParam), clockNow());
         }
         return TestWindow::defaultProcedure(handle, heard);
     });
-    const GameThread game([&] {
-        const std::vector<std::uint32_t> pixels(800UL * 600, 0x00FF8040);
-        while (!presents) Sleep(1000);
-        platform::showScriptFrame(0);
-        for (int frame = 1; platform::showFrame(window.handle(), pixels.data(), 800, 600, 3200); ++frame) {
-            Sleep(40);
-            platform::showScriptFrame(static_cast<std::uint64_t>(frame));
-        }
-    });
-    TestWindow::loop();
-    QueryPerformanceCounter(&now);
-    std::fprintf(stderr, "closed at %d", static_cast<int>(now.QuadPart / 10'000));
-    ExitProcess(5);
-}
-
-/// The same with a sound that a thread refills on its events, as a game does; the number of refills comes at the end.
-void playSoundInThisProcess(const std::string& script) {
-    if (!platform::playScript(script)) ExitProcess(3);
-    IDirectSound8* sound = nullptr;
-    if (DirectSoundCreate8(nullptr, &sound, nullptr) != DS_OK) ExitProcess(4);
-    const TestWindow window(TestWindow::defaultProcedure);
-    sound->SetCooperativeLevel(window.handle(), DSSCL_PRIORITY);
-    WAVEFORMATEX format{WAVE_FORMAT_PCM, 1, 10'000, 20'000, 2, 16, 0};
-    const DSBUFFERDESC description{sizeof(DSBUFFERDESC), DSBCAPS_CTRLPOSITIONNOTIFY, 2000, 0, &format, {}};
-    IDirectSoundBuffer* buffer = nullptr;
-    sound->CreateSoundBuffer(&description, &buffer, nullptr);
-    const HANDLE passed = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-    void* notify = nullptr;
-    buffer->QueryInterface(IID_IDirectSoundNotify, &notify);
-    const DSBPOSITIONNOTIFY at[]{{999, passed}, {1999, passed}};
-    static_cast<IDirectSoundNotify*>(notify)->SetNotificationPositions(2, at);
     int refills = 0;
-    const GameThread streaming([&] {
-        while (WaitForSingleObject(passed, INFINITE) == WAIT_OBJECT_0) ++refills;
+    const GameThread sound([&] {
+        if (game == Game::PlaysSound) countRefills(refills);
     });
-    buffer->Play(0, 0, DSBPLAY_LOOPING);
-    const GameThread game([&] {
-        const std::vector<std::uint32_t> pixels(800UL * 600);
-        while (platform::showFrame(window.handle(), pixels.data(), 800, 600, 3200)) Sleep(40);
+    const GameThread pictures([&] {
+        while (game == Game::ShowsNothing) Sleep(1000);
+        showFrames(window.handle());
     });
     TestWindow::loop();
-    std::fprintf(stderr, "%d refills", refills);
-    ExitProcess(5);
+    std::fprintf(stderr, "closed at %d, %d refills\n", clockNow(), refills);
+    ExitProcess(platform::isScriptDone() ? 5 : 6);
 }
 
-/// Death tests of this style start the test program again, so both processes must mean the same directory.
-class ScriptDeathTest : public testing::Test {
-protected:
-    ScriptDeathTest() {
-        GTEST_FLAG_SET(death_test_style, "threadsafe");
-        fs::create_directories(directory_);
-    }
-    void TearDown() override { fs::remove_all(directory_); }
-
-    [[nodiscard]] std::string file(const std::string& name) const { return (directory_ / name).string(); }
-    [[nodiscard]] std::string script(const std::string& text) const {
-        std::ofstream(file("script.txt")) << text;
-        return file("script.txt");
-    }
-
-private:
-    fs::path directory_ = fs::current_path() / testing::UnitTest::GetInstance()->current_test_info()->name();
-};
-
-/// The colour of every pixel of an RGB PNG of 800 x 600; 0 when it is something else.
-std::uint32_t onlyColourOf(const std::string& path) {
+/// The first pixel of a picture of 800 x 600 pixels; empty when the file is something else.
+std::vector<png_byte> firstPixelOf(const char* file) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    if (png_image_begin_read_from_file(&image, path.c_str()) == 0) return 0;
+    if (png_image_begin_read_from_file(&image, file) == 0 || image.width != 800 || image.height != 600) return {};
     image.format = PNG_FORMAT_RGB;
     std::vector<png_byte> bytes(PNG_IMAGE_SIZE(image));
-    if (png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr) == 0) return 0;
-    if (image.width != 800 || image.height != 600) return 0;
-    for (std::size_t i = 3; i < bytes.size(); ++i) {
-        if (bytes[i] != bytes[i - 3]) return 0;
+    png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr);
+    return {bytes.begin(), bytes.begin() + 3};
+}
+
+TEST(ScriptDeathTest, PlaysAGameToItsEnd) {
+    struct Row {
+        const char* what;
+        const char* script;
+        Game game;
+        int exitCode;
+        const char* standardError;
+    };
+    const Row rows[]{
+        {"lines come at their frames and pictures, the end one second later",
+         "1 down Left\n5 up Left\npicture 5 press 3 4\n6 move 5 6\n7 release 7 8\n2 shot script_test/shot.png\n",
+         Game::Plays, 0, "^100 25 0 at 0;101 25 0 at 160;201 0 40003 at 160;200 0 60005 at 200;202 0 80007 at 240;$"},
+        {"a closed window ends the program earlier", "3 close\n", Game::Plays, 5, "^closed at 80, 0 refills\n$"},
+        {"lines are left", "3 close\n9 up X\n", Game::Plays, 6, "script: the program ended before 1 of its lines\n$"},
+        {"sound goes on with the script's clock", "picture 26 close\n", Game::PlaysSound, 5, "at 1000, 20 refills\n$"},
+        {"a shot that cannot be written", "2 shot script_test/no/such/folder.png\n", Game::Plays, 1,
+         "folder.png: cannot be written"},
+        {"a program that shows nothing", "2 close\n", Game::ShowsNothing, 1, "no picture for 60 s of its clock"},
+        {"a line that is not understood", "1 hop\n", Game::Plays, 3, "^script_test/play.txt: line 1: .*\"hop\"\n$"},
+    };
+    // Each row starts the test program again, which writes the same files on its way to the row.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    fs::create_directories("script_test");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        std::ofstream("script_test/play.txt") << row.script;
+        EXPECT_EXIT(run("script_test/play.txt", row.game), testing::ExitedWithCode(row.exitCode), row.standardError);
     }
-    return std::uint32_t{bytes[0]} << 16U | std::uint32_t{bytes[1]} << 8U | bytes[2];
-}
-
-TEST_F(ScriptDeathTest, PlaysItsLinesAtTheirFramesAndPicturesAndEndsOneSecondLater) {
-    const auto path = script("1 down Left\n5 up Left\npicture 5 press 3 4\n");
-    EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(0), "^100 25 at 0;101 25 at 160;201 0 at 160;$");
-}
-
-TEST_F(ScriptDeathTest, ClosesTheWindowWhichMayEndTheProgramEarlier) {
-    const auto path = script("3 close\n");
-    EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(5), "^closed at 80$");
-}
-
-TEST_F(ScriptDeathTest, LetsSoundGoOnWithItsOwnClock) {
-    const auto path = script("picture 26 close\n");  // one second, and a half of the buffer is 50 ms
-    EXPECT_EXIT(playSoundInThisProcess(path), testing::ExitedWithCode(5), "^20 refills$");
-}
-
-TEST_F(ScriptDeathTest, SavesThePictureThatWasHandedOver) {
-    const auto path = script("2 shot " + file("shot.png") + "\n");
-    EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(0), "^$");
-    EXPECT_EQ(onlyColourOf(file("shot.png")), 0x00FF8040U);
-}
-
-TEST_F(ScriptDeathTest, FailsWhenAShotCannotBeWritten) {
-    const auto path = script("2 shot " + file("no/such/folder.png") + "\n");
-    EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(1), "folder.png: cannot be written");
-}
-
-TEST_F(ScriptDeathTest, FailsWhenTheProgramShowsNothing) {
-    const auto path = script("2 close\n");
-    EXPECT_EXIT(playInThisProcess(path, false), testing::ExitedWithCode(1), "no picture for 60 s of its clock");
-}
-
-TEST_F(ScriptDeathTest, IsRefusedInOneLine) {
-    const auto path = script("1 hop\n");
-    EXPECT_EXIT(playInThisProcess(path, true), testing::ExitedWithCode(3), "script.txt: line 1: .*\"hop\"\n$");
-    EXPECT_EXIT(playInThisProcess("/nowhere", true), testing::ExitedWithCode(3), "^/nowhere: cannot be read\n$");
+    EXPECT_EXIT(run("/nowhere", Game::Plays), testing::ExitedWithCode(3), "^/nowhere: cannot be read\n$");
+    EXPECT_EQ(firstPixelOf("script_test/shot.png"), (std::vector<png_byte>{0xFF, 0x80, 0x40}));
+    fs::remove_all("script_test");
 }
 
 }  // namespace

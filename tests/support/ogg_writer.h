@@ -8,6 +8,7 @@
 #include <vorbis/vorbisenc.h>
 
 #include "bytes.h"
+#include "tone.h"
 
 namespace grub {
 
@@ -93,16 +94,6 @@ private:
 /// The Ogg Vorbis file of these samples.
 [[nodiscard]] inline Bytes writeOgg(const std::vector<std::vector<float>>& samples, const OggKind& kind = {}) {
     return OggWriter(static_cast<int>(samples.size()), kind).write(samples);
-}
-
-/// `count` samples of a sine, `amplitude` of full scale.
-[[nodiscard]] inline std::vector<float> sine(std::size_t count, double hertz, double rate, float amplitude = 0.5F) {
-    std::vector<float> samples(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        samples[i] =
-            amplitude * static_cast<float>(std::sin(2 * std::numbers::pi * hertz * static_cast<double>(i) / rate));
-    }
-    return samples;
 }
 
 /// A page of an Ogg file; its body follows its header.

@@ -1,18 +1,30 @@
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <span>
 #include <vector>
 
-/// A sine in 16 bits, starting at phase 0.
-inline std::vector<std::int16_t> tone(double hertz, double rate, std::size_t count, double amplitude = 0.5) {
-    std::vector<std::int16_t> samples;
+namespace grub {
+
+/// `count` samples of a sine, `amplitude` of full scale, starting at phase 0.
+[[nodiscard]] inline std::vector<float> sine(std::size_t count, double hertz, double rate, float amplitude = 0.5F) {
+    std::vector<float> samples(count);
     for (std::size_t i = 0; i < count; ++i) {
-        const double phase = 2 * std::numbers::pi * hertz * static_cast<double>(i) / rate;
-        samples.push_back(static_cast<std::int16_t>(std::lround(amplitude * 0x8000 * std::sin(phase))));
+        samples[i] =
+            amplitude * static_cast<float>(std::sin(2 * std::numbers::pi * hertz * static_cast<double>(i) / rate));
+    }
+    return samples;
+}
+
+/// The same in 16 bits.
+[[nodiscard]] inline std::vector<std::int16_t> tone(double hertz, double rate, std::size_t count,
+                                                    float amplitude = 0.5F) {
+    std::vector<std::int16_t> samples;
+    for (const float sample : sine(count, hertz, rate, amplitude)) {
+        samples.push_back(static_cast<std::int16_t>(std::lround(0x8000 * sample)));
     }
     return samples;
 }
@@ -53,3 +65,5 @@ inline std::vector<double> sideOf(std::span<const std::int16_t> stereo, std::siz
     for (std::size_t i = first; i < first + count; ++i) samples.push_back(stereo[2 * i + side] / 32768.0);
     return samples;
 }
+
+}  // namespace grub

@@ -5,9 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <thread>
-#include <vector>
 
-#include "control/call_controls.h"
 #include "control/testing.h"
 #include "desktop/presenter.h"
 #include "desktop/video.h"
@@ -15,7 +13,10 @@
 #include "game_thread.h"
 #include "test_window.h"
 
+// Messages to a window from its own and from other threads, its life, and message boxes.
 namespace {
+
+using platform::HandDrivenClock;
 
 constexpr UINT kAdd = WM_USER + 10;
 constexpr UINT kEnd = WM_USER + 1;
@@ -27,58 +28,35 @@ LRESULT adding(HWND window, const TestWindow::Heard& heard) {
     return TestWindow::defaultProcedure(window, heard);
 }
 
-TEST(SendMessage, RunsTheProcedureOnTheWindowsThreadAndBringsItsResultBack) {
+TEST(SendMessage, RunsTheProcedureOnTheWindowsThreadAlsoWhileThatWaitsForSomethingElse) {
     DWORD ranOn = 0;
-    TestWindow window([&](HWND handle, const TestWindow::Heard& heard) {
-        if (heard.message == kAdd) ranOn = GetCurrentThreadId();
+    const TestWindow window([&](HWND handle, const TestWindow::Heard& heard) {
+        ranOn = GetCurrentThreadId();
         return adding(handle, heard);
     });
+    EXPECT_EQ(SendMessageA(window.handle(), kAdd, 3, 4), 7) << "from the own thread";
     LRESULT sum = 0;
-    const GameThread game([&] {
-        sum = SendMessageA(window.handle(), kAdd, 40, 2);
-        PostMessageA(window.handle(), kEnd, 0, 0);
-    });
-    EXPECT_EQ(TestWindow::loop(), 0);
-    game.join();
+    const GameThread game([&] { sum = SendMessageA(window.handle(), kAdd, 40, 2); });
+    game.join();  // a plain join here would be the deadlock
     EXPECT_EQ(sum, 42);
     EXPECT_EQ(ranOn, GetCurrentThreadId());
 }
 
-TEST(SendMessage, FromTheOwnThreadCallsTheProcedureAtOnce) {
-    const TestWindow window(adding);
-    EXPECT_EQ(SendMessageA(window.handle(), kAdd, 3, 4), 7);
-}
-
-TEST(SendMessage, IsServedWhileTheWindowsThreadWaitsForSomethingElse) {
-    const TestWindow window(adding);
-    LRESULT sum = 0;
-    const GameThread game([&] { sum = SendMessageA(window.handle(), kAdd, 1, 1); });
-    game.join();  // a plain join here would be the deadlock
-    EXPECT_EQ(sum, 2);
-}
-
-TEST(SendMessage, GivesZeroAtOnceWhenTheWindowIsGone) {
-    HWND gone = nullptr;
-    {
-        const TestWindow window(adding);
-        gone = window.handle();
-    }
-    EXPECT_EQ(SendMessageA(gone, kAdd, 1, 1), 0);
-    EXPECT_EQ(PostMessageA(gone, kAdd, 1, 1), FALSE);
-    const std::uint32_t pixel = 0;
-    EXPECT_FALSE(platform::showFrame(gone, &pixel, 1, 1, 4));
-    EXPECT_FALSE(platform::setFullScreen(gone, true));
-}
-
-TEST(SendMessage, IsAnsweredWithZeroWhenTheWindowGoesWhileItWaits) {
+TEST(SendMessage, IsAnsweredWithZeroWhenTheWindowGoesOrIsGone) {
+    const HandDrivenClock clock(HandDrivenClock::Moves::ByHand);
     auto window = std::make_unique<TestWindow>(adding);
     const HWND handle = window->handle();
     LRESULT answer = -1;
     const GameThread game([&] { answer = SendMessageA(handle, kAdd, 1, 1); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // the call is most likely waiting by now
+    clock.settle();  // the call waits for the window
     window.reset();
     game.join();
     EXPECT_EQ(answer, 0);
+    EXPECT_EQ(SendMessageA(handle, kAdd, 1, 1), 0);
+    EXPECT_EQ(PostMessageA(handle, kAdd, 1, 1), FALSE);
+    const std::uint32_t pixel = 0;
+    EXPECT_FALSE(platform::showFrame(handle, &pixel, 1, 1, 4));
+    EXPECT_FALSE(platform::setFullScreen(handle, true));
 }
 
 TEST(SendMessage, WakesAWaitingLoopWithoutDelay) {
@@ -102,8 +80,7 @@ TEST(SendMessage, WakesAWaitingLoopWithoutDelay) {
 /// One life of a window under fire: three threads send, post and present from before its first message to after its
 /// end.
 void liveAndDieUnderFire(int round, bool handDriven) {
-    std::unique_ptr<platform::testing::HandDrivenClock> clock;
-    if (handDriven) clock = std::make_unique<platform::testing::HandDrivenClock>();
+    const auto clock = handDriven ? std::make_unique<HandDrivenClock>() : nullptr;
     const TestWindow window(adding, 80, 60);  // small: the time is to go into messages, not into pixels
     const HWND handle = window.handle();
     std::atomic<bool> stop{false};
@@ -129,25 +106,17 @@ void liveAndDieUnderFire(int round, bool handDriven) {
 
 TEST(SendMessage, NeverHangsWhileWindowsComeAndGo) {
     for (int round = 0; round < 1000; ++round) liveAndDieUnderFire(round, false);
-}
-
-TEST(SendMessage, NeverHangsUnderTheHandDrivenClock) {
     for (int round = 0; round < 200; ++round) liveAndDieUnderFire(round, true);
 }
 
-TEST(GetMessage, SaysErrorInsteadOfWaitingWhenNothingCanCome) {
-    MSG message;
-    EXPECT_EQ(GetMessageA(&message, nullptr, 0, 0), -1);
-}
-
 TEST(GetMessage, GivesPostedMessagesInOrderAndQuitLast) {
-    TestWindow window([](HWND handle, const TestWindow::Heard& heard) {
-        if (heard.message == WM_DESTROY) return LRESULT{0};
-        return TestWindow::defaultProcedure(handle, heard);
+    MSG message;
+    EXPECT_EQ(GetMessageA(&message, nullptr, 0, 0), -1) << "without a window nothing can come";
+    const TestWindow window([](HWND handle, const TestWindow::Heard& heard) {
+        return heard.message == WM_DESTROY ? 0 : TestWindow::defaultProcedure(handle, heard);
     });
     PostQuitMessage(0);
     for (UINT i = 0; i < 3; ++i) PostMessageA(window.handle(), kAdd + i, 0, 0);
-    MSG message;
     for (UINT i = 0; i < 3; ++i) {
         EXPECT_EQ(GetMessageA(&message, nullptr, 0, 0), 1);
         EXPECT_EQ(message.message, kAdd + i);
@@ -155,48 +124,36 @@ TEST(GetMessage, GivesPostedMessagesInOrderAndQuitLast) {
     EXPECT_EQ(GetMessageA(&message, nullptr, 0, 0), 0);
 }
 
-TEST(Window, IsNotThereWhenTheClassOrTheSystemRefuses) {
-    using platform::testing::Call;
-    using platform::testing::FailingCall;
-    EXPECT_EQ(CreateWindowExA(0, "no such class", "", 0, 0, 0, 8, 8, nullptr, nullptr, nullptr, nullptr), nullptr);
-    {
-        const FailingCall refused(Call::CreateWindow);
-        EXPECT_EQ(TestWindow().handle(), nullptr);
-    }
-    const TestWindow unwanted([](HWND, const TestWindow::Heard& heard) { return heard.message == WM_CREATE ? -1 : 0; });
-    EXPECT_EQ(unwanted.handle(), nullptr);
-    const FailingCall refused(Call::RegisterClass);
-    WNDCLASSEXA about{};
-    about.lpfnWndProc = DefWindowProcA;
-    about.lpszClassName = "RefusedClass";
-    EXPECT_EQ(RegisterClassExA(&about), 0);
-}
-
-TEST(Window, HasAClientAreaOfTheSizeTheGameCounts) {
-    const TestWindow framed;
-    const auto size = platform::testing::windowSize(framed.handle());
-    ASSERT_TRUE(size);
-    EXPECT_EQ(size->x, 800);
-    EXPECT_EQ(size->y, 600);
-}
-
 TEST(Window, ComesBackFromFullScreenInItsOldSize) {
     const TestWindow window;
+    const auto width = [&] { return platform::testing::windowSize(window.handle()).value_or(POINT{}).x; };
+    EXPECT_EQ(width(), 800) << "inside the frame";
     platform::testing::resizeWindow(window.handle(), 1000, 700);
-    EXPECT_TRUE(platform::setFullScreen(window.handle(), true));
-    EXPECT_TRUE(platform::setFullScreen(window.handle(), true));
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(platform::setFullScreen(window.handle(), true));
+    EXPECT_EQ(width(), platform::desktopMode().width);
     EXPECT_TRUE(platform::setFullScreen(window.handle(), false));
-    const auto size = platform::testing::windowSize(window.handle());
-    ASSERT_TRUE(size);
-    EXPECT_EQ(size->x, 1000);
-    EXPECT_EQ(size->y, 700);
+    EXPECT_EQ(width(), 1000);
 }
 
-TEST(Window, DesktopSizeCanBeAnyForTests) {
-    const platform::testing::DesktopSize small(640, 480);
-    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 640);
-    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), 480);
-    EXPECT_EQ(platform::desktopMode().width, 640);
+TEST(MessageBoxes, AreALineOnStandardErrorWithoutADisplay) {
+    if (!platform::headless()) GTEST_SKIP() << "a box would wait for an answer";
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(MessageBoxA(nullptr, "it broke: %s", "Package", MB_ICONERROR), IDOK);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Package: it broke: %s\n");
+}
+
+TEST(MessageBoxes, OfTheWindowsThreadLetOtherThreadsSend) {
+    using platform::testing::MessageBoxRecorder;
+    MessageBoxRecorder recorder(MessageBoxRecorder::Answers::OnRequest);
+    const TestWindow window(adding);
+    LRESULT sum = 0;
+    const GameThread game([&] {
+        while (recorder.boxes().empty()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        sum = SendMessageA(window.handle(), kAdd, 40, 2);
+        recorder.answerAll();
+    });
+    MessageBoxA(window.handle(), "fatal", "DirectX error", MB_ICONERROR);
+    EXPECT_EQ(sum, 42);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -12,16 +11,13 @@
 
 #include "dsound/sound_card.h"
 #include "kernel/objects.h"
+#include "wav_writer.h"
 
 /// Owns one reference to a buffer.
 using BufferRef = platform::ObjectRef<IDirectSoundBuffer>;
 
-/// Samples in 16 bits as a buffer stores them.
-inline std::vector<BYTE> bytesOf(std::span<const std::int16_t> samples) {
-    std::vector<BYTE> bytes(samples.size_bytes());
-    std::memcpy(bytes.data(), samples.data(), bytes.size());
-    return bytes;
-}
+/// 16-bit samples, channels interleaved.
+using Samples = std::vector<std::int16_t>;
 
 /// Plain samples, `rate` frames a second.
 inline WAVEFORMATEX waveFormat(int channels, int bits, DWORD rate) {
@@ -45,35 +41,35 @@ inline HRESULT store(IDirectSoundBuffer& buffer, DWORD offset, std::span<const B
     return buffer.Unlock(first, firstBytes, second, secondBytes);
 }
 
-/// A sound card that plays what the test asks for; while it exists, none else is open.
-class HandMixedCard {
+/// The sound card, opened for as long as the object lives. By hand it plays only what the test asks for.
+class OpenedCard {
 public:
-    HandMixedCard() {
-        platform::setSoundOutput(platform::SoundOutput::ByHand);
+    explicit OpenedCard(platform::SoundOutput output = platform::SoundOutput::ByHand) {
+        platform::setSoundOutput(output);
         IDirectSound8* sound = nullptr;
         EXPECT_EQ(DirectSoundCreate8(nullptr, &sound, nullptr), DS_OK);
         sound_.reset(sound);
         EXPECT_EQ(sound->SetCooperativeLevel(reinterpret_cast<HWND>(std::uintptr_t{8}), DSSCL_PRIORITY), DS_OK);
     }
-    ~HandMixedCard() { platform::setSoundOutput(platform::SoundOutput::Card); }
-    HandMixedCard(const HandMixedCard&) = delete;
-    HandMixedCard& operator=(const HandMixedCard&) = delete;
+    ~OpenedCard() { platform::setSoundOutput(platform::SoundOutput::Card); }
+    OpenedCard(const OpenedCard&) = delete;
+    OpenedCard& operator=(const OpenedCard&) = delete;
 
     /// The card's interface.
-    IDirectSound8& sound() const { return *sound_; }
+    [[nodiscard]] IDirectSound8& sound() const { return *sound_; }
 
     /// A buffer with all controls that holds `bytes`.
-    BufferRef bufferOf(const WAVEFORMATEX& format, std::span<const BYTE> bytes) const {
+    [[nodiscard]] BufferRef bufferOf(const WAVEFORMATEX& format, std::span<const BYTE> bytes) const {
         BufferRef buffer = silence(format, static_cast<DWORD>(bytes.size()));
         EXPECT_EQ(store(*buffer, 0, bytes), DS_OK);
         return buffer;
     }
-    /// The same with 16-bit samples.
-    BufferRef bufferOf(int channels, DWORD rate, std::span<const std::int16_t> samples) const {
-        return bufferOf(waveFormat(channels, 16, rate), bytesOf(samples));
+    /// The same with 16-bit samples of one channel.
+    [[nodiscard]] BufferRef bufferOf(DWORD rate, std::span<const std::int16_t> samples) const {
+        return bufferOf(waveFormat(1, 16, rate), grub::sampleBytes(samples));
     }
     /// The same, as it was created.
-    BufferRef silence(WAVEFORMATEX format, DWORD bytes) const {
+    [[nodiscard]] BufferRef silence(WAVEFORMATEX format, DWORD bytes) const {
         constexpr DWORD kAll = DSBCAPS_LOCSOFTWARE | DSBCAPS_CTRLPAN | DSBCAPS_CTRLVOLUME | DSBCAPS_CTRLPOSITIONNOTIFY |
                                DSBCAPS_GETCURRENTPOSITION2;
         const DSBUFFERDESC description{sizeof(DSBUFFERDESC), kAll, bytes, 0, &format, {}};
@@ -82,15 +78,15 @@ public:
         return BufferRef(buffer);
     }
     /// A buffer on the same memory.
-    BufferRef duplicate(IDirectSoundBuffer& buffer) const {
+    [[nodiscard]] BufferRef duplicate(IDirectSoundBuffer& buffer) const {
         IDirectSoundBuffer* copy = nullptr;
         EXPECT_EQ(sound_->DuplicateSoundBuffer(&buffer, &copy), DS_OK);
         return BufferRef(copy);
     }
 
     /// The next frames for the speakers, left and right in turn.
-    static std::vector<std::int16_t> play(std::size_t frames) {
-        std::vector<std::int16_t> stereo(2 * frames);
+    static Samples play(std::size_t frames) {
+        Samples stereo(2 * frames);
         platform::mixSound(stereo);
         return stereo;
     }
@@ -100,11 +96,11 @@ private:
 };
 
 /// Sets position events of a stopped buffer.
-inline HRESULT setEvents(IDirectSoundBuffer& buffer, std::span<const DSBPOSITIONNOTIFY> at) {
+inline void setEvents(IDirectSoundBuffer& buffer, std::span<const DSBPOSITIONNOTIFY> at) {
     void* object = nullptr;
-    if (const HRESULT fault = buffer.QueryInterface(IID_IDirectSoundNotify, &object); FAILED(fault)) return fault;
+    ASSERT_EQ(buffer.QueryInterface(IID_IDirectSoundNotify, &object), DS_OK);
     const platform::ObjectRef<IDirectSoundNotify> notify(static_cast<IDirectSoundNotify*>(object));
-    return notify->SetNotificationPositions(static_cast<DWORD>(at.size()), at.data());
+    EXPECT_EQ(notify->SetNotificationPositions(static_cast<DWORD>(at.size()), at.data()), DS_OK);
 }
 
 /// DSBSTATUS_ flags.
