@@ -29,6 +29,8 @@ using Samples = std::vector<std::int16_t>;
                                        << (w == wanted.end() ? "absent" : std::to_string(*w));
 }
 
+inline const HWND kAnyWindow = reinterpret_cast<HWND>(std::uintptr_t{1});
+
 /// A sound device whose speakers are the test: `mix` is what they would get next.
 class HandMixedDevice : public testing::Test {
 public:
@@ -65,7 +67,7 @@ protected:
     [[nodiscard]] static platform::testing::VoiceState voice() { return platform::testing::voices().back(); }
 
     platform::testing::SoundControls controls_;
-    DSoundDevice device_{reinterpret_cast<HWND>(std::uintptr_t{1})};  // any window will do
+    DSoundDevice device_{kAnyWindow};
 };
 
 /// `count` samples that differ from their neighbours and from those a half buffer away.
@@ -74,6 +76,9 @@ protected:
     for (std::size_t i = 0; i < count; ++i) samples.push_back(static_cast<std::int16_t>(i % 29989 - 14000));
     return samples;
 }
+
+/// The samples and silence behind them, `count` in all.
+[[nodiscard]] inline Samples padded(Samples samples, std::size_t count) { return samples.resize(count), samples; }
 
 /// A mono file at 44,100 Hz.
 [[nodiscard]] inline Bytes monoWav(const Samples& samples) { return writeWav({.samples = sampleBytes(samples)}); }

@@ -2,11 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include <set>
+#include <atomic>
+#include <thread>
 
 #include "fake_audio_device.h"
+#include "hand_mixed_device.h"
 #include "memory_source.h"
-#include "wav_writer.h"
 
 namespace grub {
 namespace {
@@ -14,14 +15,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr unsigned kSecondPhase = 17;
+// Effects by number: # can be heard, . cannot. Number 22 is never loaded.
+constexpr const char* kAll = "######################.##";
+constexpr const char* kSecondPhase = ".................#####.##";
+constexpr const char* kNone = ".........................";
 
-std::string number(std::size_t value) { return std::to_string(value); }
-
-SharedBuffer wavOf(std::size_t sampleBytes) { return bufferOf(writeWav({.samples = Bytes(sampleBytes)})); }
-
-// A package with a sound for every key. Effect n has 100 + 2n bytes of PCM and track n 200 + 2n, which is what the log
-// calls them.
+// A package with a sound for every key, and a table that lacks the key of effect 22. Effect n has 100 + 2n bytes of PCM
+// and track n 200 + 2n, which is what the log calls them.
 class SoundBanks : public testing::Test {
 public:
     ~SoundBanks() override { EngineServices::installSoundDevice(nullptr); }
@@ -29,17 +29,15 @@ public:
 protected:
     SoundBanks() {
         std::string table = "[music]\r\n";
-        for (std::size_t i = 0; i < kMusicKeys.size(); ++i) table += addSound(kMusicKeys[i], trackName(i));
+        for (std::size_t i = 0; i < kMusicKeys.size(); ++i) table += addSound(kMusicKeys[i], 200 + 2 * i);
         table += "[sound]\r\n";
         for (std::size_t i = 0; i < kEffectKeys.size(); ++i) {
-            const std::string line = addSound(kEffectKeys[i], effectName(i));
-            if (kEffectKeys[i] != std::string("getbonus")) table += line;
+            const std::string line = addSound(kEffectKeys[i], 100 + 2 * i);
+            if (i != 22) table += line;
         }
         package_.put("sound\\sound.ini", table);
     }
 
-    static std::size_t effectName(std::size_t id) { return 100 + 2 * id; }
-    static std::size_t trackName(std::size_t id) { return 200 + 2 * id; }
     static SoundId effect(std::size_t id) { return static_cast<SoundId>(id); }
 
     // Its line of the table.
@@ -47,22 +45,14 @@ protected:
         package_.put("sound\\" + key + ".wav", writeWav({.samples = Bytes(sampleBytes)}));
         return key + "=" + key + ".wav\r\n";
     }
-    // The effects that can be heard.
-    std::set<std::size_t> audible() {
-        log_->take();
-        std::set<std::size_t> ids;
+    std::string audible() {
+        std::string all = kNone;
         for (std::size_t id = 0; id < kSoundCount; ++id) {
             bank_.playEffect(effect(id));
-            if (log_->has("play " + number(effectName(id)))) ids.insert(id);
+            if (log_->has("play " + std::to_string(100 + 2 * id))) all[id] = '#';
+            log_->calls.clear();
         }
-        return ids;
-    }
-    // The effects from `first` to before `end` but for `absent` and 22, whose key the table lacks.
-    static std::set<std::size_t> range(std::size_t first, std::size_t end, const std::set<std::size_t>& absent = {}) {
-        std::set<std::size_t> ids;
-        for (; first < end; ++first)
-            if (first != 22 && !absent.contains(first)) ids.insert(first);
-        return ids;
+        return all;
     }
 
     std::shared_ptr<AudioLog> log_ = FakeAudioDevice::install();
@@ -71,50 +61,34 @@ protected:
 };
 
 TEST_F(SoundBanks, AreSilentBeforeLoadingAndForNumbersWithoutASound) {
-    bank_.playEffect(SoundId::Break);
     bank_.playMusic(MusicId::Menu);
     bank_.setEffectsVolume(5);
-    bank_.setMusicVolume(5);
     bank_.unloadEffects();
+    EXPECT_EQ(audible(), kNone);
     bank_.load(false);
-    EXPECT_EQ(std::ranges::count(log_->calls, "music"), kMusicCount);
     log_->take();
     bank_.playEffect(effect(kSoundCount));
     bank_.stopEffect(effect(255));
     bank_.playMusic(static_cast<MusicId>(kMusicCount));
-    EXPECT_THAT(log_->take(), IsEmpty());
+    bank_.stopEffect(SoundId::Landing);
+    EXPECT_THAT(log_->take(), ElementsAre("stop 124"));
 }
 
 TEST_F(SoundBanks, LoadEachEffectInItsPhaseAndReplaceIt) {
-    EXPECT_TRUE(bank_.load(true));
-    EXPECT_EQ(audible(), range(kSecondPhase, kSoundCount));
-    EXPECT_TRUE(bank_.load(false));
-    EXPECT_EQ(audible(), range(0, kSoundCount));
+    bank_.load(true);
+    EXPECT_EQ(audible(), kSecondPhase);
+    bank_.load(false);
+    EXPECT_EQ(audible(), kAll);
     bank_.unloadEffects();
-    EXPECT_EQ(audible(), range(0, 0));
-    log_->take();
+    EXPECT_EQ(audible(), kNone);
     bank_.playMusic(MusicId::Menu);
-    EXPECT_THAT(log_->take(), ElementsAre("loop 200")) << "the music stays";
+    bank_.stopMusic(MusicId::Menu);
+    EXPECT_THAT(log_->take(), ElementsAre("loop 200", "stop music 200")) << "the music stays";
+    bank_.load(true);
     bank_.load(true);
     EXPECT_EQ(std::ranges::count(log_->calls, "music"), 0);
-    bank_.load(true);
-    EXPECT_TRUE(log_->has("destroy " + number(effectName(kSecondPhase))));
-    EXPECT_EQ(audible(), range(kSecondPhase, kSoundCount));
-}
-
-TEST_F(SoundBanks, PlayEffectsOnceAndMusicInALoop) {
-    bank_.load(false);
-    log_->take();
-    bank_.playEffect(SoundId::Landing);
-    bank_.stopEffect(SoundId::Landing);
-    bank_.playMusic(MusicId::Game2);
-    bank_.stopMusic(MusicId::Game2);
-    EXPECT_THAT(log_->take(), ElementsAre("play 124", "stop 124", "loop 204", "stop music 204"));
-    EngineServices::installSoundDevice(nullptr);
-    log_->take();
-    EXPECT_TRUE(bank_.load(true));
-    bank_.playEffect(SoundId::Break);
-    EXPECT_THAT(log_->take(), IsEmpty()) << "without a device";
+    EXPECT_TRUE(log_->has("destroy 134"));
+    EXPECT_EQ(audible(), kSecondPhase);
 }
 
 TEST_F(SoundBanks, LoadTheRestWhenSomeFilesAreAbsentOrBroken) {
@@ -123,7 +97,7 @@ TEST_F(SoundBanks, LoadTheRestWhenSomeFilesAreAbsentOrBroken) {
     package_.put("sound\\lov.wav", "");
     bank_.load(false);
     bank_.load(true);
-    EXPECT_EQ(audible(), range(0, kSoundCount, {2, 5, 6}));
+    EXPECT_EQ(audible(), "##.##..###############.##");
     for (const std::string& name : package_.loads())
         EXPECT_TRUE(package_.exists(name.c_str())) << name << ": a load of it shows a message box";
     bank_.setEffectsVolume(9);  // passes over the clips without a sound
@@ -131,44 +105,37 @@ TEST_F(SoundBanks, LoadTheRestWhenSomeFilesAreAbsentOrBroken) {
     MemorySource empty;
     EXPECT_TRUE(SoundBank(empty).load(false));
     EXPECT_THAT(empty.loads(), IsEmpty());
+    EngineServices::installSoundDevice(nullptr);
+    EXPECT_TRUE(bank_.load(true));
+    bank_.playEffect(SoundId::Break);
 }
 
 // Levels of the settings and the per cent that they ask for; the sound takes what lies beyond 0 to 100 as the end.
-struct Volume {
-    std::uint32_t level;
-    int percent;
-    int menuMove;
-};
-
 TEST_F(SoundBanks, GiveLevelsToEverySoundAndAreSofterForTheTickOfTheMenus) {
     bank_.load(false);
-    for (const Volume& row : {Volume{0, 0, -14}, {1, 57, 43}, {5, 85, 71}, {9, 113, 99}}) {
-        SCOPED_TRACE(row.level);
+    for (const auto& [level, percent, menuMove] : {std::array{0, 0, -14}, {1, 57, 43}, {9, 113, 99}}) {
+        SCOPED_TRACE(level);
         log_->take();
-        bank_.setEffectsVolume(row.level);
-        EXPECT_EQ(bank_.effectsLevel(), row.level);
-        for (std::size_t id = 0; id < kSecondPhase; ++id) {
-            const int percent = effect(id) == SoundId::MenuMove ? row.menuMove : row.percent;
-            EXPECT_EQ(log_->calls.at(id), "volume " + number(effectName(id)) + " " + std::to_string(percent));
-        }
-        log_->take();
-        bank_.setMusicVolume(row.level);
-        for (std::size_t id = 0; id < kMusicCount; ++id) {
-            EXPECT_EQ(log_->calls.at(id), "volume " + number(trackName(id)) + " " + std::to_string(row.percent));
-        }
+        bank_.setEffectsVolume(static_cast<std::uint32_t>(level));
+        bank_.setMusicVolume(static_cast<std::uint32_t>(level));
+        const auto volumeOf = [](std::size_t name, int wanted) {
+            return "volume " + std::to_string(name) + " " + std::to_string(wanted);
+        };
+        std::vector<std::string> calls;
+        for (std::size_t id = 0; id < kFirstOfSecondPhase; ++id)
+            calls.push_back(volumeOf(100 + 2 * id, effect(id) == SoundId::MenuMove ? menuMove : percent));
+        for (std::size_t id = 0; id < kMusicCount; ++id) calls.push_back(volumeOf(200 + 2 * id, percent));
+        EXPECT_EQ(log_->calls, calls);
     }
+    EXPECT_EQ(bank_.effectsLevel(), 9U);
     bank_.load(true);
     EXPECT_EQ(bank_.effectsLevel(), 0U);
 }
 
-TEST(CurrentSoundBank, IsTheOneChosenUntilItIsDestroyed) {
-    MemorySource package;
-    {
-        SoundBank first(package);
-        SoundBank::setCurrent(&first);
-        const SoundBank second(package);
-        EXPECT_EQ(SoundBank::current(), &first);
-    }
+TEST_F(SoundBanks, AreNoLongerCurrentWhenTheyAreGone) {
+    auto other = std::make_unique<SoundBank>(package_);
+    SoundBank::setCurrent(other.get());
+    other.reset();
     EXPECT_EQ(SoundBank::current(), nullptr);
 }
 
@@ -176,18 +143,44 @@ using SoundClips = SoundBanks;
 
 TEST_F(SoundClips, ShareTheFileWithACopyAndCloneTheSound) {
     SoundClip first;
-    first.setData(wavOf(10));
+    first.setData(bufferOf(writeWav({.samples = Bytes(10)})));
     first.load();
     SoundClip second(first);
     SoundClip third;
     third = first;
-    const SoundClip& same = third;
-    third = same;
     EXPECT_THAT(log_->take(), ElementsAre("effect", "clone 10", "clone 10"));
-    third = SoundClip();
-    EXPECT_EQ(third.sound(), nullptr);
-    EXPECT_FALSE(third.load()) << "the empty file was copied too";
-    EXPECT_TRUE(second.load());
+    EXPECT_TRUE(second.load() && third.load());
+}
+
+// Each load replaces sounds that the game may be starting at this moment.
+TEST(SoundBankThreads, LoadTheSecondPhaseWhileTheGamePlays) {
+    platform::setSoundOutput(platform::SoundOutput::ByHand);
+    EngineServices::installSoundDevice(std::make_unique<DSoundDevice>(kAnyWindow));
+    ASSERT_TRUE(EngineServices::soundDevice()->init());
+    {
+        MemorySource package;
+        package.put("sound\\sound.ini", std::string("[sound]\ngetkey=a\nskull=a\nbomb=b\n"));
+        package.put("sound\\a", monoWav(Samples(1000, 100)));
+        package.put("sound\\b", monoWav(Samples(150000, 10)));  // streams
+        SoundBank bank(package);
+        bank.load(false);
+        std::atomic<bool> loaded = false;
+        std::thread loader([&] {
+            for (int i = 0; i < 15; ++i) bank.load(true);
+            loaded = true;
+        });
+        Samples stereo(8820);  // a tenth of a second
+        while (!loaded) {
+            for (const SoundId id : {SoundId::GetKey, SoundId::Skull, SoundId::Bomb}) bank.playEffect(id);
+            bank.setEffectsVolume(9);
+            platform::mixSound(stereo);
+            bank.stopEffect(SoundId::Bomb);
+        }
+        loader.join();
+        EXPECT_EQ(platform::testing::voices().size(), 3U) << "what was replaced is gone";
+    }
+    EngineServices::shutdown();
+    platform::setSoundOutput(platform::SoundOutput::Card);
 }
 
 }  // namespace

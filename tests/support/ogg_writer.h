@@ -15,7 +15,6 @@ namespace grub {
 /// The properties of an Ogg Vorbis file that tests vary.
 struct OggKind {
     long rate = 44100;
-    float quality = 0.5F;     ///< -0.1 to 1
     int serial = 1;           ///< number of the logical stream
     bool smallPages = false;  ///< a page for every few packets
 };
@@ -27,7 +26,7 @@ public:
     /// Writes the headers.
     OggWriter(int channels, const OggKind& kind) : smallPages_(kind.smallPages) {
         vorbis_info_init(&info_);
-        vorbis_encode_init_vbr(&info_, channels, kind.rate, kind.quality);
+        vorbis_encode_init_vbr(&info_, channels, kind.rate, 0.5F);
         vorbis_comment_init(&comment_);
         vorbis_analysis_init(&dsp_, &info_);
         vorbis_block_init(&dsp_, &block_);
