@@ -16,9 +16,6 @@ namespace {
 /// Cells of one placement line: as many as fit 120 columns of text.
 constexpr std::size_t kCellsInLine = 14;
 
-/// The world that a level gets when none of its blocks belongs to a world.
-constexpr std::string_view kFirstWorld = "turma";
-
 /// The character that stands for a cell without an object.
 char characterOf(BlockType type) {
     switch (type) {
@@ -65,7 +62,7 @@ private:
         return palette_.byId(valueIn(recordAt(level_, column, row), Slot::Base));
     }
 
-    /// The world that most blocks of the level belong to.
+    /// The world that most blocks of the level belong to; the first one when no block belongs to a world.
     std::string world() const {
         std::map<std::string, int> counts;
         for (const CellRecord& cell : level_.records)
@@ -73,7 +70,7 @@ private:
                 block != nullptr && palette_.isWorld(worldOf(block->name)))
                 ++counts[std::string(worldOf(block->name))];
         const std::string found = mostFrequent(counts);
-        return found.empty() ? std::string(kFirstWorld) : found;
+        return found.empty() ? std::string(kLevelWorlds.front().name) : found;
     }
 
     void drawField() {
