@@ -26,44 +26,29 @@ struct TwoScenes {
     RecordingScene shell{"shell", &log};
 };
 
+/// What a scene asks for, where it asks, and who then runs.
+struct Selection {
+    const char* what;
+    std::function<void()> RecordingScene::*where;  // in the shell, at its first visit
+    std::uint32_t asked;
+    const char* log;
+};
+
 TEST(SceneSwitch, TheSceneThatWasSelectedLastRunsNext) {
-    struct Row {
-        const char* what;
-        std::function<void(TwoScenes&)> selections;
-        std::uint32_t start;
-        const char* log;
-    };
-    const Row rows[] = {
-        {"a scene that selects none ends the program", [](auto& /*scenes*/) {}, 2, "shell(run) "},
-        {"in run", [](auto& s) { s.shell.onRun = [&s] { s.application.selectScene(1); }; }, 2,
-         "shell(run) level(run) "},
-        {"in enter, which does not skip the visit",
-         [](auto& s) { s.shell.onEnter = [&s] { s.application.selectScene(1); }; }, 2, "shell(run) level(run) "},
-        {"in leave, and the scene itself",
-         [](auto& s) {
-             s.shell.onRun = [&s] { s.application.selectScene(1); };
-             s.shell.onLeave = [&s] {
-                 s.shell.onLeave = s.shell.onRun = nullptr;
-                 s.application.selectScene(2);
-             };
-         },
-         2, "shell(run) shell(run) "},
-        {"twice before the start", [](auto& s) { s.application.selectScene(2); }, 1, "level(run) "},
-        {"an unknown one changes nothing",
-         [](auto& s) {
-             s.shell.onRun = [&s] {
-                 s.application.selectScene(1);
-                 EXPECT_FALSE(s.application.selectScene(12));  // 12 and 1 share a bucket
-             };
-         },
-         2, "shell(run) level(run) "},
-        {"an unknown start runs nothing", [](auto& /*scenes*/) {}, 9, ""},
-    };
-    for (const Row& row : rows) {
+    for (const Selection& row :
+         {Selection{"in enter, which does not skip the visit", &RecordingScene::onEnter, 1, "shell(run) level(run) "},
+          {"in run", &RecordingScene::onRun, 1, "shell(run) level(run) "},
+          {"in leave, and the scene itself", &RecordingScene::onLeave, 2, "shell(run) shell(run) "},
+          {"an unknown one", &RecordingScene::onRun, 12, "shell(run) "}}) {  // 12 and 1 share a bucket
         SCOPED_TRACE(row.what);
         TwoScenes scenes;
-        row.selections(scenes);
-        EXPECT_EQ(scenes.application.run(row.start), row.start != 9);
+        scenes.shell.*row.where = [&] {
+            EXPECT_EQ(scenes.application.selectScene(row.asked), row.asked != 12);
+            scenes.shell.*row.where = nullptr;
+        };
+        scenes.application.selectScene(1);  // the start replaces it
+        EXPECT_TRUE(scenes.application.run(2));
+        EXPECT_FALSE(scenes.application.run(9)) << "an unknown start runs nothing";
         EXPECT_EQ(scenes.log, row.log);
     }
 }
@@ -93,44 +78,33 @@ TEST(SceneSwitch, MessagesGoToTheSceneThatIsCurrentAndWaitThere) {
     };
     application.run(2);
     EXPECT_THAT(typesOf(level), ElementsAre());
-    EXPECT_THAT(typesOf(shell), ElementsAre(Pressed));
     application.postToCurrentScene(messageOf(Released));  // the last scene stays current after the end
     shell.processMessages();
     EXPECT_THAT(typesOf(shell), ElementsAre(Pressed, Released));
 }
 
 TEST(SceneSwitch, AThousandSwitchesUnderInputLoseNoMessage) {
-    constexpr int kSwitches = 1000;
     TwoScenes scenes;
-    int switches = 0;
-    std::atomic<bool> running = false;
+    std::atomic<int> switches = 0;
     const auto bounceTo = [&](RecordingScene& scene, std::uint32_t next) {
-        scene.onEnter = [&] { running = true; };
         scene.onRun = [&, next] {
             scene.waitForMessages(1);
             scene.processMessages();
-            if (++switches < kSwitches) scenes.application.selectScene(next);
+            if (++switches < 1000) scenes.application.selectScene(next);
         };
     };
     bounceTo(scenes.level, 2);
     bounceTo(scenes.shell, 1);
-
-    std::atomic<bool> ended = false;
-    std::thread gameThread([&] {
-        scenes.application.run(2);
-        ended = true;
-    });
-    while (!running) std::this_thread::yield();
+    std::thread gameThread([&] { scenes.application.run(2); });
+    while (switches == 0) std::this_thread::yield();
     std::size_t posted = 0;
-    for (; !ended; ++posted) {
+    for (; switches < 1000; ++posted) {
         scenes.application.postToCurrentScene(messageOf(Pressed));
         if (posted % 16 == 0) std::this_thread::yield();
     }
     gameThread.join();
     scenes.level.processMessages();
     scenes.shell.processMessages();
-
-    EXPECT_EQ(switches, kSwitches);
     EXPECT_EQ(scenes.level.messages.size() + scenes.shell.messages.size(), posted);
 }
 

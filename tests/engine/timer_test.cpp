@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <sstream>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "control/testing.h"
 
@@ -36,22 +36,16 @@ protected:
 // A story is what happens to a timer of 40 ms, in words: "start", "stop", "null" (a start without a callback), and
 // "30=1" for a tick 30 ms later that fires once.
 TEST_F(TimerTest, FiresForEveryWholeIntervalAsItsStoryTells) {
-    struct Row {
-        const char* what;
-        const char* story;
-    };
-    const Row rows[] = {
-        {"the rest of an interval counts for the next", "start 130=3 29=0 1=1 39=0 1=1"},
-        {"a restart keeps the phase of a running timer", "start 30=0 start 10=1 30=0 10=1"},
-        {"a stopped timer begins a new interval", "start 30=0 stop start 10=0 30=1"},
-        {"a stop forgets the rest of the last interval", "start 70=1 stop start 39=0 1=1"},
-        {"a stopped timer does not fire", "start stop 100=0"},
-        {"no callback changes nothing", "null 40=0 start 30=0 null 10=1"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, told] :
+         {std::pair{"the rest of an interval counts for the next", "start 130=3 29=0 1=1 39=0 1=1"},
+          {"a restart keeps the phase of a running timer", "start 30=0 start 10=1 30=0 10=1"},
+          {"a stopped timer begins a new interval", "start 30=0 stop start 10=0 30=1"},
+          {"a stop forgets the rest of the last interval", "start 70=1 stop start 39=0 1=1"},
+          {"a stopped timer does not fire", "start stop 100=0"},
+          {"no callback changes nothing", "null 40=0 start 30=0 null 10=1"}}) {
+        SCOPED_TRACE(what);
         Timer timer(40);
-        std::istringstream story(row.story);
+        std::istringstream story(told);
         for (std::string word; story >> word;) {
             if (word == "start") startCounting(timer);
             if (word == "stop") timer.stop();
@@ -78,13 +72,10 @@ TEST_F(TimerTest, TimeBetweenItsTwoReadingsOfTheClockIsLeftOut) {
 TEST_F(TimerTest, SaysHowLongALoopMaySleepToTheNearestMillisecond) {
     EXPECT_EQ(timer_.millisecondsUntilDue(), 0U) << "not running";
     startCounting(timer_);
-    struct Row {
-        std::int64_t passed;  // ticks of 0.1 us
-        std::uint32_t sleep;  // ms
-    };
-    for (const Row& row : {Row{0, 40}, {374'000, 3}, {376'000, 2}, {399'000, 1}, {400'000, 0}, {590'000, 0}}) {
-        clock_.setCounter(row.passed);
-        EXPECT_EQ(timer_.millisecondsUntilDue(), row.sleep) << row.passed;
+    for (const auto& [tenthsOfMicroseconds, milliseconds] :
+         {std::pair{0, 40U}, {374'000, 3U}, {376'000, 2U}, {399'000, 1U}, {400'000, 0U}, {590'000, 0U}}) {
+        clock_.setCounter(tenthsOfMicroseconds);
+        EXPECT_EQ(timer_.millisecondsUntilDue(), milliseconds) << tenthsOfMicroseconds;
     }
     timer_.tick();
     EXPECT_EQ(timer_.millisecondsUntilDue(), 21U) << "19 ms are left over";
@@ -92,33 +83,25 @@ TEST_F(TimerTest, SaysHowLongALoopMaySleepToTheNearestMillisecond) {
 
 TEST_F(TimerTest, CountsTheIntervalInWholeTicksOfAnyCounter) {
     struct Row {
-        std::int64_t frequency;  // ticks a second
-        std::int64_t counter;    // at the start
-        std::uint32_t interval;  // ms
-        std::int64_t period;     // ticks; 0: cannot run
+        std::int64_t frequency, start;  // ticks a second; the counter at the start
+        std::uint32_t interval;         // ms
+        std::int64_t period;            // ticks; 0: cannot run
     };
-    const Row rows[] = {
-        {999, 0, 40, 0},
-        {3'579'545, 0, 40, 143'160},
-        {10'000'000, (std::int64_t{1} << 32) - 5, 40, 400'000},
-        {1'000'000'000, 0, 1000, 1'000'000'000},
-        {10'000'000, 0, 0, 0},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.frequency << " Hz from " << row.counter << ", " << row.interval
-                                        << " ms");
+    for (const Row& row : {Row{999, 0, 40, 0},
+                           {3'579'545, 0, 40, 143'160},
+                           {10'000'000, (std::int64_t{1} << 32) - 5, 40, 400'000},
+                           {1'000'000'000, 0, 1000, 1'000'000'000},
+                           {10'000'000, 0, 0, 0}}) {
+        SCOPED_TRACE(testing::Message() << row.frequency << " Hz, " << row.interval << " ms");
         clock_.setFrequency(row.frequency);
-        clock_.setCounter(row.counter);
+        clock_.setCounter(row.start);
         Timer timer(row.interval);
         startCounting(timer);
         EXPECT_EQ(timer.isRunning(), row.period != 0);
-        firings_ = 0;
-        clock_.setCounter(row.counter + row.period - 1);
-        timer.tick();
-        EXPECT_EQ(firings_, 0);
-        clock_.setCounter(row.counter + row.period);
-        timer.tick();
-        EXPECT_EQ(firings_, row.period != 0 ? 1 : 0);
+        clock_.setCounter(row.start + row.period - 1);
+        EXPECT_EQ(firingsAfter(timer, 0ms), 0);
+        clock_.setCounter(row.start + row.period);
+        EXPECT_EQ(firingsAfter(timer, 0ms), row.period != 0 ? 1 : 0);
     }
 }
 
@@ -136,22 +119,20 @@ TEST_F(TimerTest, ACallbackMayStopOrReplaceItself) {
 }
 
 TEST_F(TimerTest, TheListTicksInOrderOfTheStartsAlsoWhenTimersLeaveIt) {
-    std::vector<int> order;
+    std::string order;
     Timer next(40);
     Timer last(40);
     timer_.start(makeCallback([&] {
-        order.push_back(1);
+        order += "first ";
         next.stop();
         timer_.stop();
     }));
-    next.start(makeCallback([&] { order.push_back(2); }));
-    {
-        Timer(40).start(makeCallback([&] { order.push_back(3); }));
-    }
-    last.start(makeCallback([&] { order.push_back(4); }));
+    next.start(makeCallback([&] { order += "next "; }));
+    Timer(40).start(makeCallback([&] { order += "gone "; }));
+    last.start(makeCallback([&] { order += "last "; }));
     clock_.advance(40ms);
     TimerList::instance().tickAll();
-    EXPECT_EQ(order, (std::vector{1, 4}));
+    EXPECT_EQ(order, "first last ");
 }
 
 }  // namespace

@@ -47,20 +47,15 @@ TEST(DisplayMode, SettingsDecideAndAreUsedUpElseACapitalFAsksForTheFullScreen) {
         const char* commandLine;
         bool windowed;
     };
-    const Row rows[] = {
-        {"no key", {}, "", true},
-        {"no key", {}, "f", true},
-        {"no key", {}, "-F", false},
-        {"no key", {}, "some File", false},
-        {"no value", Value{}, "F", true},
-        {"on", Value{1, 0, 0, 0}, "", false},
-        {"off", Value{0, 0, 0, 0}, "F", true},
-        {"one byte", Value{1}, "", false},
-        {"on in a higher byte", Value{0, 0, 0, 1}, "", false},
-        {"five bytes do not fit", Value{1, 0, 0, 0, 0}, "F", true},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.what << ", command line '" << row.commandLine << "'");
+    for (const Row& row : {Row{"nothing", {}, "f", true},
+                           {"a word", {}, "-F", false},
+                           {"a word with an F", {}, "some File", false},
+                           {"a key without a value", Value{}, "F", true},
+                           {"off", Value{0, 0, 0, 0}, "F", true},
+                           {"one byte", Value{1}, "", false},
+                           {"on in a higher byte", Value{0, 0, 0, 1}, "", false},
+                           {"five bytes do not fit", Value{1, 0, 0, 0, 0}, "F", true}}) {
+        SCOPED_TRACE(row.what);
         const ScratchDirectory directory;
         const platform::testing::RegistryFile registry(directory.file("registry.txt"));
         if (row.settings) makeKey(*row.settings);

@@ -1,140 +1,87 @@
 // The game as a player starts it, played by scripts.
 
-#include <gtest/gtest.h>
-#include <sys/wait.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <string>
 #include <vector>
 
-#include "scratch_directory.h"
+#include "game_run.h"
 
 namespace grub {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+using testing::Contains;
+using testing::StartsWith;
 
-const std::string kGame = GRUB_BIN_DIR "/grubaway";
-const std::string kTool = GRUB_BIN_DIR "/grubtool";
-const std::string kData = GRUB_DATA_DIR;
-
-int exitCodeOf(const std::string& command) {
-    const int status = std::system(command.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-/// A working directory in which the game is played by a script.
-class Play {
-public:
-    explicit Play(const std::string& script, const std::string& options = "") {
-        directory_.write("play.script", Bytes(script.begin(), script.end()));
-        exitCode = exitCodeOf("cd '" + directory_.path().string() + "' && '" + kGame + "' --data '" + kData +
-                              "' --script play.script " + options + " 2>errors.txt");
-    }
-    [[nodiscard]] Bytes file(const std::string& name) const { return directory_.read(name); }
-    [[nodiscard]] std::string errors() const {
-        const Bytes bytes = file("errors.txt");
-        return {bytes.begin(), bytes.end()};
-    }
-    int exitCode = -1;
-
-private:
-    ScratchDirectory directory_;
-};
+using Play = GameRun;
 
 std::string at(int frame, const std::string& what) { return std::to_string(frame) + " " + what + "\n"; }
 
-TEST(Play, AKeyOfAGameFrameComesBeforeIt) {
-    const Play still(at(0, "shot 0.png") + at(1, "shot 1.png"));
-    const Play turning(at(1, "down Right") + at(0, "shot 0.png") + at(1, "shot 1.png"));
-    ASSERT_EQ(still.exitCode, 0) << still.errors();
-    ASSERT_EQ(turning.exitCode, 0) << turning.errors();
-    ASSERT_FALSE(still.file("1.png").empty());
-    EXPECT_EQ(still.file("0.png"), turning.file("0.png"));
-    EXPECT_NE(still.file("1.png"), turning.file("1.png")) << "he turns in frame 1";
+TEST_F(Play, AKeyOfAGameFrameComesBeforeIt) {
+    ASSERT_EQ(play(at(0, "shot 0.png") + at(1, "shot 1.png")), 0) << errors;
+    ASSERT_EQ(play(at(1, "down Right") + at(0, "shot same.png") + at(1, "shot turning.png")), 0) << errors;
+    EXPECT_NE(bytes("0.png"), Bytes());
+    EXPECT_EQ(bytes("0.png"), bytes("same.png"));
+    EXPECT_NE(bytes("1.png"), bytes("turning.png")) << "he turns in frame 1";
 }
 
-TEST(Play, TheSameScriptGivesTheSamePictures) {
-    const std::string script = at(1, "down Right") + at(70, "up Right") + at(71, "down Z") + at(90, "shot end.png");
-    const Play first(script);
-    const Play second(script);
-    ASSERT_EQ(first.exitCode, 0) << first.errors();
-    ASSERT_FALSE(first.file("end.png").empty());
-    EXPECT_EQ(first.file("end.png"), second.file("end.png"));
+TEST_F(Play, LevelsAreChosenByNumberAndTheirPicturesDiffer) {
+    ASSERT_EQ(play(at(5, "shot 2.png"), "--level 2"), 0) << errors;
+    ASSERT_EQ(play(at(5, "shot 20.png"), "--level 20"), 0) << errors;
+    EXPECT_NE(bytes("2.png"), bytes("20.png"));
 }
 
-TEST(Play, LevelsAreChosenByNumberAndTheirPicturesDiffer) {
-    const Play first(at(5, "shot a.png"), "--level 1");
-    const Play second(at(5, "shot a.png"), "--level 2");
-    const Play last(at(5, "shot a.png"), "--level 20");
-    EXPECT_NE(first.file("a.png"), second.file("a.png"));
-    EXPECT_NE(second.file("a.png"), last.file("a.png"));
-    EXPECT_NE(last.file("a.png"), Bytes{});
-}
-
-TEST(Play, TheFirstLevelCanBeWonAndTheSecondFollows) {
+TEST_F(Play, TheFirstLevelCanBeWonAndTheSecondFollows) {
     std::string script = at(1, "down Right") + at(55, "down Up") + at(78, "down Right") + at(90, "down Left") +
                          at(141, "down Up") + at(157, "down Left");
     constexpr int kFirst = 218;  // pictures: the game frames end with the first level
     constexpr int kLast = 238;
     for (int number = kFirst; number <= kLast; ++number)
         script += "picture " + std::to_string(number) + " shot " + std::to_string(number) + ".png\n";
-    const Play won(script);
-    const Play second(at(0, "shot start.png"), "--level 2");
-    ASSERT_EQ(won.exitCode, 0) << won.errors();
-    ASSERT_FALSE(second.file("start.png").empty());
-    int same = 0;
-    for (int number = kFirst; number <= kLast; ++number)
-        same += won.file(std::to_string(number) + ".png") == second.file("start.png");
-    EXPECT_GE(same, 1) << "the second level's first picture was not seen";
+    ASSERT_EQ(play(script), 0) << errors;
+    ASSERT_EQ(play(at(0, "shot start.png"), "--level 2"), 0) << errors;
+    std::vector<Bytes> shown;
+    for (int number = kFirst; number <= kLast; ++number) shown.push_back(bytes(std::to_string(number) + ".png"));
+    ASSERT_NE(bytes("start.png"), Bytes());
+    EXPECT_TRUE(std::ranges::count(shown, bytes("start.png")) > 0) << "the second level's first picture was not seen";
 }
 
-TEST(Play, AClosedWindowAndEscapeEndTheProgramWell) {
+TEST_F(Play, AClosedWindowAndEscapeEndTheProgramWell) {
     for (const char* how : {"close", "down Escape"}) {
-        const Play play(at(10, how));
-        EXPECT_EQ(play.exitCode, 0) << how << play.errors();
-        EXPECT_EQ(play.errors(), "") << how;
+        EXPECT_EQ(play(at(10, how)), 0) << how;
+        EXPECT_EQ(errors, "") << how;
     }
 }
 
-TEST(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
-    const Play noLevel(at(5, "shot a.png"), "--level 3");
-    EXPECT_EQ(noLevel.exitCode, 2);
-    EXPECT_TRUE(noLevel.errors().starts_with("grubaway: levels.pak does not hold levels\\turma\\level05.lvl; "))
-        << noLevel.errors();
-    EXPECT_EQ(std::ranges::count(noLevel.errors(), '\n'), 1) << noLevel.errors();
+TEST_F(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
+    EXPECT_EQ(play(at(5, "shot a.png"), "--level 3"), 2);
+    EXPECT_THAT(errors, StartsWith("grubaway: levels.pak does not hold levels\\turma\\level05.lvl; "));
+    EXPECT_THAT(errors, Contains('\n').Times(1));
     for (const char* script : {"5 dance\n", "5 close\n900 shot a.png\n"}) {
-        const Play wrong(script);
-        EXPECT_EQ(wrong.exitCode, 1) << script;
-        EXPECT_EQ(std::ranges::count(wrong.errors(), '\n'), 1) << wrong.errors();
+        EXPECT_EQ(play(script), 1) << script;
+        EXPECT_THAT(errors, Contains('\n').Times(1));
     }
 }
 
-TEST(Packages, AreSoundAndComeBackTheSameFromTheirFiles) {
-    const ScratchDirectory directory;
+using Packages = GameRun;
+
+TEST_F(Packages, AreSoundAndComeBackTheSameFromTheirFiles) {
     for (const std::string name : {"data64", "levels", "sound", "make_m64", "make_z64"}) {
-        const std::string package = "'" + kData + "/" + name + ".pak'";
-        const std::string folder = "'" + directory.file(name) + "'";
-        const std::string again = directory.file(name + ".pak");
-        EXPECT_EQ(exitCodeOf("'" + kTool + "' verify " + package + " >/dev/null"), 0) << name;
-        ASSERT_EQ(exitCodeOf("'" + kTool + "' extract " + package + " " + folder + " >/dev/null"), 0) << name;
-        ASSERT_EQ(exitCodeOf("'" + kTool + "' pack " + folder + " '" + again + "' >/dev/null"), 0) << name;
-        EXPECT_EQ(exitCodeOf("cmp -s " + package + " '" + again + "'"), 0) << name;
+        const std::string package = "'" GRUB_DATA_DIR "/" + name + ".pak' ";
+        EXPECT_EQ(run(kTool + "verify " + package), 0) << name << out;
+        ASSERT_EQ(run(kTool + "extract " + package + name), 0) << name << errors;
+        ASSERT_EQ(run(kTool + "pack " + name + " " + name + ".pak"), 0) << name << errors;
+        EXPECT_EQ(run("cmp -s " + package + name + ".pak"), 0) << name;
     }
 }
 
-TEST(Screen, ThatCannotBeReachedEndsTheProgramWithOneLine) {
-    for (const char* const display : {"", "DISPLAY=:9999"}) {
-        const ScratchDirectory directory;
-        const std::string inside = "cd '" + directory.path().string() + "' && env -u SDL_VIDEODRIVER -u DISPLAY ";
-        EXPECT_EQ(exitCodeOf(inside + "-u WAYLAND_DISPLAY " + display + " timeout 20 '" + kGame + "' --data '" + kData +
-                             "' 2>errors.txt"),
-                  1)
-            << display;
-        const Bytes errors = directory.read("errors.txt");
-        EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << std::string(errors.begin(), errors.end());
-        EXPECT_TRUE(std::string(errors.begin(), errors.end()).starts_with("video: no screen can be reached"));
+using Screen = GameRun;
+
+TEST_F(Screen, ThatCannotBeReachedEndsTheProgramWithOneLine) {
+    for (const std::string display : {"", "DISPLAY=:9999 "}) {
+        EXPECT_EQ(run("env -u SDL_VIDEODRIVER -u DISPLAY -u WAYLAND_DISPLAY " + display + "timeout 20 " + kGame), 1);
+        EXPECT_THAT(errors, StartsWith("video: no screen can be reached")) << display;
+        EXPECT_THAT(errors, Contains('\n').Times(1));
     }
 }
 
