@@ -26,11 +26,8 @@ TEST(Hero, Walks) {
         {"a tap takes the place of a held key", "@ . ./# # #", "1 down Right, 6 down Left, 6 up Left", "40: x=64"},
         {"a tap within a frame leaves its turn to wait for", ". @/# #", "1 down Right, 1 up Right, 2 down Left",
          "4: x=64; 5: x=56"},
-        {"a release takes back its own key only", "@ . ./# # #", "1 down Right, 3 down Up, 4 down Right, 5 up Up",
-         "20: x=128"},
         {"the release of the other direction changes nothing", "@ . ./# # #", "1 down Left, 2 down Right, 8 up Left",
          "20: x=128"},
-        {"reaches the last column", "# @ ./# # .", "1 down Right", "40: x=128 shows=334:0"},
         {"is heard once for each round of the strip", "@ . ./# # #", "1 down Right", "15: steps=5,9,13"},
     });
 }
@@ -48,7 +45,6 @@ TEST(Hero, Climbs) {
     expectScenarios({
         {"stands on top of a ladder", ". ./@ H/# #", "1 down Right, 12 up Right, 12 down Up", "40: map=.@/.H/##"},
         {"stops under a ceiling", "# #/@ H/# #", "1 down Right, 12 up Right, 12 down Up", "40: y=64"},
-        {"stops in the top row", "@ H/# #", "1 down Right, 12 up Right, 12 down Up", "40: y=0"},
         {"needs a ladder", ". ./@ H/# #", "1 down Up", "20: y=64"},
         {"turns back between rungs", "@/H/H/#", "1 down Down, 4 down Up, 5 down Down", "3: y=24; 4: y=16; 5: y=24"},
         {"lands when he stops at the foot", "@/H/H/#", "1 down Down, 20 up Down", "40: y=128 lands=17 falls="},
@@ -74,22 +70,14 @@ TEST(Hero, Digs) {
         {"opens the floor beside his feet", ". @ ./= = =/# # #", "1 down Z, 6 down X",
          "1: map=.@./_==/### break=1; 2: shows=80:1; 6: map=.@./_=_/###"},
         {"only turns where there is no floor", "@ ./# #", "1 down X", "1: looks=right digs=no break="},
-        {"for the one frame of the strip", "@ ./= =/# #", "1 down X, 2 down Right", "1: x=0; 2: x=8", {}, 1},
         {"for six frames", "@ ./= =/# #", "1 down X, 2 down Right", "1: shows=81:0; 6: x=0; 7: x=8", {}, 6},
         {"ends without a strip", ". @ ./= = =", "1 down Z, 2 down Right", "20: x=128 shows=334:0", {}, 0},
         {"Space waits for the next cell", "@ . ./= = =", "1 down Right, 7 down Space, 7 up Space", "40: break=12"},
         {"a released X does not", "@ . ./= = =", "1 down Right, 7 down X, 7 up X", "40: x=64 break="},
-        {"Z", ". @ ./= = =", "1 down Z", "3: map=.@./_=="},
-        {"A", ". @ ./= = =", "1 down A", "3: map=.@./_=="},
-        {"X", ". @ ./= = =", "1 down X", "3: map=.@./==_"},
-        {"B", ". @ ./= = =", "1 down B", "3: map=.@./==_"},
-        {"Space digs where he looks", ". @ ./= = =", "1 down Space", "3: map=.@./_=="},
-        {"Enter too", ". @ ./= = =", "1 down Right, 2 up Right, 2 down Enter", "3: map=.@./==_"},
-        {"a tap of Z within a frame is lost", ". @ ./= = =", "1 down Z, 1 up Z", "3: map=.@./==="},
-        {"a tap of A too", ". @ ./= = =", "1 down A, 1 up A", "3: map=.@./==="},
-        {"a tap of X too", ". @ ./= = =", "1 down X, 1 up X", "3: map=.@./==="},
-        {"a tap of B too", ". @ ./= = =", "1 down B, 1 up B", "3: map=.@./==="},
-        {"a tap of Enter is not", ". @ ./= = =", "1 down Enter, 1 up Enter", "3: map=.@./_=="},
+        {"a tap of A within a frame is lost", ". @ ./= = =", "1 down A, 1 up A, 2 down A",
+         "1: digs=no; 3: map=.@./_=="},
+        {"a tap of B too", ". @ ./= = =", "1 down B, 1 up B, 2 down B", "1: digs=no; 3: map=.@./==_"},
+        {"a tap of Enter digs where he looks", ". @ ./= = =", "1 down Enter, 1 up Enter", "3: map=.@./_=="},
         {"a second dig follows the first", ". @ ./= = =", "1 down Z, 2 down X", "20: break=1,5"},
     });
 }
@@ -109,7 +97,6 @@ TEST(Hero, LeavesTakenKeysToTheNextAttemptButNotTheOneUnderHisFeet) {
     next.collectedKeys.assign(world.world().collectedKeys().begin(), world.world().collectedKeys().end());
     auto again = worldFrom({"@ k k", "# # #"}, next);
     EXPECT_EQ(again.drawn(), (Drawing{"@ . k", "# # #"}));
-    EXPECT_EQ(again.world().keysRemaining(), 1);
     EXPECT_EQ(again.world().score(), 50);
     EXPECT_EQ(again.world().collectedKeys().size(), 1U) << "a third attempt must know it too";
 
@@ -118,7 +105,6 @@ TEST(Hero, LeavesTakenKeysToTheNextAttemptButNotTheOneUnderHisFeet) {
     World start(map, {}, AnimationFrameCounts::all(kDrawnFrames));
     start.step();
     EXPECT_EQ(start.score(), 50);
-    EXPECT_EQ(start.keysRemaining(), 0);
     EXPECT_TRUE(start.collectedKeys().empty());
 }
 
@@ -127,7 +113,6 @@ TEST(Hero, GrowsRestless) {
     expectScenarios({
         {"without a key", "@ ./# #", "", "124: shows=333:5; 125: shows=333:1; 126: shows=333:2", {}, 7},
         {"later after a key", "@ ./# #", "10 down Up", "134: shows=333:1; 135: shows=333:1; 136: shows=333:2", {}, 7},
-        {"not on a ladder", "@/H/#", "1 down Down, 4 up Down", "126: shows=79:5", {}, 6},
         {"not on a walk", "@.........................../############################", "1 down Right",
          "125: shows=76:1; 126: shows=76:1; 127: shows=76:2; 134: shows=76:1"},
     });
@@ -137,7 +122,6 @@ TEST(Hero, StandsStillBehindDialogsAndAfterTheEnd) {
     auto digging = worldFrom({"@ .", "= ="}, {}, AnimationFrameCounts::all(6)).script("1 down X").runTo(4);
     for (int i = 0; i < 50; ++i) digging.world().finishFrame(false);
     EXPECT_EQ(digging.world().heroFrame().frame, 3);
-    EXPECT_TRUE(digging.world().sounds().empty());
     EXPECT_FALSE(digging.runTo(6).world().hero().isDigging());
 
     auto ended = worldFrom({"@ . .", "# # #"}).script("1 down Right").runTo(8);

@@ -45,15 +45,6 @@ std::string joined(const Values& values, char between) {
     return all;
 }
 
-std::string distancesOf(const LevelMap& map, int row) {
-    std::vector<std::string> distances;
-    for (int x = 0; x < map.width(); ++x) {
-        const int distance = map.distanceAt(x, row);
-        distances.push_back(distance == DistanceField::kUnreached ? "." : std::to_string(distance));
-    }
-    return joined(distances, ',');
-}
-
 std::string pair(int first, char between, int second) {
     return std::to_string(first) + between + std::to_string(second);
 }
@@ -80,12 +71,15 @@ void addEnemy(State& state, const Enemy& enemy, const std::string& number) {
 
 void addCells(State& state, const LevelMap& map) {
     for (int y = 0; y < map.height(); ++y) {
-        state["far" + std::to_string(y)] = distancesOf(map, y);
+        std::vector<std::string> distances;
         for (int x = 0; x < map.width(); ++x) {
             const MapCell& cell = map.cellAt(x, y);
+            const int distance = map.distanceAt(x, y);
+            distances.push_back(distance == DistanceField::kUnreached ? "." : std::to_string(distance));
             state["is" + pair(x, ',', y)] = kFloors[static_cast<std::size_t>(cell.breakState)];
             state["shows" + pair(x, ',', y)] = pair(cell.sprite, ':', cell.frame);
         }
+        state["far" + std::to_string(y)] = joined(distances, ',');
     }
 }
 
@@ -101,7 +95,7 @@ State stateOf(const DrawnWorld& drawn) {
     state["draws"] = std::to_string(drawn.draws());
     state["bonuses"] = std::to_string(std::ranges::count_if(slots, [](const auto& slot) { return slot.has_value(); }));
     addHero(state, world);
-    for (std::size_t i = 0; i < world.enemies().size(); ++i) addEnemy(state, drawn.enemy(i), std::to_string(i + 1));
+    for (std::size_t i = 0; i < world.enemies().size(); ++i) addEnemy(state, world.enemies()[i], std::to_string(i + 1));
     addCells(state, world.map());
     for (const auto& [name, sound] : kSounds) state[name] = joined(drawn.framesOf(sound), ',');
     return state;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <initializer_list>
+#include <utility>
 
 namespace grub {
 
@@ -11,15 +12,10 @@ namespace {
 /// What is wrong; null when all is well.
 using Fault = const char*;
 
-/// A demand and what is wrong when it is not met.
-struct Demand {
-    bool met;
-    Fault fault;
-};
-
-Fault firstUnmet(std::initializer_list<Demand> demands) {
-    const auto unmet = std::ranges::find(demands, false, &Demand::met);
-    return unmet == demands.end() ? nullptr : unmet->fault;
+/// Of demands and what is wrong when they are not met.
+Fault firstUnmet(std::initializer_list<std::pair<bool, Fault>> demands) {
+    const auto unmet = std::ranges::find(demands, false, &std::pair<bool, Fault>::first);
+    return unmet == demands.end() ? nullptr : unmet->second;
 }
 
 bool isWithin(int value, int low, int high) { return value >= low && value <= high; }
@@ -37,11 +33,9 @@ Fault faultOfHero(const World& world) {
     return firstUnmet({
         {isInside(hero, world.map()), "the hero is outside the map"},
         {isOnGrid(hero), "the hero is off the grid"},
-        {hero.x % kHeroSpeed == 0 && hero.y % kHeroSpeed == 0, "the hero will miss his cell"},
         {speedIsHis, "the hero has another speed"},
         {isWithin(hero.shieldTimer(), 0, kShieldFrames), "the shield's timer"},
         {hero.isShielded() == (hero.shieldTimer() > 0), "a shield without time or time without a shield"},
-        {world.heroFrame().frame >= 0, "the hero's picture"},
     });
 }
 
@@ -55,10 +49,8 @@ Fault faultOf(const Enemy& enemy, const World& world) {
         {isOnGrid(enemy), "an enemy is off the grid"},
         {enemy.speed() == speed, "an enemy's speed is not that of the anchor's timer"},
         {isWithin(enemy.stripFrame().frame, 0, 7), "an enemy's picture"},
-        {static_cast<int>(enemy.direction()) <= 4, "an enemy's direction"},
         {isWithin(enemy.timer(), 0, timerLimit), "an enemy's timer"},
         {fastest == 0 || fastest == kEnemySpeed || fastest == kAnchoredSpeed, "an enemy has another speed"},
-        {enemy.vx == 0 || enemy.vy == 0, "an enemy goes askew"},
         {fastest == 0 || (enemy.x % fastest == 0 && enemy.y % fastest == 0), "an enemy will miss its cell"},
         {!isDead || fastest == 0, "a dead enemy moves"},
         {!isDead || (enemy.y == 0 && enemy.isAligned()), "a dead enemy lies about"},
@@ -72,12 +64,10 @@ Fault faultOfBonuses(const World& world) {
         const Fault fault = firstUnmet({
             {isWithin(slot->lifetime(), 1, kBonusFrames), "a bonus outlives its time"},
             {slot->isAligned() && isInside(*slot, world.map()), "a bonus lies beside a cell"},
-            {slot->isActive() != slot->isExpired(), "a bonus is neither there nor taken"},
         });
         if (fault != nullptr) return fault;
     }
     return firstUnmet({
-        {isWithin(bonuses.countdown, 1, kBonusInterval), "the countdown of bonuses"},
         {isWithin(bonuses.anchorTimer, 0, kAnchorFrames), "the anchor's timer"},
         {isWithin(bonuses.invisibilityTimer, 0, kInvisibleFrames), "the timer of invisibility"},
     });
@@ -99,7 +89,6 @@ Fault faultOf(const MapCell& cell, bool keysLie) {
         {cell.baseType == BlockType::Floor || cell.breakState == BreakState::Intact,
          "something broke that is no floor"},
         {isWithin(cell.timer, 0, kHoleFrames - 1), "a cell's timer"},
-        {cell.timer == 0 || cell.breakState < BreakState::Intact, "a whole floor counts down"},
         {cell.frame >= 0 && isWithin(cell.frameDelay, 0, cell.frameDelayReload), "a cell's picture"},
     });
 }
@@ -118,7 +107,6 @@ Fault faultOfMap(const World& world) {
     }
     return firstUnmet({
         {keys == map.keysRemaining(), "keys that remain are not the keys that lie"},
-        {map.collectedKeys().size() <= kMaxCollectedKeys, "too many keys are remembered"},
         {std::ranges::none_of(map.collectedKeys(), [&](CellPosition p) { return map.cellAt(p.x, p.y).keyPresent; }),
          "a key lies that is remembered as taken"},
     });
@@ -137,14 +125,11 @@ std::string faultOf(const World& world) {
 std::string faultOfStep(const World& before, const World& after) {
     const int keysTaken = before.keysRemaining() - after.keysRemaining();
     const Fault fault = firstUnmet({
-        {after.frame() == before.frame() + 1, "a step is not one frame"},
         {isWithin(keysTaken, 0, 2), "keys came back or went by the dozen"},
         {after.score() >= before.score() + keysTaken * kKeyScore, "points are missing"},
-        {(after.score() - before.score()) % kKeyScore == 0, "points that no rule gives"},
         {after.lives() >= before.lives(), "a life is lost within an attempt"},
         {std::abs(after.hero().x - before.hero().x) + std::abs(after.hero().y - before.hero().y) <= kHeroSpeed,
          "the hero jumped"},
-        {after.enemies().size() == before.enemies().size(), "an enemy came or went"},
     });
     return fault == nullptr ? std::string() : fault;
 }

@@ -6,31 +6,9 @@
 #include <string>
 #include <utility>
 
+#include "field_marks.h"
+
 namespace grub {
-
-namespace {
-
-char symbolOf(const MapCell& cell) {
-    if (cell.keyPresent) return 'k';
-    if (cell.isExit) return 'E';
-    if (cell.isSpawnPoint) return 's';
-    switch (cell.type) {
-        case BlockType::Floor: return '=';
-        case BlockType::Ladder: return 'H';
-        case BlockType::Pipe: return '-';
-        case BlockType::Solid: return '#';
-        case BlockType::Empty: break;
-        default: return '?';
-    }
-    if (cell.baseType == BlockType::Floor) return '_';
-    return cell.baseType == BlockType::HiddenLadder ? 'h' : '.';
-}
-
-char& symbolAt(Drawing& drawing, const Actor& actor) {
-    return drawing.rows[static_cast<std::size_t>(actor.cellY())][static_cast<std::size_t>(actor.cellX())];
-}
-
-}  // namespace
 
 DrawnWorld::DrawnWorld(const Drawing& drawing, const WorldStart& start, const AnimationFrameCounts& counts)
     : world_(mapFrom(drawing), start, counts), seed_(start.seed) {
@@ -69,14 +47,7 @@ void DrawnWorld::listen() {
     for (const SoundRequest& request : world_.sounds()) sounds_.push_back({world_.frame(), request});
 }
 
-Drawing DrawnWorld::drawn() const {
-    Drawing drawing = drawnMap(world_.map());
-    for (const Enemy& enemy : world_.enemies()) {
-        if (enemy.state() != EnemyState::Dead) symbolAt(drawing, enemy) = enemy.traits().mark;
-    }
-    symbolAt(drawing, world_.hero()) = '@';
-    return drawing;
-}
+Drawing DrawnWorld::drawn() const { return Drawing(drawField(world_.map(), marksOf(world_))); }
 
 int DrawnWorld::draws() const {
     WorldRandom random(seed_);
@@ -98,18 +69,17 @@ DrawnWorld worldFrom(const Drawing& drawing, const WorldStart& start, const Anim
 }
 
 Drawing drawnMap(const LevelMap& map) {
-    std::vector<std::string> rows;
-    for (int row = 0; row < map.height(); ++row) {
-        std::string line;
-        for (int column = 0; column < map.width(); ++column) line += symbolOf(map.cellAt(column, row));
-        rows.push_back(line);
+    std::vector<FieldMark> holes;
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x)
+            if (map.cellAt(x, y).breakState != BreakState::Intact) holes.push_back({'_', {x, y}});
     }
-    return Drawing(std::move(rows));
+    return Drawing(drawField(map, holes));
 }
 
-Attempt attemptOn(const Drawing& drawing, std::uint32_t seed) {
+Attempt attemptOn(const Drawing& drawing) {
     return {.map = mapFrom(drawing),
-            .random = WorldRandom(seed),
+            .random = WorldRandom(1),
             .frameCounts = AnimationFrameCounts::all(kDrawnFrames),
             .sounds = {},
             .enemies = {},

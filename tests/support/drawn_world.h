@@ -36,9 +36,7 @@ public:
     /// The world itself, to read it or to do to it what the helpers do not.
     [[nodiscard]] World& world() { return world_; }
     [[nodiscard]] const World& world() const { return world_; }
-    /// An enemy by its place in the list.
-    [[nodiscard]] const Enemy& enemy(std::size_t index = 0) const { return world_.enemies()[index]; }
-    /// The cells as they are now, with every living actor in the cell of its top left corner. Grub covers the others.
+    /// The field as a drawing: see drawField and marksOf.
     [[nodiscard]] Drawing drawn() const;
     /// How many numbers the world has drawn from its generator.
     [[nodiscard]] int draws() const;
@@ -62,11 +60,11 @@ inline constexpr int kDrawnFrames = 4;
 [[nodiscard]] DrawnWorld worldFrom(const Drawing& drawing, const WorldStart& start = {},
                                    const AnimationFrameCounts& counts = AnimationFrameCounts::all(kDrawnFrames));
 
-/// The cells of a map, without actors.
+/// The cells of a map without actors, with _ for open holes.
 [[nodiscard]] Drawing drawnMap(const LevelMap& map);
 
 /// A field to put single actors on, without a hero and with every distance unknown.
-[[nodiscard]] Attempt attemptOn(const Drawing& drawing, std::uint32_t seed = 1);
+[[nodiscard]] Attempt attemptOn(const Drawing& drawing);
 
 /// The smallest seed for which `fits` returns true; it gets a generator at its start.
 template <class Predicate>

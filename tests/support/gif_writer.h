@@ -65,8 +65,7 @@ struct GifParts {
     Bytes localTable{};
     Bytes extensions{};        ///< blocks between the global table and the image
     unsigned blockSize = 255;  ///< bytes in each sub-block
-    unsigned imageWidth = 0;   ///< 0: as the screen
-    unsigned imageHeight = 0;
+    unsigned imageHeight = 0;  ///< 0: as the screen
     bool interlaced = false;
 };
 
@@ -103,7 +102,7 @@ struct GifParts {
     appendAll(parts.extensions);
     file.push_back(0x2C);
     append(file, 0, 4);  // left, top
-    append(file, parts.imageWidth != 0 ? parts.imageWidth : parts.width, 2);
+    append(file, parts.width, 2);
     append(file, parts.imageHeight != 0 ? parts.imageHeight : parts.height, 2);
     file.push_back(static_cast<std::uint8_t>(gifTableFlags(parts.localTable) | (parts.interlaced ? 0x40 : 0)));
     appendAll(parts.localTable);

@@ -43,28 +43,17 @@ constexpr std::array kSymbols{Symbol{'.', kEmptyBlock, 0},
                               Symbol{'~', kEmptyBlock, object_code::kDrops}};
 
 CellRecord recordOf(char character) {
-    CellRecord record;
     for (const Symbol& symbol : kSymbols) {
-        if (symbol.character != character) continue;
-        record.base = symbol.block;
-        record.code = symbol.code;
-        record.layer2 = symbol.layer2;
-        return record;
+        if (symbol.character == character) return {.base = symbol.block, .layer2 = symbol.layer2, .code = symbol.code};
     }
     std::cerr << "no cell looks like '" << character << "' in a drawn map\n";
     std::abort();
 }
 
-std::string withoutBlanks(std::string_view line) {
-    std::string row(line);
-    std::erase(row, ' ');
-    return row;
-}
-
 }  // namespace
 
 Drawing::Drawing(std::initializer_list<std::string_view> lines) {
-    for (const std::string_view line : lines) rows.push_back(withoutBlanks(line));
+    for (const std::string_view line : lines) std::erase(rows.emplace_back(line), ' ');
 }
 
 Drawing::Drawing(std::vector<std::string> lines) : rows(std::move(lines)) {}
@@ -84,20 +73,8 @@ LevelFile drawnLevel(const Drawing& drawing) {
 }
 
 std::string drawnBlockTable() {
-    return "[1]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=90\r\n"
-           "[2]\r\ntype=2\r\n"
-           "[3]\r\ntype=3\r\n"
-           "[5]\r\ntype=5\r\n"
-           "[6]\r\ntype=6\r\nspriteRost=50\r\n"
-           "[8]\r\ntype=8\r\nspriteRost=169\r\n"
-           "[9]\r\ntype=9\r\n";
-}
-
-void addDrawnSpriteNumbers(SpriteNumbers& numbers) {
-    numbers.addSpriteNumber(88, 83);
-    numbers.addSpriteNumber(90, 84);
-    numbers.addSpriteNumber(50, 5);
-    numbers.addSpriteNumber(169, 99);
+    return "[1]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=90\r\n[2]\r\ntype=2\r\n[3]\r\ntype=3\r\n[5]\r\ntype=5\r\n"
+           "[6]\r\ntype=6\r\nspriteRost=50\r\n[8]\r\ntype=8\r\nspriteRost=169\r\n[9]\r\ntype=9\r\n";
 }
 
 LevelMap mapFrom(const Drawing& drawing) {
@@ -105,7 +82,8 @@ LevelMap mapFrom(const Drawing& drawing) {
     source.put(std::string(kBlockTableName), drawnBlockTable());
     LevelLoader loader(source);
     loader.loadBlockTypes();
-    addDrawnSpriteNumbers(loader.spriteNumbers());
+    for (const auto& [number, id] : {std::pair{88, 83}, {90, 84}, {50, 5}, {169, 99}})
+        loader.spriteNumbers().addSpriteNumber(number, static_cast<std::int16_t>(id));
     std::string reason;
     auto map = loader.build(drawnLevel(drawing), reason);
     if (!map) {

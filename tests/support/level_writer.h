@@ -36,8 +36,6 @@ struct Drawing {
 /// The block table of drawn levels: floors break with animation 83 and grow back with 84, hidden ladders appear as
 /// picture 5, exits open with animation 99.
 [[nodiscard]] std::string drawnBlockTable();
-/// Gives a loader the sprite numbers of `drawnBlockTable`.
-void addDrawnSpriteNumbers(SpriteNumbers& numbers);
 
 /// The map of a drawing, built the way the game builds it.
 [[nodiscard]] LevelMap mapFrom(const Drawing& drawing);
