@@ -8,7 +8,7 @@ namespace {
 // A picture drawn with letters: each is a colour of its own, a dot is what lies behind the picture.
 using Letters = std::vector<std::string>;
 
-Colour colourOf(char letter) { return {static_cast<std::uint8_t>(letter), 10, 20}; }
+using Pixels = std::vector<std::uint32_t>;  // 0x00RRGGBB
 
 class Textures : public ReadyRenderer {
 protected:
@@ -18,29 +18,25 @@ protected:
 
     bool upload(Texture& texture, const Letters& letters, TextureTransform transform) {
         std::vector<std::uint8_t> pixels;
-        for (const std::string& row : letters) {
-            for (const char letter : row) {
-                const Colour colour = colourOf(letter);
-                pixels.insert(pixels.end(), {colour.r, colour.g, colour.b});
-            }
-        }
+        for (const std::string& row : letters)
+            for (const char letter : row) pixels.insert(pixels.end(), {static_cast<std::uint8_t>(letter), 10, 20});
         return texture.upload(pixels.data(), transform, nullptr);
     }
 
-    ScreenPixels shownOverWhite(const Texture& texture) {
-        return frameOver(kWhite, [&] { EXPECT_TRUE(drawAt(0, 0, texture)); });
+    // The pixels of row `y` of the screen after a frame over white.
+    Pixels shownRow(const Texture& texture, int columns, int y = 0) {
+        const auto screen = frameOver(kWhite, [&] { EXPECT_TRUE(drawAt(0, 0, texture)); });
+        Pixels pixels;
+        for (int x = 0; x < columns; ++x) pixels.push_back(screen.at(x, y));
+        return pixels;
     }
 
     // The letters on the screen, as many as the surface has texels.
     Letters shown(const Texture& texture, int columns, int rows) {
-        const auto screen = shownOverWhite(texture);
-        Letters letters;
+        Letters letters(static_cast<std::size_t>(rows));
         for (int y = 0; y < rows; ++y) {
-            letters.emplace_back();
-            for (int x = 0; x < columns; ++x) {
-                const std::uint32_t pixel = screen.at(x, y);
-                letters.back() += pixel == rgb(kWhite) ? '.' : static_cast<char>(pixel >> 16);
-            }
+            for (const std::uint32_t pixel : shownRow(texture, columns, y))
+                letters[static_cast<std::size_t>(y)] += pixel == rgb(kWhite) ? '.' : static_cast<char>(pixel >> 16);
         }
         return letters;
     }
@@ -68,9 +64,7 @@ TEST_F(SquareTextures, AreTurnedAndMirrored) {
         const auto texture = textureOf(picture);
         ASSERT_TRUE(upload(*texture, picture, transform));
         EXPECT_EQ(shown(*texture, 4, 4), wanted) << static_cast<unsigned>(transform);
-        const bool turned = transform == TextureTransform::Rotate90 || transform == TextureTransform::Rotate270;
-        EXPECT_EQ(texture->width(), turned ? 2 : 3);
-        EXPECT_EQ(texture->height(), turned ? 3 : 2);
+        EXPECT_EQ(texture->width(), wanted[0].find('.')) << static_cast<unsigned>(transform);
     }
 }
 
@@ -99,13 +93,9 @@ TEST_F(Textures, TheKeyIsTheOnlyTransparentColourAndServesTheNextUpload) {
     const auto texture = makeTexture(4, 1);
     ASSERT_TRUE(texture->upload(kNearBrown, TextureTransform::Identity, nullptr));
     texture->setColourKey(kBrown);
-    EXPECT_EQ(shownOverWhite(*texture).at(0, 0), rgb(kBrown)) << "a key alone changes no pixel";
+    EXPECT_EQ(shownRow(*texture, 1), Pixels{rgb(kBrown)}) << "a key alone changes no pixel";
     ASSERT_TRUE(texture->upload(kNearBrown, TextureTransform::Identity, nullptr));
-    const auto screen = shownOverWhite(*texture);
-    EXPECT_EQ(screen.at(0, 0), rgb(kWhite));
-    EXPECT_EQ(screen.at(1, 0), 0x513619u);
-    EXPECT_EQ(screen.at(2, 0), 0x503719u);
-    EXPECT_EQ(screen.at(3, 0), 0x503618u);
+    EXPECT_EQ(shownRow(*texture, 4), (Pixels{rgb(kWhite), 0x513619, 0x503719, 0x503618}));
 }
 
 TEST_F(Textures, AnAlphaPlaneBeatsTheKey) {
@@ -113,21 +103,18 @@ TEST_F(Textures, AnAlphaPlaneBeatsTheKey) {
     texture->setColourKey(kBrown);
     constexpr std::uint8_t kAlpha[] = {255, 0, 0, 0};
     ASSERT_TRUE(texture->upload(kNearBrown, TextureTransform::Identity, kAlpha));
-    const auto screen = shownOverWhite(*texture);
-    EXPECT_EQ(screen.at(0, 0), rgb(kBrown));
-    EXPECT_EQ(screen.at(1, 0), rgb(kWhite));
+    EXPECT_EQ(shownRow(*texture, 2), (Pixels{rgb(kBrown), rgb(kWhite)}));
 }
 
 TEST_F(Textures, ACloneHasPixelsSizesAndKeyOfItsOwn) {
     const Letters picture{"abc", "def"};
     const auto texture = textureOf(picture);
-    texture->setColourKey(colourOf('e'));
+    texture->setColourKey({'e', 10, 20});
     ASSERT_TRUE(upload(*texture, picture, TextureTransform::FlipHorizontal));
     const std::unique_ptr<Texture> clone(texture->clone());
     ASSERT_TRUE(clone->isValid());
     ASSERT_TRUE(upload(*texture, {"ggg", "ggg"}, TextureTransform::Identity));
     EXPECT_EQ(shown(*clone, 4, 2), (Letters{"cba.", "f.d."}));
-    EXPECT_EQ(clone->width(), 3);
     ASSERT_TRUE(upload(*clone, picture, TextureTransform::Identity));
     EXPECT_EQ(shown(*clone, 4, 2), (Letters{"abc.", "d.f."})) << "the key went along";
 }
@@ -139,14 +126,11 @@ protected:
 
 TEST_F(SixteenBitTextures, KeepTheUpperFourBitsButCompareTheKeyWithAll) {
     const auto texture = makeTexture(2, 1, {{{0x1F, 0x80, 0xFF}}, {{0, 0, 0}, 0x9A}});
-    EXPECT_EQ(shownOverWhite(*texture).at(0, 0), 0x1188FFu);
-    EXPECT_EQ(shownOverWhite(*texture).at(1, 0), 0x666666u) << "opacity 0x99 over white";
-    EXPECT_EQ(shownOverWhite(*texture).at(2, 0), 0xFFFFFFu);
+    EXPECT_EQ(shownRow(*texture, 3), (Pixels{0x1188FF, 0x666666, 0xFFFFFF})) << "opacity 0x99 over white";
     texture->setColourKey({0x11, 0x22, 0x33});
     constexpr std::uint8_t kPixels[] = {0x11, 0x22, 0x33, 0x12, 0x22, 0x33};
     ASSERT_TRUE(texture->upload(kPixels, TextureTransform::Identity, nullptr));
-    EXPECT_EQ(shownOverWhite(*texture).at(0, 0), 0xFFFFFFu);
-    EXPECT_EQ(shownOverWhite(*texture).at(1, 0), 0x112233u);
+    EXPECT_EQ(shownRow(*texture, 2), (Pixels{0xFFFFFF, 0x112233}));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "ready_renderer.h"
 
-#include <sstream>
+#include <ios>
 
 namespace grub {
 namespace {
@@ -28,14 +28,12 @@ RendererWindow::RendererWindow() {
 RendererWindow::~RendererWindow() { DestroyWindow(handle_); }
 
 testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted) {
-    for (int y = 0; y < kScreenHeight; ++y) {
-        for (int x = 0; x < kScreenWidth; ++x) {
-            if (got.at(x, y) == wanted.at(x, y)) continue;
-            std::ostringstream difference;
-            difference << "pixel (" << x << ", " << y << ") is " << std::hex << got.at(x, y) << ", wanted "
-                       << wanted.at(x, y);
-            return testing::AssertionFailure() << difference.str();
-        }
+    for (int i = 0; i < kScreenWidth * kScreenHeight; ++i) {
+        const int x = i % kScreenWidth;
+        const int y = i / kScreenWidth;
+        if (got.at(x, y) == wanted.at(x, y)) continue;
+        return testing::AssertionFailure()
+               << std::hex << got.at(x, y) << ", wanted " << wanted.at(x, y) << std::dec << " at " << x << ", " << y;
     }
     return testing::AssertionSuccess();
 }
@@ -58,9 +56,7 @@ std::unique_ptr<Texture> ReadyRenderer::makeTexture(int width, int height, const
 }
 
 std::unique_ptr<Texture> ReadyRenderer::plainTexture(int width, int height, Colour colour) {
-    return makeTexture(
-        width, height,
-        std::vector<Texel>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Texel{colour}));
+    return makeTexture(width, height, std::vector<Texel>(static_cast<std::size_t>(width * height), Texel{colour}));
 }
 
 }  // namespace grub

@@ -6,9 +6,7 @@
 namespace grub {
 namespace {
 
-class TextureThreads : public ReadyRenderer {};
-
-TEST_F(TextureThreads, ALoaderMakesTexturesWhileTheGameDraws) {
+TEST_F(ReadyRenderer, ShowsTexturesThatALoaderMakesMeanwhile) {
     constexpr int kTextures = 200;
     std::vector<std::unique_ptr<Texture>> textures(kTextures);
     std::atomic<int> ready{0};
@@ -35,7 +33,7 @@ TEST_F(TextureThreads, ALoaderMakesTexturesWhileTheGameDraws) {
     }
 }
 
-TEST_F(TextureThreads, ATextureThatIsWrittenIsShownWholeOrNotAtAll) {
+TEST_F(ReadyRenderer, ShowsATextureThatIsWrittenWholeOrNotAtAll) {
     const auto texture = plainTexture(64, 64, kBlack);
     const std::jthread loader([&](const std::stop_token& stop) {
         for (unsigned i = 0; !stop.stop_requested(); ++i) {

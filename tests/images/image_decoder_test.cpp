@@ -28,23 +28,18 @@ TEST(CreateImageDecoder, ChoosesByTwoBytes) {
 
 TEST(PictureDecodes, NamesTheFault) {
     const Bytes gif = writeGif(4, 3, Bytes{1, 1, 1, 2, 2, 3, 0, 1, 1, 1, 2, 2}, Bytes(12, 7));
-    const struct {
-        Bytes file;
-        const char* fault;
-    } kCases[] = {
-        {gif, ""},
-        {bmpFile(2, 2, 24, Bytes(15)), "BMP: 2 x 2 pixels do not fit into a file of 69 bytes"},
-        {cut(gif, gif.size() - 4), "GIF: the image data ends before the picture is full"},
-        {Bytes{'P', 'K'}, "neither BMP, GIF nor JPEG"},
-    };
-    for (const auto& row : kCases) {
+    for (const auto& [file, wanted] :
+         {std::pair{gif, ""},
+          {bmpFile(2, 2, 24, Bytes(15)), "BMP: 2 x 2 pixels do not fit into a file of 69 bytes"},
+          {cut(gif, gif.size() - 4), "GIF: the image data ends before the picture is full"},
+          {Bytes{'P', 'K'}, "neither BMP, GIF nor JPEG"}}) {
         std::string fault = "old";
-        EXPECT_EQ(pictureDecodes(row.file, &fault), *row.fault == '\0') << row.fault;
-        EXPECT_EQ(fault, row.fault);
+        EXPECT_EQ(pictureDecodes(file, &fault), *wanted == '\0') << wanted;
+        EXPECT_EQ(fault, wanted);
     }
 }
 
-Bytes fromHex(const char* text) {
+Bytes fromHex(const std::string& text) {
     std::istringstream words(text);
     Bytes bytes;
     for (unsigned byte = 0; words >> std::hex >> byte;) bytes.push_back(static_cast<std::uint8_t>(byte));
@@ -53,24 +48,19 @@ Bytes fromHex(const char* text) {
 
 // The smallest files, as docs/formats/pictures.md prints them.
 TEST(PictureFormat, TheSmallestFilesDecode) {
-    const Bytes bmp = fromHex(
-        "42 4D 3A 0 0 0 0 0 0 0 36 0 0 0 28 0 0 0 1 0 0 0 1 0 0 0 1 0 18 0 "
-        "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 FF 0");
-    const Bytes gif = fromHex("47 49 46 38 39 61 1 0 1 0 80 0 0 0 0 0 FF 0 0 2C 0 0 0 0 1 0 1 0 0 2 2 4C 1 0 3B");
+    EXPECT_EQ(decoded(fromHex("42 4D 3A 0 0 0 0 0 0 0 36 0 0 0 28 0 0 0 1 0 0 0 1 0 0 0 1 0 18 0 0 0 0 0 0 0 0 0 0 0 "
+                              "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 FF 0"))
+                  .rgb,
+              (Bytes{255, 0, 0}));
+    EXPECT_EQ(decoded(fromHex("47 49 46 38 39 61 1 0 1 0 80 0 0 0 0 0 FF 0 0 2C 0 0 0 0 1 0 1 0 0 2 2 4C 1 0 3B")).rgb,
+              (Bytes{255, 0, 0}));
     // One grey component of one block. Its only coefficient has difference category 11, so 1024 above mid-grey.
-    Bytes jpeg = fromHex("FF D8 FF DB 0 43 0");
-    jpeg.insert(jpeg.end(), 64, 1);
-    const Bytes rest = fromHex(
-        "FF C4 0 14 0  1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 B "
-        "FF C4 0 14 10 1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 "
-        "FF C0 0 B 8 0 1 0 1 1 1 11 0 FF DA 0 8 1 1 0 0 3F 0 40 7 FF D9");
-    jpeg.insert(jpeg.end(), rest.begin(), rest.end());
-    EXPECT_EQ(bmp.size(), 58u);
-    EXPECT_EQ(decoded(bmp).rgb, (Bytes{255, 0, 0}));
-    EXPECT_EQ(gif.size(), 35u);
-    EXPECT_EQ(decoded(gif).rgb, (Bytes{255, 0, 0}));
-    EXPECT_EQ(jpeg.size(), 142u);
-    EXPECT_EQ(decoded(jpeg).rgb, (Bytes{255, 255, 255}));
+    std::string jpeg = "FF D8 FF DB 0 43 0 ";
+    for (int i = 0; i < 64; ++i) jpeg += "1 ";
+    jpeg +=
+        "FF C4 0 14 0  1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 B FF C4 0 14 10 1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 "
+        "FF C0 0 B 8 0 1 0 1 1 1 11 0 FF DA 0 8 1 1 0 0 3F 0 40 7 FF D9";
+    EXPECT_EQ(decoded(fromHex(jpeg)).rgb, (Bytes{255, 255, 255}));
 }
 
 }  // namespace
