@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "field_marks.h"
+#include "recorded_game.h"
 
 namespace grub {
 
