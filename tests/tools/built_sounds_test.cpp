@@ -42,21 +42,17 @@ constexpr EffectRow kEffects[] = {
     {"winlevel", -14, 2, 3},
 };
 
-/// Bytes of the file that sound.ini names for a key of "sound" or "music".
-std::vector<std::uint8_t> fileOf(const char* section, const char* key) {
+/// Bytes of the file that sound.ini names for a key of "sound" or "music"; nothing when there is none.
+SharedBuffer fileOf(const char* section, const char* key) {
     constexpr std::uint32_t kBuckets = 97;
     static ResourcePackage package(GRUB_DATA_DIR "/sound.pak");
     static const IniTable table(package.load("sound\\sound.ini"), kBuckets);
-    const EngineString name(std::string_view("sound\\" + std::string(table.getString(section, key).view())));
-    EXPECT_TRUE(package.exists(name)) << section << " " << key;
-    if (!package.exists(name)) return {};
-    const SharedBuffer bytes = package.load(name);
-    return {bytes.bytes().begin(), bytes.bytes().end()};
+    return package.load(EngineString("sound\\") + table.getString(section, key));
 }
 
 /// The same, decoded; an empty sound when that fails.
 SoundRecording soundOf(const char* section, const char* key) {
-    const auto decoded = decodeSound(fileOf(section, key));
+    const auto decoded = decodeSound(fileOf(section, key).bytes());
     EXPECT_TRUE(decoded) << section << " " << key;
     return decoded.value_or(SoundRecording{kMusicRate, {Samples(kMusicRate)}});
 }
@@ -86,13 +82,13 @@ TEST(Effects, FitTheirPlaceInPlay) {
     for (const EffectRow& row : kEffects) {
         SCOPED_TRACE(row.key);
         keys.insert(row.key);
-        const auto file = fileOf("sound", row.key);
+        const SharedBuffer file = fileOf("sound", row.key);
         const SoundRecording sound = soundOf("sound", row.key);
         // A longer file would be streamed; a streamed effect holds a slot and cannot sound again for seconds.
         EXPECT_LT(file.size(), 256U * 1024U);
         const auto canonical = wavBytes(sound.channels[0], sound.rate);
         ASSERT_EQ(file.size(), canonical.size()) << "more than the header and one channel";
-        EXPECT_TRUE(std::equal(canonical.begin(), canonical.begin() + 44, file.begin()));
+        EXPECT_TRUE(std::equal(canonical.begin(), canonical.begin() + 44, file.data()));
         const SoundMeasures measures = measureSound(sound);
         EXPECT_GE(measures.duration, row.shortest);
         EXPECT_LE(measures.duration, row.longest);
