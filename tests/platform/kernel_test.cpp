@@ -19,6 +19,7 @@ using std::chrono::milliseconds;
 
 TEST(Events, StayOrFallBackAsTheyWereMade) {
     for (const bool manualReset : {true, false}) {
+        SCOPED_TRACE(manualReset ? "manual" : "auto");
         const ScopedEvent event(manualReset, true);
         EXPECT_EQ(WaitForSingleObject(event.handle, 0), WAIT_OBJECT_0);
         EXPECT_EQ(WaitForSingleObject(event.handle, 1), manualReset ? WAIT_OBJECT_0 : WAIT_TIMEOUT);

@@ -9,6 +9,7 @@
 #include "desktop/input_map.h"
 #include "desktop/picture.h"
 #include "desktop/presenter.h"
+#include "desktop/window.h"
 #include "test_window.h"
 
 // Pictures on the screen, and what keys and mouse do in a window of any size.
@@ -99,10 +100,15 @@ TEST(MouseMessages, CountClicksAsWindowsDoes) {
 TEST(MouseMessages, ReachTheWindowInPixelsOfThePictureAtAnySize) {
     TestWindow window;
     present(window, kRed);
-    for (const auto& [width, height] : {std::pair{800, 600}, std::pair{1600, 900}, std::pair{1000, 700}}) {
+    struct Row {
+        int width, height, left;  // of the window, and where the picture starts in it
+    };
+    for (const auto& [width, height, left] : {Row{800, 600, 0}, Row{1600, 900, 200}, Row{1000, 700, 33}}) {
         SCOPED_TRACE(width);
         testing_::resizeWindow(window.handle(), width, height);
         window.pump();
+        const auto shown = platform::windowOf(window.handle());
+        EXPECT_EQ(shown->presenter.area(*shown->system).x, left);
         testing_::injectMouse(window.handle(), 1, true, 2, 123, 45);
         const auto heard = window.pump();
         const auto click = std::ranges::find(heard, UINT{WM_LBUTTONDBLCLK}, &TestWindow::Heard::message);
