@@ -28,13 +28,6 @@ TEST(BrokenFloor, RunsBackToItsOneFrame) {
     for (const int shown : {3, 2, 1, 0, 0}) EXPECT_EQ(world.run(1).world().map().cellAt(1, 1).frame, shown);
 }
 
-TEST(BrokenFloor, IsAnEmptyHole) {
-    LevelMap map = mapFrom({"@", "=", "#"});
-    map.cellAt(0, 1).holeOccupied = true;
-    breakFloor(map, 0, 1);
-    EXPECT_TRUE(map.isPassable(0, 1, View::Physical));
-}
-
 TEST(Pit, BuriesWhoIsInTheHoleWhenItCloses) {
     expectScenarios({
         {"sits in it", "@ . ./= = #/# # #", "1 down X, 8 down Right", "268: end=no; 269: end=Pit"},

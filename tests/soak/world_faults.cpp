@@ -114,23 +114,19 @@ Fault faultOfMap(const World& world) {
 
 }  // namespace
 
-std::string faultOf(const World& world) {
-    for (const Enemy& enemy : world.enemies())
-        if (const Fault fault = faultOf(enemy, world); fault != nullptr) return fault;
-    for (const Fault fault : {faultOfHero(world), faultOfBonuses(world), faultOfMap(world)})
-        if (fault != nullptr) return fault;
-    return {};
-}
-
-std::string faultOfStep(const World& before, const World& after) {
+std::string faultOf(const World& before, const World& after) {
     const int keysTaken = before.keysRemaining() - after.keysRemaining();
-    const Fault fault = firstUnmet({
+    Fault fault = firstUnmet({
         {isWithin(keysTaken, 0, 2), "keys came back or went by the dozen"},
         {after.score() >= before.score() + keysTaken * kKeyScore, "points are missing"},
         {after.lives() >= before.lives(), "a life is lost within an attempt"},
         {std::abs(after.hero().x - before.hero().x) + std::abs(after.hero().y - before.hero().y) <= kHeroSpeed,
          "the hero jumped"},
     });
+    for (const Enemy& enemy : after.enemies())
+        if (fault == nullptr) fault = faultOf(enemy, after);
+    for (const Fault other : {faultOfHero(after), faultOfBonuses(after), faultOfMap(after)})
+        if (fault == nullptr) fault = other;
     return fault == nullptr ? std::string() : fault;
 }
 

@@ -1,11 +1,14 @@
-// Recorded games as text: good ones come back the same, damaged ones are refused with the place and the reason.
-
-#include "game_text.h"
-
+// Recorded games: their text and what is refused in it; what is written down of a game; what differs first in a replay.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "bytes.h"
+#include "drawn_world.h"
+#include "game_player.h"
+#include "game_text.h"
+#include "scratch_directory.h"
 
 namespace grub {
 namespace {
@@ -27,9 +30,7 @@ RecordedGame read(const std::string& text) {
 
 TEST(GameText, WhatIsWrittenReadsBackAsTheSameGame) {
     const RecordedGame game = read(kGame);
-    EXPECT_EQ(game.start.collectedKeys, (std::vector<CellPosition>{{3, 4}, {99, 0}}));
     EXPECT_EQ(game.events[1], (KeyEvent{7, KeyAction::Up, PlayKey::Right}));
-    EXPECT_EQ(game.states[1].hash, 0x0123456789ABCDEFU);
     EXPECT_EQ(game.states[1].marks[2], (FieldMark{'D', {3, 7}}));
     EXPECT_EQ(game.end, (RecordedEnd{31, LossCause::Pit, 150, 4}));
     EXPECT_EQ(writeGame(game), kGame);
@@ -78,7 +79,6 @@ TEST(GameText, DamageIsRefusedWithItsPlace) {
         {" levels\\turma\\level01.lvl", "", 1, "wanted the level's name, found the end of"},
         {"49", "50", 2, "wanted an index from 0 to 49, found '50'"},
         {"49", "49 3", 2, "wanted the end of the line, found '3'"},
-        {"4294967295", "4294967296", 3, "wanted a seed from 0 to 4294967295, found '4294967296'"},
         {"99,0", "100,0", 6, "found '100,0'"},
         {"1 down Right", "1 press Right", 9, "wanted 'down', 'up', 'other', 'hash' or 'end'"},
         {"7 other", "6 other", 11, "wanted a game frame from 7, found '6'"},
@@ -117,6 +117,118 @@ TEST(KeyFile, TakesNothingButItsTenKeysAndFramesFromOne) {
         EXPECT_FALSE(readKeyFile("5 down Up\n" + std::string(bad), error)) << bad;
         EXPECT_EQ(error.line, 2) << bad;
     }
+}
+
+/// Three cells to a key, which is in reach half a cell before it, one more to the exit.
+const Drawing kWay{"@ . . k E", "# # # # #"};
+
+World freshWorld() { return worldFrom(kWay).world(); }
+
+const std::vector<KeyEvent> kToTheRight{{1, KeyAction::Down, PlayKey::Right}};
+
+RecordedGame recordedGame() {
+    RecordedGame game;
+    game.events = kToTheRight;
+    World world = freshWorld();
+    EXPECT_TRUE(record(game, world));
+    return game;
+}
+
+TEST(GameRecorder, PutsDownEverySecondAndTheEnd) {
+    const RecordedGame game = recordedGame();
+    ASSERT_EQ(game.states.size(), 3U);
+    EXPECT_EQ(game.states[1].frame, 25);
+    // Three frames to turn, eight for each of four cells.
+    EXPECT_EQ(game.states[2].frame, 35);
+    EXPECT_EQ(game.end, (RecordedEnd{35, LossCause::Won, 1050, 0}));
+    World world = freshWorld();
+    EXPECT_TRUE(replay(game, world));
+}
+
+TEST(GameRecorder, WritesWhatThePlayerDidAndNotTheFrameInWhichHeLeft) {
+    World world = freshWorld();
+    GameRecorder recorder("drawn", {});
+    recorder.frame(world);
+    recorder.event(world, KeyAction::Down, PlayKey::Right);
+    world.keyDown(PlayKey::Right);
+    for (int frame = 1; frame <= 31; ++frame) {
+        if (frame == 31) {
+            recorder.event(world, KeyAction::Other);  // the key by which he leaves
+            world.end(LossCause::Quit);
+        }
+        world.step();
+        world.finishFrame(true);
+        recorder.frame(world);
+    }
+    const RecordedGame game = recorder.game();
+    EXPECT_EQ(game.events, kToTheRight);
+    EXPECT_EQ(game.end, (RecordedEnd{30, LossCause::Quit, 50, 0}));
+    World again = freshWorld();
+    EXPECT_TRUE(replay(game, again)) << differenceAt(game, again).value_or("");
+}
+
+TEST(GameRecorder, GivesUpWhereTheKeysReachNoEnd) {
+    RecordedGame game;
+    World world = freshWorld();
+    EXPECT_FALSE(record(game, world));
+    game.end = {40, LossCause::Quit, 0, 0};
+    world = freshWorld();
+    EXPECT_TRUE(record(game, world)) << "unless he leaves";
+    EXPECT_EQ(game.end, (RecordedEnd{40, LossCause::Quit, 0, 1}));
+}
+
+TEST(GamePlayer, FindsTheFirstDifference) {
+    const struct {
+        void (*change)(RecordedGame&);
+        int frame;
+        const char* told;
+    } rows[] = {
+        {[](RecordedGame& g) { g.states[0].hash ^= 1; }, 0, "frame 0: the hash of the state differs"},
+        {[](RecordedGame& g) { g.states[2].hash ^= 1; }, 35, "frame 35: the hash"},
+        {[](RecordedGame& g) { g.events.clear(); }, 25, "frame 25: the hash"},
+        {[](RecordedGame& g) { g.end->score = 7; }, 35,
+         "frame 35: recorded Won, score 7, keys 0; played Won, score 1050"},
+        {[](RecordedGame& g) { g.end->frame = 90; }, 35, "frame 35: recorded goes on; played Won, score 1050, keys 0"},
+        {[](RecordedGame& g) { g.end->frame = 30; }, 30, "frame 30: recorded Won, score 1050, keys 0; played goes on"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.told);
+        RecordedGame game = recordedGame();
+        row.change(game);
+        World world = freshWorld();
+        EXPECT_FALSE(replay(game, world));
+        EXPECT_EQ(world.frame(), row.frame);
+        EXPECT_THAT(differenceAt(game, world).value_or(""), testing::StartsWith(row.told));
+    }
+}
+
+TEST(FieldMarks, TellWhatMovesAndWhatHasGone) {
+    // The dog falls into the hole that Grub has dug.
+    auto world = worldFrom({"@ . . d k E h +", "= = = = = = = ="});
+    world.script("1 down X, 2 up X").runTo(62);
+    EXPECT_EQ(marksOf(world.world()),
+              (std::vector<FieldMark>{{'_', {1, 1}}, {'k', {4, 0}}, {'+', {7, 0}}, {'D', {1, 1}}, {'@', {0, 0}}}));
+    EXPECT_EQ(drawField(world.world().map(), {{'@', {2, 0}}, {'d', {200, 0}}}),
+              (std::vector<std::string>{"..@..EH.", "========"}))
+        << "without a key the ladder is there; what is outside is not drawn";
+}
+
+TEST(GameFile, ThatCannotBeReadSaysSo) {
+    const ScratchDirectory scratch;
+    std::string error;
+    EXPECT_FALSE(loadGame(scratch.file("none.game"), error));
+    EXPECT_EQ(error, scratch.file("none.game") + ": cannot be read");
+    scratch.write("bad.game", bytesOf("# so\nlevel a\nseed\n"));
+    EXPECT_FALSE(loadGame(scratch.file("bad.game"), error));
+    EXPECT_EQ(error, scratch.file("bad.game") + ":3: wanted index, found 'seed'");
+}
+
+TEST(GameFile, ALevelIsANameOfTheListOrLiesBesideTheGame) {
+    RecordedGame game;
+    game.level = "levels\\turma\\level22.lvl";
+    EXPECT_EQ(levelFileOf(game, "/games/a.game"), std::nullopt);
+    game.level = "../mine/well.txt";
+    EXPECT_EQ(levelFileOf(game, "/games/a.game"), "/games/../mine/well.txt");
 }
 
 }  // namespace
