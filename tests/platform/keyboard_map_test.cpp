@@ -6,7 +6,7 @@
 namespace {
 
 using platform::KeyboardMap;
-using platform::KeyMessage;
+using platform::WindowKey;
 
 constexpr std::int32_t kCyrillicYa = 0x44F;
 constexpr std::int32_t kEAcute = 0xE9;
@@ -42,12 +42,12 @@ TEST(KeyboardMap, MakesWindowsMessagesOfPlacesLayoutsAndModifiers) {
          }) {
         SCOPED_TRACE(row.what);
         KeyboardMap map;
-        const KeyMessage expected{row.message, row.virtualKey};
+        const WindowKey expected{row.message, row.virtualKey};
         EXPECT_EQ(map.translate({row.place, row.symbol, row.modifiers, true}), expected);
         EXPECT_EQ(map.translate({row.place, row.symbol, row.modifiers, true}), expected) << "repeated";
         // A release belongs to what was pressed, whatever changed meanwhile.
         const unsigned changed = row.modifiers ^ KMOD_NUM;
-        EXPECT_EQ(map.translate({row.place, '?', changed, false}), (KeyMessage{WM_KEYUP, row.virtualKey}));
+        EXPECT_EQ(map.translate({row.place, '?', changed, false}), (WindowKey{WM_KEYUP, row.virtualKey}));
     }
 }
 
@@ -72,7 +72,7 @@ TEST(NamedKeys, AreThoseOfScripts) {
                                            Row{"x", 'X'}, Row{"0", '0'}, Row{"Alt", 0x12}, Row{",", 0xBC}}) {
         const auto stroke = platform::namedKey(name, true);
         ASSERT_TRUE(stroke) << name;
-        EXPECT_EQ(KeyboardMap().translate(*stroke).value_or(KeyMessage{}).virtualKey, virtualKey) << name;
+        EXPECT_EQ(KeyboardMap().translate(*stroke).value_or(WindowKey{}).virtualKey, virtualKey) << name;
     }
     EXPECT_FALSE(platform::namedKey("", true));
     EXPECT_FALSE(platform::namedKey("Nowhere", true));

@@ -7,8 +7,8 @@
 
 #include "control/testing.h"
 #include "desktop/input_map.h"
-#include "desktop/picture.h"
 #include "desktop/presenter.h"
+#include "desktop/screen_picture.h"
 #include "desktop/window.h"
 #include "test_window.h"
 
@@ -16,8 +16,8 @@
 namespace {
 
 namespace testing_ = platform::testing;
-using platform::MouseButton;
 using platform::PictureArea;
+using platform::PointerButton;
 
 constexpr std::uint32_t kRed = 0xFFFF0000;
 constexpr std::uint32_t kGreen = 0xFF00FF00;
@@ -31,7 +31,7 @@ bool present(const TestWindow& window, std::uint32_t colour) {
     return platform::showFrame(window.handle(), pixels.data(), 800, 600, 800 * 4);
 }
 
-std::uint32_t pixelAt(const testing_::Picture& picture, int x, int y) {
+std::uint32_t pixelAt(const testing_::ScreenPicture& picture, int x, int y) {
     return picture.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
                              static_cast<std::size_t>(x));
 }
@@ -72,21 +72,21 @@ TEST(PictureArea, FindsEveryColumnAgainAndKeepsTheSideOutside) {
 TEST(MouseMessages, CountClicksAsWindowsDoes) {
     struct Row {
         const char* what;
-        MouseButton button;
+        PointerButton button;
         bool down;
         int clicks;
         UINT withDoubleClicks, without;  // 0: no message
     };
     for (const auto& row : {
-             Row{"pressed", MouseButton::Left, true, 1, WM_LBUTTONDOWN, WM_LBUTTONDOWN},
-             Row{"pressed twice", MouseButton::Left, true, 2, WM_LBUTTONDBLCLK, WM_LBUTTONDOWN},
-             Row{"pressed thrice", MouseButton::Left, true, 3, WM_LBUTTONDOWN, WM_LBUTTONDOWN},
-             Row{"released", MouseButton::Left, false, 2, WM_LBUTTONUP, WM_LBUTTONUP},
-             Row{"right", MouseButton::Right, true, 1, WM_RBUTTONDOWN, WM_RBUTTONDOWN},
-             Row{"right, four times", MouseButton::Right, true, 4, WM_RBUTTONDBLCLK, WM_RBUTTONDOWN},
-             Row{"right, released", MouseButton::Right, false, 1, WM_RBUTTONUP, WM_RBUTTONUP},
-             Row{"middle", MouseButton::Middle, true, 1, 0, 0},
-             Row{"moved", MouseButton::None, false, 0, WM_MOUSEMOVE, WM_MOUSEMOVE},
+             Row{"pressed", PointerButton::Left, true, 1, WM_LBUTTONDOWN, WM_LBUTTONDOWN},
+             Row{"pressed twice", PointerButton::Left, true, 2, WM_LBUTTONDBLCLK, WM_LBUTTONDOWN},
+             Row{"pressed thrice", PointerButton::Left, true, 3, WM_LBUTTONDOWN, WM_LBUTTONDOWN},
+             Row{"released", PointerButton::Left, false, 2, WM_LBUTTONUP, WM_LBUTTONUP},
+             Row{"right", PointerButton::Right, true, 1, WM_RBUTTONDOWN, WM_RBUTTONDOWN},
+             Row{"right, four times", PointerButton::Right, true, 4, WM_RBUTTONDBLCLK, WM_RBUTTONDOWN},
+             Row{"right, released", PointerButton::Right, false, 1, WM_RBUTTONUP, WM_RBUTTONUP},
+             Row{"middle", PointerButton::Middle, true, 1, 0, 0},
+             Row{"moved", PointerButton::None, false, 0, WM_MOUSEMOVE, WM_MOUSEMOVE},
          }) {
         SCOPED_TRACE(row.what);
         EXPECT_EQ(platform::mouseMessage(row.button, row.down, row.clicks, true).value_or(0), row.withDoubleClicks);

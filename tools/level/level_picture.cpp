@@ -91,9 +91,9 @@ RgbaPicture plainCell(BlockType type) {
 }
 
 /// Draws onto one page, layer by layer over the whole map, in the order of the game.
-class LevelPainter {
+class MapPainter {
 public:
-    LevelPainter(const LevelMap& map, PictureBook& book)
+    MapPainter(const LevelMap& map, PictureBook& book)
         : map_(map), book_(book), page_{map.width() * kCellSize, map.height() * kCellSize, {}} {
         for (int i = 0; i < page_.width * page_.height; ++i) page_.rgba.insert(page_.rgba.end(), {0, 0, 0, 255});
     }
@@ -191,6 +191,6 @@ bool writePng(const std::filesystem::path& path, const RgbaPicture& picture) {
     return png_image_write_to_file(&image, path.c_str(), 0, picture.rgba.data(), 0, nullptr) != 0;
 }
 
-RgbaPicture drawLevel(const LevelMap& map, PictureBook& book) { return LevelPainter(map, book).paint(); }
+RgbaPicture drawLevel(const LevelMap& map, PictureBook& book) { return MapPainter(map, book).paint(); }
 
 }  // namespace grub

@@ -13,7 +13,7 @@ constexpr std::uint32_t kHeaderSize = 40;
 /// 72 dots an inch, in dots a metre.
 constexpr std::uint32_t kResolution = 2835;
 
-class Bytes {
+class FileBytes {
 public:
     void u16(std::uint32_t value) {
         bytes_.push_back(static_cast<std::uint8_t>(value));
@@ -34,7 +34,7 @@ private:
 
 std::vector<std::uint8_t> bmpBytes(const PixelImage& image) {
     const auto size = static_cast<std::uint32_t>(image.pixels.size() * 4);
-    Bytes out;
+    FileBytes out;
     out.u16(0x4d42);  // "BM"
     out.u32(kPixelOffset + size);
     out.u32(0);

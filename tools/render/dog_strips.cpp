@@ -83,7 +83,7 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
 /// Row of the middle of a paw on the ground.
 constexpr double kPawRow = 56.1;
 
-struct FrontPose {
+struct DogFrontPose {
     double body = 0;   // pixels the body is lower
     double head = 30;  // row of the head's middle
     double tilt = 0;
@@ -95,7 +95,7 @@ struct FrontPose {
     Side hindSide = Side::Near;
 };
 
-void drawFront(Canvas& canvas, const FrontPose& pose, const DogFace& face) {
+void drawFront(Canvas& canvas, const DogFrontPose& pose, const DogFace& face) {
     const Point down{0, pose.body};
     drawDogForeleg(canvas, Point{20, 45} + down, pose.hindLeft, 1, pose.hindSide);
     drawDogForeleg(canvas, Point{44, 45} + down, pose.hindRight, -1, pose.hindSide);

@@ -96,7 +96,7 @@ void drawClimb(Canvas& canvas, FrameOf frame) {
 
 // ---- seen from the front
 
-struct FrontPose {
+struct LadyFrontPose {
     Point shift{0, 0};
     double tilt = 0;
     double flare = 0;
@@ -114,7 +114,7 @@ void drawFrontArm(Canvas& canvas, Point shoulder, Point hand, double bend) {
     drawLadyArm(canvas, shoulder, hand, hand.y < shoulder.y ? -bend : bend, Side::Near);
 }
 
-void drawFront(Canvas& canvas, const FrontPose& pose, const LadyFace& face) {
+void drawFront(Canvas& canvas, const LadyFrontPose& pose, const LadyFace& face) {
     drawLadyLegFromFront(canvas, Point{28, 48} + pose.shift, pose.soleLeft);
     drawLadyLegFromFront(canvas, Point{36, 48} + pose.shift, pose.soleRight);
     {

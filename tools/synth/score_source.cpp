@@ -14,7 +14,7 @@ constexpr double kAccent = 1.5;
 /// Beats are written with few digits: thirds do not add up exactly.
 constexpr double kBeatSlack = 0.02;
 
-struct HeadKey {
+struct ScoreHeadKey {
     std::string_view key;
     double Score::*field;
     double low;
@@ -22,9 +22,9 @@ struct HeadKey {
 };
 
 constexpr std::array kHeadKeys{
-    HeadKey{"tempo", &Score::tempo, 20, 400},         HeadKey{"bar", &Score::bar, 1, 16},
-    HeadKey{"loudness", &Score::loudness, -60, -1},   HeadKey{"room", &Score::room, -60, 0},
-    HeadKey{"roomdecay", &Score::roomDecay, 0.01, 2},
+    ScoreHeadKey{"tempo", &Score::tempo, 20, 400},         ScoreHeadKey{"bar", &Score::bar, 1, 16},
+    ScoreHeadKey{"loudness", &Score::loudness, -60, -1},   ScoreHeadKey{"room", &Score::room, -60, 0},
+    ScoreHeadKey{"roomdecay", &Score::roomDecay, 0.01, 2},
 };
 
 template <typename Named>
@@ -63,7 +63,7 @@ private:
             form_ = line;
             return true;
         }
-        for (const HeadKey& key : kHeadKeys) {
+        for (const ScoreHeadKey& key : kHeadKeys) {
             if (key.key != line.words[0]) continue;
             if (line.words.size() != 2) return refuse(error_, line.number, "one value", line.words.back());
             if (!readNumber(line.words[1], key.low, key.high, line.number, score_.*(key.field), error_)) return false;

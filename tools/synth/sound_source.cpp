@@ -15,7 +15,7 @@ namespace grub {
 
 namespace {
 
-struct HeadKey {
+struct SoundHeadKey {
     std::string_view key;
     double SoundSource::*field;
     double low;
@@ -23,13 +23,13 @@ struct HeadKey {
 };
 
 constexpr std::array kHeadKeys{
-    HeadKey{"length", &SoundSource::length, 0.01, 10},      HeadKey{"rate", &SoundSource::rate, 8000, 48000},
-    HeadKey{"loudness", &SoundSource::loudness, -60, -1},   HeadKey{"room", &SoundSource::room, -60, 20},
-    HeadKey{"roomdecay", &SoundSource::roomDecay, 0.01, 2}, HeadKey{"drive", &SoundSource::drive, 0.1, 20},
+    SoundHeadKey{"length", &SoundSource::length, 0.01, 10},      SoundHeadKey{"rate", &SoundSource::rate, 8000, 48000},
+    SoundHeadKey{"loudness", &SoundSource::loudness, -60, -1},   SoundHeadKey{"room", &SoundSource::room, -60, 20},
+    SoundHeadKey{"roomdecay", &SoundSource::roomDecay, 0.01, 2}, SoundHeadKey{"drive", &SoundSource::drive, 0.1, 20},
 };
 
 bool readHeadLine(const SourceLine& line, SoundSource& source, TextError& error) {
-    for (const HeadKey& key : kHeadKeys) {
+    for (const SoundHeadKey& key : kHeadKeys) {
         if (key.key != line.words[0]) continue;
         if (line.words.size() != 2) return refuse(error, line.number, "one value", line.words.back());
         if (!readNumber(line.words[1], key.low, key.high, line.number, source.*(key.field), error)) return false;

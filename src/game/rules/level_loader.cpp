@@ -26,7 +26,7 @@ namespace {
 constexpr std::uint32_t kBlockTableBuckets = 3000;
 
 /// A section of the block table; its strip numbers are already animation ids.
-struct Block {
+struct BlockTraits {
     std::optional<BlockType> type;
     std::optional<std::int16_t> sprite;
     std::int16_t fireSprite = kNoSprite;
@@ -39,14 +39,14 @@ class Blocks {
 public:
     Blocks(const IniTable& table, const SpriteNumbers& numbers) : table_(table), numbers_(numbers) {}
 
-    const Block& operator[](std::uint16_t id) {
+    const BlockTraits& operator[](std::uint16_t id) {
         const auto known = known_.find(id);
         return known != known_.end() ? known->second : known_.emplace(id, read(id)).first->second;
     }
 
 private:
-    [[nodiscard]] Block read(std::uint16_t id) const {
-        Block block;
+    [[nodiscard]] BlockTraits read(std::uint16_t id) const {
+        BlockTraits block;
         const EngineString section(std::string_view(std::to_string(id)));
         const auto strip = [&](const char* key) { return numbers_.spriteIdOf(table_.getInt(section, key)); };
         if (table_.has(section, "type")) block.type = blockTypeOf(table_.getInt(section, "type"));
@@ -59,7 +59,7 @@ private:
 
     const IniTable& table_;
     const SpriteNumbers& numbers_;
-    std::unordered_map<std::uint16_t, Block> known_;
+    std::unordered_map<std::uint16_t, BlockTraits> known_;
 };
 
 /// The animation id of a block that names no strip.
@@ -90,7 +90,7 @@ void settleType(MapCell& cell) {
     }
 }
 
-void applyBase(MapCell& cell, const Block& block) {
+void applyBase(MapCell& cell, const BlockTraits& block) {
     cell.type = block.type.value_or(BlockType::Empty);
     cell.baseType = cell.type;
     cell.sprite = block.sprite && *block.sprite >= 0 ? *block.sprite : defaultSprite(cell.baseType);
@@ -104,7 +104,7 @@ void applyBase(MapCell& cell, const Block& block) {
 /// A layer is an ornament; only on an empty base its block also says how the cell behaves.
 void applyLayer(MapCell& cell, std::int16_t& layerSprite, std::uint16_t id, Blocks& blocks) {
     if (id == 0) return;
-    const Block& block = blocks[id];
+    const BlockTraits& block = blocks[id];
     layerSprite = block.sprite.value_or(0);
     if (cell.baseType == BlockType::Empty && block.type) {
         cell.type = *block.type;

@@ -13,8 +13,8 @@
 #include <utility>
 
 #include "desktop/input_map.h"
-#include "desktop/picture.h"
 #include "desktop/presenter.h"
+#include "desktop/screen_picture.h"
 #include "desktop/video.h"
 #include "desktop/window.h"
 #include "dsound/sound_card.h"

@@ -124,14 +124,14 @@ std::uint64_t presentedPictures(HWND handle) {
     return window ? window->presenter.count() : 0;
 }
 
-Picture lastPicture(HWND handle) {
+ScreenPicture lastPicture(HWND handle) {
     const auto window = windowOf(handle);
-    return window ? window->presenter.latest() : Picture{};
+    return window ? window->presenter.latest() : ScreenPicture{};
 }
 
-Picture screen(HWND handle) {
+ScreenPicture screen(HWND handle) {
     const auto window = windowOf(handle);
-    return window ? window->presenter.readBack() : Picture{};
+    return window ? window->presenter.readBack() : ScreenPicture{};
 }
 
 void blankScreen(HWND handle) {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "desktop/message_box.h"
-#include "desktop/picture.h"
+#include "desktop/screen_picture.h"
 #include "kernel/clock.h"
 
 /// Controls for tests: input, message boxes, desktop, registry file, pictures. An object undoes its work at its end; at
@@ -19,7 +19,7 @@
 namespace platform::testing {
 
 using platform::HandDrivenClock;
-using platform::Picture;
+using platform::ScreenPicture;
 
 /// Keeps message boxes off the screen and remembers them.
 class MessageBoxRecorder {
@@ -78,9 +78,9 @@ void injectClose(HWND window);
 /// Pictures handed to the window since it was created, whether or not they reached the screen; 0 when it is gone.
 [[nodiscard]] std::uint64_t presentedPictures(HWND window);
 /// The picture last handed to the window. Empty when there is none.
-[[nodiscard]] Picture lastPicture(HWND window);
+[[nodiscard]] ScreenPicture lastPicture(HWND window);
 /// What the screen shows of the window, read back. Only on the window's thread.
-[[nodiscard]] Picture screen(HWND window);
+[[nodiscard]] ScreenPicture screen(HWND window);
 /// Makes the window's pixels black, as a window that passes over it would. Only on the window's thread.
 void blankScreen(HWND window);
 /// The client area in pixels of the desktop. Only on the window's thread.

@@ -151,16 +151,16 @@ UINT padCharacter(UINT virtualKey) {
 
 }  // namespace
 
-std::optional<KeyMessage> KeyboardMap::translate(const KeyStroke& stroke) {
+std::optional<WindowKey> KeyboardMap::translate(const KeyStroke& stroke) {
     if (stroke.scanCode < 0 || static_cast<std::size_t>(stroke.scanCode) >= pressedAs_.size()) return std::nullopt;
     auto& pressedAs = pressedAs_[static_cast<std::size_t>(stroke.scanCode)];
     // A repeat or a release belongs to the key that was pressed, even if Num Lock, Shift or the layout changed since.
     const UINT key = pressedAs != 0 ? pressedAs : virtualKeyOf(stroke);
     pressedAs = stroke.down ? static_cast<std::uint8_t>(key) : 0;
     if (key == 0) return std::nullopt;
-    if (!stroke.down) return KeyMessage{WM_KEYUP, key};
+    if (!stroke.down) return WindowKey{WM_KEYUP, key};
     const bool forSystem = (stroke.modifiers & KMOD_ALT) != 0 || key == kMenu || key == kF10;
-    return KeyMessage{forSystem ? WM_SYSKEYDOWN : WM_KEYDOWN, key};
+    return WindowKey{forSystem ? WM_SYSKEYDOWN : WM_KEYDOWN, key};
 }
 
 bool KeyboardMap::isDown(UINT virtualKey) const {
@@ -181,17 +181,17 @@ std::optional<KeyStroke> namedKey(std::string_view name, bool down) {
     return KeyStroke{scanCode, symbol, KMOD_NONE, down};
 }
 
-std::optional<UINT> mouseMessage(MouseButton button, bool down, int clicks, bool doubleClicks) {
+std::optional<UINT> mouseMessage(PointerButton button, bool down, int clicks, bool doubleClicks) {
     const bool secondPress = doubleClicks && clicks > 0 && clicks % 2 == 0;
     switch (button) {
-        case MouseButton::None: return WM_MOUSEMOVE;
-        case MouseButton::Left:
+        case PointerButton::None: return WM_MOUSEMOVE;
+        case PointerButton::Left:
             if (!down) return WM_LBUTTONUP;
             return secondPress ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
-        case MouseButton::Right:
+        case PointerButton::Right:
             if (!down) return WM_RBUTTONUP;
             return secondPress ? WM_RBUTTONDBLCLK : WM_RBUTTONDOWN;
-        case MouseButton::Middle: return std::nullopt;
+        case PointerButton::Middle: return std::nullopt;
     }
     return std::nullopt;
 }

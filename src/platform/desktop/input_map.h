@@ -19,10 +19,10 @@ struct KeyStroke {
 };
 
 /// A message about a key.
-struct KeyMessage {
+struct WindowKey {
     UINT message;
     UINT virtualKey;
-    friend bool operator==(const KeyMessage&, const KeyMessage&) = default;
+    friend bool operator==(const WindowKey&, const WindowKey&) = default;
 };
 
 /// Turns key strokes into window messages. Letters follow the player's layout; where the layout has no Latin letter (a
@@ -31,7 +31,7 @@ struct KeyMessage {
 class KeyboardMap {
 public:
     /// Nothing for a key that has no virtual key.
-    [[nodiscard]] std::optional<KeyMessage> translate(const KeyStroke& stroke);
+    [[nodiscard]] std::optional<WindowKey> translate(const KeyStroke& stroke);
     /// Whether a key with this virtual key was pressed and not released yet.
     [[nodiscard]] bool isDown(UINT virtualKey) const;
 
@@ -43,12 +43,12 @@ private:
 [[nodiscard]] std::optional<KeyStroke> namedKey(std::string_view name, bool down);
 
 /// None stands for a move.
-enum class MouseButton { None, Left, Middle, Right };
+enum class PointerButton { None, Left, Middle, Right };
 
 /// The message of a button going down or up, or with None of a move. `clicks` counts the presses of a fast series from
 /// 1: with a class that has double clicks every second press is one, instead of a press. The middle button has no
 /// message.
-[[nodiscard]] std::optional<UINT> mouseMessage(MouseButton button, bool down, int clicks, bool doubleClicks);
+[[nodiscard]] std::optional<UINT> mouseMessage(PointerButton button, bool down, int clicks, bool doubleClicks);
 
 /// A position as a message carries it: two signed halves, x in the low one.
 [[nodiscard]] LPARAM mousePosition(int x, int y);

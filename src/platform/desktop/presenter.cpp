@@ -15,7 +15,7 @@ namespace {
 constexpr std::uint32_t kOpaque = 0xFF000000U;
 
 // The fourth byte is copied, too: the screen does not use it.
-void copyRows(Picture& picture, const std::uint32_t* xrgb, int strideBytes) {
+void copyRows(ScreenPicture& picture, const std::uint32_t* xrgb, int strideBytes) {
     const auto* row = reinterpret_cast<const char*>(xrgb);
     auto* pixel = picture.pixels.data();
     for (int y = 0; y < picture.height; ++y, row += strideBytes, pixel += picture.width)
@@ -48,8 +48,8 @@ std::uint64_t Presenter::count() const {
     return count_;
 }
 
-Picture Presenter::latest() const {
-    Picture picture;
+ScreenPicture Presenter::latest() const {
+    ScreenPicture picture;
     {
         const std::lock_guard lock(lock_);
         picture = fresh_ ? arriving_ : shown_;
@@ -110,8 +110,8 @@ void Presenter::show(SDL_Window& window) {
     SDL_RenderPresent(renderer_);
 }
 
-Picture Presenter::readBack() {
-    Picture picture;
+ScreenPicture Presenter::readBack() {
+    ScreenPicture picture;
     if (renderer_ == nullptr) return picture;
     SDL_GetRendererOutputSize(renderer_, &picture.width, &picture.height);
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <vector>
 
-#include "desktop/picture.h"
+#include "desktop/screen_picture.h"
 
 struct SDL_Renderer;
 struct SDL_Texture;
@@ -30,7 +30,7 @@ public:
     /// How many pictures came; any thread.
     [[nodiscard]] std::uint64_t count() const;
     /// A copy of the latest picture; any thread.
-    [[nodiscard]] Picture latest() const;
+    [[nodiscard]] ScreenPicture latest() const;
 
     /// From here on: the window's thread only. Shows the latest picture if it is new.
     void showFresh(SDL_Window& window);
@@ -39,7 +39,7 @@ public:
     /// Where the picture stands in the window; the whole window as long as there is none.
     [[nodiscard]] PictureArea area(SDL_Window& window) const;
     /// What the window's pixels are now.
-    [[nodiscard]] Picture readBack();
+    [[nodiscard]] ScreenPicture readBack();
     void blacken();
     /// Gives up the texture and forgets the renderer. Before the window's end.
     void close();
@@ -54,8 +54,8 @@ private:
     };
 
     mutable std::mutex lock_;  // guards the four below
-    Picture arriving_;         // the latest, when fresh
-    Picture shown_;            // changes hands under the lock, is read without it by the window's thread
+    ScreenPicture arriving_;   // the latest, when fresh
+    ScreenPicture shown_;      // changes hands under the lock, is read without it by the window's thread
     bool fresh_ = false;
     std::uint64_t count_ = 0;
 

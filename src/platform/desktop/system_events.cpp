@@ -15,7 +15,7 @@ namespace {
 /// thread looks at the window's own queues, so that later work brings a new wake-up.
 std::atomic<bool> wakeQueued{false};
 
-void postMouse(Window& window, MouseButton button, bool down, int clicks, int windowX, int windowY) {
+void postMouse(Window& window, PointerButton button, bool down, int clicks, int windowX, int windowY) {
     const bool doubleClicks = (window.windowClass->style & CS_DBLCLKS) != 0;
     const auto message = mouseMessage(button, down, clicks, doubleClicks);
     if (!message) return;
@@ -43,11 +43,11 @@ void takeKey(Window& window, const SDL_KeyboardEvent& event) {
     if (const auto key = window.keys.translate(stroke)) post(window, key->message, key->virtualKey, 0);
 }
 
-MouseButton buttonOf(std::uint8_t systemButton) {
+PointerButton buttonOf(std::uint8_t systemButton) {
     switch (systemButton) {
-        case SDL_BUTTON_LEFT: return MouseButton::Left;
-        case SDL_BUTTON_RIGHT: return MouseButton::Right;
-        default: return MouseButton::Middle;  // and the further ones, which have no message either
+        case SDL_BUTTON_LEFT: return PointerButton::Left;
+        case SDL_BUTTON_RIGHT: return PointerButton::Right;
+        default: return PointerButton::Middle;  // and the further ones, which have no message either
     }
 }
 
@@ -67,7 +67,7 @@ void takeEvent(const SDL_Event& event) {
             break;
         case SDL_MOUSEMOTION:
             if (const auto window = windowOfSystem(event.motion.windowID)) {
-                postMouse(*window, MouseButton::None, false, 0, event.motion.x, event.motion.y);
+                postMouse(*window, PointerButton::None, false, 0, event.motion.x, event.motion.y);
             }
             break;
         case SDL_MOUSEBUTTONDOWN:

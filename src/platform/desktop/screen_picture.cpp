@@ -1,4 +1,4 @@
-#include "desktop/picture.h"
+#include "desktop/screen_picture.h"
 
 #include <png.h>
 
@@ -7,7 +7,7 @@
 namespace platform {
 namespace {
 
-std::vector<png_byte> rgbBytes(const Picture& picture) {
+std::vector<png_byte> rgbBytes(const ScreenPicture& picture) {
     std::vector<png_byte> bytes;
     bytes.reserve(picture.pixels.size() * 3);
     for (const std::uint32_t pixel : picture.pixels) {
@@ -18,7 +18,7 @@ std::vector<png_byte> rgbBytes(const Picture& picture) {
 
 }  // namespace
 
-bool writePng(const std::string& path, const Picture& picture) {
+bool writePng(const std::string& path, const ScreenPicture& picture) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(picture.width);

@@ -7,7 +7,7 @@
 namespace platform {
 
 /// A picture in memory, pixels 0xFFRRGGBB, rows top-down.
-struct Picture {
+struct ScreenPicture {
     int width = 0;
     int height = 0;
     std::vector<std::uint32_t> pixels;
@@ -20,7 +20,7 @@ struct PictureSize {
 };
 
 /// Writes a picture as an RGB PNG. False after one line on standard error.
-bool writePng(const std::string& path, const Picture& picture);
+bool writePng(const std::string& path, const ScreenPicture& picture);
 
 /// Where a picture stands in a window: as large as fits, with its aspect, in the centre, with black bars at two sides.
 /// All in pixels.
