@@ -5,12 +5,10 @@
 #include <cstdint>
 #include <forward_list>
 
-#include "scene_message.h"
+#include "scene.h"
 #include "system_objects.h"
 
 namespace grub {
-
-class Scene;
 
 /// Numbers under which the program registers its two scenes.
 inline constexpr std::uint32_t kLevelSceneId = 1;

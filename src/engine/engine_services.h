@@ -3,10 +3,51 @@
 #include <cstdint>
 #include <memory>
 
-#include "audio_device.h"
 #include "renderer.h"
 
 namespace grub {
+
+class SoundDecoder;
+
+/// One playable sound. It may outlive the audio device that made it. One thread at a time may use it; destroying it
+/// silences it.
+class SoundBuffer {
+public:
+    virtual ~SoundBuffer() = default;
+    /// Another playable copy of the same sound, with a decoder of its own.
+    [[nodiscard]] virtual std::unique_ptr<SoundBuffer> clone() const = 0;
+    /// Takes the sound from the decoder, keeps the decoder and rewinds it for each play. An earlier sound ends. False
+    /// when the device refuses the format: the buffer then stays silent.
+    virtual bool create(std::unique_ptr<SoundDecoder> decoder) = 0;
+    /// Balance in per cent: 0 left, 50 centre, 100 right. Other values count as the nearer end. False before `create`.
+    virtual bool setPan(std::int32_t percent) = 0;
+    /// Loudness in per cent, a decibel each: 100 is full, 99 a decibel less, 0 silence. Other values count as the
+    /// nearer end. False before `create`.
+    virtual bool setVolume(std::int32_t percent) = 0;
+};
+
+/// Makes sounds and plays them. `init` and `shutdown` come from the window's thread, playing and stopping from the game
+/// thread; a loader may create sounds meanwhile.
+class AudioDevice {
+public:
+    virtual ~AudioDevice() = default;
+    /// Opens the sound output. False after a message box that names what failed; the game then goes on without sound.
+    virtual bool init() = 0;
+    /// Ends everything that streams and releases the output, which closes with the last sound. Always true.
+    virtual bool shutdown() = 0;
+    /// True while the output is open.
+    [[nodiscard]] virtual bool isReady() const = 0;
+    /// Makes an empty sound: one for an effect, which lies whole in memory, or one for music, which streams.
+    [[nodiscard]] virtual std::unique_ptr<SoundBuffer> createSound() = 0;
+    [[nodiscard]] virtual std::unique_ptr<SoundBuffer> createMusic() = 0;
+    /// Plays from the start, once or again and again. A sound that plays already goes on (true). False when the sound
+    /// is empty, or when it is long and every stream is taken.
+    virtual bool play(SoundBuffer& sound, bool loop) = 0;
+    virtual bool playLooped(SoundBuffer& sound) = 0;
+    /// Silences the sound. False when it is empty.
+    virtual bool stop(SoundBuffer& sound) = 0;
+    virtual bool stopMusic(SoundBuffer& sound) = 0;
+};
 
 /// Turns the window's key messages into messages for the current scene, on the window's thread.
 class KeyboardService {

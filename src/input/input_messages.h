@@ -4,7 +4,7 @@
 
 #include "application_base.h"
 #include "engine_services.h"
-#include "scene_message.h"
+#include "scene.h"
 
 namespace grub {
 

@@ -42,6 +42,9 @@ struct WindowPlacement {
 /// refused one of the two.
 [[nodiscard]] HWND createGameWindow(const GameWindowWish& wish, Application& owner);
 
+/// Gives the window the program's icon, a miner's helmet, which is resource 101.
+void setProgramIcon(HWND window, HINSTANCE instance);
+
 /// Passes messages to the window until the quit message. False when reading them failed. Main thread.
 bool pumpMessages();
 

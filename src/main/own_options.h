@@ -3,9 +3,21 @@
 #include <optional>
 #include <string>
 
-#include "run_game.h"
-
 namespace grub {
+
+class Steering;
+
+/// Where play begins. Makers of levels and tests change it; the usual start is the default.
+struct PlayStart {
+    /// Place in the level list, 0 to 49.
+    int levelIndex = 0;
+    /// The level in that place: a name of the list or a level file. Empty: the list's own.
+    std::string level;
+    /// Start of the random numbers. Without it the time of day.
+    std::optional<unsigned> seed;
+    /// Stands between the player's keys and the world, and must outlive the game. Null: the keys pass unchanged.
+    Steering* steering = nullptr;
+};
 
 /// What the program's arguments ask for. An empty string is an option that was not given.
 struct OwnOptions {

@@ -4,8 +4,7 @@
 #include <string_view>
 
 #include "engine_string.h"
-#include "shared_buffer.h"
-#include "string_map.h"
+#include "resource_source.h"
 
 namespace grub {
 

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "engine_string.h"
 #include "file_stream.h"
 #include "resource_source.h"
-#include "string_map.h"
 
 namespace grub {
 

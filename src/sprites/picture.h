@@ -7,7 +7,7 @@
 
 #include "block_pool.h"
 #include "renderer.h"
-#include "shared_buffer.h"
+#include "resource_source.h"
 
 namespace grub {
 

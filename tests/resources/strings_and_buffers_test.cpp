@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "engine_string.h"
-#include "shared_buffer.h"
+#include "resource_source.h"
 
 namespace grub {
 namespace {

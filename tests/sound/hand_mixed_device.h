@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "audio_device.h"
 #include "control/call_controls.h"
 #include "dsound/sound_card.h"
 #include "dsound_device.h"
+#include "engine_services.h"
 #include "sound_decoder.h"
 #include "wav_writer.h"
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shared_buffer.h"
+#include "resource_source.h"
 
 namespace grub {
 

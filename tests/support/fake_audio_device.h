@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "audio_device.h"
 #include "engine_services.h"
 #include "sound_decoder.h"
 

@@ -10,8 +10,8 @@
 #include "ini_table.h"
 #include "measure.h"
 #include "resource_package.h"
+#include "sound_bank.h"
 #include "sound_file.h"
-#include "sound_keys.h"
 
 namespace grub {
 namespace {

@@ -9,7 +9,7 @@
 
 #include "drawn_world.h"
 #include "memory_source.h"
-#include "sound_keys.h"
+#include "sound_bank.h"
 #include "tone.h"
 #include "wav_writer.h"
 

@@ -11,7 +11,6 @@
 #include "loading_list.h"
 #include "renderer.h"
 #include "resource_source.h"
-#include "shared_buffer.h"
 
 namespace grub {
 

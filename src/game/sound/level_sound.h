@@ -4,7 +4,7 @@
 #include <optional>
 #include <span>
 
-#include "sound_keys.h"
+#include "sound_bank.h"
 #include "sound_requests.h"
 
 namespace grub {

@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "shared_buffer.h"
+#include "resource_source.h"
 
 namespace grub {
 

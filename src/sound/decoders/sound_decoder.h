@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "block_pool.h"
-#include "shared_buffer.h"
+#include "resource_source.h"
 
 namespace grub {
 

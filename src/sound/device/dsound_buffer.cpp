@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "shared_buffer.h"
+#include "resource_source.h"
 #include "sound_decoder.h"
 
 namespace grub {

@@ -8,8 +8,8 @@
 
 #include <dsound.h>
 
-#include "audio_device.h"
 #include "block_pool.h"
+#include "engine_services.h"
 #include "system_objects.h"
 
 namespace grub {

@@ -7,9 +7,9 @@
 #include <dsound.h>
 #include <windows.h>
 
-#include "audio_device.h"
-#include "system_objects.h"
 #include "dsound_buffer.h"
+#include "engine_services.h"
+#include "system_objects.h"
 
 namespace grub {
 

@@ -1,4 +1,4 @@
-#include "shared_buffer.h"
+#include "resource_source.h"
 
 #include <cstdlib>
 #include <new>
