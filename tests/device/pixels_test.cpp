@@ -17,13 +17,24 @@ std::vector<Texel> randomTexels(int count, unsigned seed, bool opaque) {
     return texels;
 }
 
-class Pixels : public ReadyRenderer {};
+class Pixels : public ReadyRenderer {
+protected:
+    static constexpr int kW = 37;  // the surface has 64 x 32 texels
+    static constexpr int kH = 23;
+    const std::vector<Texel> texels = randomTexels(kW * kH, 1, true);
 
-// The surface has 64 x 32 texels.
+    // The screen with a part of the texels at x, y.
+    ScreenPixels screenWith(int x, int y, int left = 0, int top = 0, int width = kW, int height = kH) {
+        ScreenPixels screen(rgb(kBackground));
+        for (int i = 0; i < width * height; ++i) {
+            const int texel = (top + i / width) * kW + left + i % width;
+            screen.set(x + i % width, y + i / width, rgb(texels[static_cast<std::size_t>(texel)].colour));
+        }
+        return screen;
+    }
+};
+
 TEST_F(Pixels, TexelsAreShownOneToOneAndCutAtTheEdgesByThePicturesOwnSize) {
-    constexpr int kW = 37;
-    constexpr int kH = 23;
-    const auto texels = randomTexels(kW * kH, 1, true);
     const auto texture = makeTexture(kW, kH, texels);
     constexpr struct {
         int x, y;
@@ -32,17 +43,25 @@ TEST_F(Pixels, TexelsAreShownOneToOneAndCutAtTheEdgesByThePicturesOwnSize) {
                    {763, 577, true}, {-37, 7, false},  {800, 7, false},  {7, -23, false},       {7, 600, false},
                    {-10, 5, true},   {5, -7, true},    {790, 5, true},   {-32768, 32767, false}};
     for (const auto& [x, y, shown] : kPlaces) {
-        ScreenPixels wanted(rgb(kBackground));
-        for (int i = 0; i < kW * kH; ++i)
-            wanted.set(x + i % kW, y + i / kW, rgb(texels[static_cast<std::size_t>(i)].colour));
+        SCOPED_TRACE(testing::Message() << x << ", " << y);
         bool drawn = false;
         const auto got = frameOver(kBackground, [&, left = x, top = y] { drawn = drawAt(left, top, *texture); });
-        EXPECT_EQ(drawn, shown) << "drawn at " << x << ", " << y;
-        EXPECT_TRUE(sameScreen(got, wanted)) << "drawn at " << x << ", " << y;
+        EXPECT_EQ(drawn, shown);
+        EXPECT_TRUE(sameScreen(got, screenWith(x, y)));
     }
     EXPECT_FALSE(renderer.draw(800, 0, *texture, 0.0F)) << "also when it is invisible";
-    EXPECT_FALSE(renderer.drawPart(-10, 0, *texture, 0, 0, 10, 23, 1.0F)) << "a part counts with its own size";
-    EXPECT_TRUE(renderer.drawPart(0, 0, *texture, 0, 0, 8, 8, 0.04F));
+}
+
+TEST_F(Pixels, PartsAreCutOutOfTheTextureAndRefusedBeyondIt) {
+    const auto texture = makeTexture(kW, kH, texels);
+    const auto got = frameOver(kBackground, [&] {
+        EXPECT_TRUE(renderer.drawPart(-3, 20, *texture, 17, 11, 13, 9, 1.0F));
+        EXPECT_FALSE(renderer.drawPart(-10, 0, *texture, 0, 0, 10, 23, 1.0F)) << "a part counts with its own size";
+        EXPECT_TRUE(renderer.drawPart(0, 0, *texture, 0, 0, 8, 8, 0.04F)) << "drawn, but invisible";
+        EXPECT_FALSE(renderer.drawPart(9, 9, *texture, -1, 0, 2, 2, 1.0F));
+        EXPECT_FALSE(renderer.drawPart(9, 9, *texture, 63, 0, 2, 2, 1.0F));
+    });
+    EXPECT_TRUE(sameScreen(got, screenWith(-3, 20, 17, 11, 13, 9)));
 }
 
 TEST_F(Pixels, BlendingStaysWithinTwoOfTheExactFormula) {
@@ -89,32 +108,6 @@ TEST_F(Pixels, OpacityFollowsInStepsOfATwentieth) {
         for (std::int16_t x = 0; const auto& row : kOpacities) EXPECT_TRUE(renderer.draw(x++, 0, *texture, row.first));
     });
     for (int x = 0; const auto& [opacity, seen] : kOpacities) EXPECT_EQ(got.at(x++, 0) & 0xFF, seen) << opacity;
-}
-
-TEST_F(Pixels, APartIsCutOutOfTheTexture) {
-    constexpr int kW = 40;
-    constexpr int kH = 30;
-    const auto texels = randomTexels(kW * kH, 4, true);
-    const auto texture = makeTexture(kW, kH, texels);
-    ScreenPixels wanted(rgb(kBackground));
-    for (int y = 0; y < 9; ++y) {
-        for (int x = 0; x < 13; ++x) {
-            const int texel = (y + 11) * kW + x + 17;
-            wanted.set(-3 + x, 20 + y, rgb(texels[static_cast<std::size_t>(texel)].colour));
-        }
-    }
-    const auto got =
-        frameOver(kBackground, [&] { EXPECT_TRUE(renderer.drawPart(-3, 20, *texture, 17, 11, 13, 9, 1.0F)); });
-    EXPECT_TRUE(sameScreen(got, wanted));
-}
-
-TEST_F(Pixels, APartBeyondTheSurfaceIsRefused) {
-    const auto texture = makeTexture(2, 2, randomTexels(4, 5, true));
-    const auto got = frameOver(kBlack, [&] {
-        EXPECT_FALSE(renderer.drawPart(9, 9, *texture, -1, 0, 2, 2, 1.0F));
-        EXPECT_FALSE(renderer.drawPart(9, 9, *texture, 1, 0, 2, 2, 1.0F));
-    });
-    EXPECT_TRUE(sameScreen(got, ScreenPixels(0u)));
 }
 
 TEST_F(Pixels, ADestroyedTextureDoesNotLiveOnInTheNextOne) {

@@ -120,12 +120,6 @@ TEST(RandomSpawnPoint, IsEachOfTheMaps) {
     EXPECT_EQ(columns, (std::set{1, 2, 3}));
 }
 
-TEST(WorldRandom, FollowsTheClassicSequence) {
-    WorldRandom random(1);
-    const int expected[] = {41, 18467, 6334, 26500, 19169};
-    for (const int number : expected) EXPECT_EQ(random.next(), number);
-}
-
 LevelMap mapByChance(bool isThicket, WorldRandom& random) {
     const int width = 1 + random.next() % 24;
     const int height = 1 + random.next() % 24;
