@@ -31,6 +31,7 @@ const IniRule kIniRules[] = {
     // Section and key are glued.
     {"section 12, key type is also section 1, key 2type", "[12]\r\ntype=1\r\n", "1", "2type", "1", 1},
     {"and an entry before any section", "12type=4\r\n[12]\r\ntype=1\r\n", "12", "type", "4", 4},
+    {"names of one hash are two names", "endos=1\r\ntnla=2\r\n", "", "tnla", "2", 2},
     // Sections.
     {"blanks belong to the section's name", "[ 5 ]\r\nx=1\r\n", " 5 ", "x", "1", 1},
     {"the last bracket closes", "[a] ; x]\r\nx=1\r\n", "a] ; x", "x", "1", 1},

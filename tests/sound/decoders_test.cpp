@@ -85,9 +85,7 @@ TEST(WavDecoder, TrustsOnlyTheSizeOfTheFile) {
           {"data size 10", usualBut(kDataSize, 10), 1, 10},
           {"data size beyond the file", usualBut(kDataSize, 0xFFFFFFFF), 1, 1000},
           {"cut behind the data size", cutAt(usualBut(kDataSize, 1000), kDataSize + 4), 1, 0},
-          {"cut before the data size", cutAt(usualBut(kDataSize, 1000), kDataSize), 0, 0},
-          {"cut in the size of an extra chunk", cutAt(writeWav({.samples = kSamples, .beforeData = list}), 43), 0,
-           0}}) {
+          {"cut before the data size", cutAt(usualBut(kDataSize, 1000), kDataSize), 0, 0}}) {
         SCOPED_TRACE(row.what);
         const auto decoder = createSoundDecoder(bufferOf(row.file));
         EXPECT_EQ(decoder->channels(), row.channels);

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cmath>
+#include <algorithm>
 #include <cstddef>
-#include <numbers>
 #include <vector>
 
 #include <vorbis/vorbisenc.h>
@@ -19,80 +18,51 @@ struct OggKind {
     bool smallPages = false;  ///< a page for every few packets
 };
 
-/// Encodes samples with libvorbisenc; a target that includes this file must link it. `samples` holds an array for each
-/// channel, all of one length.
-class OggWriter {
-public:
-    /// Writes the headers.
-    OggWriter(int channels, const OggKind& kind) : smallPages_(kind.smallPages) {
-        vorbis_info_init(&info_);
-        vorbis_encode_init_vbr(&info_, channels, kind.rate, 0.5F);
-        vorbis_comment_init(&comment_);
-        vorbis_analysis_init(&dsp_, &info_);
-        vorbis_block_init(&dsp_, &block_);
-        ogg_stream_init(&stream_, kind.serial);
-        ogg_packet headers[3];
-        vorbis_analysis_headerout(&dsp_, &comment_, &headers[0], &headers[1], &headers[2]);
-        for (ogg_packet& header : headers) ogg_stream_packetin(&stream_, &header);
-        ogg_page page;
-        while (ogg_stream_flush(&stream_, &page) != 0) takePage(page);
-    }
-    OggWriter(const OggWriter&) = delete;
-    OggWriter& operator=(const OggWriter&) = delete;
-    ~OggWriter() {
-        ogg_stream_clear(&stream_);
-        vorbis_block_clear(&block_);
-        vorbis_dsp_clear(&dsp_);
-        vorbis_comment_clear(&comment_);
-        vorbis_info_clear(&info_);
-    }
-
-    /// Encodes everything and ends the stream: the whole file.
-    [[nodiscard]] Bytes write(const std::vector<std::vector<float>>& samples) {
-        constexpr std::size_t kBlock = 1024;
-        for (std::size_t at = 0; at < samples[0].size(); at += kBlock) {
-            const std::size_t count = std::min(kBlock, samples[0].size() - at);
-            float** const to = vorbis_analysis_buffer(&dsp_, static_cast<int>(count));
-            for (std::size_t c = 0; c < samples.size(); ++c) std::copy_n(samples[c].data() + at, count, to[c]);
-            encode(static_cast<int>(count));
-        }
-        encode(0);
-        return file_;
-    }
-
-private:
-    // 0 samples end the stream.
-    void encode(int count) {
-        vorbis_analysis_wrote(&dsp_, count);
-        ogg_packet packet;
-        ogg_page page;
-        while (vorbis_analysis_blockout(&dsp_, &block_) == 1) {
-            vorbis_analysis(&block_, nullptr);
-            vorbis_bitrate_addblock(&block_);
-            while (vorbis_bitrate_flushpacket(&dsp_, &packet) != 0) ogg_stream_packetin(&stream_, &packet);
-        }
-        const bool flush = smallPages_ || count == 0;
-        while ((flush ? ogg_stream_flush(&stream_, &page) : ogg_stream_pageout(&stream_, &page)) != 0) {
-            takePage(page);
-        }
-    }
-    void takePage(const ogg_page& page) {
-        file_.insert(file_.end(), page.header, page.header + page.header_len);
-        file_.insert(file_.end(), page.body, page.body + page.body_len);
-    }
-
-    bool smallPages_;
-    vorbis_info info_{};
-    vorbis_comment comment_{};
-    vorbis_dsp_state dsp_{};
-    vorbis_block block_{};
-    ogg_stream_state stream_{};
-    Bytes file_;
-};
-
-/// The Ogg Vorbis file of these samples.
+/// The Ogg Vorbis file of these samples: an array for each channel, all of one length. It encodes with libvorbisenc; a
+/// target that includes this file must link it.
 [[nodiscard]] inline Bytes writeOgg(const std::vector<std::vector<float>>& samples, const OggKind& kind = {}) {
-    return OggWriter(static_cast<int>(samples.size()), kind).write(samples);
+    vorbis_info info;
+    vorbis_comment comment;
+    vorbis_dsp_state dsp;
+    vorbis_block block;
+    ogg_stream_state stream;
+    vorbis_info_init(&info);
+    vorbis_encode_init_vbr(&info, static_cast<long>(samples.size()), kind.rate, 0.5F);
+    vorbis_comment_init(&comment);
+    vorbis_analysis_init(&dsp, &info);
+    vorbis_block_init(&dsp, &block);
+    ogg_stream_init(&stream, kind.serial);
+
+    Bytes file;
+    const auto takePages = [&](auto takePage) {
+        for (ogg_page page; takePage(&stream, &page) != 0;) {
+            file.insert(file.end(), page.header, page.header + page.header_len);
+            file.insert(file.end(), page.body, page.body + page.body_len);
+        }
+    };
+    ogg_packet headers[3];
+    vorbis_analysis_headerout(&dsp, &comment, &headers[0], &headers[1], &headers[2]);
+    for (ogg_packet& header : headers) ogg_stream_packetin(&stream, &header);
+    takePages(ogg_stream_flush);
+    for (std::size_t at = 0, count = 1; count > 0; at += count) {
+        count = std::min<std::size_t>(1024, samples[0].size() - at);  // a block without samples ends the stream
+        float** const to = vorbis_analysis_buffer(&dsp, static_cast<int>(count));
+        for (std::size_t c = 0; c < samples.size(); ++c) std::copy_n(samples[c].data() + at, count, to[c]);
+        vorbis_analysis_wrote(&dsp, static_cast<int>(count));
+        while (vorbis_analysis_blockout(&dsp, &block) == 1) {
+            vorbis_analysis(&block, nullptr);
+            vorbis_bitrate_addblock(&block);
+            for (ogg_packet packet; vorbis_bitrate_flushpacket(&dsp, &packet) != 0;)
+                ogg_stream_packetin(&stream, &packet);
+        }
+        takePages(kind.smallPages || count == 0 ? ogg_stream_flush : ogg_stream_pageout);
+    }
+    ogg_stream_clear(&stream);
+    vorbis_block_clear(&block);
+    vorbis_dsp_clear(&dsp);
+    vorbis_comment_clear(&comment);
+    vorbis_info_clear(&info);
+    return file;
 }
 
 /// A page of an Ogg file; its body follows its header.

@@ -13,9 +13,8 @@ struct WavParts {
     std::uint32_t rate = 44100;
     unsigned bits = 16;
     Bytes samples{};
-    Bytes formatTail{};    ///< behind the 16 bytes of the format
-    Bytes beforeData{};    ///< whole chunks between format and data
-    Bytes beforeFormat{};  ///< whole chunks in front
+    Bytes formatTail{};  ///< behind the 16 bytes of the format
+    Bytes beforeData{};  ///< whole chunks between format and data
 };
 
 /// One chunk: id of four characters, size, content, filled up to an even size.
@@ -39,10 +38,8 @@ struct WavParts {
     format.insert(format.end(), parts.formatTail.begin(), parts.formatTail.end());
 
     Bytes body{'W', 'A', 'V', 'E'};
-    for (const Bytes& part :
-         {parts.beforeFormat, riffChunk("fmt ", format), parts.beforeData, riffChunk("data", parts.samples)}) {
+    for (const Bytes& part : {riffChunk("fmt ", format), parts.beforeData, riffChunk("data", parts.samples)})
         body.insert(body.end(), part.begin(), part.end());
-    }
     return riffChunk("RIFF", body);
 }
 
