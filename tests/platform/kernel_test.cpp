@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <deque>
 #include <functional>
+#include <thread>
 #include <vector>
 
 #include "game_thread.h"
@@ -128,6 +129,25 @@ TEST(Threads, StopForEverWhereTheyWaitWhenTheyAreTerminated) {
     Sleep(5);
     EXPECT_EQ(clock.now(), milliseconds(5)) << "the clock no longer waits for it";
     CloseHandle(waiting);
+}
+
+TEST(Threads, StopAtTheirNextWaitWhenTheyAreTerminatedAtWork) {
+    static std::atomic<int> stage;  // static, since the thread never ends
+    const HandDrivenClock clock;
+    const auto work = [](LPVOID) -> DWORD {
+        for (stage = 1; stage == 1;) std::this_thread::yield();
+        Sleep(1);
+        stage = 3;
+        return 0;
+    };
+    const HANDLE thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
+    while (stage == 0) std::this_thread::yield();
+    EXPECT_TRUE(TerminateThread(thread, 0));
+    stage = 2;
+    for (int i = 0; i < 20; ++i) Sleep(1);
+    std::this_thread::sleep_for(milliseconds(20));
+    EXPECT_EQ(stage, 2);
+    CloseHandle(thread);
 }
 
 TEST(CriticalSections, KeepOthersOutAndLetTheirOwnerInAgain) {
