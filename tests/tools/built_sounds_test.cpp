@@ -114,16 +114,9 @@ TEST(Effects, TouchTwiceInACycleAsFeetAndHandsDo) {
     }
 }
 
-TEST(Effects, HavePitchesThatGoWhereTheyShould) {
-    const auto fall = soundOf("sound", "padenie");
-    for (const double second : {0.5, 1.0, 1.5, 2.0, 2.5, 3.0, 3.5})
-        EXPECT_GT(strongestAt(fall, second), strongestAt(fall, second + 0.5) * 1.05) << second;
-    const auto lost = soundOf("sound", "loose");
-    EXPECT_NEAR(strongestAt(lost, 0.16), 523, 12);  // C5, A4, E4
-    EXPECT_NEAR(strongestAt(lost, 0.50), 440, 10);
-    EXPECT_NEAR(strongestAt(lost, 0.86), 330, 10);
-    const auto key = soundOf("sound", "getkey");
-    EXPECT_LT(strongestAt(key, 0.1), strongestAt(key, 0.4));
+TEST(Effects, PlayTheNotesOfTheirSource) {
+    for (const auto& [second, pitch] : {std::pair(0.16, 523), std::pair(0.50, 440), std::pair(0.86, 330)})
+        EXPECT_NEAR(strongestAt(soundOf("sound", "loose"), second), pitch, 12) << second;
 }
 
 /// What the encoder's noise may do. Drums make larger steps than this all the time, but here the track before the first

@@ -6,7 +6,6 @@
 #include "bytes.h"
 #include "grubtool_run.h"
 #include "level_list.h"
-#include "level_writer.h"
 #include "scratch_directory.h"
 #include "whole_file.h"
 
@@ -56,17 +55,12 @@ TEST(LevelCommands, DrawALevelSourceWith64PixelsACell) {
 TEST(Grubtool, FailsWithALineThatNamesTheFile) {
     const ScratchDirectory scratch;
     const std::string bad = scratch.write("bad.txt", bytesOf("x\n"));
-    const std::string blocks = scratch.write("drawn.ini", bytesOf(drawnBlockTable()));
     const std::string out = scratch.file("out.lvl");
-    const std::string crowd = scratch.write(
-        "crowd.lvl",
-        writeLevelFile(drawnLevel(Drawing{"@ d d d d d d d d d d", ". d d d d d d d d d d", ". d . . . . . . . . ."})));
     const std::pair<std::vector<std::string>, std::string> rows[] = {
         {{"level", "compile", bad, out, "--blocks", kTable}, bad + ":1: wanted title, "},
         {{"level", "compile", bad, out, "--blocks", "none.ini"}, "none.ini: cannot be read"},
         {{"level", "compile", bad, out}, bad + ": no typeblok.ini"},
         {{"level", "show", bad, "--blocks", kTable}, bad + ": shorter than its header"},
-        {{"level", "show", crowd, "--blocks", blocks}, crowd + ": 21 enemies, at most 20"},
         {{"level", "blocks", bad, out}, bad + ":1: wanted a comment"},
         {{"render", "strip", "grub\\nobody", out}, "grub\\nobody"},
         {{"render", "strip", "c_small", "/dev/null/x.bmp"}, "/dev/null/x.bmp"},

@@ -27,12 +27,6 @@ TEST_F(PackCommands, PackLaysFilesInTheOrderOfTheirNames) {
     scratch_.write("in/data/B.txt", bytesOf("B"));
     scratch_.write("in/\xE9.txt", {});
     ASSERT_EQ(grubtool({"pack", scratch_.file("in"), package_}).exitCode, 0);
-    EXPECT_EQ(scratch_.read("test.pak"), PackageWriter()
-                                             .add("b.txt", bytesOf("bee"))
-                                             .add("data\\B.txt", bytesOf("B"))
-                                             .add("data\\gif\\a.txt", bytesOf("aye"))
-                                             .add("\xE9.txt", {})
-                                             .package());
     EXPECT_EQ(grubtool({"list", package_}).out, "3 b.txt\n1 data\\B.txt\n3 data\\gif\\a.txt\n0 \xE9.txt\n");
     EXPECT_EQ(grubtool({"verify", package_}).exitCode, 0);
 }

@@ -137,10 +137,11 @@ TEST(SourceFormats, NameTheLineThatTheyDoNotUnderstand) {
     expectFaults(kScoreFaults, readScore);
 }
 
+// The two sources stand in docs/formats/sound-sources.md.
 TEST(SoundCommands, RenderMeasureDrawAndNameWhatTheyRefuse) {
     const ScratchDirectory scratch;
     const std::string source =
-        scratch.write("tap.txt", bytesOf("loudness -30\nlength 0.1\nnoise\nband 300 3000\ndecay 0.01\n"));
+        scratch.write("tap.txt", bytesOf("length 0.1\nloudness -30\nnoise\n  band 300 3000\n  decay 0.01\n"));
     const std::string loud =
         scratch.write("loud.txt", bytesOf("loudness -3\nlength 0.1\nnoise\nband 300 3000\ndecay 0.001\n"));
     const std::string bad = scratch.write("bad.txt", bytesOf("length 1\nloud 3\n"));
@@ -152,6 +153,11 @@ TEST(SoundCommands, RenderMeasureDrawAndNameWhatTheyRefuse) {
     EXPECT_GT(scratch.read("sheet.png").size(), 1000U);
     EXPECT_THAT(grubtool({"sound", "measure", wav}).out,
                 testing::AllOf(HasSubstr("  0.10 s"), HasSubstr("loudest  -30.0 LUFS")));
+    const std::string score =
+        "tempo 120\nloudness -14\nform A\ninstrument reed\n  tone\n    partials 1\nphrase A\n  reed A4 . C5 .\n";
+    const std::string ogg = scratch.file("a.ogg");
+    ASSERT_EQ(grubtool({"music", "render", scratch.write("score.txt", bytesOf(score)), ogg}).exitCode, 0);
+    EXPECT_THAT(grubtool({"sound", "measure", ogg}).out, HasSubstr("  2.00 s"));
     EXPECT_TRUE(grubtool({"sound", "render", bad, wav}).failed(1, bad + ":2: wanted a key of the head or a layer"));
     EXPECT_TRUE(grubtool({"sound", "render", loud, wav}).failed(1, "-1.5 dB"));
     EXPECT_TRUE(grubtool({"music", "render", bad, scratch.file("c.ogg")}).failed(1, bad + ":1: "));
