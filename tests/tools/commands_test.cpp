@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "block_table.h"
 #include "bytes.h"
 #include "grubtool_run.h"
 #include "level_list.h"
@@ -17,28 +16,20 @@ namespace fs = std::filesystem;
 const fs::path kLevels = fs::path(GRUB_CONTENT_DIR) / "levels";
 const std::string kTable = (kLevels / "typeblok.ini").string();
 
-TEST(LevelCommands, LevelsOfTheGameHaveAPlaceAPictureInEachCellAndComeBackFromTheirText) {
+TEST(LevelCommands, LevelsOfTheGameHaveAPlaceAndComeBackFromTheirText) {
     const ScratchDirectory scratch;
-    TableSource table(readWholeFile(kTable).value());
+    const std::string first = scratch.file("a.lvl");
+    const std::string text = scratch.file("b.txt");
     for (const auto& entry : fs::recursive_directory_iterator(kLevels)) {
-        const fs::path& source = entry.path();
-        if (source.extension() != ".txt") continue;
-        SCOPED_TRACE(source);
-        const std::string name =
-            "levels\\" + source.parent_path().filename().string() + "\\" + source.stem().string() + ".lvl";
+        if (entry.path().extension() != ".txt") continue;
+        SCOPED_TRACE(entry.path());
+        const std::string world = entry.path().parent_path().filename().string();
+        const std::string name = "levels\\" + world + "\\" + entry.path().stem().string() + ".lvl";
         EXPECT_NE(std::ranges::find(kLevelNames, name), kLevelNames.end());
-        ASSERT_EQ(grubtool({"level", "compile", source.string(), scratch.file("a.lvl")}).exitCode, 0);
-        std::string reason;
-        const auto map = levelMapOf(scratch.read("a.lvl"), table, reason);
-        ASSERT_TRUE(map) << reason;
-        for (int i = 0; i < map->width() * map->height(); ++i) {
-            const MapCell& cell = map->cellAt(i % map->width(), i / map->width());
-            EXPECT_GE(std::min({cell.sprite, cell.layer2Sprite, cell.layer3Sprite, cell.layer4Sprite}), 0) << i;
-        }
-        const std::string text = grubtool({"level", "show", scratch.file("a.lvl"), "--blocks", kTable}).out;
-        ASSERT_TRUE(writeWholeText(scratch.file("b.txt"), text));
-        grubtool({"level", "compile", scratch.file("b.txt"), scratch.file("b.lvl"), "--blocks", kTable});
-        EXPECT_EQ(scratch.read("b.lvl"), scratch.read("a.lvl")) << text;
+        ASSERT_EQ(grubtool({"level", "compile", entry.path().string(), first}).exitCode, 0);
+        ASSERT_TRUE(writeWholeText(text, grubtool({"level", "show", first, "--blocks", kTable}).out));
+        grubtool({"level", "compile", text, scratch.file("b.lvl"), "--blocks", kTable});
+        EXPECT_EQ(scratch.read("b.lvl"), scratch.read("a.lvl"));
     }
 }
 

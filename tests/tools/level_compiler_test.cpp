@@ -73,10 +73,8 @@ const SourceFault kSourceFaults[] = {
     {"a longer row", sourceOf("@k.E\nXXXXX"), 4, "wanted 4 columns as in the first row, found 5"},
     {"101 columns", sourceOf(std::string(101, 'X')), 3, "wanted 1 to 100 columns, found 101"},
     {"an unknown character", sourceOf("@k?E"), 3, "wanted one of .#XHh-ES@DRLk+, found '?' in column 2"},
-    {"a character with two meanings", "legend X solid\nlegend X marble\n", 2, "a second one of 'X'"},
     {"a legend without such a block", "world t\nlegend X gold\nfield\nX@kE\nend\n", 2, "found 'gold'"},
     {"a legend without use", "world t\nlegend Q solid\nfield\nX@kE\nend\n", 2, "found 'Q'"},
-    {"half a place", sourceOf(kGood, "layer2 lamp 1 1 2\n"), 6, "'layer2 NAME COLUMN ROW"},
     {"a large thing half outside", sourceOf(kGood, "layer2 sun 3 0\n"), 6, "inside 4 columns and 2 rows, found 4 0"},
     {"a block id too large", sourceOf(kGood, "layer2 65536 1 1\n"), 6, "found '65536'"},
     {"no such object", sourceOf(kGood, "object cat 1 1\n"), 6, "wanted hero, dog, "},
@@ -164,16 +162,14 @@ TEST(LevelDressing, GivesCellsTheirBlocks) {
 }
 
 TEST(LevelDressing, VariantsDependOnThePlaceAlone) {
-    const auto secondRow = [](char first) {
-        const LevelFile level = dressed(sourceOf(std::string(40, first) + "\n" + std::string(40, '.')));
-        std::vector<int> ids(40);
-        for (std::size_t x = 0; x < ids.size(); ++x) ids[x] = level.records[ids.size() + x].base;
-        return ids;
-    };
-    const auto ids = secondRow('.');
-    EXPECT_EQ(ids, secondRow('#'));
-    for (const int variant : {1, 2}) EXPECT_GT(std::ranges::count(ids, variant), 0) << variant;
-    EXPECT_GT(std::ranges::count(ids, 0), 20) << "the plain picture is the most frequent one";
+    const LevelFile open = dressed(sourceOf(std::string(40, '.') + "\n" + std::string(40, '.')));
+    const LevelFile shut = dressed(sourceOf(std::string(40, '#') + "\n" + std::string(40, '.')));
+    std::vector<int> counts(3);
+    for (std::size_t i = 40; i < 80; ++i) {
+        EXPECT_EQ(open.records[i].base, shut.records[i].base) << i;
+        ++counts.at(open.records[i].base);
+    }
+    EXPECT_TRUE(counts[0] > 20 && counts[1] > 0 && counts[2] > 0) << "most walls are plain, some are not";
 }
 
 TEST(LevelText, ShowsALevelAsItWasDrawn) {
@@ -212,11 +208,9 @@ TEST(BlockTable, GivesLinesTheEndsThatTheGameReads) {
 TEST(BlockTable, RefusesWhatTheGameWouldSkipOrMisread) {
     const SourceFault faults[] = {
         {"a section that is not closed", "[5\n", 1, "'[NUMBER]'"},
-        {"a section with zeros before", "[007]\n", 1, "a block id from 0 to 65535, found '007'"},
         {"a section twice", "[5]\n[6]\n[5]\n", 3, "each block once, found '5'"},
         {"a blank before the equals sign", "[5]\ntype =2\n", 2, "found 'type '"},
         {"a blank behind it", "[5]\ntype= 2\n", 2, "decimal digits and nothing else, found ' 2'"},
-        {"a key twice", "[5]\ntype=2\ntype=3\n", 3, "each key once in a section"},
         {"a picture that does not exist", "[5]\nsprite=34\n", 2, "a sprite number of the loading list, found '34'"},
         {"a name twice", "[5]\nname=a\n[6]\nname=a\n", 4, "each name once"},
         {"a floor that cannot grow back", "[6]\ntype=1\nspriteFire=88\n[7]\n", 1, "spriteFire and spriteRost"},

@@ -21,7 +21,7 @@ protected:
         scratch_.write("small.txt", bytesOf("world turma\nfield\nE@kX\nXXXX\nend\n"));
         write(kDraft);
     }
-    void write(const std::string& game) { scratch_.write("a.game", bytesOf(game)); }
+    void write(const std::string& game) const { scratch_.write("a.game", bytesOf(game)); }
     [[nodiscard]] std::string text() const {
         const auto bytes = scratch_.read("a.game");
         return {bytes.begin(), bytes.end()};
@@ -92,14 +92,15 @@ protected:
         files({"@ .", "# #"}, "", "");
     }
     void files(const Drawing& drawing, const std::string& keys, const std::string& counts) const {
-        scratch_.write("a.lvl", writeLevelFile(drawnLevel(drawing)));
+        scratch_.write("level", writeLevelFile(drawnLevel(drawing)));
         scratch_.write("keys", bytesOf(keys));
         scratch_.write("counts", bytesOf(counts));
     }
     [[nodiscard]] GrubtoolRun run(const char* index, const char* seed, const char* frames) const {
-        return grubtool({"trace", "--level", scratch_.file("a.lvl"), "--blocks", scratch_.file("blocks"), "--index",
-                         index, "--seed", seed, "--keys", scratch_.file("keys"), "--frames", frames, "--counts",
-                         scratch_.file("counts")});
+        std::vector<std::string> words{"trace", "--index", index, "--seed", seed, "--frames", frames};
+        for (const char* file : {"level", "blocks", "keys", "counts"})
+            words.insert(words.end(), {std::string("--") + file, scratch_.file(file)});
+        return grubtool(words);
     }
     ScratchDirectory scratch_;
 };
@@ -145,7 +146,7 @@ TEST_F(Trace, OfARandomBonus) {
 
 TEST_F(Trace, RefusesWhatIsWrongWithALineAndNoTrace) {
     const std::tuple<const char*, const char*, int, const char*> faults[] = {
-        {"a.lvl", "level", 1, "a.lvl: shorter than its header"},
+        {"level", "x", 1, "level: shorter than its header"},
         {"keys", "1 down Up\n1 down Escape\n", 2, "keys:2: wanted a key"},
         {"counts", "1 70000", 2, "counts:1: wanted a frame count"},
     };

@@ -31,41 +31,32 @@ Bytes wave() {
     return samples;
 }
 
-/// Every effect becomes one loud sample, which shows when the effect was started, and every track the same music.
-void fill(MemorySource& package, const Bytes& music) {
+/// The samples of a game in which every effect is one loud sample, which shows when the effect was started.
+std::vector<std::int16_t> captured(std::vector<KeyEvent> keys, int lastFrame, const Bytes& music) {
+    RecordedGame game;
+    game.start.seed = 1;
+    game.events = std::move(keys);
+    game.end = RecordedEnd{.frame = lastFrame, .cause = LossCause::Quit};
     std::string table = "[sound]\n";
     for (const char* key : kEffectKeys) table += std::string(key) + "=click\n";
     table += "[music]\n";
     for (const char* key : kMusicKeys) table += std::string(key) + "=music\n";
+    MemorySource package;
     package.put("sound\\sound.ini", table);
     package.put("sound\\click", writeWav({.channels = 2, .samples = Bytes(4, 78)}));
     package.put("sound\\music", writeWav({.channels = 2, .samples = music}));
-}
-
-RecordedGame gameOf(std::vector<KeyEvent> events, int lastFrame) {
-    RecordedGame game;
-    game.start.seed = 1;
-    game.events = std::move(events);
-    game.end = RecordedEnd{.frame = lastFrame, .cause = LossCause::Quit};
-    return game;
-}
-
-std::vector<std::int16_t> captured(const RecordedGame& game, const Bytes& music) {
     const HandMixedDevice device;
     EXPECT_TRUE(device.isReady());
-    MemorySource package;
-    fill(package, music);
     SoundBank bank(package);
-    DrawnWorld drawn =
-        worldFrom(Drawing{". @ . . . k E", "= = = = = = =", ". . . . . . .", "# # # # # # #"}, game.start);
-    return captureSound(game, drawn.world(), bank);
+    const Drawing room{". @ . . . k E", "= = = = = = =", ". . . . . . .", "# # # # # # #"};
+    return captureSound(game, worldFrom(room, game.start).world(), bank);
 }
 
 // He digs, which breaks a floor, walks, takes the key and wins.
 TEST(SoundCapture, HasEverySoundAtTheFirstSampleOfItsGameFrame) {
-    const KeyEvent keys[] = {
-        {1, KeyAction::Down, PlayKey::Z}, {3, KeyAction::Up, PlayKey::Z}, {20, KeyAction::Down, PlayKey::Right}};
-    const auto samples = captured(gameOf({std::begin(keys), std::end(keys)}, 200), Bytes(400, 0));
+    const auto samples = captured(
+        {{1, KeyAction::Down, PlayKey::Z}, {3, KeyAction::Up, PlayKey::Z}, {20, KeyAction::Down, PlayKey::Right}}, 200,
+        Bytes(400, 0));
     std::vector<int> frames;
     for (std::size_t i = 0; i < samples.size(); i += 2) {
         if (samples[i] == 0) continue;
@@ -78,11 +69,10 @@ TEST(SoundCapture, HasEverySoundAtTheFirstSampleOfItsGameFrame) {
 
 // 300 KiB last 1.7 s: twelve seconds need the streaming threads over and over, and each run has to wait for them.
 TEST(SoundCapture, IsTheSameOnEveryRunAndItsMusicGoesOnWithoutASeam) {
-    const RecordedGame game = gameOf({}, 300);
     const Bytes music = wave();
-    const auto first = captured(game, music);
+    const auto first = captured({}, 300, music);
     EXPECT_EQ(first.size(), std::size_t{2} * kSamplesPerFrame * (1 + 300 + kTailFrames));
-    EXPECT_EQ(first, captured(game, music));
+    EXPECT_EQ(first, captured({}, 300, music));
     int largestStep = 0;
     for (std::size_t i = 2; i < std::size_t{2} * kSamplesPerFrame * 300; i += 2) {
         largestStep = std::max(largestStep, std::abs(first[i] - first[i - 2]));
