@@ -7,7 +7,6 @@
 
 #include "direct_fill.h"
 #include "distance_fill.h"
-#include "drawing_by_chance.h"
 #include "level_map.h"
 #include "level_writer.h"
 #include "rules.h"

@@ -55,6 +55,7 @@ const struct {
     const char* reason;
 } kFaults[] = {
     {"cut in its header", [](Bytes& b) { b.resize(31); }, "shorter than its header of 32 bytes"},
+    {"version 0", [](Bytes& b) { b[20] = 0; }, "version 0 at byte 20, known are 1 to 4"},
     {"a version of the future", [](Bytes& b) { b[20] = 5; }, "version 5 at byte 20, known are 1 to 4"},
     {"no columns", [](Bytes& b) { b[24] = 0; }, "0 x 2 cells, a side may have 1 to 100"},
     {"too many rows", [](Bytes& b) { b[28] = 101; }, "3 x 101 cells, a side may have 1 to 100"},

@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "drawing_by_chance.h"
 #include "happenings.h"
 #include "level_list.h"
 #include "level_loader.h"
+#include "level_writer.h"
 #include "loading_list.h"
 #include "resource_package.h"
 #include "world_faults.h"

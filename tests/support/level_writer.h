@@ -9,6 +9,7 @@
 #include "level_file.h"
 #include "level_loader.h"
 #include "level_map.h"
+#include "world_random.h"
 
 namespace grub {
 
@@ -39,5 +40,10 @@ struct Drawing {
 
 /// The map of a drawing, built the way the game builds it.
 [[nodiscard]] LevelMap mapFrom(const Drawing& drawing);
+
+/// A level drawn by chance, the same for the same state of the generator: storeys with holes in their floors, ladders,
+/// pipes, walls, keys, an exit, enemies and spawn points in any mixture, within the limits of a level. A thicket has up
+/// to eight times the ladders and no storeys: ways meet again and again, and a plain fill of its distances takes long.
+[[nodiscard]] Drawing drawingByChance(int width, int height, bool isThicket, WorldRandom& random);
 
 }  // namespace grub

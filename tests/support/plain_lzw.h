@@ -10,7 +10,7 @@ namespace grub {
 /// What the expansion of a GIF image should give: colour indices, at most `room` of them, and why it stopped.
 struct PlainPixels {
     Bytes indices;
-    LzwEnd end = LzwEnd::PictureFull;
+    LzwEnd end;
 };
 
 /// Expands LZW data the plain way, with a prefix table, a suffix table and a stack, one bit at a time: slow, and
@@ -20,7 +20,7 @@ struct PlainPixels {
     const unsigned clear = 1u << minCodeSize;
     std::array<unsigned, 4096> prefix{};
     std::array<unsigned, 4096> suffix{};
-    PlainPixels result;
+    Bytes indices;
     unsigned width = 0, limit = 0, next = 0, previous = 0, first = 0;
     bool fresh = true;
     const auto forget = [&] {
@@ -30,17 +30,11 @@ struct PlainPixels {
         fresh = true;
     };
     forget();
-    for (std::size_t bit = 0; result.indices.size() < room;) {
-        if (bit + width > packed.size() * 8) {
-            result.end = LzwEnd::DataRanOut;
-            return result;
-        }
+    for (std::size_t bit = 0; indices.size() < room;) {
+        if (bit + width > packed.size() * 8) return {indices, LzwEnd::DataRanOut};
         unsigned code = 0;
         for (unsigned i = 0; i < width; ++i, ++bit) code |= (packed[bit / 8] >> bit % 8 & 1u) << i;
-        if (code == clear + 1) {
-            result.end = LzwEnd::EndCode;
-            return result;
-        }
+        if (code == clear + 1) return {indices, LzwEnd::EndCode};
         if (code == clear) {
             forget();
             continue;
@@ -49,7 +43,7 @@ struct PlainPixels {
             fresh = false;
             previous = code;
             first = code & (colourCount - 1);
-            result.indices.push_back(static_cast<std::uint8_t>(first));
+            indices.push_back(static_cast<std::uint8_t>(first));
             continue;
         }
         Bytes stack;
@@ -59,16 +53,13 @@ struct PlainPixels {
             k = previous;
         }
         while (k > colourCount - 1) {
-            if (stack.size() == 4096) {
-                result.end = LzwEnd::Damaged;
-                return result;
-            }
+            if (stack.size() == 4096) return {indices, LzwEnd::Damaged};
             stack.push_back(static_cast<std::uint8_t>(suffix[k]));
             k = prefix[k];
         }
         first = k;
         stack.push_back(static_cast<std::uint8_t>(k));
-        result.indices.insert(result.indices.end(), stack.rbegin(), stack.rend());
+        indices.insert(indices.end(), stack.rbegin(), stack.rend());
         if (next < limit) {
             prefix[next] = previous;
             suffix[next] = first;
@@ -80,8 +71,8 @@ struct PlainPixels {
             limit *= 2;
         }
     }
-    result.indices.resize(room);
-    return result;
+    indices.resize(room);
+    return {indices, LzwEnd::PictureFull};
 }
 
 }  // namespace grub
