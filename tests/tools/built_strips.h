@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <map>
 #include <string>
 #include <string_view>
@@ -36,7 +37,7 @@ using Frames = std::vector<PixelImage>;
         ADD_FAILURE() << name << " is not there or no picture";
         return frames = {PixelImage(64, 64)};
     }
-    const auto frameSize = static_cast<std::size_t>(decoder->width() * strip->frameHeight);
+    const std::size_t frameSize = PixelImage(decoder->width(), strip->frameHeight).pixels.size();
     frames.assign(colours.size() / 3 / frameSize, PixelImage(decoder->width(), strip->frameHeight));
     for (std::size_t i = 0; i < frames.size() * frameSize; ++i) {
         const auto rgb = colours.bytes().subspan(3 * i, 3);
@@ -104,8 +105,9 @@ using Frames = std::vector<PixelImage>;
     for (int i = 0; i < image.width * image.height; ++i) {
         const double alpha = image.row(0)[i].a;
         weight += alpha;
-        middle.first += alpha * (i % image.width + 0.5);
-        middle.second += alpha * (i / image.width + 0.5);
+        const auto [row, column] = std::div(i, image.width);
+        middle.first += alpha * (column + 0.5);
+        middle.second += alpha * (row + 0.5);
     }
     return {middle.first / weight, middle.second / weight};
 }

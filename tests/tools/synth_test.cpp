@@ -44,18 +44,34 @@ TEST(Measures, FindPeaksBetweenSamples) {
     EXPECT_NEAR(truePeak(std::span(sound).first(3900)), 0.975, 0.05);
 }
 
+/// Rising zero crossings in the tenth of a second from `second` on.
+int crossings(std::span<const double> sound, double second) {
+    int count = 0;
+    for (auto i = static_cast<std::size_t>(second * kMusicRate), n = i + kMusicRate / 10; i < n; ++i)
+        count += sound[i] < 0 && sound[i + 1] >= 0;
+    return count;
+}
+
 TEST(Layers, GlideByEqualIntervalsAndLeaveOutWhatTheRateCannotHold) {
     SoundLayer layer;
     layer.pitch = 400;
     layer.partials = {1};
     layer.length = 1;
     layer.glide = {{0, 1}, {1, 4}};
-    const Samples sound = renderLayer(layer, kMusicRate, 1, 0, 1);
-    int crossings = 0;  // around half a second, where the pitch is 800 Hz
-    for (std::size_t i = 19845; i < 24255; ++i) crossings += sound[i] < 0 && sound[i + 1] >= 0;
-    EXPECT_NEAR(crossings, 80, 2);
+    EXPECT_NEAR(crossings(renderLayer(layer, kMusicRate, 1, 0, 1), 0.45), 80, 2);  // 800 Hz in the middle
     layer.pitch = 23000;
     EXPECT_LT(peakOf(renderLayer(layer, kMusicRate, 1, 0, 1)), 0.001);
+}
+
+TEST(SoundSourceFormat, HasHitsWithNotesOfTheirOwn) {
+    TextError error;
+    const auto source =
+        readSoundSource("length 1\nloudness -20\ntone\n  partials 1\n  decay 2\n  pitch A4\n  hit 0.5 A5 -6\n", error);
+    ASSERT_TRUE(source) << error.message;
+    const auto sound = renderSound(*source, error);
+    ASSERT_TRUE(sound) << error.message;
+    EXPECT_LT(peakOf(std::span(*sound).first(22000)), 0.001);
+    EXPECT_NEAR(crossings(*sound, 0.6), 88, 2);
 }
 
 TEST(ScoreFormat, ReadsChordsAccentsAndPhrases) {
