@@ -19,8 +19,9 @@ protected:
     LevelViewTest() {
         source_.put("two.bmp", writeBmp(1, 64 * 2, Bytes(std::size_t{128} * 3, 9)));
         source_.put("digits.bmp", writeBmp(1, 20 * 10, Bytes(std::size_t{200} * 3, 9)));
-        for (const int id : {0, 10, 12, 13, 14, 15, 90, 97, 98, 118, 119, 128, 129, 132, 333})
+        for (const int id : {0, 10, 12, 13, 14, 15, 16, 90, 91, 92, 93, 94, 95, 96, 97, 98, 118, 119, 128, 129, 333})
             table_.addAnimationFile("two.bmp", id, 64, TextureTransform::Identity, kBlue);
+        table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
     }
 
     static LevelMap bareMap(int columns, int rows) {
@@ -30,24 +31,20 @@ protected:
         return map;
     }
 
-    void draw(const LevelMap& map, const Camera& camera = {}) {
-        draw(World(map, {}, AnimationFrameCounts::all(2)), camera);
-    }
-
     void draw(const World& world, const Camera& camera = {}) {
         renderer_.drawn.clear();
         drawLevel(world, camera, table_, renderer_);
     }
+    void draw(const LevelMap& map, const Camera& camera = {}) {
+        draw(World(map, {}, AnimationFrameCounts::all(2)), camera);
+    }
 
     /// The animations that were drawn, in order; -1 for one that was not drawn in its current frame.
     std::vector<int> drawnAnimations() const {
-        std::vector<int> ids;
-        for (const auto& drawn : renderer_.drawn) {
-            int found = -1;
+        std::vector<int> ids(renderer_.drawn.size(), -1);
+        for (std::size_t i = 0; i < ids.size(); ++i)
             for (int id = 0; id < kAnimationSlots; ++id)
-                if (table_.strip(id) && table_.strip(id)->texture() == drawn.texture) found = id;
-            ids.push_back(found);
-        }
+                if (table_.strip(id) && table_.strip(id)->texture() == renderer_.drawn[i].texture) ids[i] = id;
         return ids;
     }
 
@@ -57,103 +54,41 @@ protected:
     AnimationTable table_{source_, numbers_};
 };
 
-TEST_F(LevelViewTest, ACellIsDrawnBackToFrontWithTheHeroBetween) {
-    LevelMap map = bareMap(3, 2);
+TEST_F(LevelViewTest, DrawsWhatCellsHaveBackToFrontWithTheActorsBetween) {
+    LevelMap map = bareMap(4, 2);
+    map.cellAt(0, 0).fonSprite = map.cellAt(0, 0).sprite = 0;                   // a wall like others
+    map.cellAt(1, 0).layer2Sprite = map.cellAt(1, 0).layer5Sprite = kNoSprite;  // draws nothing
+    map.cellAt(1, 0).sprite = 77;                                               // is not loaded
+    map.addKey(3, 0, 0);
+    map.cellAt(3, 0).code = object_code::kShortLamp;
+    for (const std::uint16_t code : {object_code::kDog, object_code::kHeart, object_code::kDrops})
+        map.addObject({2, 0, code});
+    map.addKey(1, 1, 1);
     MapCell& cell = map.cellAt(1, 1);
+    cell.code = object_code::kLongLamp;
     cell.fonSprite = 10;
-    cell.sprite = 0;
+    cell.sprite = 16;
     cell.frame = 1;
     cell.layer2Sprite = 12;
     cell.layer3Sprite = 13;
     cell.layer4Sprite = 14;
     cell.layer5Sprite = 15;
-    map.addKey(1, 1, 1);
-    cell.code = object_code::kLongLamp;
+    map.cellAt(2, 1).sprite = 16;
+    map.cellAt(2, 1).frame = 2;
     draw(map);
-    EXPECT_EQ(drawnAnimations(), (std::vector{10, 0, 13, 14, 12, 98, 333, 15, 118}));
-    EXPECT_EQ(table_.strip(0)->frame(), 1) << "only the cell's own picture follows the cell's frame";
-    EXPECT_EQ(table_.strip(10)->frame(), 0);
+    EXPECT_EQ(drawnAnimations(), (std::vector{0, 0, 97, 10, 16, 13, 14, 12, 98, 16, 128, 129, 333, 90, 119, 15, 118}));
+    EXPECT_EQ(table_.strip(16)->frame(), 1) << "a frame that the strip lacks leaves its current one";
+    EXPECT_EQ(table_.strip(10)->frame(), 0) << "only the cell's own picture follows the cell's frame";
     for (const auto& drawn : renderer_.drawn) EXPECT_EQ(drawn.opacity, 1.0F);
-    EXPECT_EQ(renderer_.drawn[0].x, 64);
-    EXPECT_EQ(renderer_.drawn[0].y, 64);
-}
-
-TEST_F(LevelViewTest, CellsDrawWhatTheyHave) {
-    LevelMap map = bareMap(7, 1);
-    map.addKey(1, 0, 0);
-    map.cellAt(1, 0).code = object_code::kShortLamp;
-    map.cellAt(2, 0).fonSprite = map.cellAt(2, 0).sprite = 0;                   // a wall like others
-    map.cellAt(3, 0).layer2Sprite = map.cellAt(3, 0).layer5Sprite = kNoSprite;  // draws nothing
-    map.cellAt(4, 0).sprite = 77;                                               // is not loaded
-    map.cellAt(5, 0).sprite = map.cellAt(6, 0).sprite = 10;
-    map.cellAt(5, 0).frame = 1;
-    map.cellAt(6, 0).frame = 2;
-    draw(map);
-    EXPECT_EQ(drawnAnimations(), (std::vector{97, 0, 0, 10, 10, 333, 119}));
-    EXPECT_EQ(table_.strip(10)->frame(), 1) << "a frame that the strip lacks leaves its current one";
-}
-
-TEST_F(LevelViewTest, OnlyCellsThatCanShowAreDrawn) {
-    struct Row {
-        const char* what;
-        int heroX;
-        int heroY;
-        std::size_t cells;
-        int left;
-        int top;
-    };
-    constexpr Row kRows[] = {
-        {"the corner: 832 pixels are 13 columns, 640 are 10 rows", 0, 0, 130, 0, 0},
-        {"scrolled by almost a cell: a column more", 544 + 511, 344 + 319, 140, -63, -63},
-        {"scrolled by 8 and 36: the next column would begin beyond the edge", 1000, 700, 130, -8, -36},
-        {"the far corner: 1120 and 744 are scrolled", 1900, 1200, 117, -32, -40},
-    };
-    LevelMap map = bareMap(30, 20);
-    for (int y = 0; y < 20; ++y)
-        for (int x = 0; x < 30; ++x) {
-            map.cellAt(x, y).sprite = 0;
-            map.cellAt(x, y).layer5Sprite = 15;
-        }
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.what);
-        Camera camera;
-        camera.follow(row.heroX, row.heroY, map.width(), map.height());
-        draw(map, camera);
-        EXPECT_EQ(renderer_.drawn.size(), 2 * row.cells + 1) << "behind and before the hero";
-        EXPECT_EQ(renderer_.drawn.front().x, row.left);
-        EXPECT_EQ(renderer_.drawn.front().y, row.top);
-    }
-}
-
-TEST_F(LevelViewTest, TheHeroStandsBehindLivingEnemiesAndBeforeBonusesAndDecorations) {
-    LevelMap map = bareMap(3, 1);
-    map.cellAt(0, 0).layer5Sprite = 15;
-    map.addObject({1, 0, object_code::kDog});
-    map.addObject({1, 0, object_code::kHeart});
-    map.addObject({2, 0, object_code::kDrops});
-    draw(map);
-    EXPECT_EQ(drawnAnimations(), (std::vector{128, 129, 333, 90, 15}));
-    EXPECT_EQ(renderer_.drawn[3].x, 64);
-    map.cellAt(1, 0).type = BlockType::Solid;  // the dog dies at its first decision
+    EXPECT_EQ(renderer_.drawn[13].x, 128) << "the dog";
+    map.cellAt(2, 0).type = BlockType::Solid;  // the dog dies at its first decision
     World buried(map, {}, AnimationFrameCounts::all(2));
     buried.step();
     draw(buried);
-    EXPECT_EQ(drawnAnimations(), (std::vector{128, 129, 333, 15})) << "a dead enemy is not drawn";
-}
-
-TEST_F(LevelViewTest, ActorsBeyondTheScreenAreNotDrawn) {
-    LevelMap map = bareMap(30, 1);
-    for (const int column : {0, 1, 13, 14}) map.addObject({column, 0, object_code::kDrops});
-    map.addObject({14, 0, object_code::kDog});
-    Camera camera;
-    camera.follow(64 + 544 + 32, 0, 30, 1);
-    draw(map, camera);  // scrolled by 96: column 1 begins at -32, column 13 at 736, column 14 at 800
-    EXPECT_EQ(drawnAnimations(), (std::vector{128, 128, 128, 333, 90}));
-    EXPECT_EQ(renderer_.drawn[0].x, -32);
+    EXPECT_EQ(renderer_.drawn.size(), 16U) << "a dead enemy is not drawn";
 }
 
 TEST_F(LevelViewTest, PointsRiseFromTheCellWhereTheyWereEarned) {
-    table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
     LevelMap map = bareMap(1, 1);
     map.addKey(0, 0, 1);
     World world(map, {}, AnimationFrameCounts::all(2));
@@ -163,7 +98,6 @@ TEST_F(LevelViewTest, PointsRiseFromTheCellWhereTheyWereEarned) {
         draw(world);
         ASSERT_EQ(renderer_.drawn.size(), 3U) << "hero and two digits in picture " << picture;
         EXPECT_EQ(renderer_.drawn[1].x, 32 - 14) << "the last digit ends where the number stands";
-        EXPECT_EQ(renderer_.drawn[2].x, 32 - 28);
         EXPECT_EQ(renderer_.drawn[1].y, 32 - picture);
     }
     EXPECT_EQ(table_.strip(6)->frame(), 5) << "the first digit is drawn last";
@@ -173,21 +107,18 @@ TEST_F(LevelViewTest, PointsRiseFromTheCellWhereTheyWereEarned) {
 }
 
 TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
-    table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
     const struct {
         int x, y, value;
         std::vector<int> lefts;  // of the digits, in the order in which they are drawn
-    } rows[] = {
-        {100, 10, 0, {90}},
-        {100, 10, 105, {90, 80, 70}},
-        {100, 10, 1234567, {90, 80, 70, 60, 50}},
-        {-64, -64, 7, {-74}},
-        {-65, 0, 7, {}},
-        {0, -65, 7, {}},
-        {800, 600, 7, {790}},
-        {801, 0, 7, {}},
-        {0, 601, 7, {}},
-    };
+    } rows[] = {{100, 10, 0, {90}},
+                {100, 10, 105, {90, 80, 70}},
+                {100, 10, 1234567, {90, 80, 70, 60, 50}},
+                {-64, -64, 7, {-74}},
+                {-65, 0, 7, {}},
+                {0, -65, 7, {}},
+                {800, 600, 7, {790}},
+                {801, 0, 7, {}},
+                {0, 601, 7, {}}};
     for (const auto& row : rows) {
         renderer_.drawn.clear();
         drawNumber(renderer_, row.x, row.y, row.value, *table_.strip(6), DigitSpacing::Narrow);
@@ -197,27 +128,42 @@ TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
     }
 }
 
-TEST(Camera, KeepsTheHeroInItsBandUpToTheMapsEnds) {
-    // The hero appears at (x, y) and the camera follows him from the corner to (scrollX, scrollY). Then he is at the
-    // place (nextX, nextY) of the screen, and the camera moves by (movesX, movesY).
+TEST_F(LevelViewTest, TheCameraKeepsTheHeroInItsBandAndCellsAreDrawnThatCanShow) {
+    // The hero appears at (x, y) and the camera follows him from the corner to (scrollX, scrollY), where it sees
+    // `cells` and `actors` of a full map: 832 pixels are 13 columns, 640 are 10 rows. Then he is at the place (nextX,
+    // nextY) of the screen, and the camera moves by (movesX, movesY).
     const struct {
         const char* what;
-        int columns, rows, x, y, scrollX, scrollY, nextX, nextY, movesX, movesY;
+        int columns, rows, x, y, scrollX, scrollY;
+        std::size_t cells, actors;
+        int nextX, nextY, movesX, movesY;
     } rows[] = {
-        {"13 columns and 9 rows never scroll", 13, 9, 768, 512, 0, 0, 768, 512, 0, 0},
-        {"on the band's far edge", 30, 20, 544, 344, 0, 0, 544, 344, 0, 0},
-        {"one pixel beyond it", 30, 20, 545, 345, 1, 1, 544, 344, 0, 0},
-        {"on the band's near edge", 40, 40, 1000, 700, 456, 356, 192, 128, 0, 0},
-        {"one pixel before it", 40, 40, 1000, 700, 456, 356, 191, 127, -1, -1},
-        {"14 columns, 10 rows above the panel", 14, 10, 832, 576, 96, 104, -96, -104, -96, -104},
-        {"the ends of the map", 30, 20, 1856, 1216, 1120, 744, 736, 472, 0, 0},
+        {"13 columns and 9 rows never scroll", 13, 9, 768, 512, 0, 0, 117, 117, 768, 512, 0, 0},
+        {"on the band's far edge", 30, 20, 544, 344, 0, 0, 130, 130, 544, 344, 0, 0},
+        {"one pixel beyond it", 30, 20, 545, 345, 1, 1, 130, 130, 544, 344, 0, 0},
+        {"scrolled by almost a cell: a column more", 30, 20, 1055, 663, 511, 319, 140, 154, 544, 344, 0, 0},
+        {"on the band's near edge", 40, 40, 1000, 700, 456, 356, 130, 130, 192, 128, 0, 0},
+        {"one pixel before it", 40, 40, 1000, 700, 456, 356, 130, 130, 191, 127, -1, -1},
+        {"14 columns, 10 rows above the panel", 14, 10, 832, 576, 96, 104, 117, 117, -96, -104, -96, -104},
+        {"a column begins at the last pixel", 30, 20, 640, 344, 96, 0, 140, 140, 544, 344, 0, 0},
+        {"the ends of the map", 30, 20, 1856, 1216, 1120, 744, 117, 117, 736, 472, 0, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
+        LevelMap map = bareMap(row.columns, row.rows);
+        for (int y = 0; y < row.rows; ++y)
+            for (int x = 0; x < row.columns; ++x) {
+                map.cellAt(x, y).sprite = map.cellAt(x, y).layer5Sprite = 15;
+                map.addObject({x, y, object_code::kDrops});
+            }
         Camera camera;
         camera.follow(row.x, row.y, row.columns, row.rows);
         EXPECT_EQ(camera.scrollX(), row.scrollX);
         EXPECT_EQ(camera.scrollY(), row.scrollY);
+        draw(map, camera);
+        EXPECT_EQ(renderer_.drawn.size(), 2 * row.cells + row.actors + 1) << "the hero too";
+        EXPECT_EQ(renderer_.drawn.front().x, -(row.scrollX % 64));
+        EXPECT_EQ(renderer_.drawn.front().y, -(row.scrollY % 64));
         camera.follow(row.scrollX + row.nextX, row.scrollY + row.nextY, row.columns, row.rows);
         EXPECT_EQ(camera.scrollX(), row.scrollX + row.movesX);
         EXPECT_EQ(camera.scrollY(), row.scrollY + row.movesY);

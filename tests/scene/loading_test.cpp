@@ -1,25 +1,22 @@
-#include "animation_table.h"
+// The loader thread and the table that it fills.
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <thread>
 
+#include "animation_table.h"
 #include "bmp_writer.h"
 #include "fake_renderer.h"
 #include "memory_source.h"
+#include "resource_loader.h"
 
 namespace grub {
 namespace {
 
-// A strip of `frames` frames, 64 x 64 each.
-Bytes stripFile(unsigned frames) { return writeBmp(64, 64 * frames, Bytes(std::size_t{64} * 64 * frames * 3, 7)); }
-
 class AnimationTableTest : public ::testing::Test {
 protected:
-    AnimationTableTest() {
-        source_.put("three.bmp", stripFile(3));
-        source_.put("damaged.bmp", Bytes{'n', 'o'});
-    }
+    AnimationTableTest() { source_.put("three.bmp", writeBmp(64, 64 * 3, Bytes(std::size_t{64} * 64 * 3 * 3, 7))); }
 
     FakeRenderer renderer_;
     MemorySource source_;
@@ -28,24 +25,19 @@ protected:
 };
 
 TEST_F(AnimationTableTest, AddsStripsAndTheNumbersOfMapStrips) {
-    constexpr auto kMirrored = TextureTransform::FlipHorizontal;
     const struct {
         const char* what;
         const char* file;
         int id;
         int number;  // of a map strip; 0: another strip
-        bool isStopped;
-        bool isAdded;
-        int frames;
-        int missing;
-        int count;
+        bool isStopped, isAdded;
+        int frames, missing, count;
     } rows[] = {
         {"a strip", "three.bmp", 76, 0, false, true, 3, -1, 77},
-        {"a lower id leaves the count", "three.bmp", 3, 0, false, true, 3, -1, 77},
         {"a map strip", "three.bmp", 193, 175, false, true, 3, -1, 194},
         {"a missing map strip", "none.bmp", 194, 176, false, false, 0, -1, 194},
         {"a missing strip is remembered", "none.bmp", 90, 0, false, false, 0, 90, 194},
-        {"a damaged file has no frames", "damaged.bmp", 7, 0, false, true, 0, 90, 194},
+        {"a lower id", "three.bmp", 3, 0, false, true, 3, 90, 194},
         {"an id below the table", "three.bmp", -1, 0, false, false, 0, 90, 194},
         {"an id behind the table", "three.bmp", kAnimationSlots, 0, false, false, 0, 90, 194},
         {"while loading is stopped", "three.bmp", 200, 0, true, false, 0, 90, 194},
@@ -56,7 +48,7 @@ TEST_F(AnimationTableTest, AddsStripsAndTheNumbersOfMapStrips) {
         SCOPED_TRACE(row.what);
         table_.stopLoading(row.isStopped);
         EXPECT_EQ(row.number != 0 ? table_.addBlockAnimationFile(row.file, row.id, row.number, kBlue)
-                                  : table_.addAnimationFile(row.file, row.id, 64, kMirrored, kBrown),
+                                  : table_.addAnimationFile(row.file, row.id, 64, TextureTransform::Rotate180, kBrown),
                   row.isAdded);
         EXPECT_EQ(table_.strip(row.id) != nullptr, row.isAdded);
         EXPECT_EQ(table_.frameCounts().of(row.id), row.frames);
@@ -66,7 +58,7 @@ TEST_F(AnimationTableTest, AddsStripsAndTheNumbersOfMapStrips) {
         EXPECT_EQ(numbers_.spriteIdOf(row.number), row.isAdded ? row.id : SpriteNumbers::kUnknown);
     }
     const FakeTexture& first = *renderer_.textures.front();
-    EXPECT_EQ(first.uploadedTransform, kMirrored);
+    EXPECT_EQ(first.uploadedTransform, TextureTransform::Rotate180);
     EXPECT_EQ(first.keys, std::vector{kBrown});
     EXPECT_EQ(first.keysBeforeUpload, 1U);
 
@@ -86,13 +78,44 @@ TEST_F(AnimationTableTest, TheGameThreadMayDrawWhatTheLoaderHasAdded) {
     for (int seen = 0; seen < kAnimationSlots;) {
         FrameStrip* const strip = table_.strip(seen);
         if (!strip) continue;
-        ASSERT_EQ(strip->frameCount(), 3);
-        strip->acquire();
-        strip->setFrame(2);
+        ASSERT_EQ(strip->setFrame(2), 2);
         ASSERT_NE(strip->texture(), nullptr);
         ++seen;
     }
     loader.join();
+}
+
+TEST(ResourceLoader, AStopEndsThePassAfterTheStepItIsIn) {
+    ResourceLoader loader;
+    Event inStep{true, false};
+    Event goOn{true, false};
+    loader.start([&](int) {
+        inStep.set();
+        goOn.wait(INFINITE);
+    });
+    inStep.wait(INFINITE);
+    loader.requestStop();
+    EXPECT_FALSE(loader.wait(0));
+    goOn.set();
+    loader.wait(INFINITE);
+    EXPECT_EQ(loader.progress(), 1);
+}
+
+TEST(ResourceLoader, NothingIsLoadedAfterAStopHasBeenWaitedFor) {
+    int sum = 0;
+    for (int round = 0; round < 1000; ++round) {
+        int loaded = 0;  // no atomic: the wait must order the loader's last write before the reading
+        ResourceLoader loader;
+        loader.start([&](int) {
+            std::this_thread::sleep_for(std::chrono::microseconds(100));
+            ++loaded;
+        });
+        loader.requestStop();
+        loader.wait(INFINITE);
+        ASSERT_EQ(loaded, loader.progress());
+        sum += loaded;
+    }
+    EXPECT_LT(sum, 4000) << "a stop right after the start is not lost";
 }
 
 }  // namespace
