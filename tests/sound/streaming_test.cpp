@@ -67,7 +67,7 @@ TEST_F(Streaming, AVeryShortLoopIsBoundedAndAnEmptyOneEnds) {
 
 TEST_F(Streaming, SixteenStreamsPlayAndASeventeenthDoesNotStart) {
     const auto refused = soundOf(monoWav(Samples(k300KiB, 100)));
-    for (const Call function : {Call::Play, Call::SetNotificationPositions, Call::Unlock}) {
+    for (const Call function : {Call::SetNotificationPositions, Call::Play}) {
         controls_.fail(function, DSERR_INVALIDCALL);
         EXPECT_FALSE(device_.play(*refused, false)) << "and takes no slot";
         controls_.fail(function, DS_OK);
