@@ -29,6 +29,7 @@ using Samples = std::vector<std::int16_t>;
                                        << (w == wanted.end() ? "absent" : std::to_string(*w));
 }
 
+/// A window for the device, which never looks at it.
 inline const HWND kAnyWindow = reinterpret_cast<HWND>(std::uintptr_t{1});
 
 /// A sound device whose speakers are the test: `mix` is what they would get next.
