@@ -4,6 +4,28 @@
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 
+# grub_headers(NAME HEADERS...): a target that only precompiles; HEADERS are what most sources include anyway. Sources still name
+# what they need: the clang builds, clang-tidy and scripts/check_headers.py compile without precompiled headers.
+function(grub_headers name)
+    file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+    add_library(${name} OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/${name}.cpp)
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+endfunction()
+
+# grub_precompiled(TARGET NAME): the sources of TARGET are compiled with the headers that grub_headers(NAME ...) precompiles.
+function(grub_precompiled target name)
+    if(GRUB_PCH)
+        target_precompile_headers(${target} REUSE_FROM ${name})
+    endif()
+endfunction()
+
+set(GRUB_STANDARD_HEADERS
+    <algorithm> <array> <cmath> <cstddef> <cstdint> <cstdio> <cstring> <functional> <memory> <optional> <ranges> <span> <string>
+    <string_view> <utility> <vector>)
+if(GRUB_PCH)
+    grub_headers(grub_standard_headers ${GRUB_STANDARD_HEADERS})
+endif()
+
 # grub_library(NAME [LINKS targets that its headers need] [USES targets and libraries that only its sources need])
 function(grub_library name)
     cmake_parse_arguments(ARG "" "" "LINKS;USES" ${ARGN})
@@ -12,6 +34,7 @@ function(grub_library name)
         add_library(${name} STATIC ${sources})
         target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
         target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_USES})
+        grub_precompiled(${name} grub_standard_headers)
     else()
         add_library(${name} INTERFACE)
         target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
@@ -26,6 +49,7 @@ function(grub_test name)
     # Tests wait for the code they call, hardly for themselves; optimising them would take as long as compiling them.
     target_compile_options(${name} PRIVATE -Og)
     target_link_libraries(${name} PRIVATE ${ARGN} grub_test_support GTest::gmock GTest::gtest_main)
+    grub_precompiled(${name} grub_test_headers)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${GRUB_TEST_ENVIRONMENT}")
@@ -36,6 +60,7 @@ function(grub_bench name)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE ${ARGN} grub_test_support benchmark::benchmark benchmark::benchmark_main)
+    grub_precompiled(${name} grub_standard_headers)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bench)
 endfunction()
 

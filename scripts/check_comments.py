@@ -3,8 +3,10 @@
 
 A declaration is explained by a `///` line above it, by `///<` on its line, or by the comment of the block of declarations
 (lines without a blank line between) that it stands in. The comment of a class or struct also explains its fields and its
-first block, where the constructors stand. Overrides, destructors, copies and moves, defaulted and deleted members, friends, operator new, delete and
-comparisons, and forward declarations need none.
+first block, where the constructors stand.
+
+What explains itself needs no comment: questions without parameters (`bool isOpen() const`), setters (`setVolume`), overrides,
+destructors, copies and moves, defaulted and deleted members, friends, operator new, delete and comparisons, forward declarations.
 """
 import pathlib
 import re
@@ -12,8 +14,15 @@ import subprocess
 import sys
 
 EXEMPT = re.compile(
-    r"^\w+\(\);|\boperator(=| new| delete|==|<=>|\(\))|^inline [^(]*\w::~?\w+\(|\b(\w+)\((const )?\2&|override|= default|= delete|^friend\b|^using namespace|^virtual ~|^~|^(public|protected|private):|^(class|struct|enum class) \w+;"
-    r"|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b"
+    "|".join(
+        (
+            r"^\w+\(\);",  # a constructor without parameters
+            r"^[^=]*\w\(\) const(?: noexcept)?(?: \{|;)|^(?:void|bool) set[A-Z]\w*\(",  # questions and setters
+            r"\boperator(?:=| new| delete|==|<=>|\(\))|\b(\w+)\((?:const )?\1&|override|= default|= delete|^virtual ~|^~",
+            r"^inline [^(]*\w::~?\w+\(|^friend\b|^using namespace|^(?:class|struct|enum class) \w+;",
+            r"^(?:public|protected|private):|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b",
+        )
+    )
 )
 
 

@@ -1,12 +1,18 @@
 #!/usr/bin/env python3
-"""Compiles every header alone, with the flags of a source file of its folder: a header includes what it needs."""
+"""Compiles every header alone, with the flags of a source file of its folder: a header includes what it needs.
+
+The compiler cache, where there is one, knows the headers that have not changed.
+"""
 import concurrent.futures
 import json
 import pathlib
 import re
 import shlex
+import shutil
 import subprocess
 import sys
+
+COMPILER = ["ccache", "g++"] if shutil.which("ccache") else ["g++"]
 
 
 def flags_by_folder(build: pathlib.Path) -> dict[pathlib.Path, list[str]]:
@@ -28,12 +34,14 @@ def candidates(folder: pathlib.Path, flags: dict) -> list[list[str]]:
     return own + [words for other, words in flags.items() if other != folder and f"-I{folder}" in words]
 
 
-def compiles(header: pathlib.Path, choices: list[list[str]]) -> str:
+def compiles(header: pathlib.Path, folder: pathlib.Path, choices: list[list[str]]) -> str:
     """What is wrong with the header; nothing when it compiles under any of the flags."""
-    complaint = f"{header}: nobody may include it"
+    complaint = f"{header}: no target may include it"
+    alone = folder / f"{header.parent.name}_{header.stem}.cpp"
+    alone.write_text(f'#include "{header.relative_to(pathlib.Path.cwd())}"\n')
     for words in choices:
-        command = ["g++", "-std=c++20", "-fsyntax-only", "-Wall", "-Wextra", "-Werror", *words, "-x", "c++"]
-        result = subprocess.run([*command, "-include", str(header), "/dev/null"], capture_output=True, text=True)
+        command = [*COMPILER, "-std=c++20", "-Wall", "-Wextra", "-Werror", "-I.", *words, "-c", str(alone), "-o", str(alone.with_suffix(".o"))]
+        result = subprocess.run(command, capture_output=True, text=True)
         if result.returncode == 0:
             return ""
         complaint = f"{header} does not compile alone:\n{result.stderr}"
@@ -45,8 +53,10 @@ def main() -> int:
     flags = flags_by_folder(build)
     listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "*.h"], capture_output=True, text=True).stdout.split()
     headers = [pathlib.Path(name).resolve() for name in listed]
+    folder = build / "headers"
+    folder.mkdir(exist_ok=True)
     with concurrent.futures.ThreadPoolExecutor(2) as pool:
-        faults = [fault for fault in pool.map(lambda h: compiles(h, candidates(h.parent, flags)), headers) if fault]
+        faults = [fault for fault in pool.map(lambda h: compiles(h, folder, candidates(h.parent, flags)), headers) if fault]
     print("\n".join(faults) if faults else f"{len(headers)} headers compile alone")
     return 1 if faults else 0
 

@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# The cheap checks: format, comments, assertions, tests that docs name, headers alone; then clang-tidy on changed files
+# The cheap checks: format, comments, assertions, tests that documents name, headers alone; then clang-tidy on changed files
 # (`all`: on all).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/lib.sh
-install_packages
 
 sources() { git ls-files -co --exclude-standard -- '*.cpp' '*.h'; }
 
-# Files that differ from the upstream branch, or, where there is none or nothing differs, from before the last commit.
+# Files that differ from the upstream branch, or, where there is no such branch or nothing differs, from before the last commit.
 changed() {
     local base
     base=$(git merge-base HEAD origin/main 2>/dev/null || true)
@@ -17,14 +16,13 @@ changed() {
         grep '\.cpp$' | sort -u || true
 }
 
-sources | xargs clang-format-14 --dry-run -Werror
+python3 scripts/check_share.py
+sources | xargs -P 2 -n 60 clang-format-14 --dry-run -Werror
 python3 scripts/check_comments.py
 python3 scripts/check_assertions.py
 python3 scripts/check_platform_names.py
 python3 scripts/check_behaviour.py
-[ -f build/release/compile_commands.json ] || build_preset release
+configure release BUILD_TESTING=ON GRUB_BENCH=ON
 python3 scripts/check_headers.py build/release
 if [ "${1:-changed}" = all ]; then files=$(sources | grep '\.cpp$'); else files=$(changed); fi
-# Fuzzers are built by clang in a build of their own.
-files=$(grep -v '^fuzz/' <<<"$files" || true)
-[ -z "$files" ] || xargs -P 2 -n 4 clang-tidy-14 -p build/release --quiet --extra-arg=-Wno-unknown-warning-option <<<"$files" 2>/dev/null
+[ -z "$files" ] || xargs python3 scripts/tidy.py build/release <<<"$files"
