@@ -101,6 +101,20 @@ def first_failure(preset: str, program: str) -> str:
     return failed.group(1) if failed else sanitizer.group(1) if sanitizer else f"ends with {run.returncode}"
 
 
+def first_notice(fault: Fault, programs: list[str], content: str) -> str:
+    """The first program that notices the fault: those that the fault names, then, only where debug serves, all others."""
+    others = [p for p in programs if p not in fault.programs] if fault.preset == "debug" else []
+    for targets, order in ((fault.programs, fault.programs), (["all"], others)):
+        if not order:
+            continue
+        if not build(fault.preset, targets, content):
+            return f"NOT PUT IN: it does not compile, see {COPY}/build/{fault.preset}/faults.log"
+        for program in order:
+            if failure := first_failure(fault.preset, program):
+                return f"{program}: {failure}"
+    return "NOT FOUND"
+
+
 def try_fault(fault: Fault, programs: list[str], content: str) -> str:
     """Which test notices the fault; a line that begins with NOT when none does."""
     place = place_of(fault)
@@ -110,15 +124,7 @@ def try_fault(fault: Fault, programs: list[str], content: str) -> str:
     good = path.read_text()
     path.write_text(good[: match.start()] + "\n".join(fault.new) + good[match.end() :])
     try:
-        order = fault.programs + [p for p in programs if p not in fault.programs]
-        if fault.preset != "debug":
-            order = fault.programs
-        if not build(fault.preset, fault.programs if fault.preset != "debug" else ["all"], content):
-            return f"NOT PUT IN: it does not compile, see {COPY}/build/{fault.preset}/faults.log"
-        for program in order:
-            if failure := first_failure(fault.preset, program):
-                return f"{program}: {failure}"
-        return "NOT FOUND"
+        return first_notice(fault, programs, content)
     finally:
         path.write_text(good)
 
