@@ -19,11 +19,9 @@ inline constexpr UINT D3DADAPTER_DEFAULT = 0;
 /// Result codes of this interface: facility 0x876, negative.
 inline constexpr HRESULT D3D_OK = 0;
 inline constexpr HRESULT D3DERR_OUTOFVIDEOMEMORY = static_cast<HRESULT>(0x8876017C);
-inline constexpr HRESULT D3DERR_DRIVERINTERNALERROR = static_cast<HRESULT>(0x88760827);
 inline constexpr HRESULT D3DERR_DEVICELOST = static_cast<HRESULT>(0x88760868);
 inline constexpr HRESULT D3DERR_DEVICENOTRESET = static_cast<HRESULT>(0x88760869);
 inline constexpr HRESULT D3DERR_NOTAVAILABLE = static_cast<HRESULT>(0x8876086A);
-inline constexpr HRESULT D3DERR_INVALIDDEVICE = static_cast<HRESULT>(0x8876086B);
 inline constexpr HRESULT D3DERR_INVALIDCALL = static_cast<HRESULT>(0x8876086C);
 
 /// Pixel formats, named from the highest bit down.
@@ -221,5 +219,5 @@ protected:
     ~IDirect3DDevice8() = default;
 };
 
-/// The door to everything above; null for a version that is not 220.
+/// Makes the object that all others come from; null for a version other than 220.
 IDirect3D8* Direct3DCreate8(UINT version);

@@ -20,7 +20,7 @@ inline constexpr HRESULT DSERR_INVALIDPARAM = static_cast<HRESULT>(0x80070057);
 inline constexpr HRESULT DSERR_NOINTERFACE = static_cast<HRESULT>(0x80004002);
 inline constexpr HRESULT DSERR_OUTOFMEMORY = E_OUTOFMEMORY;
 
-/// How a program shares the card with others. Here nobody is disturbed whatever is asked for.
+/// How a program shares the card with others. Here it never disturbs them.
 inline constexpr DWORD DSSCL_PRIORITY = 2;
 
 /// What a buffer can do; each control must be asked for when the buffer is created. All buffers are mixed by the
@@ -62,7 +62,7 @@ struct DSBUFFERDESC {
     GUID guid3DAlgorithm;
 };
 
-/// An event that is set when the frame that holds the byte at `dwOffset` has been played.
+/// The event is set when the frame with the byte at `dwOffset` has been played.
 struct DSBPOSITIONNOTIFY {
     DWORD dwOffset;
     HANDLE hEventNotify;
@@ -96,8 +96,8 @@ struct IDirectSoundBuffer : IUnknown {
     virtual HRESULT GetStatus(DWORD* status) = 0;
     /// Where it plays, and from where on it may be written; either pointer may be null.
     virtual HRESULT GetCurrentPosition(DWORD* play, DWORD* write) = 0;
-    /// Memory to write to until `Unlock`; it holds what the buffer holds. A range that passes the end goes on at the
-    /// start, in the second piece (null and 0 when there is none). One lock at a time. DSERR_BUFFERLOST: call
+    /// Gives memory to write to until `Unlock`; it holds what the buffer holds. A range that passes the end goes on at
+    /// the start, in the second piece (null and 0 when there is none). One lock at a time. DSERR_BUFFERLOST: call
     /// `Restore`.
     virtual HRESULT Lock(DWORD offset, DWORD bytes, void** first, DWORD* firstBytes, void** second, DWORD* secondBytes,
                          DWORD flags) = 0;

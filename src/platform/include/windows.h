@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The part of Win32 that the game calls, with its documented meaning, on every platform. Where this layer knowingly
-/// does less than the original, the comment says so. Nothing is declared here that nobody calls (docs/platform.md).
+/// The part of Win32 that the game calls, with its documented meaning. A comment says where this layer does less than
+/// the original on purpose. Each name has a caller (docs/platform.md).
 
 // ---------------------------------------------------------------------------------------------------------------------
 // Types
@@ -31,7 +31,7 @@ using LPVOID = void*;
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
 
-/// Handles are opaque: numbers in the clothes of pointers, never reused, so a stale one is refused and not followed.
+/// Handles are numbers in the type of a pointer. The layer never uses a number twice, so it can refuse a stale handle.
 using HANDLE = void*;
 using HINSTANCE = struct HINSTANCE__*;
 using HWND = struct HWND__*;
@@ -41,7 +41,7 @@ using HBRUSH = struct HBRUSH__*;
 using HMENU = struct HMENU__*;
 using HKEY = struct HKEY__*;
 
-/// What CreateFileA gives on failure; every other call that makes a handle gives null.
+/// CreateFileA returns this on failure; every other call that makes a handle returns null.
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_t{-1});
 
 /// The name of an interface.
@@ -62,7 +62,7 @@ struct GUID {
 constexpr bool FAILED(HRESULT result) { return result < 0; }
 constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
 
-/// Results of the system; those of Direct3D stand in d3d8.h, those of DirectSound in dsound.h.
+/// Results of the system. d3d8.h and dsound.h have their own.
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
@@ -86,7 +86,7 @@ union LARGE_INTEGER {
 /// Handles one message of a window, on the thread that created it.
 using WNDPROC = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// What RegisterClassExA takes. Only style, procedure, icon and name are used; the caller keeps what is pointed at.
+/// What RegisterClassExA takes. Only style, procedure, icon and name are used. The layer copies the name.
 struct WNDCLASSEXA {
     UINT cbSize;
     UINT style;
@@ -102,8 +102,8 @@ struct WNDCLASSEXA {
     HICON hIconSm;
 };
 
-/// What WM_CREATE's lParam points at; only the creation parameter is filled with the caller's value, the rest describes
-/// the window as it was asked for.
+/// WM_CREATE's lParam points at this. `lpCreateParams` is the caller's; the rest describes the window that it asked
+/// for.
 struct CREATESTRUCTA {
     LPVOID lpCreateParams;
     HINSTANCE hInstance;
@@ -130,7 +130,7 @@ struct MSG {
 inline constexpr UINT CS_DBLCLKS = 0x0008;
 inline constexpr UINT CS_OWNDC = 0x0020;
 
-/// Window styles. They decide the size of the client area; whether the picture fills the screen is the device's choice.
+/// Window styles. They decide the size of the client area; the device decides whether the picture fills the screen.
 inline constexpr DWORD WS_POPUP = 0x80000000U;
 inline constexpr DWORD WS_CAPTION = 0x00C00000U;
 inline constexpr DWORD WS_BORDER = 0x00800000U;
@@ -171,41 +171,41 @@ inline constexpr UINT VK_DOWN = 0x28;
 
 /// Registers a window class; 0 when it has no name or no procedure. Registering the same name again replaces the class.
 ATOM RegisterClassExA(const WNDCLASSEXA* windowClass);
-/// Creates a hidden window, owned by the calling thread (the one that first used the layer's windows), and sends it
-/// WM_CREATE. `className` is a name or a class atom (MAKEINTRESOURCEA). Sizes are outer sizes in pixels; parent and
-/// menu must be null. Null when the class is unknown, the system refuses, or WM_CREATE answers -1.
+/// Creates a hidden window and sends it WM_CREATE. The calling thread owns it; all windows must have the same owner.
+/// `className` is a name or a class atom (MAKEINTRESOURCEA). Sizes are outer sizes in pixels; parent and menu must be
+/// null. Null when the class is unknown, the system refuses, or WM_CREATE answers -1.
 HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
                      HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter);
-/// Shows the window for SW_SHOW. Whether it was visible before.
+/// Shows the window for SW_SHOW. Returns whether it was visible before.
 BOOL ShowWindow(HWND window, int command);
 inline constexpr int SW_SHOW = 5;
 /// Destroys a window of the calling thread: answers every waiting SendMessageA with 0, then sends WM_DESTROY.
 BOOL DestroyWindow(HWND window);
 
 /// Takes the next message of the calling thread's windows; waits for one and serves SendMessageA meanwhile. 0 after
-/// PostQuitMessage, -1 when the thread has no window that could ever get a message. The filters are not used.
+/// PostQuitMessage, -1 when the thread has no window. The filters are not used.
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last);
-/// Calls the window procedure for a message that GetMessageA gave.
+/// Calls the window procedure for a message of GetMessageA.
 LRESULT DispatchMessageA(const MSG* message);
 /// Queues a message; any thread. FALSE when the window is gone.
 BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-/// Runs the window procedure on the window's own thread and returns its result; any thread. 0 at once when the window
-/// is gone, also when it goes while the call waits.
+/// Runs the window procedure on the window's own thread and returns its result; any thread. 0 when the window is gone,
+/// also when it is destroyed while the call waits.
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-/// Lets GetMessageA of the calling thread return 0 once the messages queued before are taken.
+/// Lets GetMessageA of the calling thread return 0 after the messages that are queued now.
 void PostQuitMessage(int exitCode);
-/// What a window does with messages it does not care about: Alt+F4 and WM_CLOSE close it, WM_PAINT counts as painted.
+/// Handles the messages that a procedure leaves: Alt+F4 and WM_CLOSE close the window, WM_PAINT counts as painted.
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// Whether the window wants WM_PAINT. `rect`, when not null, receives the client area.
+/// Returns whether the window wants WM_PAINT. `rect`, when not null, receives the client area.
 BOOL GetUpdateRect(HWND window, RECT* rect, BOOL erase);
-/// Marks the window as painted; the rectangle is not looked at.
+/// Marks the whole window as painted; the rectangle is not used.
 BOOL ValidateRect(HWND window, const RECT* rect);
 /// One pointer-sized value kept with the window for its procedure; the only index is GWLP_USERDATA.
 LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value);
 LONG_PTR GetWindowLongPtrA(HWND window, int index);
 inline constexpr int GWLP_USERDATA = -21;
-/// Gives the class of `window` another large icon (index GCL_HICON) and shows it. The previous handle, 0 if none. The
+/// Gives the class of `window` another large icon (index GCL_HICON) and shows it. Returns the handle before, or 0. The
 /// value is as wide as a pointer, so that a handle fits.
 LONG_PTR SetClassLongA(HWND window, int index, LONG_PTR value);
 inline constexpr int GCL_HICON = -14;
@@ -222,7 +222,7 @@ inline constexpr int SM_CYEDGE = 46;
 inline LPCSTR MAKEINTRESOURCEA(WORD id) { return reinterpret_cast<LPCSTR>(std::uintptr_t{id}); }
 inline const LPCSTR IDI_WINLOGO = MAKEINTRESOURCEA(32517);
 inline const LPCSTR IDC_ARROW = MAKEINTRESOURCEA(32512);
-/// An icon that the program offers under a number, or the system icon IDI_WINLOGO. Null when there is none.
+/// An icon that the program offers under a number, or the system icon IDI_WINLOGO. Null for any other name.
 HICON LoadIconA(HINSTANCE instance, LPCSTR name);
 /// The system's arrow; other cursors are not offered (null).
 HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
@@ -231,8 +231,9 @@ HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
 UINT MapVirtualKeyA(UINT code, UINT kind);
 inline constexpr UINT MAPVK_VK_TO_CHAR = 2;
 
-/// Shows a text with one button, OK, and waits for the answer; any thread, the windows go on being served. Without a
-/// display the text is a line on standard error and counts as answered. Always IDOK.
+/// Shows a text with one button, OK, and waits for the answer; any thread. A thread that owns a window serves
+/// SendMessageA meanwhile. Without a screen the text is a line on standard error and the call does not wait. Always
+/// IDOK.
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT style);
 inline constexpr int IDOK = 1;
 inline constexpr UINT MB_OK = 0x0000;
@@ -242,7 +243,7 @@ inline constexpr UINT MB_TASKMODAL = 0x2000;
 // ---------------------------------------------------------------------------------------------------------------------
 // Threads and waits
 
-/// A lock that its owner may take again. Must be initialised before use and deleted when nobody holds it.
+/// A lock that its owner may take again. Initialise it before use; delete it while no thread holds it.
 struct CRITICAL_SECTION {
     void* lock;
 };
@@ -251,14 +252,15 @@ void DeleteCriticalSection(CRITICAL_SECTION* section);
 void EnterCriticalSection(CRITICAL_SECTION* section);
 void LeaveCriticalSection(CRITICAL_SECTION* section);
 
-/// An unnamed event; null attributes and name. The caller closes the handle. Auto-reset events release one wait each.
+/// Makes an unnamed event; attributes and name must be null. The caller closes the handle. An auto-reset event releases
+/// one wait for each SetEvent.
 HANDLE CreateEventA(void* attributes, BOOL manualReset, BOOL initiallySet, LPCSTR name);
 BOOL SetEvent(HANDLE event);
 BOOL ResetEvent(HANDLE event);
 /// Waits for an event, or for the end of a thread. A thread that owns a window serves SendMessageA meanwhile.
 DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
-/// Waits for one of up to 64 events and threads, WAIT_OBJECT_0 + the lowest index that is ready, or with `all` until
-/// all are ready at the same time; only then signals are used up. WAIT_FAILED, at once, when one handle is none.
+/// Waits for one of up to 64 events and threads: WAIT_OBJECT_0 + the lowest index that is ready. WAIT_FAILED, at once,
+/// when a handle cannot be waited for, or with `all`, which is not offered.
 DWORD WaitForMultipleObjects(DWORD count, const HANDLE* objects, BOOL all, DWORD milliseconds);
 inline constexpr DWORD WAIT_OBJECT_0 = 0;
 inline constexpr DWORD WAIT_TIMEOUT = 258;
@@ -269,24 +271,24 @@ BOOL CloseHandle(HANDLE handle);
 
 /// What a thread runs. Its result is not kept.
 using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID argument);
-/// Starts a thread, or with CREATE_SUSPENDED prepares one that ResumeThread starts; one that is never resumed never
-/// exists. Attributes must be null, the stack size is the system's, `threadId` is not filled. Null on failure.
+/// Starts a thread, or with CREATE_SUSPENDED prepares one that ResumeThread starts. Attributes must be null, the stack
+/// size is the system's, `threadId` is not filled. Null on failure.
 HANDLE CreateThread(void* attributes, std::size_t stackSize, LPTHREAD_START_ROUTINE routine, LPVOID argument,
                     DWORD flags, DWORD* threadId);
 inline constexpr DWORD CREATE_SUSPENDED = 0x00000004;
-/// Starts a suspended thread. The suspend count before: 1 if it was suspended, 0 if not, 0xFFFFFFFF on failure.
+/// Starts a suspended thread. Returns 1 if it was suspended, 0 if not, 0xFFFFFFFF on failure.
 DWORD ResumeThread(HANDLE thread);
-/// Lets a thread run before others that are ready too, as far as the system permits it; TRUE also where it does not.
+/// Asks the system to run the thread before others. TRUE also when the system refuses.
 BOOL SetThreadPriority(HANDLE thread, int priority);
 inline constexpr int THREAD_PRIORITY_HIGHEST = 2;
-/// The thread counts as ended at once and never comes back from the wait that it is in, or from its next one. What it
-/// holds stays held. The exit code is not kept.
+/// The thread counts as ended at once. It sleeps for ever in its present wait or in its next one, and keeps the locks
+/// that it holds. The exit code is not kept.
 BOOL TerminateThread(HANDLE thread, DWORD exitCode);
 /// A number that no other thread of the process has.
 DWORD GetCurrentThreadId();
 /// Gives up the processor for at least this long.
 void Sleep(DWORD milliseconds);
-/// Ends the process at once with written files and no destructors: other threads may still be running.
+/// Ends the process at once: flushes C streams and runs no destructors, since other threads may still run.
 [[noreturn]] void ExitProcess(UINT exitCode);
 
 /// A counter that never goes back, and its ticks per second (10 MHz). Always TRUE.
@@ -310,9 +312,10 @@ inline constexpr DWORD CREATE_ALWAYS = 2;
 inline constexpr DWORD OPEN_EXISTING = 3;
 inline constexpr DWORD OPEN_ALWAYS = 4;
 inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x00000080;
-/// Reads at the file pointer and moves it. TRUE with 0 bytes read at the end of the file.
+/// Reads at the file pointer and moves it. TRUE with fewer bytes, or none, at the end of the file.
 BOOL ReadFile(HANDLE file, void* buffer, DWORD count, DWORD* read, void* overlapped);
-/// Writes at the file pointer and moves it.
+/// Writes at the file pointer and moves it. FALSE when the system takes less than `count` bytes; `written` is what it
+/// took.
 BOOL WriteFile(HANDLE file, const void* buffer, DWORD count, DWORD* written, void* overlapped);
 /// Moves the file pointer by a signed distance; positions below 4 GiB. The new position, or INVALID_SET_FILE_POINTER.
 /// `distanceHigh` must be null.
@@ -328,7 +331,7 @@ BOOL FlushFileBuffers(HANDLE file);
 // Registry
 
 /// The one root, the access rights (not enforced), the one value type that is written, and the results of the calls
-/// below. ERROR_WRITE_FAULT: the file could not be written, what it held before is untouched.
+/// below. ERROR_WRITE_FAULT: the file cannot be read or written, and holds what it held before.
 using REGSAM = DWORD;
 inline const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(std::uintptr_t{0x80000001U});
 inline constexpr REGSAM KEY_READ = 0x00020019;
@@ -342,12 +345,12 @@ inline constexpr LONG ERROR_WRITE_FAULT = 29;
 inline constexpr LONG ERROR_MORE_DATA = 234;
 /// Opens an existing key below HKEY_CURRENT_USER, the only root. The caller closes it. Access rights are not enforced.
 LONG RegOpenKeyExA(HKEY root, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
-/// Opens a key, creating it first if need be. Class, attributes and disposition must be null.
+/// Opens a key; creates it when it does not exist. Class, attributes and disposition must be null.
 LONG RegCreateKeyExA(HKEY root, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options, REGSAM access,
                      void* attributes, HKEY* key, DWORD* disposition);
 /// Copies a value into `data`. `size` holds the room in bytes and receives the value's size; ERROR_MORE_DATA when the
 /// value does not fit (nothing is copied). `type` may be null.
 LONG RegQueryValueExA(HKEY key, LPCSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
-/// Stores a value; it is on the disk when this returns, wholly or not at all.
+/// Stores a value. On success it is on the disk; on failure the file is unchanged.
 LONG RegSetValueExA(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
 LONG RegCloseKey(HKEY key);
