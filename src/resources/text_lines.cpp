@@ -8,30 +8,17 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
 
-/// Calls `contentOf` with each line and keeps those whose content is not empty.
-template <class ContentOf>
-std::vector<TextLine> linesOf(std::string_view text, ContentOf contentOf) {
+}  // namespace
+
+std::vector<TextLine> textLines(std::string_view text) {
     std::vector<TextLine> lines;
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(text.size(), line.size() + 1));
-        const std::string_view content = contentOf(line);
-        if (!content.empty()) lines.push_back({number, content});
+        const std::string_view content = trimmed(line);
+        if (!content.empty() && !content.starts_with('#')) lines.push_back({number, content});
     }
     return lines;
-}
-
-}  // namespace
-
-std::vector<TextLine> textLines(std::string_view text) {
-    return linesOf(text, [](std::string_view line) {
-        const std::string_view content = trimmed(line);
-        return content.starts_with('#') ? std::string_view() : content;
-    });
-}
-
-std::vector<TextLine> textLines(std::string_view text, char comment) {
-    return linesOf(text, [=](std::string_view line) { return trimmed(line.substr(0, line.find(comment))); });
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -20,9 +20,6 @@ struct TextLine {
 /// behind other signs `#` means itself.
 [[nodiscard]] std::vector<TextLine> textLines(std::string_view text);
 
-/// The same for texts in which a comment reaches from the sign `comment`, at any place, to the end of its line.
-[[nodiscard]] std::vector<TextLine> textLines(std::string_view text, char comment);
-
 /// `text` without the blanks, tabs and CRs around it.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 

@@ -120,7 +120,7 @@ constexpr SourceFault kSoundFaults[] = {
     {"a band upside down", "noise\nband 500 400\n", 2, "a band that ends above its start, found '400'"},
     {"a glide back in time", "tone\nglide 0:1 0.2:2 0.1:1\n", 2, "a later time than the one before, found '0.1:1'"},
     {"a note that does not exist", "tone\npitch H4\n", 2, "a note or a number of Hz from 1 to 20000, found 'H4'"},
-    {"a noise without a band", "; a line\nlength 1\nloudness -20\n\nnoise\ndecay 1\n", 5, "a band"},
+    {"a noise without a band", "# a line\nlength 1\nloudness -20\n\nnoise\ndecay 1\n", 5, "a band"},
     {"a layer that never ends", "length 1\nloudness -20\ntone\npartials 1\ndecay 1\nsustain .5\n", 3, "a length"},
 };
 

@@ -14,7 +14,7 @@ namespace grub {
 
 std::vector<SourceLine> sourceLines(std::string_view text) {
     std::vector<SourceLine> lines;
-    for (const TextLine& line : textLines(text, ';')) lines.push_back({line.number, splitWords(line.content)});
+    for (const TextLine& line : textLines(text)) lines.push_back({line.number, splitWords(line.content)});
     return lines;
 }
 

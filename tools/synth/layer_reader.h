@@ -9,7 +9,7 @@
 
 namespace grub {
 
-/// A line of a source as words; `;` starts a comment.
+/// A line of a source as words.
 struct SourceLine {
     int number = 0;
     std::vector<std::string_view> words;
