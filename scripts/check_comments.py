@@ -17,9 +17,9 @@ EXEMPT = re.compile(
     "|".join(
         (
             r"^\w+\(\);",  # a constructor without parameters
-            r"^[^=]*\w\(\) const(?: noexcept)?(?: \{|;)|^(?:void|bool) set[A-Z]\w*\(",  # questions and setters
+            r"^[^=]*\w\(\) const(?: noexcept)?(?: \{|;)|^\[\[nodiscard\]\] [^(]*\w\(\) \{ return \w+;|^(?:void|bool) set[A-Z]\w*\(",  # questions and setters
             r"\boperator(?:=| new| delete|==|<=>|\(\))|\b(\w+)\((?:const )?\1&|override|= default|= delete|^virtual ~|^~",
-            r"^inline [^(]*\w::~?\w+\(|^friend\b|^using namespace|^(?:class|struct|enum class) \w+;",
+            r"^inline [^(]*\w::~?\w+\(|^friend\b|^using namespace|^using [\w:]+;|^(?:class|struct|enum class) \w+;",
             r"^(?:public|protected|private):|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b",
         )
     )

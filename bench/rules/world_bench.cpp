@@ -52,8 +52,8 @@ private:
     int keyLeft_ = 0;
 };
 
-/// What a game does, so that nobody measures a world that sleeps: the share of frames in which Grub comes to another
-/// cell, and of enemies who know the way to him.
+/// What a game does, so that no figure is that of a world that sleeps: the share of frames in which Grub comes to
+/// another cell, and of enemies who know the way to him.
 void countActivity(benchmark::State& state, Game game) {
     constexpr int kFrames = 3000;
     int arrivals = 0;
@@ -70,7 +70,7 @@ void countActivity(benchmark::State& state, Game game) {
     }
     state.counters["arrivals"] = static_cast<double>(arrivals) / kFrames;
     if (enemies > 0) state.counters["hunting"] = static_cast<double>(hunters) / enemies;
-    if (arrivals < kFrames / 100 || hunters < enemies / 2) state.SkipWithError("hardly anybody moves");
+    if (arrivals < kFrames / 100 || hunters < enemies / 2) state.SkipWithError("hardly an actor moves");
 }
 
 void frame(benchmark::State& state, const Drawing& level) {
@@ -117,7 +117,7 @@ BENCHMARK(passOverHouse)
     ->Args({60, 40, 0})
     ->Args({100, 100, 0});
 
-/// Nobody presses a key: no fill, nobody but the enemies moves, until they have come.
+/// No key is pressed: there is no fill, and only the enemies move, until they have come.
 void frameHeroStands(benchmark::State& state) {
     const World start = builtWorld(houseOf(state));
     World world = start;

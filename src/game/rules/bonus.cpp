@@ -80,7 +80,7 @@ void spawnBonus(Bonuses& bonuses, int cx, int cy, BonusKind kind) {
     }
 }
 
-// Timers run out before anybody acts in the frame. Nothing appears by chance in the first level of the game.
+// Timers run out before any actor acts in the frame. Nothing appears by chance in the first level of the game.
 void updateBonuses(Attempt& attempt, const Hero& hero) {
     Bonuses& bonuses = attempt.bonuses;
     updateSlots(bonuses);

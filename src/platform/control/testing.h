@@ -77,7 +77,7 @@ void injectClose(HWND window);
 
 /// Pictures handed to the window since it was created, whether or not they reached the screen; 0 when it is gone.
 [[nodiscard]] std::uint64_t presentedPictures(HWND window);
-/// The picture last handed to the window. Empty when there is none.
+/// The picture last handed to the window. Empty before the first picture.
 [[nodiscard]] ScreenPicture lastPicture(HWND window);
 /// What the screen shows of the window, read back. Only on the window's thread.
 [[nodiscard]] ScreenPicture screen(HWND window);

@@ -36,7 +36,7 @@ public:
     void showFresh(SDL_Window& window);
     /// Shows the latest picture again.
     void showAgain(SDL_Window& window);
-    /// Where the picture stands in the window; the whole window as long as there is none.
+    /// Where the picture stands in the window; the whole window before the first picture.
     [[nodiscard]] PictureArea area(SDL_Window& window) const;
     /// What the window's pixels are now.
     [[nodiscard]] ScreenPicture readBack();

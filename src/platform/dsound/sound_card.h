@@ -28,7 +28,7 @@ private:
     std::unique_ptr<CardStream> stream_;
 };
 
-/// The open card, else the one that setSoundOutput() chose; null when there is none. Any thread.
+/// The open card, else the one that setSoundOutput() chose; null without a card. Any thread.
 [[nodiscard]] std::shared_ptr<SoundCard> openSoundCard();
 /// The card if it is open, else null.
 [[nodiscard]] std::shared_ptr<SoundCard> presentSoundCard();

@@ -97,7 +97,7 @@ struct IDirectSoundBuffer : IUnknown {
     /// Where it plays, and from where on it may be written; either pointer may be null.
     virtual HRESULT GetCurrentPosition(DWORD* play, DWORD* write) = 0;
     /// Gives memory to write to until `Unlock`; it holds what the buffer holds. A range that passes the end goes on at
-    /// the start, in the second piece (null and 0 when there is none). One lock at a time. DSERR_BUFFERLOST: call
+    /// the start, in the second piece (null and 0 without one). One lock at a time. DSERR_BUFFERLOST: call
     /// `Restore`.
     virtual HRESULT Lock(DWORD offset, DWORD bytes, void** first, DWORD* firstBytes, void** second, DWORD* secondBytes,
                          DWORD flags) = 0;
@@ -128,5 +128,5 @@ protected:
     ~IDirectSoundNotify() = default;
 };
 
-/// Opens the default card (null `device`). DSERR_NODRIVER when there is none. `outer` must be null.
+/// Opens the default card (null `device`). DSERR_NODRIVER without a card. `outer` must be null.
 HRESULT DirectSoundCreate8(const GUID* device, IDirectSound8** sound, IUnknown* outer);
