@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
-#include <thread>
 #include <vector>
 
 namespace grub {
@@ -30,22 +29,6 @@ TEST(BlockPool, BlocksOfAnySizeAreAlignedAndKeepTheirBytesApart) {
         for (void* const block : blocks) pool.free(block);
         EXPECT_TRUE(pool.allocate() == blocks.back()) << "the block that came back last is taken first";
     }
-}
-
-TEST(BlockPool, ServesSeveralThreadsAtOnce) {
-    BlockPool pool(sizeof(std::uint64_t));
-    const auto useOften = [&pool](std::uint64_t thread) {
-        for (std::uint64_t i = 0; i < 100'000; ++i) {
-            auto* const number = new (pool.allocate()) std::uint64_t(thread << 32 | i);
-            auto* const other = new (pool.allocate()) std::uint64_t(0);
-            ASSERT_EQ(*number, thread << 32 | i);
-            pool.free(number);
-            pool.free(other);
-        }
-    };
-    std::thread one(useOften, 1);
-    useOften(2);
-    one.join();
 }
 
 struct Small : PoolAllocated<Small> {

@@ -4,7 +4,6 @@
 
 #include "control/testing.h"
 #include "engine_timer.h"
-#include "fake_renderer.h"
 #include "recording_scene.h"
 
 namespace grub {
@@ -26,22 +25,6 @@ TEST(SceneQueue, HandlesMessagesInPostingOrderAlsoThoseThatAHandlerPosts) {
     scene.processMessages();
     EXPECT_THAT(typesOf(scene), ElementsAre(Pressed, MouseMoved, Released, Repaint));
     EXPECT_FALSE(scene.waitForMessages(0)) << "an empty queue lets the scene sleep";
-}
-
-TEST(SceneQueue, AMessageLivesUntilItsLastHandleIsGone) {
-    static bool gone;
-    struct Marked final : SceneMessage {
-        Marked() : SceneMessage(Pressed, MessageSource::Window) { gone = false; }
-        ~Marked() override { gone = true; }
-    };
-    {
-        RecordingScene scene;
-        auto message = SharedRef<SceneMessage>(new Marked);
-        scene.post(message);
-        message = SharedRef<SceneMessage>();
-        EXPECT_FALSE(gone);
-    }
-    EXPECT_TRUE(gone) << "a scene drops the messages that it never handled";
 }
 
 /// The default frame loop on a clock that jumps from wait to wait; the scene stops itself in the n-th drawing.
@@ -75,20 +58,6 @@ TEST(SceneLoop, WakesEveryTenMillisecondsOrForAMessageAndTicksEveryTimer) {
     EXPECT_THAT(typesOf(scene), ElementsAre(Pressed));
     EXPECT_EQ(clock.now(), 100ms) << "nine waits, and one more in which the stop is seen";
     EXPECT_EQ(firings, 4);
-}
-
-TEST(SceneDraw, PresentsAWholeFrameUnlessTheRendererCannotBegin) {
-    RecordingScene scene;
-    scene.draw(true);  // without a renderer
-    FakeRenderer renderer;
-    std::string log;
-    renderer.onBeginFrame = [&] { log += "begin "; };
-    renderer.onEndFrame = [&] { log += "end "; };
-    scene.draw(false);
-    scene.draw(true);
-    renderer.ready = false;
-    scene.draw(true);
-    EXPECT_EQ(log, "begin end begin ");
 }
 
 }  // namespace

@@ -2,15 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <optional>
-#include <utility>
 
 #include "control/call_controls.h"
 #include "control/testing.h"
 #include "dsound/sound_card.h"
 #include "engine_services.h"
-#include "game_window.h"
 #include "input_messages.h"
 #include "recording_scene.h"
 
@@ -41,50 +38,22 @@ TEST(ApplicationStart, WithoutAWindowOrAThreadNothingRuns) {
     }
 }
 
-TEST(ApplicationStart, AnUnknownSceneLeavesTheServicesToTheDestructor) {
-    {
-        RunningGame game;
-        EXPECT_FALSE(game.application.run(9));
-        EXPECT_NE(EngineServices::renderer(), nullptr);
-    }
-    EXPECT_EQ(EngineServices::renderer(), nullptr);
-}
-
-TEST(ApplicationStart, WithoutARendererTheProcessEndsWithOne) {
-    const auto startWithoutDevice = [] {
-        platform::testing::DeviceControls device;
-        device.fail(platform::Call::CreateDevice, D3DERR_NOTAVAILABLE);
-        RunningGame game;
-        game.application.run(kScene);
-    };
-    testing::GTEST_FLAG(death_test_style) = "threadsafe";
-    EXPECT_EXIT(startWithoutDevice(), testing::ExitedWithCode(1), "DirectX error: .*D3DERR_NOTAVAILABLE");
-}
-
 TEST(ApplicationRun, ScenesFindTheServicesOnAThreadOfTheirOwn) {
-    RunningGame game;
-    bool allThere = false;
-    DWORD sceneThread = GetCurrentThreadId();
-    game.scene.onRun = [&] {
-        sceneThread = GetCurrentThreadId();
-        allThere = EngineServices::renderer()->isReady() && EngineServices::mouse() && EngineServices::keyboard() &&
-                   EngineServices::soundDevice()->isReady();
-    };
-    EXPECT_TRUE(game.application.run(kScene));
-    EXPECT_TRUE(allThere);
-    EXPECT_NE(sceneThread, GetCurrentThreadId());
-    EXPECT_EQ(EngineServices::renderer(), nullptr);
-    EXPECT_EQ(EngineServices::mouse(), nullptr);
-}
-
-TEST(ApplicationRun, WithoutASoundCardTheGameGoesOnInSilenceAfterOneBox) {
-    platform::setSoundOutput(platform::SoundOutput::None);
-    const platform::testing::MessageBoxRecorder boxes;
-    RunningGame game;
-    game.scene.onRun = [] { EXPECT_FALSE(EngineServices::soundDevice()->isReady()); };
-    EXPECT_TRUE(game.application.run(kScene));
-    EXPECT_EQ(boxes.boxes().size(), 1U);
-    platform::setSoundOutput(platform::SoundOutput::Card);
+    for (const auto output : {platform::SoundOutput::None, platform::SoundOutput::Card}) {
+        platform::setSoundOutput(output);
+        const platform::testing::MessageBoxRecorder boxes;
+        RunningGame game;
+        bool allThere = false;
+        game.scene.onRun = [&, caller = GetCurrentThreadId()] {
+            EXPECT_NE(GetCurrentThreadId(), caller);
+            EXPECT_EQ(EngineServices::soundDevice()->isReady(), output == platform::SoundOutput::Card);
+            allThere = EngineServices::renderer()->isReady() && EngineServices::mouse() && EngineServices::keyboard();
+        };
+        EXPECT_TRUE(game.application.run(kScene));
+        EXPECT_TRUE(allThere) << "without a sound card too";
+        EXPECT_EQ(boxes.boxes().size(), output == platform::SoundOutput::Card ? 0U : 1U);
+        EXPECT_EQ(EngineServices::renderer(), nullptr);
+    }
 }
 
 TEST(ApplicationRun, StartsAndStopsAThousandTimes) {
@@ -127,7 +96,6 @@ TEST(WindowProcedure, AnswersEachMessageAndTellsTheSceneWhatItShouldKnow) {
         {WM_SYSKEYDOWN, 'Z', 0, {}, Keyboard},
         {WM_MOUSEMOVE, 0, 0, MouseMoved, Mouse},
         {WM_RBUTTONDBLCLK, 0, 0, Pressed, Mouse},
-        {WM_MBUTTONDOWN, 0, 0, {}, Mouse},
         {WM_USER + 2, 0, S_OK, {}, Window},  // test device
         {WM_USER + 3, 0, S_OK, {}, Window},  // reset device
         {WM_USER + 9, 0, 0, {}, Window},
@@ -151,24 +119,6 @@ TEST(WindowProcedure, AnswersEachMessageAndTellsTheSceneWhatItShouldKnow) {
         }
     };
     EXPECT_TRUE(game.application.run(kScene)) << "closing must not destroy the window by itself";
-}
-
-TEST(GameWindow, IsCentredByItsPictureAndFramedOutsideItOrFillsTheScreen) {
-    const platform::testing::DesktopSize desktop(1600, 1200);
-    const int frame = GetSystemMetrics(SM_CYEDGE) + GetSystemMetrics(SM_CXBORDER);
-    const int caption = GetSystemMetrics(SM_CYCAPTION);
-    const std::pair<bool, WindowPlacement> rows[] = {
-        {true, {0, 0x00CA0000, 400, 300, 800 + 2 * frame, 600 + caption + 2 * frame}},
-        {false, {WS_EX_TOPMOST, 0x80880000, 0, 0, 800, 600}},
-    };
-    for (const auto& [windowed, wanted] : rows) {
-        SCOPED_TRACE(windowed);
-        const WindowPlacement place = placementFor({nullptr, nullptr, "Grubaway", 800, 600, windowed});
-        EXPECT_EQ(place.extendedStyle, wanted.extendedStyle);
-        EXPECT_EQ(place.style, wanted.style);
-        EXPECT_EQ((std::array{place.x, place.y, place.width, place.height}),
-                  (std::array{wanted.x, wanted.y, wanted.width, wanted.height}));
-    }
 }
 
 }  // namespace

@@ -44,7 +44,6 @@ private:
 TEST(OwnOptions, TheGameReadsOnlyTheWishForTheFullScreen) {
     const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{}, ""},
-        {{"-F", "WOLF"}, "-F WOLF"},
         {{"--full-screen"}, "F"},
         {{"--data", "DATA", "FULL"}, "FULL"},
         {{"--level", "LEVEL", "--script", "F.txt"}, ""},
@@ -75,7 +74,6 @@ TEST(OwnOptions, HelpAndWrongUsageEndTheProgramWithOneReason) {
     };
     const Row rows[] = {
         {"help", {"--help"}, 0, "--full-screen"},
-        {"version", {"--version"}, 0, "grubaway "},
         {"level 51", {"--level", "51"}, 2, "'51' is neither"},
         {"half a number", {"--level", "7x"}, 2, "'7x' is neither"},
         {"a level file that is not there", {"--level", "nowhere.lvl"}, 2, "'nowhere.lvl' is neither"},

@@ -16,11 +16,6 @@ namespace {
 
 using platform::testing::MessageBoxRecorder;
 
-TEST(StringHash, CountsBytesFrom128UpAsNegative) {
-    EXPECT_EQ(stringHash("levels\\typeblok.ini") % 101, 56U);
-    EXPECT_EQ(stringHash("\xE9") % 3000, 2273U);
-}
-
 class Package : public testing::Test {
 protected:
     std::string write(const PackageWriter& writer) { return scratch_.write("test.pak", writer.package()); }
@@ -55,14 +50,9 @@ TEST_F(Package, ShowsABoxForWhatIsMissing) {
     EXPECT_TRUE(package.load("data/Gif/%s").empty());
     const std::string path = scratch_.file("missing.pak");
     const ResourcePackage missing(path.c_str());
-    std::vector<std::string> shown;
-    for (const auto& box : recorder.boxes()) {
-        shown.push_back(box.text);
-        EXPECT_EQ(box.caption, "Package resource manager");
-        EXPECT_EQ(box.style, 0x2010U);
-    }
-    EXPECT_EQ(shown, (std::vector<std::string>{"Can't find resource: data/Gif/%s",
-                                               "Can't open resource package file: " + path}));
+    ASSERT_EQ(recorder.boxes().size(), 2U);
+    EXPECT_EQ(recorder.boxes()[0].text, "Can't find resource: data/Gif/%s");
+    EXPECT_EQ(recorder.boxes()[1].text, "Can't open resource package file: " + path);
 }
 
 TEST_F(Package, GivesTheEmptyBufferForAShortReadAndABufferForAnEntryWithoutBytes) {

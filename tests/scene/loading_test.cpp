@@ -37,11 +37,8 @@ TEST_F(AnimationTableTest, AddsStripsAndTheNumbersOfMapStrips) {
         {"a map strip", "three.bmp", 193, 175, false, true, 3, -1, 194},
         {"a missing map strip", "none.bmp", 194, 176, false, false, 0, -1, 194},
         {"a missing strip is remembered", "none.bmp", 90, 0, false, false, 0, 90, 194},
-        {"a lower id", "three.bmp", 3, 0, false, true, 3, 90, 194},
-        {"an id below the table", "three.bmp", -1, 0, false, false, 0, 90, 194},
         {"an id behind the table", "three.bmp", kAnimationSlots, 0, false, false, 0, 90, 194},
         {"while loading is stopped", "three.bmp", 200, 0, true, false, 0, 90, 194},
-        {"a map strip while loading is stopped", "three.bmp", 200, 177, true, false, 0, 90, 194},
         {"after that", "three.bmp", 200, 0, false, true, 3, 90, 201},
     };
     for (const auto& row : rows) {
@@ -68,37 +65,6 @@ TEST_F(AnimationTableTest, AddsStripsAndTheNumbersOfMapStrips) {
     EXPECT_TRUE(table_.strip(200)->isAcquired());
     table_.releaseAll();
     EXPECT_FALSE(table_.strip(200)->isAcquired());
-}
-
-TEST_F(AnimationTableTest, TheGameThreadMayDrawWhatTheLoaderHasAdded) {
-    std::thread loader([this] {
-        for (int id = 0; id < kAnimationSlots; ++id)
-            table_.addAnimationFile("three.bmp", id, 64, TextureTransform::Identity, kBrown);
-    });
-    for (int seen = 0; seen < kAnimationSlots;) {
-        FrameStrip* const strip = table_.strip(seen);
-        if (!strip) continue;
-        ASSERT_EQ(strip->setFrame(2), 2);
-        ASSERT_NE(strip->texture(), nullptr);
-        ++seen;
-    }
-    loader.join();
-}
-
-TEST(ResourceLoader, AStopEndsThePassAfterTheStepItIsIn) {
-    ResourceLoader loader;
-    Event inStep{true, false};
-    Event goOn{true, false};
-    loader.start([&](int) {
-        inStep.set();
-        goOn.wait(INFINITE);
-    });
-    inStep.wait(INFINITE);
-    loader.requestStop();
-    EXPECT_FALSE(loader.wait(0));
-    goOn.set();
-    loader.wait(INFINITE);
-    EXPECT_EQ(loader.progress(), 1);
 }
 
 TEST(ResourceLoader, NothingIsLoadedAfterAStopHasBeenWaitedFor) {

@@ -1,10 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <atomic>
-#include <cstring>
-#include <random>
-#include <thread>
-
 #include "hand_mixed_device.h"
 #include "ogg_writer.h"
 
@@ -39,18 +34,6 @@ TEST_F(Streaming, PlaysAllItsSamplesAndThenSilenceOrLoopsWithoutASeam) {
         const std::size_t laps = 2 * count + kRing;
         EXPECT_TRUE(sameSamples(mixMono(laps), lapsOf(ramp(count), 0, laps)));
     }
-}
-
-TEST_F(Streaming, AnOggLoopMuchShorterThanTheRingHasNoSeamEither) {
-    const Bytes file = writeOgg({sine(20000, 441, 44100)});
-    SharedBuffer pcm = SharedBuffer::create(100000);
-    ASSERT_EQ(createSoundDecoder(bufferOf(file))->read(pcm), 40000U);
-    Samples sound(20000);
-    std::memcpy(sound.data(), pcm.data(), 40000);
-
-    const auto music = soundOf(file);
-    ASSERT_TRUE(device_.playLooped(*music));
-    EXPECT_TRUE(sameSamples(mixMono(2 * kRing), lapsOf(sound, 0, 2 * kRing)));
 }
 
 TEST_F(Streaming, AVeryShortLoopIsBoundedAndAnEmptyOneEnds) {
@@ -118,58 +101,6 @@ TEST_F(Streaming, ALostStreamComesBackWithTheNextRefill) {
     mixMono(kHalf);
     EXPECT_FALSE(voice().lost);
     EXPECT_TRUE(sameSamples(mixMono(k300KiB), lapsOf(ramp(k300KiB), kRing, k300KiB)));
-}
-
-TEST_F(Streaming, AnEventLeftFromBeforeDoesNotRefill) {
-    const auto slots = std::make_shared<StreamSlots>();
-    const auto sound = soundOf(monoWav(ramp(k300KiB)));
-    auto& buffer = static_cast<DSoundBuffer&>(*sound);
-    ASSERT_TRUE(buffer.fillAll(false));
-    slots->take(0, buffer, false);
-    ASSERT_TRUE(buffer.start(true));
-    for (int i = 0; i < 5; ++i) slots->refill(0);
-    EXPECT_TRUE(sameSamples(mixMono(kHalf), ramp(kHalf)));
-    slots->refill(0);  // in time
-    slots->refill(0);  // once too often
-    EXPECT_TRUE(sameSamples(mixMono(k300KiB - kHalf), lapsOf(ramp(k300KiB), kHalf, k300KiB - kHalf)));
-    slots->release(buffer);
-    slots->refill(0);  // the slot is empty
-}
-
-using StreamingThreads = HandMixedDevice;
-
-// The test is the game's thread. It does what can happen to a sound, to a random one.
-TEST_F(StreamingThreads, EndInSilenceWithAllSlotsFree) {
-    const std::vector<Bytes> files{monoWav(Samples(200, 1)), monoWav(Samples(140000, 2)), monoWav(Samples(300000, 3)),
-                                   writeOgg({sine(3000, 440, 44100)})};
-    std::atomic<bool> ended = false;
-    std::thread speakers([&] {
-        Samples stereo(8820);
-        while (!ended) platform::mixSound(stereo);
-    });
-    std::mt19937 random(testing::UnitTest::GetInstance()->random_seed() + 1U);
-    std::vector<std::unique_ptr<SoundBuffer>> sounds(24);
-    for (auto& sound : sounds) sound = soundOf(files[random() % files.size()]);
-    for (int i = 0; i < 300; ++i) {
-        auto& sound = sounds[random() % sounds.size()];
-        switch (random() % 6) {
-            case 0: sound = sound->clone(); break;
-            case 1: sound->create(createSoundDecoder(bufferOf(files[random() % files.size()]))); break;
-            case 2: std::this_thread::sleep_for(std::chrono::milliseconds(1)); break;
-            case 3: device_.playLooped(*sound); break;
-            case 4: device_.stop(*sound); break;
-            default: device_.play(*sound, false);
-        }
-    }
-    for (const auto& sound : sounds) EXPECT_TRUE(device_.stop(*sound));
-    for (const auto& voice : platform::testing::voices()) EXPECT_FALSE(voice.playing);
-    sounds.clear();
-    for (std::size_t i = 0; i < StreamSlots::kCount; ++i) {
-        sounds.push_back(soundOf(files[2]));
-        EXPECT_TRUE(device_.playLooped(*sounds[i])) << i;
-    }
-    ended = true;
-    speakers.join();
 }
 
 }  // namespace

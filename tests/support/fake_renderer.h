@@ -61,10 +61,7 @@ public:
     [[nodiscard]] Texture* createTexture(std::uint16_t width, std::uint16_t height) override {
         return ready ? new FakeTexture(*this, width, height) : nullptr;
     }
-    bool beginFrame() override {
-        if (onBeginFrame) onBeginFrame();
-        return ready;
-    }
+    bool beginFrame() override { return ready; }
     bool endFrame() override { return onEndFrame ? onEndFrame(), true : true; }
     bool clearRect(std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, Colour) override { return true; }
     bool clear(Colour) override { return true; }
@@ -81,8 +78,8 @@ public:
     int uploadsLeft = 1000000;           ///< the uploads after these fail
     std::vector<FakeTexture*> textures;  ///< that exist, oldest first
     std::vector<Drawn> drawn;            ///< everything drawn so far
-    /// Called in the middle of the frame call, on the thread that draws; may be empty.
-    std::function<void()> onBeginFrame, onEndFrame;
+    /// Called in the middle of `endFrame`, on the thread that draws; may be empty.
+    std::function<void()> onEndFrame;
 };
 
 inline FakeTexture::FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height)

@@ -9,18 +9,6 @@ namespace {
 
 constexpr std::int64_t kTicksPerSecond = 1000 * kTicksPerMillisecond;
 
-/// time x frequency / 10 MHz; split so that neither product leaves 64 bits.
-std::int64_t scaled(std::int64_t time, std::int64_t frequency) {
-    return time / kTicksPerSecond * frequency + time % kTicksPerSecond * frequency / kTicksPerSecond;
-}
-
-std::int64_t readHandClock(HandClock& clock) {
-    const WaitGuard lock(waitLock());
-    const std::int64_t counter = clock.offset + scaled(clock.time, clock.frequency);
-    clock.offset += clock.ticksAtEachReading;
-    return counter;
-}
-
 }  // namespace
 
 HandClock& handClock() {
@@ -44,8 +32,6 @@ HandDrivenClock::HandDrivenClock(Moves moves) {
     auto& clock = handClock();
     clock.time = 0;
     clock.offset = 0;
-    clock.ticksAtEachReading = 0;
-    clock.frequency = kTicksPerSecond;
     clock.jumpsWhenAllWait = moves == Moves::WhenAllWait;
     clock.inUse = true;
 }
@@ -73,27 +59,18 @@ std::chrono::milliseconds HandDrivenClock::now() const {
     return std::chrono::milliseconds(handClock().time / kTicksPerMillisecond);
 }
 
-void HandDrivenClock::setFrequency(std::int64_t ticksPerSecond) { handClock().frequency = ticksPerSecond; }
-
-void HandDrivenClock::setCounter(std::int64_t ticks) {
-    LARGE_INTEGER counter{};
-    QueryPerformanceCounter(&counter);
-    handClock().offset += ticks - counter.QuadPart;
-}
-
-void HandDrivenClock::addAtEachReading(std::int64_t ticks) { handClock().ticksAtEachReading = ticks; }
+void HandDrivenClock::setCounter(std::int64_t ticks) { handClock().offset = ticks - handClock().time; }
 
 }  // namespace platform
 
 BOOL QueryPerformanceCounter(LARGE_INTEGER* counter) {
-    auto& clock = platform::handClock();
-    counter->QuadPart = clock.inUse ? platform::readHandClock(clock) : platform::clockNow();
+    const auto& clock = platform::handClock();
+    counter->QuadPart = clock.inUse ? clock.offset + clock.time : platform::clockNow();
     return TRUE;
 }
 
 BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency) {
-    auto& clock = platform::handClock();
-    frequency->QuadPart = clock.inUse ? clock.frequency.load() : platform::kTicksPerSecond;
+    frequency->QuadPart = platform::kTicksPerSecond;
     return TRUE;
 }
 

@@ -25,10 +25,7 @@ struct HandClock {
     std::atomic<bool> inUse{false};
     std::atomic<bool> jumpsWhenAllWait{false};
     std::atomic<std::int64_t> time{0};
-    // The counter reads: offset + time scaled to the frequency.
-    std::atomic<std::int64_t> frequency{0};
-    std::atomic<std::int64_t> offset{0};
-    std::atomic<std::int64_t> ticksAtEachReading{0};
+    std::atomic<std::int64_t> offset{0};  // what the counter reads is ahead of `time` by this
 };
 [[nodiscard]] HandClock& handClock();
 
@@ -50,14 +47,9 @@ public:
     void advance(std::chrono::milliseconds time);
     /// Waits (in real time) until every other participant waits for something that has not come.
     void settle() const;
-    /// The clock's time, without counting as a reading.
     [[nodiscard]] std::chrono::milliseconds now() const;
-    /// What QueryPerformanceFrequency reports; the counter is scaled accordingly.
-    void setFrequency(std::int64_t ticksPerSecond);
     /// Lets the counter read `ticks` now.
     void setCounter(std::int64_t ticks);
-    /// Each reading of the counter moves it by `ticks` afterwards.
-    void addAtEachReading(std::int64_t ticks);
 };
 
 }  // namespace platform
