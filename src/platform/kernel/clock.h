@@ -25,7 +25,7 @@ struct HandClock {
     std::atomic<bool> inUse{false};
     std::atomic<bool> jumpsWhenAllWait{false};
     std::atomic<std::int64_t> time{0};
-    std::atomic<std::int64_t> offset{0};  // what the counter reads is ahead of `time` by this
+    std::atomic<std::int64_t> offset{0};  // the counter reads `time` plus this
 };
 [[nodiscard]] HandClock& handClock();
 
