@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <ios>
 #include <memory>
 #include <vector>
 
@@ -20,8 +21,16 @@ inline constexpr int kScreenHeight = 600;
 /// A window whose procedure answers for `renderer`, as the game's does.
 class RendererWindow {
 public:
-    RendererWindow();
-    ~RendererWindow();
+    RendererWindow() {
+        WNDCLASSEXA windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = answer;
+        windowClass.lpszClassName = "RendererWindow";
+        RegisterClassExA(&windowClass);
+        handle_ = CreateWindowExA(0, windowClass.lpszClassName, "Renderer", 0, 0, 0, kScreenWidth, kScreenHeight,
+                                  nullptr, nullptr, nullptr, nullptr);
+    }
+    ~RendererWindow() { DestroyWindow(handle_); }
     RendererWindow(const RendererWindow&) = delete;
     RendererWindow& operator=(const RendererWindow&) = delete;
 
@@ -32,6 +41,14 @@ public:
     static inline D3DRenderer* renderer = nullptr;
 
 private:
+    static LRESULT CALLBACK answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        switch (message) {
+            case D3DRenderer::kTestDeviceMessage: return renderer->testCooperativeLevel();
+            case D3DRenderer::kResetDeviceMessage: return renderer->resetDevice();
+            default: return DefWindowProcA(window, message, wParam, lParam);
+        }
+    }
+
     HWND handle_;
 };
 
@@ -58,7 +75,16 @@ private:
 };
 
 /// Prints the first pixel that differs, instead of half a million numbers.
-testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted);
+inline testing::AssertionResult sameScreen(const ScreenPixels& got, const ScreenPixels& wanted) {
+    for (int i = 0; i < kScreenWidth * kScreenHeight; ++i) {
+        const int x = i % kScreenWidth;
+        const int y = i / kScreenWidth;
+        if (got.at(x, y) == wanted.at(x, y)) continue;
+        return testing::AssertionFailure()
+               << std::hex << got.at(x, y) << ", wanted " << wanted.at(x, y) << std::dec << " at " << x << ", " << y;
+    }
+    return testing::AssertionSuccess();
+}
 
 /// One texel: colour and opacity.
 struct Texel {
@@ -82,11 +108,26 @@ protected:
     void SetUp() override { ASSERT_TRUE(renderer.init()); }
 
     /// An empty texture of the renderer; the test owns it.
-    std::unique_ptr<Texture> makeTexture(int width, int height);
+    std::unique_ptr<Texture> makeTexture(int width, int height) {
+        return std::unique_ptr<Texture>(
+            renderer.createTexture(static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height)));
+    }
     /// A texture that shows these texels, row by row.
-    std::unique_ptr<Texture> makeTexture(int width, int height, const std::vector<Texel>& texels);
+    std::unique_ptr<Texture> makeTexture(int width, int height, const std::vector<Texel>& texels) {
+        std::vector<std::uint8_t> colours;
+        std::vector<std::uint8_t> alpha;
+        for (const Texel& texel : texels) {
+            colours.insert(colours.end(), {texel.colour.r, texel.colour.g, texel.colour.b});
+            alpha.push_back(texel.alpha);
+        }
+        auto texture = makeTexture(width, height);
+        EXPECT_TRUE(texture->upload(colours.data(), TextureTransform::Identity, alpha.data()));
+        return texture;
+    }
     /// A texture of one opaque colour.
-    std::unique_ptr<Texture> plainTexture(int width, int height, Colour colour);
+    std::unique_ptr<Texture> plainTexture(int width, int height, Colour colour) {
+        return makeTexture(width, height, std::vector<Texel>(static_cast<std::size_t>(width * height), Texel{colour}));
+    }
 
     /// Draws at full opacity; `x` and `y` as in Renderer::draw.
     bool drawAt(int x, int y, const Texture& texture) {

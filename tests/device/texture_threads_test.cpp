@@ -1,3 +1,4 @@
+#include <array>
 #include <atomic>
 #include <thread>
 
@@ -7,29 +8,16 @@ namespace grub {
 namespace {
 
 TEST_F(ReadyRenderer, ShowsTexturesThatALoaderMakesMeanwhile) {
-    constexpr int kTextures = 200;
-    std::vector<std::unique_ptr<Texture>> textures(kTextures);
-    std::atomic<int> ready{0};
+    std::array<std::unique_ptr<Texture>, 60> textures;
+    std::atomic<std::uint32_t> ready{0};
     const std::jthread loader([&] {
-        for (int i = 0; i < kTextures; ++i) {
-            const Colour colour{static_cast<std::uint8_t>(i), 1, 2};
-            textures[static_cast<std::size_t>(i)] = plainTexture(16, 16, colour);
-            ready.store(i + 1, std::memory_order_release);
-        }
+        for (auto& texture : textures)
+            texture = plainTexture(16, 16, {static_cast<std::uint8_t>(ready), 1, 2}), ++ready;
     });
-    // Each frame shows what has become ready since the one before, in tiles of 16 x 16.
-    const auto tileX = [](int i) { return i % 50 * 16; };
-    const auto tileY = [](int i) { return i / 50 * 16; };
-    for (int shown = 0, newest = 0; shown < kTextures; shown = newest) {
-        while ((newest = ready.load(std::memory_order_acquire)) == shown) std::this_thread::yield();
-        const auto screen = frameOver(kWhite, [&] {
-            for (int i = shown; i < newest; ++i) {
-                EXPECT_TRUE(drawAt(tileX(i), tileY(i), *textures[static_cast<std::size_t>(i)]));
-            }
-        });
-        for (int i = shown; i < newest; ++i) {
-            ASSERT_EQ(screen.at(tileX(i) + 15, tileY(i) + 15), static_cast<std::uint32_t>(i) << 16 | 0x0102u);
-        }
+    for (std::uint32_t shown = 0; shown < textures.size(); ++shown) {
+        while (ready <= shown) std::this_thread::yield();
+        const auto screen = frameOver(kWhite, [&] { EXPECT_TRUE(drawAt(0, 0, *textures.at(shown))); });
+        ASSERT_EQ(screen.at(15, 15), shown << 16 | 0x0102u);
     }
 }
 

@@ -3,16 +3,14 @@
 
 #include <array>
 #include <atomic>
-#include <cstdio>
 #include <deque>
 #include <functional>
-#include <thread>
 #include <vector>
 
 #include "game_thread.h"
 #include "kernel/clock.h"
 
-// Events, waits, clocks, threads, random numbers and the end of the process.
+// Events, waits, the clock, terminated threads and random numbers.
 namespace {
 
 using platform::HandDrivenClock;
@@ -84,38 +82,6 @@ TEST(Waits, LetTheClockJumpOnceEveryThreadWaits) {
     EXPECT_EQ(order, (std::vector<int>{30, 50, 70}));
 }
 
-TEST(Clock, CountsTenMillionTicksASecond) {
-    LARGE_INTEGER frequency{};
-    LARGE_INTEGER before{};
-    LARGE_INTEGER after{};
-    EXPECT_TRUE(QueryPerformanceFrequency(&frequency));
-    EXPECT_EQ(frequency.QuadPart, 10'000'000);
-    QueryPerformanceCounter(&before);
-    Sleep(20);
-    QueryPerformanceCounter(&after);
-    EXPECT_GE(after.QuadPart - before.QuadPart, 200'000);
-}
-
-DWORD WINAPI setFlag(LPVOID flag) {
-    *static_cast<std::atomic<bool>*>(flag) = true;
-    return 0;
-}
-
-TEST(Threads, RunWhenTheyAreResumed) {
-    std::atomic<bool> ran{false};
-    const HANDLE thread = CreateThread(nullptr, 0, setFlag, &ran, CREATE_SUSPENDED, nullptr);
-    EXPECT_EQ(WaitForSingleObject(thread, 10), WAIT_TIMEOUT);
-    EXPECT_FALSE(ran);
-    EXPECT_TRUE(SetThreadPriority(thread, THREAD_PRIORITY_HIGHEST)) << "also where the system refuses it";
-    EXPECT_EQ(ResumeThread(thread), 1U);
-    EXPECT_EQ(ResumeThread(thread), 0U);
-    EXPECT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
-    EXPECT_TRUE(ran);
-    EXPECT_FALSE(SetEvent(thread)) << "a thread is no event";
-    EXPECT_TRUE(CloseHandle(thread));
-    EXPECT_EQ(ResumeThread(thread), 0xFFFFFFFFU);
-}
-
 TEST(Threads, StopForEverWhereTheyWaitWhenTheyAreTerminated) {
     const HandDrivenClock clock;
     const ScopedEvent event;
@@ -131,60 +97,11 @@ TEST(Threads, StopForEverWhereTheyWaitWhenTheyAreTerminated) {
     CloseHandle(waiting);
 }
 
-TEST(Threads, StopAtTheirNextWaitWhenTheyAreTerminatedAtWork) {
-    static std::atomic<int> stage;  // static, since the thread never ends
-    const HandDrivenClock clock;
-    const auto work = [](LPVOID) -> DWORD {
-        for (stage = 1; stage == 1;) std::this_thread::yield();
-        Sleep(1);
-        stage = 3;
-        return 0;
-    };
-    const HANDLE thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
-    while (stage == 0) std::this_thread::yield();
-    EXPECT_TRUE(TerminateThread(thread, 0));
-    stage = 2;
-    for (int i = 0; i < 20; ++i) Sleep(1);
-    std::this_thread::sleep_for(milliseconds(20));
-    EXPECT_EQ(stage, 2);
-    CloseHandle(thread);
-}
-
-TEST(CriticalSections, KeepOthersOutAndLetTheirOwnerInAgain) {
-    CRITICAL_SECTION section;
-    InitializeCriticalSection(&section);
-    std::atomic<bool> inside{false};
-    for (int i = 0; i < 2; ++i) EnterCriticalSection(&section);
-    LeaveCriticalSection(&section);
-    const GameThread other([&] {
-        EnterCriticalSection(&section);
-        inside = true;
-        LeaveCriticalSection(&section);
-    });
-    Sleep(10);
-    EXPECT_FALSE(inside);
-    LeaveCriticalSection(&section);
-    other.join();
-    DeleteCriticalSection(&section);
-}
-
 TEST(Random, IsTheClassicSequence) {
     crt::srand(1);
     for (const int number : {41, 18467, 6334, 26500, 19169}) EXPECT_EQ(crt::rand(), number);
     crt::srand(0);
     EXPECT_EQ(crt::rand(), 38);
-}
-
-TEST(ExitProcessDeathTest, EndsWithTheCodeAndRunsNoDestructors) {
-    struct Loud {
-        ~Loud() { std::fputs("destroyed", stderr); }
-    };
-    const auto leave = [] {
-        static const Loud loud;
-        std::fputs("written", stderr);
-        ExitProcess(7);
-    };
-    EXPECT_EXIT(leave(), testing::ExitedWithCode(7), "^written$");
 }
 
 }  // namespace

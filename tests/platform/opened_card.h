@@ -55,9 +55,6 @@ public:
     OpenedCard(const OpenedCard&) = delete;
     OpenedCard& operator=(const OpenedCard&) = delete;
 
-    /// The card's interface.
-    [[nodiscard]] IDirectSound8& sound() const { return *sound_; }
-
     /// A buffer with all controls that holds `bytes`.
     [[nodiscard]] BufferRef bufferOf(const WAVEFORMATEX& format, std::span<const BYTE> bytes) const {
         BufferRef buffer = silence(format, static_cast<DWORD>(bytes.size()));
@@ -101,18 +98,4 @@ inline void setEvents(IDirectSoundBuffer& buffer, std::span<const DSBPOSITIONNOT
     ASSERT_EQ(buffer.QueryInterface(IID_IDirectSoundNotify, &object), DS_OK);
     const platform::ObjectRef<IDirectSoundNotify> notify(static_cast<IDirectSoundNotify*>(object));
     EXPECT_EQ(notify->SetNotificationPositions(static_cast<DWORD>(at.size()), at.data()), DS_OK);
-}
-
-/// DSBSTATUS_ flags.
-inline DWORD statusOf(IDirectSoundBuffer& buffer) {
-    DWORD status = 0;
-    EXPECT_EQ(buffer.GetStatus(&status), DS_OK);
-    return status;
-}
-
-/// The play cursor, in bytes.
-inline DWORD positionOf(IDirectSoundBuffer& buffer) {
-    DWORD position = 0;
-    EXPECT_EQ(buffer.GetCurrentPosition(&position, nullptr), DS_OK);
-    return position;
 }

@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -107,16 +106,6 @@ TEST_F(Registry, LeavesAFileAloneThatItCannotRead) {
     EXPECT_EQ(fileText(), large);
     platform::useRegistryFile(scratch_.path());  // a folder opens, but cannot be read
     EXPECT_EQ(createKey(), ERROR_WRITE_FAULT);
-}
-
-TEST(RegistryPlace, IsTheUsersConfigurationDirectory) {
-    const char* before = std::getenv("XDG_CONFIG_HOME");
-    const std::string kept = before == nullptr ? "" : before;
-    ::setenv("XDG_CONFIG_HOME", "/home/player/conf", 1);
-    EXPECT_EQ(platform::registryFile(), "/home/player/conf/grubaway/registry.txt");
-    ::setenv("XDG_CONFIG_HOME", "relative", 1);  // as if it were not set
-    EXPECT_TRUE(platform::registryFile().string().ends_with("/.config/grubaway/registry.txt"));
-    ::setenv("XDG_CONFIG_HOME", kept.c_str(), 1);
 }
 
 }  // namespace

@@ -4,10 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "control/call_controls.h"
 #include "dsound/sound_mixer.h"
-#include "game_thread.h"
-#include "opened_card.h"
 
 // Cursors and position events follow the frames that were mixed.
 namespace {
@@ -78,26 +75,6 @@ TEST(PositionEvents, ComeAtTheFramesOfTheSoundWhateverTheCardsRate) {
     voice.play(true);
     // Six samples of the card are one frame.
     EXPECT_EQ(mixBlocks(voice, mixer, {2999, 1, 2999, 1, 2994, 6}), ">499, 1 >500, >999, 2 >0, >499, 1 >500");
-    std::vector<float> longTime(std::size_t{2} * 20 * 48'000 + 2);
-    mixer.mix(longTime);
-    EXPECT_EQ(voice.cursor(), (500 + 20 * 8000) % 1000U) << "a sixth of a frame behind";
-    EXPECT_EQ(mixer.takeRaised().count, 2U * 20 * 8);
-}
-
-TEST(PositionEvents, WithoutATakerDoNotHoldTheMixUp) {
-    const platform::testing::SoundControls controls;
-    const OpenedCard card;
-    const auto buffer = card.silence(waveFormat(2, 16, 44'100), 4000);
-    {
-        const ScopedEvent passed;
-        const DSBPOSITIONNOTIFY at[]{{1999, passed.handle}, {3999, passed.handle}};
-        setEvents(*buffer, at);
-        buffer->Play(0, 0, DSBPLAY_LOOPING);
-        OpenedCard::play(1000);
-        EXPECT_EQ(WaitForSingleObject(passed.handle, 0), WAIT_OBJECT_0);
-    }
-    OpenedCard::play(1000);
-    EXPECT_EQ(controls.notifications(), 2U) << "an event that is gone is not set";
 }
 
 }  // namespace

@@ -94,65 +94,6 @@ TEST(Resampling, LastsAsLongAsTheSound) {
     }
 }
 
-TEST(Mixing, PlaysEveryFormat) {
-    const Samples stereo{256, -512, 32767, -32768};
-    const auto mono8 = waveFormat(1, 8, 44'100);
-    const auto mono16 = waveFormat(1, 16, 44'100);
-    const auto stereo16 = waveFormat(2, 16, 44'100);
-    struct Row {
-        const char* what;
-        WAVEFORMATEX format;
-        std::vector<BYTE> stored;
-        Samples heard;
-    };
-    const Row rows[]{
-        {"8 bits, mono", mono8, {0x80, 0x81, 0x00, 0xFF}, {0, 0, 256, 256, -32768, -32768, 32512, 32512}},
-        {"8 bits, stereo", waveFormat(2, 8, 44'100), {0x80, 0x81, 0x7F, 0x90}, {0, 256, -256, 4096}},
-        {"16 bits, mono", mono16, sampleBytes(stereo), {256, 256, -512, -512, 32767, 32767, -32768, -32768}},
-        {"16 bits, stereo", stereo16, sampleBytes(stereo), stereo},
-        {"a piece of a frame at the end", stereo16, {0, 1, 0, 2, 0, 3}, {256, 512, 0, 0}},
-    };
-    for (const Row& row : rows) {
-        const OpenedCard card;
-        const auto buffer = card.bufferOf(row.format, row.stored);
-        buffer->Play(0, 0, 0);
-        EXPECT_EQ(OpenedCard::play(row.heard.size() / 2), row.heard) << row.what;
-    }
-}
-
-TEST(Mixing, TakesVolumeAndPanInHundredthsOfADecibel) {
-    struct Row {
-        LONG volume, pan;
-        double left, right;  // decibels; -100 for silence
-    };
-    constexpr float kStored = 0.9F;
-    const OpenedCard card;
-    const auto buffer = card.bufferOf(44'100, tone(441, 44'100, 44'100, kStored));
-    const auto levelOf = [](const Samples& heard, std::size_t side) {
-        const FoundTone found = findTone(sideOf(heard, side, 0, 4400), 441, 44'100);
-        return found.amplitude == 0 ? -100 : 20 * std::log10(found.amplitude / kStored);
-    };
-    for (const auto& row : {
-             Row{0, 0, 0, 0},
-             Row{-600, 0, -6, -6},
-             Row{-4300, 0, -43, -43},
-             Row{-10'000, 0, -100, -100},
-             Row{0, 2000, -20, 0},
-             Row{0, -2000, 0, -20},
-             Row{-600, 1000, -16, -6},
-             Row{0, 10'000, -100, 0},
-             Row{0, -10'000, 0, -100},
-         }) {
-        SCOPED_TRACE(testing::Message() << "volume " << row.volume << ", pan " << row.pan);
-        buffer->SetVolume(row.volume);
-        buffer->SetPan(row.pan);
-        buffer->Play(0, 0, DSBPLAY_LOOPING);
-        const auto heard = OpenedCard::play(4400);
-        EXPECT_NEAR(levelOf(heard, 0), row.left, 0.02);
-        EXPECT_NEAR(levelOf(heard, 1), row.right, 0.02);
-    }
-}
-
 TEST(Mixing, TurnsDownWhatWouldBeTooLoud) {
     const OpenedCard card;
     std::array<BufferRef, 3> buffers;

@@ -59,24 +59,6 @@ TEST(SendMessage, IsAnsweredWithZeroWhenTheWindowGoesOrIsGone) {
     EXPECT_FALSE(platform::setFullScreen(handle, true));
 }
 
-TEST(SendMessage, WakesAWaitingLoopWithoutDelay) {
-    const TestWindow window(adding);
-    constexpr int kCalls = 100;
-    std::chrono::steady_clock::duration taken{};
-    const GameThread game([&] {
-        const auto start = std::chrono::steady_clock::now();
-        for (int i = 0; i < kCalls; ++i) {
-            SendMessageA(window.handle(), kAdd, 1, 1);
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));  // lets the loop fall asleep again
-        }
-        taken = std::chrono::steady_clock::now() - start;
-        PostMessageA(window.handle(), kEnd, 0, 0);
-    });
-    TestWindow::loop();
-    game.join();
-    EXPECT_LT(taken, std::chrono::milliseconds(20) * kCalls) << "only the loop's 50 ms net woke it";
-}
-
 /// One life of a window under fire: three threads send, post and present from before its first message to after its
 /// end.
 void liveAndDieUnderFire(int round, bool handDriven) {
