@@ -59,7 +59,7 @@ TEST(IniTable, AnswersAsTheTableOfRulesSaysAlsoWithoutCr) {
         if (withoutCr.find("\r\r") == std::string::npos) std::erase(withoutCr, '\r');
         for (const std::string_view file : {rule.file, std::string_view(withoutCr)}) {
             SCOPED_TRACE(rule.rule);
-            const IniTable table = tableOf(file, 7);
+            const IniTable table = tableOf(file, 1);  // in one bucket all names meet
             EXPECT_EQ(table.has(rule.section, rule.key), rule.string != kAbsent);
             EXPECT_STREQ(table.getString(rule.section, rule.key).cStr(), rule.string != kAbsent ? rule.string : "");
             EXPECT_EQ(table.getInt(rule.section, rule.key), rule.number);
