@@ -89,15 +89,6 @@ TEST(Effects, FitTheirPlaceInPlay) {
     EXPECT_EQ(keys, std::set<std::string>(kEffectKeys.begin(), kEffectKeys.end()));
 }
 
-TEST(Effects, TouchTwiceInACycleAsFeetAndHandsDo) {
-    for (const char* key : {"steps", "upsteps", "trub"}) {
-        const SoundRecording sound = soundOf("sound", key);
-        const double between = peakBetween(sound, 0.120, 0.158);
-        EXPECT_GT(peakBetween(sound, 0, 0.025), 5 * between) << key;
-        EXPECT_GT(peakBetween(sound, 0.160, 0.185), 5 * between) << key;
-    }
-}
-
 /// What the encoder's noise may do. Drums make larger steps than this all the time, but here the track before the first
 /// beat dies away; one whose first samples are missing has 0.02 and more at its seam.
 constexpr double kUnheardStep = 0.015;

@@ -136,24 +136,4 @@ using Frames = std::vector<PixelImage>;
     return last > 0 && last <= 1.3 * largest;
 }
 
-/// Light that a pixel gives off, in per cent of white.
-[[nodiscard]] inline double lightOf(const Pixel& p) {
-    const auto linear = [](std::uint8_t v) {
-        const double c = v / 255.0;
-        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 21.26 * linear(p.r) + 71.52 * linear(p.g) + 7.22 * linear(p.b);
-}
-/// Its mean over the visible pixels of the rows [from, to).
-[[nodiscard]] inline double lightOf(const PixelImage& image, int from = 0, int to = 64) {
-    double sum = 0;
-    double count = 0;
-    for (const Pixel* p = image.row(from); p != image.row(to); ++p) {
-        if (!isVisible(*p)) continue;
-        sum += lightOf(*p);
-        ++count;
-    }
-    return sum / count;
-}
-
 }  // namespace grub

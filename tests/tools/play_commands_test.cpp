@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <sstream>
-
 #include "grubtool_run.h"
 #include "level_writer.h"
 #include "package_writer.h"
@@ -121,14 +119,6 @@ TEST_F(Trace, OfADigAndADogThatHunts) {
     EXPECT_EQ(run("0", "7", "4").out, lines);
 }
 
-// From 128 the dog is at 124 after frame 0 and at 28, closer than 32, after frame 24.
-TEST_F(Trace, EndsWithTheLineThatHasTheCause) {
-    files({"@ . d k", "# # # #"}, "", "");
-    const std::string lines = run("0", "010", "100").out;
-    EXPECT_THAT(lines, testing::HasSubstr("rng=0000000a enemies=9:32,0:0:1:-4,0 holes=- bonuses=- end=-\nf=24 "));
-    EXPECT_THAT(lines, testing::EndsWith(" enemies=9:28,0:0:1:-4,0 holes=- bonuses=- end=0\n"));
-}
-
 // The seed is chosen for its first three numbers, 16386, 9185 and 25408: right column, upper row, kind 4. Pressed in
 // 250, Right turns Grub for three frames, and eight later he is on the next cell. There he takes the shield in 261.
 TEST_F(Trace, OfARandomBonus) {
@@ -139,21 +129,6 @@ TEST_F(Trace, OfARandomBonus) {
     EXPECT_THAT(lines, testing::EndsWith("\nf=261 hero=64,0 v=0,0 cmd=Right face=2 anim=334:0 dig=0 shield=499 inv=0 "
                                          "anchor=0 keys=0 score=100 lives=3 rng=6340b35b enemies=- holes=- "
                                          "bonuses=4:1,0:188 end=-\n"));
-}
-
-TEST_F(Trace, RefusesWhatIsWrongWithALineAndNoTrace) {
-    const std::tuple<const char*, const char*, int, const char*> faults[] = {
-        {"level", "x", 1, "level: shorter than its header"},
-        {"keys", "1 down Up\n1 down Escape\n", 2, "keys:2: wanted a key"},
-        {"counts", "1 70000", 2, "counts:1: wanted a frame count"},
-    };
-    for (const auto& [file, contents, exitCode, reason] : faults) {
-        files({"@ .", "# #"}, "", "");
-        scratch_.write(file, bytesOf(contents));
-        const GrubtoolRun refused = run("0", "1", "5");
-        EXPECT_TRUE(refused.failed(exitCode, reason));
-        EXPECT_EQ(refused.out, "");
-    }
 }
 
 }  // namespace

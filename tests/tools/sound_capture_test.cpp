@@ -22,13 +22,8 @@ constexpr double kWaveStep = 80;
 
 /// A slow wave that streams, since 300 KiB of it are longer than the ring, and comes round without a seam.
 Bytes wave() {
-    constexpr std::size_t kSamples = std::size_t{300} * 1024 / 4;
-    Bytes samples;
-    for (const std::int16_t value : tone(122, kSamples, kSamples, kWavePeak / 32768)) {
-        for ([[maybe_unused]] const char* side : {"left", "right"})
-            append(samples, static_cast<std::uint16_t>(value), 2);
-    }
-    return samples;
+    constexpr std::size_t kSamples = std::size_t{300} * 1024 / 2;
+    return sampleBytes(tone(122, kSamples, kSamples, kWavePeak / 32768));
 }
 
 /// The samples of a game in which every effect is one loud sample, which shows when the effect was started.
@@ -44,7 +39,7 @@ std::vector<std::int16_t> captured(std::vector<KeyEvent> keys, int lastFrame, co
     MemorySource package;
     package.put("sound\\sound.ini", table);
     package.put("sound\\click", writeWav({.channels = 2, .samples = Bytes(4, 78)}));
-    package.put("sound\\music", writeWav({.channels = 2, .samples = music}));
+    package.put("sound\\music", writeWav({.samples = music}));
     const HandMixedDevice device;
     EXPECT_TRUE(device.isReady());
     SoundBank bank(package);

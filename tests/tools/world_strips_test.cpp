@@ -22,9 +22,6 @@ TEST(Strips, AreThoseOfTheLoadingListAndShowSomething) {
             EXPECT_TRUE(std::ranges::any_of(frame.pixels, [](const Pixel& p) { return p.a > 0; }));
         EXPECT_FALSE(std::ranges::any_of(builtFrame(strip.name).pixels, [](const Pixel& p) { return p == Pixel{}; }))
             << "clear pixels have the colour of the nearest visible one";
-        if (strip.ground == Ground::Clear && strip.width == 64) {
-            EXPECT_LT(visiblePixels(builtFrame(strip.name)), 64 * 64 * 92 / 100) << "it hides the wall behind it";
-        }
     }
     for (const LoadEntry& file : loadingList()) {
         const StripDrawing* strip = findStrip(file.stem);
@@ -49,16 +46,12 @@ struct World {
     const char* floor;
     const char* breaking;
     const char* solid;
-    const char* ladder;
-    const char* pipe;
 };
 
-const World kWorlds[] = {{turmaWallStrips(), 1, "steny\\modul_pol_11a", "poly\\lom1", "poly\\modul_pol04",
-                          "lesenki\\modul_lestn", "trubi\\mod_trub04"},
-                         {jelezoWallStrips().first(5), 3, "poly\\pol_jel", "jelezo\\animation_floor_iron_01",
-                          "poly\\kam_jel", "lesenki\\lest_j", "trubi\\mod_trub14"},
-                         {podvalWallStrips().first(5), 1, "poly\\tr_pol1", "poly\\truba_za1", "fon\\kam1",
-                          "lesenki\\modul_lestn", "trubi\\mod_trub04"}};
+const World kWorlds[] = {
+    {turmaWallStrips(), 1, "steny\\modul_pol_11a", "poly\\lom1", "poly\\modul_pol04"},
+    {jelezoWallStrips().first(5), 3, "poly\\pol_jel", "jelezo\\animation_floor_iron_01", "poly\\kam_jel"},
+    {podvalWallStrips().first(5), 1, "poly\\tr_pol1", "poly\\truba_za1", "fon\\kam1"}};
 
 /// Sum of the steps from a column of pixels to the next; from the last column to the first one of `right`.
 int stepBehind(const PixelImage& image, int column, const PixelImage& right) {
@@ -67,45 +60,18 @@ int stepBehind(const PixelImage& image, int column, const PixelImage& right) {
         sum += difference(image.at(column, y), column == 63 ? right.at(0, y) : image.at(column + 1, y));
     return sum;
 }
-struct StepsInside {
-    double mean = 0;
-    int largest = 0;
-};
-StepsInside stepsIn(const PixelImage& image) {
-    StepsInside steps;
-    for (int x = 0; x < 63; ++x) {
-        steps.mean += stepBehind(image, x, image) / 63.0;
-        steps.largest = std::max(steps.largest, stepBehind(image, x, image));
-    }
-    return steps;
-}
-
-TEST(Worlds, ClimbInBrightnessFromWallToCapAndShowAllThatMoves) {
-    for (const World& world : kWorlds) {
-        SCOPED_TRACE(world.floor);
-        const PixelImage& floor = builtFrame(world.floor);
-        const double face = lightOf(floor, 18, 62);
-        const double wall = lightOf(builtFrame(world.walls[0].name));
-        EXPECT_NEAR(wall, 3.9, 0.8);
-        EXPECT_NEAR(face, 13, 3);
-        EXPECT_GT(lightOf(builtFrame(world.solid)), face);
-        EXPECT_GT(lightOf(builtFrame(world.ladder)), 18);
-        EXPECT_GT(lightOf(builtFrame(world.pipe), 5, 15), 18);
-        EXPECT_GT(lightOf(floor, 2, 10), 36);
-        for (const auto& strips : {heroStrips(), dogStrips(), ladyStrips(), ratStrips(), thingStrips()}) {
-            for (const StripDrawing& strip : strips) {
-                for (const PixelImage& frame : builtStrip(strip.name))
-                    EXPECT_GE((lightOf(frame) + 5) / (wall + 5), 2.5) << strip.name;
-            }
-        }
-    }
+/// The mean of these steps inside the picture.
+double meanStepIn(const PixelImage& image) {
+    double sum = 0;
+    for (int x = 0; x < 63; ++x) sum += stepBehind(image, x, image);
+    return sum / 63;
 }
 
 TEST(Worlds, HaveWallsThatJoinInAnyMixture) {
     for (const World& world : kWorlds) {
         const PixelImage& plain = builtFrame(world.walls[0].name);
         for (const auto& [image, most] : {std::pair(plain, 1.0), std::pair(turned(plain), world.joint)})
-            EXPECT_LE(stepBehind(image, 63, image), most * stepsIn(image).mean) << world.floor;
+            EXPECT_LE(stepBehind(image, 63, image), most * meanStepIn(image)) << world.floor;
         for (const StripDrawing& strip : world.walls) {
             SCOPED_TRACE(strip.name);
             const PixelImage& wall = builtFrame(strip.name);
@@ -118,18 +84,11 @@ TEST(Worlds, HaveWallsThatJoinInAnyMixture) {
     }
 }
 
-TEST(Floors, FillTheirCellAndEndsDoNot) {
+TEST(Floors, FillTheirCell) {
     for (const World& world : kWorlds) {
         EXPECT_EQ(visiblePixels(builtFrame(world.solid)), 64 * 64) << world.solid;
         EXPECT_EQ(runsIn(builtFrame(world.floor), 30), (std::vector{std::pair(0, 64)})) << world.floor;
         EXPECT_LE(highestRow(builtFrame(world.floor)), 1) << world.floor;
-    }
-    const std::pair<const char*, int> ends[] = {{"poly\\pol_kray1", 0}, {"poly\\pol_kray2", 63},
-                                                {"poly\\pol_kray4", 0}, {"poly\\pol_kray5", 63},
-                                                {"poly\\truba_za3", 0}, {"poly\\truba_za5", 63}};
-    for (const auto& [name, open] : ends) {
-        EXPECT_FALSE(isVisible(builtFrame(name).at(open, 1))) << name;
-        EXPECT_TRUE(isVisible(builtFrame(name).at(63 - open, 30))) << name;
     }
 }
 
@@ -156,10 +115,6 @@ TEST(Floors, BreakUntilAHoleIsOpenAndGrowAgain) {
 }
 
 TEST(Worlds, HaveDoorsThatShowRedWhileShutAndGreenAsTheyOpen) {
-    const auto daylight = [](const PixelImage& image) {
-        return std::ranges::count_if(image.pixels,
-                                     [](const Pixel& p) { return p.a == 255 && lightOf(p) > 40 && p.r > p.b + 20; });
-    };
     for (const StripDrawing& door : doorStrips()) {
         if (door.frames == 1) continue;
         SCOPED_TRACE(door.name);
@@ -167,48 +122,14 @@ TEST(Worlds, HaveDoorsThatShowRedWhileShutAndGreenAsTheyOpen) {
         ASSERT_EQ(frames.size(), 10U);
         EXPECT_GT(frames[0].at(32, 8).r, frames[0].at(32, 8).g + 40);
         EXPECT_GT(frames[9].at(32, 8).g, frames[9].at(32, 8).r + 40);
-        EXPECT_GT(lightOf(frames[9].at(32, 58)), 40) << "no light falls out";
-        for (std::size_t i = 3; i < 10; ++i)
-            EXPECT_GE(daylight(frames[i]) + 8, daylight(frames[i - 1])) << "it goes back in frame " << i;
-        EXPECT_GT(daylight(frames[9]), daylight(frames[0]) + 400);
         EXPECT_LT(highestRow(frames[0]), 3);
         EXPECT_EQ(lowestRow(frames[0]), 63);
     }
 }
 
-TEST(Worlds, HaveWhatGoesOnFromCellToCellMeet) {
-    const struct {
-        const char* first;
-        const char* second;
-        bool below;  // else to the right
-    } joints[] = {{"fon\\p11", "fon\\p12", false},
-                  {"fon\\p11", "fon\\p21", true},
-                  {"fon\\k11", "fon\\k12", false},
-                  {"fon\\k11", "fon\\k21", true},
-                  {"dveri\\d11", "dveri\\d12", false},
-                  {"dveri\\d11", "dveri\\d21", true},
-                  {"trubi\\mod_trub1", "trubi\\kran1", false},
-                  {"trubi\\mod_trub8", "trubi\\mod_trub11", true},
-                  {"trubproz\\trub4", "trubproz\\tr_z", false},
-                  {"trubproz\\trub_stuk", "trubproz\\trub_stuk2", true},
-                  {"fon\\pipe7", "fon\\pipe9", true},
-                  {"fon\\prov2", "fon\\prov8", true},
-                  {"provoda\\prov3", "provoda\\prov6", false}};
-    for (const auto& joint : joints) {
-        SCOPED_TRACE(joint.first);
-        const auto along = [&](const char* name) { return joint.below ? turned(builtFrame(name)) : builtFrame(name); };
-        const PixelImage first = along(joint.first);
-        const PixelImage second = along(joint.second);
-        EXPECT_LE(stepBehind(first, 63, second), stepsIn(first).largest + 64);
-        const auto end = runsIn(turned(first), 63);
-        EXPECT_EQ(end, runsIn(turned(second), 0));
-        EXPECT_GE(end.empty() ? 0 : end[0].second - end[0].first, 3);
-    }
-}
-
 // ---- things
 
-TEST(Things, LoopInsideTheirCellWithARimOfGold) {
+TEST(Things, LoopInsideTheirCellAndDiffer) {
     for (const StripDrawing& thing : thingStrips()) {
         SCOPED_TRACE(thing.name);
         const Frames& frames = builtStrip(thing.name);
@@ -216,11 +137,6 @@ TEST(Things, LoopInsideTheirCellWithARimOfGold) {
         EXPECT_EQ(frames.size(), isKey ? 1U : 12U);
         EXPECT_TRUE(isKey || isCycle(frames));
         EXPECT_TRUE(std::ranges::none_of(frames, touchesEdge));
-        EXPECT_GT(
-            std::ranges::count_if(frames[0].pixels,
-                                  [](const Pixel& p) { return p.a > 200 && p.r > 180 && p.g > p.b + 50 && p.r > p.g; }),
-            90)
-            << "what can be taken has a rim of gold";
         for (const StripDrawing& other : thingStrips())
             EXPECT_EQ(frames[0] == builtFrame(other.name), &other == &thing) << other.name;
     }
