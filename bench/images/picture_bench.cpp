@@ -1,6 +1,8 @@
 // Our decoders beside the libraries that a user could have taken: same files from memory, same pixels, proven first.
 #include <benchmark/benchmark.h>
 
+#include <random>
+
 #include "bmp_writer.h"
 #include "gif_writer.h"
 #include "image_decoder.h"
@@ -27,6 +29,21 @@ Bytes smoothRgb() {
         }
     }
     return rgb;
+}
+
+// `width` x `height` bytes below `limit` with the runs and repeats of a drawn picture: slopes of eight pixels, a few
+// of them speckled.
+Bytes drawnIndices(unsigned width, unsigned height, unsigned limit, unsigned seed) {
+    std::mt19937 random(seed);
+    Bytes bytes;
+    bytes.reserve(std::size_t{width} * height);
+    for (unsigned y = 0; y < height; ++y) {
+        for (unsigned x = 0; x < width; ++x) {
+            const unsigned speckle = random() % 16 == 0 ? random() % 4 : 0;
+            bytes.push_back(static_cast<std::uint8_t>((x / 8 + y / 8 * 3 + (x + y) / 64 + speckle) % limit));
+        }
+    }
+    return bytes;
 }
 
 const Bytes& gif() {

@@ -145,7 +145,7 @@ TEST(LzwExpander, AgreesWithThePlainTablesOnStrayCodes) {
 TEST(LzwExpander, AgreesWithThePlainTablesOnPictures) {
     for (const unsigned colours : {2u, 8u, 256u}) {
         const unsigned minCodeSize = colours == 2 ? 2 : colours == 8 ? 3 : 8;
-        const Bytes indices = drawnIndices(320, 240, colours, colours);
+        const Bytes indices = noise(std::size_t{320} * 240, colours, colours);
         for (const bool clearWhenFull : {true, false}) {
             expectTheSame(lzwOf(indices, minCodeSize, clearWhenFull), minCodeSize, colours, indices.size());
         }

@@ -12,7 +12,6 @@ namespace {
 
 using grub::bytesOf;
 using grub::ScratchDirectory;
-using grub::WorkingDirectory;
 
 HANDLE open(const char* path, DWORD access, DWORD disposition) {
     return CreateFileA(path, access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -52,7 +51,8 @@ TEST(DataDirectory, GivesPackagesToReadersAndNothingElse) {
         scratch.write(std::string("data/") + name, bytesOf("data"));
     }
     for (const char* name : {"both.pak", "own.pak"}) scratch.write(std::string("work/") + name, bytesOf("work"));
-    const WorkingDirectory here(scratch.path() / "work");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(scratch.path() / "work");
     const DataDirectory data(scratch.file("data/"));
     struct Row {
         const char* name;

@@ -17,16 +17,10 @@ inline constexpr std::size_t kBmpHeaders = 54;
 /// A BMP file with this header and these stored rows (bottom-up, B first, padded), good or bad.
 [[nodiscard]] inline Bytes bmpFile(std::uint32_t width, std::uint32_t height, unsigned bitCount, const Bytes& rows) {
     Bytes file{'B', 'M'};
-    append(file, static_cast<std::uint32_t>(kBmpHeaders + rows.size()), 4);
-    append(file, 0, 4);
-    append(file, kBmpHeaders, 4);
-    append(file, 40, 4);  // size of the information header
-    append(file, width, 4);
-    append(file, height, 4);
-    append(file, 1, 2);  // planes
-    append(file, bitCount, 2);
-    append(file, 0, 4);   // compression
-    append(file, 0, 20);  // image size, resolution, colours
+    append(file, {{kBmpHeaders + rows.size(), 4}, {0, 4}, {kBmpHeaders, 4}});
+    // Size of the information header, width, height, planes, bits, compression; image size, resolution, colours.
+    append(file, {{40, 4}, {width, 4}, {height, 4}, {1, 2}, {bitCount, 2}, {0, 4}});
+    file.resize(kBmpHeaders);
     file.insert(file.end(), rows.begin(), rows.end());
     return file;
 }

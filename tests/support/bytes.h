@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 #include <random>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "resource_source.h"
@@ -40,6 +42,11 @@ using Bytes = std::vector<std::uint8_t>;
 /// Appends `value` in `byteCount` bytes, lowest first.
 inline void append(Bytes& bytes, std::uint32_t value, unsigned byteCount) {
     for (; byteCount > 0; --byteCount, value >>= 8) bytes.push_back(static_cast<std::uint8_t>(value));
+}
+
+/// Appends numbers, each with the count of its bytes.
+inline void append(Bytes& bytes, std::initializer_list<std::pair<std::size_t, unsigned>> fields) {
+    for (const auto& [value, byteCount] : fields) append(bytes, static_cast<std::uint32_t>(value), byteCount);
 }
 
 /// Writes `value` in `byteCount` bytes, lowest first, at `offset`: for tests that damage one field.

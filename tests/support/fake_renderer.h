@@ -10,32 +10,7 @@
 
 namespace grub {
 
-class FakeRenderer;
-
-/// A texture that remembers what it was given.
-class FakeTexture final : public Texture {
-public:
-    FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height);
-    ~FakeTexture() override;
-
-    [[nodiscard]] Texture* clone() const override { return nullptr; }
-    [[nodiscard]] bool isValid() const override { return true; }
-    bool upload(const std::uint8_t* rgb, TextureTransform transform, const std::uint8_t* alpha) override;
-    void setColourKey(Colour key) override { keys.push_back(key); }
-    [[nodiscard]] std::uint16_t width() const override { return width_; }
-    [[nodiscard]] std::uint16_t height() const override { return height_; }
-
-    Bytes uploadedRgb;
-    Bytes uploadedAlpha;
-    TextureTransform uploadedTransform = TextureTransform::Identity;
-    std::size_t keysBeforeUpload = 0;
-    std::vector<Colour> keys;  ///< in the order in which they were set
-
-private:
-    FakeRenderer& renderer_;
-    const std::uint16_t width_;
-    const std::uint16_t height_;
-};
+class FakeTexture;
 
 /// A renderer that draws nothing and records everything. While it lives it is the program's renderer.
 class FakeRenderer : public Renderer {
@@ -58,9 +33,7 @@ public:
     bool init() override { return true; }
     bool shutdown() override { return true; }
     [[nodiscard]] bool isReady() const override { return ready; }
-    [[nodiscard]] Texture* createTexture(std::uint16_t width, std::uint16_t height) override {
-        return ready ? new FakeTexture(*this, width, height) : nullptr;
-    }
+    [[nodiscard]] Texture* createTexture(std::uint16_t width, std::uint16_t height) override;
     bool beginFrame() override { return ready; }
     bool endFrame() override { return onEndFrame ? onEndFrame(), true : true; }
     bool clearRect(std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, Colour) override { return true; }
@@ -82,21 +55,44 @@ public:
     std::function<void()> onEndFrame;
 };
 
-inline FakeTexture::FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height)
-    : renderer_(renderer), width_(width), height_(height) {
-    renderer_.textures.push_back(this);
-}
+/// A texture that remembers what it was given.
+class FakeTexture final : public Texture {
+public:
+    FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height)
+        : renderer_(renderer), width_(width), height_(height) {
+        renderer_.textures.push_back(this);
+    }
+    ~FakeTexture() override { std::erase(renderer_.textures, this); }
 
-inline FakeTexture::~FakeTexture() { std::erase(renderer_.textures, this); }
+    [[nodiscard]] Texture* clone() const override { return nullptr; }
+    [[nodiscard]] bool isValid() const override { return true; }
+    bool upload(const std::uint8_t* rgb, TextureTransform transform, const std::uint8_t* alpha) override {
+        if (renderer_.uploadsLeft-- <= 0) return false;
+        const std::size_t pixels = std::size_t{width_} * height_;
+        uploadedRgb.assign(rgb, rgb + pixels * 3);
+        if (alpha != nullptr) uploadedAlpha.assign(alpha, alpha + pixels);
+        uploadedTransform = transform;
+        keysBeforeUpload = keys.size();
+        return true;
+    }
+    void setColourKey(Colour key) override { keys.push_back(key); }
+    [[nodiscard]] std::uint16_t width() const override { return width_; }
+    [[nodiscard]] std::uint16_t height() const override { return height_; }
 
-inline bool FakeTexture::upload(const std::uint8_t* rgb, TextureTransform transform, const std::uint8_t* alpha) {
-    if (renderer_.uploadsLeft-- <= 0) return false;
-    const std::size_t pixels = std::size_t{width_} * height_;
-    uploadedRgb.assign(rgb, rgb + pixels * 3);
-    if (alpha != nullptr) uploadedAlpha.assign(alpha, alpha + pixels);
-    uploadedTransform = transform;
-    keysBeforeUpload = keys.size();
-    return true;
+    Bytes uploadedRgb;
+    Bytes uploadedAlpha;
+    TextureTransform uploadedTransform = TextureTransform::Identity;
+    std::size_t keysBeforeUpload = 0;
+    std::vector<Colour> keys;  ///< in the order in which they were set
+
+private:
+    FakeRenderer& renderer_;
+    const std::uint16_t width_;
+    const std::uint16_t height_;
+};
+
+inline Texture* FakeRenderer::createTexture(std::uint16_t width, std::uint16_t height) {
+    return ready ? new FakeTexture(*this, width, height) : nullptr;
 }
 
 }  // namespace grub

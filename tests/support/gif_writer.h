@@ -1,8 +1,8 @@
 #pragma once
 
+#include <bit>
 #include <cstdint>
 #include <map>
-#include <random>
 #include <utility>
 
 #include "bytes.h"
@@ -21,11 +21,8 @@ public:
         for (; bitCount_ >= 8; bitCount_ -= 8, bits_ >>= 8) packed_.push_back(static_cast<std::uint8_t>(bits_));
         if (code == clear()) return forget();
         if (std::exchange(fresh_, false)) return;
-        if (next_ < limit_) ++next_;
-        if (next_ >= limit_ && width_ < 12) {
-            ++width_;
-            limit_ *= 2;
-        }
+        if (next_ < 1u << width_) ++next_;
+        if (next_ >= 1u << width_ && width_ < 12) ++width_;
     }
     [[nodiscard]] std::uint32_t clear() const { return 1u << minCodeSize_; }
     [[nodiscard]] std::uint32_t end() const { return clear() + 1; }
@@ -39,7 +36,6 @@ public:
 private:
     void forget() {
         width_ = minCodeSize_ + 1;
-        limit_ = 1u << width_;
         next_ = clear() + 2;
         fresh_ = true;
     }
@@ -49,7 +45,6 @@ private:
     std::uint64_t bits_ = 0;
     unsigned bitCount_ = 0;
     unsigned width_ = 0;
-    std::uint32_t limit_ = 0;
     std::uint32_t next_ = 0;
     bool fresh_ = true;
 };
@@ -71,20 +66,16 @@ struct GifParts {
 
 /// The flag bits that announce a colour table; 0 without a table.
 [[nodiscard]] inline std::uint8_t gifTableFlags(const Bytes& table) {
-    if (table.empty()) return 0;
-    unsigned exponent = 0;
-    while (std::size_t{2} << exponent < table.size() / 3) ++exponent;
-    return static_cast<std::uint8_t>(0x80 | exponent);
+    return static_cast<std::uint8_t>(table.empty() ? 0 : 0x80 | (std::bit_width(table.size() / 3) - 2));
 }
 
 /// The image data as sub-blocks of at most `blockSize` bytes and the empty one that ends them.
 [[nodiscard]] inline Bytes inSubBlocks(std::span<const std::uint8_t> data, std::size_t blockSize) {
     Bytes blocks;
-    while (!data.empty()) {
-        const auto block = data.first(std::min(blockSize, data.size()));
+    for (std::size_t at = 0; at < data.size(); at += blockSize) {
+        const auto block = data.subspan(at, std::min(blockSize, data.size() - at));
         blocks.push_back(static_cast<std::uint8_t>(block.size()));
         blocks.insert(blocks.end(), block.begin(), block.end());
-        data = data.subspan(block.size());
     }
     blocks.push_back(0);
     return blocks;
@@ -94,17 +85,13 @@ struct GifParts {
 [[nodiscard]] inline Bytes gifFile(const GifParts& parts) {
     Bytes file{'G', 'I', 'F', '8', '9', 'a'};
     const auto appendAll = [&file](const Bytes& bytes) { file.insert(file.end(), bytes.begin(), bytes.end()); };
-    append(file, parts.width, 2);
-    append(file, parts.height, 2);
-    file.push_back(gifTableFlags(parts.globalTable));
-    append(file, 0, 2);  // background colour, aspect ratio
+    // Background colour and aspect ratio end the line.
+    append(file, {{parts.width, 2}, {parts.height, 2}, {gifTableFlags(parts.globalTable), 1}, {0, 2}});
     appendAll(parts.globalTable);
     appendAll(parts.extensions);
-    file.push_back(0x2C);
-    append(file, 0, 4);  // left, top
-    append(file, parts.width, 2);
-    append(file, parts.imageHeight != 0 ? parts.imageHeight : parts.height, 2);
-    file.push_back(static_cast<std::uint8_t>(gifTableFlags(parts.localTable) | (parts.interlaced ? 0x40 : 0)));
+    const unsigned imageHeight = parts.imageHeight != 0 ? parts.imageHeight : parts.height;
+    append(file, {{0x2C, 1}, {0, 4}, {parts.width, 2}, {imageHeight, 2}});  // the zeros are left and top
+    append(file, gifTableFlags(parts.localTable) | (parts.interlaced ? 0x40u : 0u), 1);
     appendAll(parts.localTable);
     append(file, parts.minCodeSize, 1);
     appendAll(inSubBlocks(parts.data, parts.blockSize));
@@ -141,8 +128,7 @@ struct GifParts {
 
 /// A good GIF of `indices` into `table`, with as many code bits as the table has colours (at least 2).
 [[nodiscard]] inline Bytes writeGif(unsigned width, unsigned height, const Bytes& indices, const Bytes& table) {
-    unsigned minCodeSize = 2;
-    while (std::size_t{1} << minCodeSize < table.size() / 3) ++minCodeSize;
+    const auto minCodeSize = std::max(2u, static_cast<unsigned>(std::bit_width(table.size() / 3 - 1)));
     return gifFile({.width = width,
                     .height = height,
                     .minCodeSize = minCodeSize,
@@ -150,28 +136,12 @@ struct GifParts {
                     .globalTable = table});
 }
 
-/// `width` x `height` bytes below `limit` with the runs and repeats of a drawn picture: slopes of eight pixels, a few
-/// of them speckled.
-[[nodiscard]] inline Bytes drawnIndices(unsigned width, unsigned height, unsigned limit, unsigned seed) {
-    std::mt19937 random(seed);
-    Bytes bytes;
-    bytes.reserve(std::size_t{width} * height);
-    for (unsigned y = 0; y < height; ++y) {
-        for (unsigned x = 0; x < width; ++x) {
-            const unsigned speckle = random() % 16 == 0 ? random() % 4 : 0;
-            bytes.push_back(static_cast<std::uint8_t>((x / 8 + y / 8 * 3 + (x + y) / 64 + speckle) % limit));
-        }
-    }
-    return bytes;
-}
-
 /// R, G, B of every index: what a decoder should give.
 [[nodiscard]] inline Bytes coloured(const Bytes& indices, const Bytes& table) {
     Bytes rgb;
     rgb.reserve(indices.size() * 3);
-    for (const std::size_t index : indices) {
+    for (const std::size_t index : indices)
         rgb.insert(rgb.end(), {table.at(index * 3), table.at(index * 3 + 1), table.at(index * 3 + 2)});
-    }
     return rgb;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
+#include <span>
 #include <vector>
 
 #include <vorbis/vorbisenc.h>
@@ -76,16 +78,13 @@ struct OggPage {
 [[nodiscard]] inline std::vector<OggPage> oggPages(const Bytes& file) {
     constexpr std::size_t kFixed = 27;  // then a byte for each segment: its length
     std::vector<OggPage> pages;
-    std::size_t at = 0;
-    while (file.size() - at >= kFixed) {
-        const std::size_t segments = file[at + kFixed - 1];
-        if (file.size() - at < kFixed + segments) break;
-        OggPage page{at, kFixed + segments, 0};
-        for (std::size_t i = 0; i < segments; ++i) page.bodyBytes += file[at + kFixed + i];
-        at += page.headerBytes;
-        if (file.size() - at < page.bodyBytes) break;
-        at += page.bodyBytes;
-        pages.push_back(page);
+    for (std::size_t at = 0; at + kFixed <= file.size();) {
+        const OggPage head{at, kFixed + file[at + kFixed - 1], 0};
+        if (file.size() - at < head.headerBytes) break;
+        const auto lengths = std::span(file).subspan(at + kFixed, head.headerBytes - kFixed);
+        const OggPage page{at, head.headerBytes, std::accumulate(lengths.begin(), lengths.end(), std::size_t{0})};
+        at += page.headerBytes + page.bodyBytes;
+        if (at <= file.size()) pages.push_back(page);
     }
     return pages;
 }

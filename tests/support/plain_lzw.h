@@ -21,11 +21,10 @@ struct PlainPixels {
     std::array<unsigned, 4096> prefix{};
     std::array<unsigned, 4096> suffix{};
     Bytes indices;
-    unsigned width = 0, limit = 0, next = 0, previous = 0, first = 0;
+    unsigned width = 0, next = 0, previous = 0, first = 0;
     bool fresh = true;
     const auto forget = [&] {
         width = minCodeSize + 1;
-        limit = 1u << width;
         next = clear + 2;
         fresh = true;
     };
@@ -60,16 +59,12 @@ struct PlainPixels {
         first = k;
         stack.push_back(static_cast<std::uint8_t>(k));
         indices.insert(indices.end(), stack.rbegin(), stack.rend());
-        if (next < limit) {
+        if (next < 1u << width) {
             prefix[next] = previous;
-            suffix[next] = first;
-            ++next;
+            suffix[next++] = first;
             previous = code;
         }
-        if (next >= limit && width < 12) {
-            ++width;
-            limit *= 2;
-        }
+        if (next >= 1u << width && width < 12) ++width;
     }
     indices.resize(room);
     return {indices, LzwEnd::PictureFull};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <complex>
 #include <cstdint>
 #include <numbers>
 #include <span>
@@ -23,9 +24,8 @@ namespace grub {
 [[nodiscard]] inline std::vector<std::int16_t> tone(double hertz, double rate, std::size_t count,
                                                     float amplitude = 0.5F) {
     std::vector<std::int16_t> samples;
-    for (const float sample : sine(count, hertz, rate, amplitude)) {
+    for (const float sample : sine(count, hertz, rate, amplitude))
         samples.push_back(static_cast<std::int16_t>(std::lround(0x8000 * sample)));
-    }
     return samples;
 }
 
@@ -40,22 +40,19 @@ struct FoundTone {
 /// Fits a sine of this frequency to `samples`; they should hold whole periods.
 template <class Samples>
 FoundTone findTone(const Samples& samples, double hertz, double rate) {
-    double sine = 0;
-    double cosine = 0;
+    std::complex<double> sum;
     double all = 0;
     double angle = 0;
-    const auto count = static_cast<double>(samples.size());
     for (const double value : samples) {
-        sine += value * std::sin(angle);
-        cosine += value * std::cos(angle);
+        sum += value * std::polar(1.0, angle);
         all += value * value;
         angle += 2 * std::numbers::pi * hertz / rate;
     }
-    const double a = 2 * sine / count;
-    const double b = 2 * cosine / count;
-    const double power = (a * a + b * b) / 2;
+    const auto count = static_cast<double>(samples.size());
+    const double amplitude = 2 * std::abs(sum) / count;
+    const double power = amplitude * amplitude / 2;
     const double rest = std::max(all / count - power, 1e-30);
-    return {std::sqrt(a * a + b * b), std::atan2(b, a) / (2 * std::numbers::pi), 10 * std::log10(rest / power)};
+    return {amplitude, std::atan2(sum.real(), sum.imag()) / (2 * std::numbers::pi), 10 * std::log10(rest / power)};
 }
 
 /// One side of interleaved samples from frame `first` on, as numbers from -1 to 1.

@@ -29,12 +29,9 @@ struct WavParts {
 /// The file of these parts: 44 bytes and the samples when there is nothing extra.
 [[nodiscard]] inline Bytes writeWav(const WavParts& parts) {
     Bytes format;
-    append(format, 1, 2);
-    append(format, parts.channels, 2);
-    append(format, parts.rate, 4);
-    append(format, parts.rate * parts.channels * parts.bits / 8, 4);
-    append(format, parts.channels * parts.bits / 8, 2);
-    append(format, parts.bits, 2);
+    const std::uint32_t block = parts.channels * parts.bits / 8;
+    append(format,
+           {{1, 2}, {parts.channels, 2}, {parts.rate, 4}, {parts.rate * block, 4}, {block, 2}, {parts.bits, 2}});
     format.insert(format.end(), parts.formatTail.begin(), parts.formatTail.end());
 
     Bytes body{'W', 'A', 'V', 'E'};

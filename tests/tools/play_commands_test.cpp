@@ -119,17 +119,5 @@ TEST_F(Trace, OfADigAndADogThatHunts) {
     EXPECT_EQ(run("0", "7", "4").out, lines);
 }
 
-// The seed is chosen for its first three numbers, 16386, 9185 and 25408: right column, upper row, kind 4. Pressed in
-// 250, Right turns Grub for three frames, and eight later he is on the next cell. There he takes the shield in 261.
-TEST_F(Trace, OfARandomBonus) {
-    files({"@ .", "# #"}, "250 down Right\n", "");
-    const std::string lines = run("1", "5006", "261").out;
-    EXPECT_THAT(lines, testing::HasSubstr(" rng=0000138e enemies=- holes=- bonuses=- end=-\nf=249 hero=0,0 "));
-    EXPECT_THAT(lines, testing::HasSubstr(" rng=6340b35b enemies=- holes=- bonuses=4:1,0:200 end=-\nf=250 "));
-    EXPECT_THAT(lines, testing::EndsWith("\nf=261 hero=64,0 v=0,0 cmd=Right face=2 anim=334:0 dig=0 shield=499 inv=0 "
-                                         "anchor=0 keys=0 score=100 lives=3 rng=6340b35b enemies=- holes=- "
-                                         "bonuses=4:1,0:188 end=-\n"));
-}
-
 }  // namespace
 }  // namespace grub
