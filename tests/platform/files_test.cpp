@@ -78,6 +78,7 @@ TEST(DataDirectory, GivesPackagesToReadersAndNothingElse) {
     }
     EXPECT_EQ(readAll(scratch.file("data/only.pak")), "data") << "nothing is written there";
     EXPECT_EQ(readAll(scratch.file("work/only.pak")), "x");
+    std::filesystem::current_path(before);
 }
 
 }  // namespace
