@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -18,6 +19,7 @@ struct AudioLog {
 
     /// Returns the calls and empties the log.
     std::vector<std::string> take() { return std::exchange(calls, {}); }
+    [[nodiscard]] bool has(const std::string& call) const { return std::ranges::find(calls, call) != calls.end(); }
 };
 
 /// A sound that only writes to the log.
