@@ -70,7 +70,7 @@ def copy_tree() -> None:
 def build(preset: str, targets: list[str], content: str) -> bool:
     folder = COPY / "build" / preset
     if not (folder / "build.ninja").exists():
-        words = ["cmake", "--preset", preset, "-DGRUB_BENCH=OFF"] + ([f"-DGRUB_CONTENT_FROM={content}"] if content else [])
+        words = ["cmake", "--preset", preset, "-DBUILD_TESTING=ON"] + ([f"-DGRUB_CONTENT_FROM={content}"] if content and preset != "release" else [])
         subprocess.run(words, cwd=COPY, check=True, stdout=subprocess.DEVNULL)
     with open(folder / "faults.log", "w") as log:
         return subprocess.run(["ninja", "-C", str(folder), *targets], stdout=log, stderr=log).returncode == 0
