@@ -18,6 +18,7 @@
 namespace grub {
 namespace {
 
+// The size of the window's client area in pixels. The level view and the pages are laid out for it.
 constexpr std::uint16_t kScreenWidth = 800;
 constexpr std::uint16_t kScreenHeight = 600;
 

@@ -2,8 +2,9 @@
 
 namespace grub {
 
-/// Opens and empties "nimbo.log" in the working directory. The program calls this once, before its entry point, so that
-/// the log holds the lines of one start only. In a directory that cannot be written, the program runs without a log.
+/// Opens and empties "nimbo.log" in the working directory. The program calls this once, before the game starts, so
+/// that the log holds the lines of one start only. In a directory that cannot be written, the program runs without a
+/// log.
 void openLog();
 
 /// Writes one line to the log and flushes it: the text as printf formats it, at most 1023 bytes, then LF. Opens the log

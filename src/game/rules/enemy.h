@@ -25,8 +25,7 @@ enum class EnemyState : std::uint8_t {
 enum class EnemyDirection : std::uint8_t { Undecided = 0, Left = 1, Right = 2, Up = 3, Down = 4, Nowhere = 5 };
 
 /// A dog, a lady or a rat, as its traits say. A hunter follows the hero's distances, or wanders where there are none;
-/// the others run to and fro on their floor. Everything is decided exactly on a cell; between cells an enemy only
-/// moves.
+/// the others run to and fro on their floor. An enemy decides only on a cell; between cells it moves.
 class Enemy : public Actor {
 public:
     /// On a cell, roaming, looking left.

@@ -34,8 +34,7 @@ struct HeroFrame {
 };
 
 /// One attempt at a level: map, actors, score, end. A plain value without a window, a sound card or a clock: a copy
-/// plays on by itself, and the same level, seed and keys give the same frames everywhere. Keys and `step` are the only
-/// doors.
+/// plays on by itself, and the same level, seed and keys give the same frames everywhere.
 ///
 /// A game frame is the keys that came, then `step`, then `finishFrame`. The builder of a world takes the first step
 /// too: it settles the level, is game frame 0, and is not drawn.

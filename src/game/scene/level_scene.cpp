@@ -312,7 +312,7 @@ void LevelScene::keyUp(const KeyMessage& key) {
     if (const auto steering = playKeyOf(key.keyCode)) steering_->keyUp(*world_, *steering);
 }
 
-// As long as there is no menu to open, the way out of a level is what its last entry will do.
+// There is no menu yet, so Escape ends the attempt, as the menu's last entry will.
 void LevelScene::openGameMenu() { endAttempt(LossCause::Quit); }
 
 // While nothing is built there is no attempt to end: the scene itself is left.

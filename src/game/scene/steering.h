@@ -4,8 +4,8 @@
 
 namespace grub {
 
-/// The hand on the keyboard: decides which of the player's keys reach the world. This one passes all of them on; others
-/// write a game down, or play one that was written down. Used on the game thread only.
+/// Decides which of the player's keys reach the world. This one passes all of them on; others record a game or replay a
+/// recorded one. Used on the game thread only.
 class Steering {
 public:
     Steering() = default;

@@ -9,8 +9,8 @@
 #include <span>
 
 /// How threads wait for each other: one lock for everything that can end a wait, one condition variable for each wait.
-/// The hand-driven clock has to know whether every participant waits and nothing has happened that would wake one. With
-/// one lock this question has an answer.
+/// The hand-driven clock moves only when every participant waits and no event is about to wake one. One lock lets it
+/// check this.
 namespace platform {
 
 /// Holds the wait lock; functions that take one let go of it while they sleep or serve.

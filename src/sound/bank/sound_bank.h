@@ -31,6 +31,7 @@ inline constexpr std::array<const char*, kSoundCount> kEffectKeys{
     "shield",  "anchor",   "loose",     "inv",       "bomb",     "getbonus",   // bonuses, level end
     "heart",   "skull",
 };
+static_assert(kEffectKeys.back() != nullptr, "a sound lacks its key");
 
 /// The first phase of loading loads the effects below this one, the second phase the others.
 inline constexpr std::size_t kFirstOfSecondPhase = static_cast<std::size_t>(SoundId::Shield);
