@@ -109,5 +109,16 @@ TEST_F(Textures, ACloneHasPixelsSizesAndKeyOfItsOwn) {
     EXPECT_EQ(shown(*clone, 4, 2), (Letters{"abc.", "d.f."})) << "the key went along";
 }
 
+TEST_F(Textures, OfSixteenBitsKeepTheUpperFourButCompareTheKeyWithAll) {
+    device.refuse(D3DFMT_A8R8G8B8, D3DERR_NOTAVAILABLE);
+    ASSERT_TRUE(renderer.shutdown() && renderer.init());
+    const auto texture = makeTexture(2, 1, {{{0x1F, 0x80, 0xFF}}, {{0, 0, 0}, 0x9A}});
+    EXPECT_EQ(shownRow(*texture, 3), (Pixels{0x1188FF, 0x666666, 0xFFFFFF})) << "opacity 0x99 over white";
+    texture->setColourKey({0x11, 0x22, 0x33});
+    constexpr std::uint8_t kPixels[] = {0x11, 0x22, 0x33, 0x12, 0x22, 0x33};
+    ASSERT_TRUE(texture->upload(kPixels, TextureTransform::Identity, nullptr));
+    EXPECT_EQ(shownRow(*texture, 2), (Pixels{0xFFFFFF, 0x112233}));
+}
+
 }  // namespace
 }  // namespace grub

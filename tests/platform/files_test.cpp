@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <windows.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 
@@ -29,12 +31,20 @@ std::string readAll(const std::string& path) {
     return text;
 }
 
-TEST(Files, AnswerAFailureWhenTheDiskIsFull) {
-    const HANDLE full = open("/dev/full", GENERIC_WRITE, OPEN_EXISTING);
-    DWORD written = 1;
-    EXPECT_FALSE(WriteFile(full, "x", 1, &written, nullptr));
-    EXPECT_EQ(written, 0U);
-    CloseHandle(full);
+TEST(Files, AnswerAFailureWhenTheDiskTakesOnlyAPart) {
+    const ScratchDirectory scratch;
+    const HANDLE file = open(scratch.file("file").c_str(), GENERIC_WRITE, CREATE_ALWAYS);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{4096, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    DWORD written = 0;
+    EXPECT_FALSE(WriteFile(file, std::string(10'000, 'x').data(), 10'000, &written, nullptr));
+    EXPECT_EQ(written, 4096U);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    CloseHandle(file);
 }
 
 /// A data directory for the length of a test.
