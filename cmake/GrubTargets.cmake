@@ -42,6 +42,15 @@ function(grub_library name)
     endif()
 endfunction()
 
+# grub_always_optimised(TARGET): for what draws and renders; without optimisation a debug build would take minutes for it.
+function(grub_always_optimised target)
+    if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+        target_compile_options(${target} PRIVATE -O2)
+        # The precompiled headers of a debug build are not optimised; g++ does not mix the two.
+        set_target_properties(${target} PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
+    endif()
+endfunction()
+
 # grub_test(NAME targets...): the sources of the current folder become one GoogleTest program and one ctest test.
 function(grub_test name)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
