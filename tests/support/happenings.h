@@ -12,6 +12,7 @@ namespace grub {
 /// "trapped 9", "escaped 9", "buried 9", "struck 9" and "returned 9" (enemies by their object codes).
 using Happenings = std::map<std::string, int>;
 
+/// Dug floors that have not grown back.
 [[nodiscard]] inline int holesIn(const LevelMap& map) {
     int holes = 0;
     for (int y = 0; y < map.height(); ++y) {
@@ -20,6 +21,7 @@ using Happenings = std::map<std::string, int>;
     return holes;
 }
 
+/// Counts what has become of an enemy in one game frame.
 inline void addFate(Happenings& seen, const Enemy& before, const Enemy& after) {
     if (before.state() == after.state()) return;
     const std::string kind = " " + std::to_string(static_cast<int>(after.kind()));
