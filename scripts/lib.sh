@@ -94,7 +94,7 @@ headless() {
     SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy DBUS_SESSION_BUS_ADDRESS=disabled: SDL_FRAMEBUFFER_ACCELERATION=0 "$@"
 }
 
-run_tests() { headless ctest --test-dir "build/$1" --output-on-failure "${@:2}"; }
+run_tests() { headless ctest --test-dir "build/$1" -j 2 --output-on-failure "${@:2}"; }
 
 # Each fuzzer for some seconds, from the same seed each time; two at once.
 run_fuzzers() {
