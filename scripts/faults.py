@@ -16,7 +16,7 @@ import time
 
 LIST = pathlib.Path("tests/faults/faults.txt")
 COPY = pathlib.Path("build/faults/tree")
-LONGEST_TEST = 300  # seconds
+LONGEST_TEST = 120  # seconds
 ENVIRONMENT = os.environ | {
     "SDL_VIDEODRIVER": "dummy",
     "SDL_AUDIODRIVER": "dummy",

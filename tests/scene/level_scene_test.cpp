@@ -76,12 +76,11 @@ protected:
     }
 
     /// A new game from the first level until it ends, or until `screens` have been presented and the window is closed.
-    /// The first one starts the loader, as the program's shell does, after a start that was stopped.
+    /// The first one starts the loader, as the program's shell does; a stop from before must not last.
     void playUntil(int screens) {
         at(screens, [this] { scene_.post(messageOf(MessageType::CloseRequest)); });
         scene_.requestNewGame(0);
         if (!std::exchange(loaderStarted_, true)) {
-            scene_.startLoadingPass();
             scene_.stopLoading();
             scene_.startLoadingPass();
         }
