@@ -131,11 +131,13 @@ inline constexpr std::uint16_t kDrawnCodes[] = {
     if (chance(66)) std::ranges::fill(rows.back(), '=');
     const std::pair<std::string_view, std::size_t> limits[] = {
         {"dlr", kMaxEnemies}, {"+", kMaxObjects - kMaxEnemies}, {"s", kMaxSpawnPoints}};
-    for (const auto& [symbols, limit] : limits) {  // the last things go when a level has no room for all
+    for (const auto& limit : limits) {  // the last things go when a level has no room for all
         std::size_t count = 0;
         for (std::string& row : rows)
             std::ranges::replace_if(
-                row, [&](char cell) { return symbols.find(cell) != std::string_view::npos && ++count > limit; }, '.');
+                row,
+                [&](char cell) { return limit.first.find(cell) != std::string_view::npos && ++count > limit.second; },
+                '.');
     }
     for (const char symbol : {'E', '@'})
         rows[static_cast<std::size_t>(random.next() % height)][static_cast<std::size_t>(random.next() % width)] =
