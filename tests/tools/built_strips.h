@@ -11,10 +11,10 @@
 #include <utility>
 #include <vector>
 
-#include "all_strips.h"
 #include "image_decoder.h"
 #include "pixel_image.h"
 #include "resource_package.h"
+#include "rooms.h"
 
 namespace grub {
 

@@ -6,8 +6,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "all_strips.h"
 #include "built_strips.h"
+#include "enemies_room.h"
+#include "grub_room.h"
 
 namespace grub {
 namespace {
@@ -73,7 +74,7 @@ bool slidesBack(const PixelImage& before, const PixelImage& after, int row) {
 }
 
 TEST(Figures, KeepTheirPlaceInTheCellFrameByFrame) {
-    EXPECT_EQ(heroStrips().size() + dogStrips().size() + ladyStrips().size() + ratStrips().size(), std::size(kFigures));
+    EXPECT_EQ(grubStrips().size() + dogStrips().size() + ladyStrips().size() + ratStrips().size(), std::size(kFigures));
     for (const FigureRow& row : kFigures) {
         SCOPED_TRACE(row.strip);
         const Frames& frames = builtStrip(row.strip);

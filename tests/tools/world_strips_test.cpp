@@ -8,7 +8,12 @@
 #include <vector>
 
 #include "built_strips.h"
+#include "common_room.h"
+#include "jelezo_room.h"
 #include "loading_list.h"
+#include "podval_room.h"
+#include "things_room.h"
+#include "turma_room.h"
 
 namespace grub {
 namespace {

@@ -4,9 +4,10 @@
 #include <iostream>
 #include <thread>
 
-#include "all_strips.h"
 #include "command.h"
 #include "command_lists.h"
+#include "contact_sheet.h"
+#include "rooms.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -34,24 +35,52 @@ void renderOne(const Arguments& arguments) {
     if (!renderFile(wanted(arguments.text("NAME")), file)) failWith(kFailed, file + ": cannot be written");
 }
 
+/// Where the game expects the strip below its folder of pictures.
+std::filesystem::path fileOf(const StripDrawing& strip) {
+    std::string file(strip.name);
+    std::replace(file.begin(), file.end(), '\\', '/');
+    return file + ".bmp";
+}
+
 /// Each thread draws one strip after another; the files do not depend on which thread drew them.
-void renderAll(const Arguments& arguments) {
-    const std::string directory = arguments.text("DIR");
-    const auto& strips = allStrips();
+void renderInto(const std::filesystem::path& directory, std::span<const StripDrawing> strips) {
     std::atomic<std::size_t> next{0};
     std::atomic<bool> good{true};
     const auto work = [&] {
         for (std::size_t i = next++; i < strips.size(); i = next++) {
-            std::string file(strips[i].name);
-            std::replace(file.begin(), file.end(), '\\', '/');
-            if (!renderFile(strips[i], std::filesystem::path(directory) / (file + ".bmp"))) good = false;
+            if (!renderFile(strips[i], directory / fileOf(strips[i]))) good = false;
         }
     };
     {
         std::vector<std::jthread> threads;
         for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i) threads.emplace_back(work);
     }
-    if (!good) failWith(kFailed, directory + ": cannot be written below");
+    if (!good) failWith(kFailed, directory.string() + ": cannot be written below");
+}
+
+void renderAll(const Arguments& arguments) { renderInto(arguments.text("DIR"), allStrips()); }
+
+/// A picture whose strip has gone would stay in the package.
+void removeUnknown(const std::filesystem::path& directory) {
+    std::vector<std::filesystem::path> known;
+    for (const StripDrawing& strip : allStrips()) known.push_back(directory / fileOf(strip));
+    std::ranges::sort(known);
+    std::error_code ignored;
+    std::vector<std::filesystem::path> unknown;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(directory, ignored)) {
+        if (entry.path().extension() == ".bmp" && !std::ranges::binary_search(known, entry.path()))
+            unknown.push_back(entry.path());
+    }
+    for (const auto& path : unknown) std::filesystem::remove(path, ignored);
+}
+
+void renderGroup(const Arguments& arguments) {
+    const std::string name = arguments.text("NAME");
+    const Room* room = findRoom(name);
+    if (room == nullptr) failWith(kFailed, name + ": there is no such room");
+    const std::filesystem::path directory = arguments.text("DIR");
+    renderInto(directory, room->strips());
+    removeUnknown(directory);
 }
 
 void renderSheet(const Arguments& arguments) {
@@ -76,6 +105,10 @@ std::vector<Command> renderCommands() {
          {word("NAME", "strip, such as grub\\ani_01"), word("FILE", "BMP file to write")},
          renderOne},
         {"render all", "Draw every strip into a directory", {word("DIR", "directory to write to")}, renderAll},
+        {"render group",
+         "Draw the strips of one room into a directory, and remove from it the pictures that no room has",
+         {word("NAME", "room, such as enemies"), word("DIR", "directory to write to")},
+         renderGroup},
         {"render sheet",
          "Lay strips out on a sheet, frame by frame",
          {word("FILE", "PNG file to write"), words("NAMES", "strips; without a name, all of them", false),

@@ -1,0 +1,11 @@
+#include "common_room.h"
+
+namespace grub {
+
+std::span<const StripDrawing> commonRoom() {
+    static const auto strips = joined(
+        {floorStrips(), solidStrips(), climbingStrips(), doorStrips(), wallPipeStrips(), wireStrips(), lightStrips()});
+    return strips;
+}
+
+}  // namespace grub

@@ -1,0 +1,266 @@
+#include "floor_kind.h"
+
+#include <array>
+#include <vector>
+
+#include "common_room.h"
+#include "motion.h"
+#include "shapes.h"
+#include "surface.h"
+
+namespace grub {
+
+namespace {
+
+/// The row at which a floor's own bottom line begins, and how far an open end stands back from the cell's edge.
+constexpr double kBottom = 63;
+constexpr double kEnd = 1.6;
+
+/// Which sides of a floor cell are open: there the floor ends in a drawn edge.
+struct FloorEnds {
+    bool left = false;
+    bool right = false;
+};
+
+/// The outline of a floor cell from row `top` down; where it does not end it goes on beyond the cell.
+VectorPath floorBody(FloorEnds ends, double top) {
+    const double left = ends.left ? kEnd : -40;
+    const double right = ends.right ? kCellSize - kEnd : kCellSize + 40;
+    return rectangle(left, top, right - left, kBottom - top, 3);
+}
+
+void drawWhole(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear = FloorWear::New,
+               FloorEnds ends = {}) {
+    const bool top = storey == Storey::Top;
+    const VectorPath body = floorBody(ends, top ? kCapTop : -20);
+    canvas.part(body, stony(kind.palette.floorMortar * (top ? 1 : 0.8F), 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(body);
+    kind.drawFace(canvas, storey, wear, &inside);
+    if (!top) return canvas.shadeRows(0, 64, 0.86F, 0.66F);
+    canvas.shadeRows(16, 64, 1.04F, 0.72F);
+    kind.drawCap(canvas, &inside);
+}
+
+// ---- breaking: the hit lands while frame 0 is shown, then cap and bricks tip into the hole
+
+constexpr double kGravity = 3.2;  // px a frame squared
+
+/// How a stone leaves: the frame in which it comes loose, and its sideways speed and turn in each frame.
+struct Loosening {
+    double start;
+    double drift;
+    double turn;
+};
+
+Loosening looseningOf(const Stone& stone, std::size_t index, std::uint32_t seed) {
+    const auto n = static_cast<std::uint32_t>(index);
+    const double middle = stone.x + stone.width / 2 - kCellSize / 2;
+    const double depth = stone.y / kCellSize;
+    return {0.35 + 1.8 * depth + 0.7 * randomShare(n, 1, seed), -0.05 * middle + 2 * (randomShare(n, 2, seed) - 0.5),
+            0.22 * (randomShare(n, 3, seed) - 0.5)};
+}
+
+/// The broken end of a stone that stays in the wall of a hole: `inward` 1 at the left wall, -1 at the right one.
+void drawStub(Canvas& canvas, Point wall, double inward, double reach, Rgb colour) {
+    const auto at = [&](double in, double down) { return Point{wall.x + in * inward, wall.y + down}; };
+    canvas.part(polygon({at(-8, 1), at(reach - 1.5, 1), at(reach + 0.6, 5), at(reach - 1, 8.5), at(reach + 1, 12),
+                         at(reach - 1.6, 16), at(-8, 16)},
+                        1.5),
+                stony(colour, 0.9F, 0.12F), {.bevel = 2.6, .line = 1, .shadow = 0.3F});
+}
+
+/// The walls of the hole: every other course is bonded into the neighbour and leaves a broken end.
+void drawStubs(Canvas& canvas, const FloorKind& kind, std::uint32_t seed) {
+    for (std::uint32_t course = 0; course < 3; ++course) {
+        for (const bool right : {false, true}) {
+            const std::uint32_t n = course * 2 + (right ? 1 : 0);
+            const double reach = (course % 2 == 1 ? 5.5 : 2) + 2 * randomShare(n, 4, seed);
+            drawStub(canvas, {right ? kCellSize : 0, 13.0 + 17 * course}, right ? -1 : 1, reach,
+                     varied(kind.palette.floor[n % 3], 32 + n, 0.05F) * 0.72F);
+        }
+    }
+}
+
+/// Crumbs that fall out of the broken ends and through the hole, until the last frame.
+void drawCrumbs(Canvas& canvas, const FloorKind& kind, double time, std::uint32_t seed) {
+    for (std::uint32_t i = 0; i < 10; ++i) {
+        const double age = time - 2.2 - 1.6 * randomShare(i, 7, seed);
+        const double size = 2.6 - 0.35 * age + 0.6 * randomShare(i, 5, seed);
+        const Point at{7 + 5.5 * i, 24 + 20 * randomShare(i, 6, seed) + 1.6 * age * age};
+        if (age <= 0 || time > 6.5 || size < 0.9 || at.y > 60) continue;
+        canvas.part(polygon({{at.x - size, at.y + size * 0.5},
+                             {at.x - size * 0.3, at.y - size},
+                             {at.x + size, at.y},
+                             {at.x + size * 0.4, at.y + size * 0.8}},
+                            1),
+                    stony(kind.palette.floor[i % 3] * 0.9F, 0.3F, 0.1F), {.bevel = 1.6, .line = 0.9, .shadow = 0});
+    }
+}
+
+/// Cracks that run from the point of the hit.
+void drawHitCracks(Canvas& canvas) {
+    drawCrack(canvas, {{30, 1}, {33, 6}, {29, 12}, {34, 19}, {31, 30}, {36, 38}, {33, 48}}, 1);
+    drawCrack(canvas, {{33, 6}, {43, 9}, {48, 16}, {57, 20}}, 1);
+    drawCrack(canvas, {{29, 12}, {19, 15}, {14, 23}, {6, 26}}, 1);
+    drawCrack(canvas, {{31, 30}, {22, 36}, {20, 44}}, 0.9F);
+}
+
+void drawFallingStones(Canvas& canvas, const FloorKind& kind, Storey storey, double time, std::uint32_t seed) {
+    for (std::size_t i = kind.stones.size(); i-- > 0;) {
+        const Stone& stone = kind.stones[i];
+        const Loosening way = looseningOf(stone, i, seed);
+        const double t = std::max(0.0, time - way.start);
+        const double drop = kGravity * t * t;
+        const double size = std::max(0.0, 1 - 0.17 * t);
+        if (stone.y + drop > 60 || size < 0.4) continue;
+        const Point centre{stone.x + stone.width / 2, stone.y + stone.height / 2};
+        const Point shift{way.drift * t, drop};
+        const auto tipped = canvas.placed(centre + shift, way.turn * t, size, size);
+        const auto back = canvas.placed(centre * -1);
+        kind.drawStone(canvas, i, storey);
+    }
+}
+
+void drawDust(Canvas& canvas, double time, std::uint32_t seed) {
+    for (std::uint32_t i = 0; i < 7; ++i) {
+        const double age = time - 1.7 - 0.5 * randomShare(i, 8, seed);
+        if (age <= 0 || age > 4.5) continue;
+        const Point at{8 + 8 * i + 3 * (randomShare(i, 9, seed) - 0.5), 44 + 14 * randomShare(i, 6, seed) - 4.5 * age};
+        canvas.halo(at, 7 + 2.4 * age, rgb(0xe8cdb0), static_cast<float>(0.62 * (1 - age / 4.5)));
+    }
+}
+
+// ---- growing again: courses rise from below in a warm seam; the last frame is the floor, still glowing
+
+constexpr Rgb kSeam = rgb(0xffd27a);
+
+constexpr int kEdgePoints = 9;
+
+/// Row up to which the floor has grown in this frame; above the cell in the last one.
+double grownRow(FrameOf frame) {
+    return frame.index + 1 < frame.count ? 60 - 58 * eased((frame.index + 0.6) / (frame.count - 0.6)) : -8;
+}
+
+std::vector<Point> grownEdge(double row) {
+    std::vector<Point> edge{{-40, row}};
+    for (std::uint32_t i = 0; i < kEdgePoints; ++i) edge.push_back({8.0 * i, row + 5 * (randomShare(i, 1, 17) - 0.5)});
+    edge.push_back({104, row});
+    return edge;
+}
+
+/// The glowing line on top of what has grown, and crumbs that fly up to it.
+void drawSeam(Canvas& canvas, const std::vector<Point>& edge, double row, std::uint32_t frame) {
+    for (std::size_t i = 0; i + 1 < edge.size(); ++i) {
+        canvas.flat(polyline({edge[i], edge[i + 1]}), kSeam, {.alpha = 0.9F, .stroke = 2.6});
+        canvas.flat(polyline({edge[i], edge[i + 1]}), rgb(0xffffff), {.alpha = 0.8F, .stroke = 1});
+    }
+    for (std::uint32_t i = 0; i < 7; ++i) {
+        const double height = 3 + 13 * randomShare(i, frame, 23);
+        if (row - height > 3)
+            canvas.flat(circle({5 + 8.5 * i, row - height}, 1.7 - height * 0.06), kSeam, {.alpha = 0.95F});
+    }
+}
+
+/// A floor cell that is hit, breaks and falls, until a hole with ragged walls is left. `seed` chooses how it falls.
+void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey, std::uint32_t seed) {
+    if (frame.index == 0) {
+        drawWhole(canvas, kind, storey);
+        drawHitCracks(canvas);
+        return;
+    }
+    const double time = frame.index;
+    drawStubs(canvas, kind, seed);
+    drawCrumbs(canvas, kind, time, seed);
+    drawFallingStones(canvas, kind, storey, time, seed);
+    canvas.outline(0.5);
+    drawDust(canvas, time, seed);
+}
+
+/// The same cell growing again: it rises from below; the last frame is the floor, still glowing.
+void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey) {
+    const double row = grownRow(frame);
+    if (row < 0) {
+        drawWhole(canvas, kind, storey);
+        canvas.glow({32, 5}, 38, kSeam, 0.3F);
+        return;
+    }
+    drawStubs(canvas, kind, 1);
+    const std::vector<Point> edge = grownEdge(row);
+    std::vector<Point> grown = edge;
+    grown.insert(grown.end(), {{104, 104}, {-40, 104}});
+    Canvas floor = canvas.blankCopy();
+    drawWhole(floor, kind, storey);
+    canvas.layOver(floor, canvas.mask(polygon(grown)));
+    drawSeam(canvas, edge, row, static_cast<std::uint32_t>(frame.index));
+    canvas.glow({32, row}, 34, kSeam, 0.5F);
+}
+
+// ---- the table
+
+template <const FloorKind& Kind, FloorWear Wear = FloorWear::New, bool Left = false, bool Right = false>
+void drawTop(Canvas& canvas, FrameOf) {
+    drawWhole(canvas, Kind, Storey::Top, Wear, {Left, Right});
+}
+
+template <const FloorKind& Kind, FloorWear Wear = FloorWear::New>
+void drawUnder(Canvas& canvas, FrameOf) {
+    drawWhole(canvas, Kind, Storey::Under, Wear);
+}
+
+template <const FloorKind& Kind, Storey Of, std::uint32_t Seed>
+void drawBreak(Canvas& canvas, FrameOf frame) {
+    drawBreaking(canvas, frame, Kind, Of, Seed);
+}
+
+template <const FloorKind& Kind, Storey Of>
+void drawGrow(Canvas& canvas, FrameOf frame) {
+    drawGrowing(canvas, frame, Kind, Of);
+}
+
+constexpr auto kNew = FloorWear::New;
+constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kJoined = Ground::Joined;
+
+constexpr std::array kStrips{
+    //            name                     px  px frames
+    StripDrawing{"steny\\modul_pol_11a", 64, 64, 1, kJoined, drawTop<kTurmaFloor>},
+    StripDrawing{"poly\\modul_pol", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kChipped>},
+    StripDrawing{"poly\\modul_pol06", 64, 64, 1, kJoined, drawTop<kTurmaFloor>},
+    StripDrawing{"poly\\pol_kray1", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kNew, true, false>},
+    StripDrawing{"poly\\pol_kray2", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kNew, false, true>},
+    StripDrawing{"poly\\pol_kray3", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kNew, true, true>},
+    StripDrawing{"poly\\modul_pol01", 64, 64, 1, kJoined, drawUnder<kTurmaFloor>},
+    StripDrawing{"poly\\modul_pol02", 64, 64, 1, kJoined, drawUnder<kTurmaFloor, kChipped>},
+    StripDrawing{"poly\\lom1", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Top, 1>},
+    StripDrawing{"poly\\lom2", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Under, 2>},
+    StripDrawing{"poly\\lom3", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Top, 3>},
+    StripDrawing{"poly\\lom4", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Under, 4>},
+    StripDrawing{"poly\\vosstfull", 64, 64, 8, kJoined, drawGrow<kTurmaFloor, Storey::Top>},
+    StripDrawing{"poly\\vossthalf", 64, 64, 8, kJoined, drawGrow<kTurmaFloor, Storey::Under>},
+    // jelezo
+    StripDrawing{"poly\\pol_jel", 64, 64, 1, kJoined, drawTop<kJelezoFloor>},
+    StripDrawing{"jelezo\\pol_der", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kChipped>},
+    StripDrawing{"poly\\pol_kray4", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kNew, true, false>},
+    StripDrawing{"poly\\pol_kray5", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kNew, false, true>},
+    StripDrawing{"poly\\pol_kray6", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kNew, true, true>},
+    StripDrawing{"jelezo\\pol_der_full", 64, 64, 1, kJoined, drawUnder<kJelezoFloor>},
+    StripDrawing{"poly\\pj", 64, 64, 1, kJoined, drawUnder<kJelezoFloor, kChipped>},
+    StripDrawing{"jelezo\\animation_floor_iron_01", 64, 64, 8, kJoined, drawBreak<kJelezoFloor, Storey::Top, 5>},
+    StripDrawing{"jelezo\\animation_floor_iron_close01", 64, 64, 8, kJoined, drawGrow<kJelezoFloor, Storey::Top>},
+    // podval
+    StripDrawing{"poly\\tr_pol1", 64, 64, 1, kJoined, drawTop<kPodvalFloor>},
+    StripDrawing{"poly\\tr_pol2", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kChipped>},
+    StripDrawing{"poly\\truba_za3", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kNew, true, false>},
+    StripDrawing{"poly\\truba_za5", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kNew, false, true>},
+    StripDrawing{"poly\\truba_za6", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kNew, true, true>},
+    StripDrawing{"poly\\tr_pol3", 64, 64, 1, kJoined, drawUnder<kPodvalFloor>},
+    StripDrawing{"poly\\tr_pol4", 64, 64, 1, kJoined, drawUnder<kPodvalFloor, kChipped>},
+    StripDrawing{"poly\\truba_za1", 64, 64, 8, kJoined, drawBreak<kPodvalFloor, Storey::Top, 6>},
+    StripDrawing{"poly\\truba_za2", 64, 64, 8, kJoined, drawGrow<kPodvalFloor, Storey::Top>},
+};
+
+}  // namespace
+
+std::span<const StripDrawing> floorStrips() { return kStrips; }
+
+}  // namespace grub

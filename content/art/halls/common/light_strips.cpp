@@ -1,0 +1,185 @@
+#include "common_room.h"
+
+#include <array>
+#include <cmath>
+
+#include "common_parts.h"
+#include "motion.h"
+#include "palette.h"
+#include "shapes.h"
+#include "surface.h"
+
+namespace grub {
+
+namespace {
+
+/// A flame whose tip bends by `bend` pixels.
+void drawFlame(Canvas& canvas, double bend, double height) {
+    const Material fire = glossy(material(0xff8a2a, 0xe8482a, 0xffd25a), 0);
+    const double tip = 34 - height;
+    canvas.part(loop({{32 + bend, tip},
+                      {37 + bend * 0.6, tip + 10},
+                      {41.5, 22},
+                      {41.5, 28},
+                      {41.5, 34},
+                      {37, 36},
+                      {32, 36},
+                      {27, 36},
+                      {22.5, 34},
+                      {22.5, 28},
+                      {22.5, 22},
+                      {30 + bend * 0.6, tip + 12},
+                      {32 + bend, tip}}),
+                fire, {.bevel = 6, .line = 1, .shadow = 0});
+    canvas.flat(loop({{32 + bend * 0.5, tip + 11},
+                      {35, 25},
+                      {37, 27},
+                      {37, 30.5},
+                      {37, 34},
+                      {35, 35},
+                      {32, 35},
+                      {29, 35},
+                      {27, 34},
+                      {27, 30.5},
+                      {27, 27},
+                      {31, 26},
+                      {32 + bend * 0.5, tip + 11}}),
+                rgb(0xfff2a8), {.alpha = 0.95F});
+}
+
+/// A torch of turma: an iron basket on an arm.
+void drawTorch(Canvas& canvas, FrameOf frame) {
+    const double phase = frame.phase();
+    canvas.halo({32, 26}, 30, kTurma.glow, 0.5F + 0.04F * static_cast<float>(wave(2 * phase)));
+    canvas.part(limb({{{32, 42}, 3.4}, {{32, 58}, 2.2}}), kWood, {.bevel = 3, .line = 1.2});
+    drawFlame(canvas, 2.4 * wave(phase), 25 + 1.8 * wave(2 * phase + 0.1));
+    canvas.part(polygon({{22.5, 33}, {41.5, 33}, {38, 44}, {26, 44}}, 2), kDarkMetal, {.bevel = 3, .line = 1.2});
+    for (const double x : {28.6, 35.4})
+        canvas.flat(polyline({{x, 34.5}, {32 + (x - 32) * 0.7, 43}}), rgb(0xff9a3c), {.alpha = 0.8F, .stroke = 1.6});
+    canvas.part(rectangle(21.5, 31.6, 21, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
+}
+
+/// A torch that leans from a holder on the wall to its left, flush with the cell's edge; the other side is its mirror.
+void drawLeaningTorch(Canvas& canvas, FrameOf frame) {
+    constexpr double kWallEdge = 49;  // in the drawing below, which leans the other way
+    const auto turned = canvas.placed({kWallEdge, 0}, 0, -1, 1);
+    const double phase = frame.phase();
+    canvas.halo({27, 25}, 25, kTurma.glow, 0.5F + 0.05F * static_cast<float>(wave(2 * phase)));
+    canvas.part(rectangle(42, 43, 7, 17, 2.4), kDarkMetal, {.bevel = 3, .line = 1.2});
+    canvas.part(limb({{{31, 41}, 3.2}, {{46, 56}, 2.2}}), kWood, {.bevel = 2.8, .line = 1.2});
+    canvas.part(rectangle(36.5, 47, 9, 5, 2), kDarkMetal, {.bevel = 2.2, .line = 1});
+    const auto aside = canvas.placed({-4, 2});
+    drawFlame(canvas, 2.6 * wave(phase), 24 + 2 * wave(2 * phase + 0.1));
+    canvas.part(polygon({{23, 33}, {41, 33}, {39.5, 42}, {30, 43.5}}, 2), kDarkMetal, {.bevel = 3, .line = 1.2});
+    canvas.part(rectangle(22, 31.6, 20, 4, 1.8), kMetal, {.bevel = 1.8, .line = 1});
+}
+
+void drawWallLamp(Canvas& canvas, FrameOf) {
+    canvas.halo({32, 24}, 23, kTurma.glow, 0.5F);
+    canvas.part(circle({32, 6}, 3.4), kDarkMetal, {.bevel = 2.4, .line = 1});
+    drawLantern(canvas, {32, 24});
+}
+
+/// Light on the wall round a lamp, three cells by two. The lamp hangs in the middle cell of the lower row.
+constexpr Point kLampAt{96, 88};
+
+template <int Column, int Row>
+void drawLightPool(Canvas& canvas, FrameOf) {
+    const Point origin{-kCellSize * Column, -kCellSize * Row};
+    // Fades to nothing at all four sides: it reaches farther up and sideways than down.
+    const auto cell = canvas.placed(origin + kLampAt, 0, 1, 1);
+    canvas.haloBetween({0, 0}, 94, 87, 39, kTurma.glow, 0.55F);
+}
+
+/// Light of a high window that falls through three cells by three. The upper right and the lower middle cell have no
+/// strip: nothing of it may lie there.
+struct Ray {
+    Point from;
+    Point to;
+};
+constexpr Ray kUpperEdge{{40, 12}, {214, 116}};
+constexpr Ray kLowerEdge{{12, 28}, {214, 200}};
+constexpr Rgb kMoonlight = rgb(0xbcd4ff);
+
+template <int Column, int Row>
+void drawShaft(Canvas& canvas, FrameOf) {
+    const auto cell = canvas.placed({-kCellSize * Column, -kCellSize * Row});
+    constexpr int kLayers = 9;
+    constexpr int kSteps = 24;
+    for (int layer = 0; layer < kLayers; ++layer) {
+        const double inset = 0.05 * layer;
+        const auto edge = [inset](double along, double share) {
+            return mix(mix(kUpperEdge.from, kUpperEdge.to, along), mix(kLowerEdge.from, kLowerEdge.to, along),
+                       share < 0.5 ? inset : 1 - inset);
+        };
+        for (int step = 0; step < kSteps; ++step) {
+            const double a = static_cast<double>(step) / kSteps;
+            const double b = static_cast<double>(step + 1) / kSteps;
+            canvas.flat(polygon({edge(a, 0), edge(b, 0), edge(b, 1), edge(a, 1)}), kMoonlight,
+                        {.alpha = 0.034F * static_cast<float>(1 - a)});
+        }
+    }
+    for (std::uint32_t i = 0; i < 26; ++i) {
+        const Point mote{6 + 180.0 * randomShare(i, 1, 61), 20 + 165.0 * randomShare(i, 2, 61)};
+        canvas.halo(mote, 2 + 2.0 * randomShare(i, 3, 61), kMoonlight, 0.3F);
+    }
+}
+
+/// A lamp on a long or a short chain, in front of everything.
+void drawHangingLamp(Canvas& canvas, double length) {
+    canvas.halo({32, length + 14}, 19, kTurma.glow, 0.4F);
+    for (int link = 0; link * 6 < length - 3; ++link) {
+        canvas.part(ellipse({32, 1.0 + 6 * link}, 1.7, 3.3), kDarkMetal,
+                    {.bevel = 0.8, .line = 0.7, .shadow = 0, .stroke = 1.4});
+    }
+    drawLantern(canvas, {32, length + 14});
+}
+void drawLongLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 34); }
+void drawShortLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 12); }
+
+// ---- shadows: laid over the wall below floors and blocks
+
+/// The shadow of `depth` rows below an edge at the top.
+void drawShadowBelow(Canvas& canvas, double depth, float strength) {
+    constexpr double kStep = 0.25;
+    for (int step = -64; step * kStep < depth; ++step) {
+        const double y = step * kStep;
+        const double share = y < 0 ? 1 : std::pow(1 - y / depth, 1.4);
+        canvas.flat(rectangle(-16, y, 96, kStep), rgb(0x0c0818), {.alpha = strength * static_cast<float>(share)});
+    }
+}
+void drawShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 32, 0.62F); }
+void drawDeepShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 56, 0.7F); }
+void drawFaintShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 22, 0.45F); }
+
+constexpr std::array kStrips{
+    //            name                 px  px frames
+    StripDrawing{"fon\\fakel", 64, 64, 8, Ground::Clear, drawTorch},
+    StripDrawing{"kam_left", 64, 64, 8, Ground::Clear, drawLeaningTorch},
+    StripDrawing{"kam_right", 64, 64, 8, Ground::Clear, drawLeaningTorch},
+    StripDrawing{"fon\\lampa", 64, 64, 1, Ground::Clear, drawWallLamp},
+    StripDrawing{"lampalong", 64, 64, 1, Ground::Clear, drawLongLamp},
+    StripDrawing{"lampashort", 64, 64, 1, Ground::Clear, drawShortLamp},
+    StripDrawing{"fon\\a11", 64, 64, 1, Ground::Clear, drawLightPool<0, 0>},
+    StripDrawing{"fon\\a12", 64, 64, 1, Ground::Clear, drawLightPool<1, 0>},
+    StripDrawing{"fon\\a13", 64, 64, 1, Ground::Clear, drawLightPool<2, 0>},
+    StripDrawing{"fon\\a21", 64, 64, 1, Ground::Clear, drawLightPool<0, 1>},
+    StripDrawing{"fon\\a22", 64, 64, 1, Ground::Clear, drawLightPool<1, 1>},
+    StripDrawing{"fon\\a23", 64, 64, 1, Ground::Clear, drawLightPool<2, 1>},
+    StripDrawing{"fon\\a2\\p11", 64, 64, 1, Ground::Clear, drawShaft<0, 0>},
+    StripDrawing{"fon\\a2\\p12", 64, 64, 1, Ground::Clear, drawShaft<1, 0>},
+    StripDrawing{"fon\\a2\\p21", 64, 64, 1, Ground::Clear, drawShaft<0, 1>},
+    StripDrawing{"fon\\a2\\p22", 64, 64, 1, Ground::Clear, drawShaft<1, 1>},
+    StripDrawing{"fon\\a2\\p23", 64, 64, 1, Ground::Clear, drawShaft<2, 1>},
+    StripDrawing{"fon\\a2\\p31", 64, 64, 1, Ground::Clear, drawShaft<0, 2>},
+    StripDrawing{"fon\\a2\\p33", 64, 64, 1, Ground::Clear, drawShaft<2, 2>},
+    StripDrawing{"fon\\sh1_proz", 64, 64, 1, Ground::Clear, drawShade},
+    StripDrawing{"fon\\sh2_proz", 64, 64, 1, Ground::Clear, drawDeepShade},
+    StripDrawing{"fon\\sh3_proz", 64, 64, 1, Ground::Clear, drawFaintShade},
+};
+
+}  // namespace
+
+std::span<const StripDrawing> lightStrips() { return kStrips; }
+
+}  // namespace grub

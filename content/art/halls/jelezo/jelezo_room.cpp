@@ -1,0 +1,10 @@
+#include "jelezo_room.h"
+
+namespace grub {
+
+std::span<const StripDrawing> jelezoRoom() {
+    static const auto strips = joined({jelezoWallStrips(), jelezoDecorStrips()});
+    return strips;
+}
+
+}  // namespace grub
