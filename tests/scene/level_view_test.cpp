@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "animation_id.h"
 #include "bmp_writer.h"
 #include "fake_renderer.h"
 #include "level_writer.h"
@@ -13,15 +14,18 @@
 namespace grub {
 namespace {
 
+using namespace animation;
+
 /// A level whose cells draw nothing until a test says what they draw; every animation has two frames.
 class LevelViewTest : public ::testing::Test {
 protected:
     LevelViewTest() {
         source_.put("two.bmp", writeBmp(1, 64 * 2, Bytes(std::size_t{128} * 3, 9)));
         source_.put("digits.bmp", writeBmp(1, 20 * 10, Bytes(std::size_t{200} * 3, 9)));
-        for (const int id : {0, 10, 12, 13, 14, 15, 16, 90, 91, 92, 93, 94, 95, 96, 97, 98, 118, 119, 128, 129, 333})
+        for (const int id : {kPlainWall, 10, 12, 13, 14, 15, 16, kDogWalkLeft, kHangingKey, kLyingKey, kLongLamp,
+                             kShortLamp, kDrops, kHeart, kHeroStandLeft})
             table_.addAnimationFile("two.bmp", id, 64, TextureTransform::Identity, kBlue);
-        table_.addAnimationFile("digits.bmp", 6, 20, TextureTransform::Identity, kBlue);
+        table_.addAnimationFile("digits.bmp", kScoreDigits, 20, TextureTransform::Identity, kBlue);
     }
 
     static LevelMap bareMap(int columns, int rows) {
@@ -56,7 +60,7 @@ protected:
 
 TEST_F(LevelViewTest, DrawsWhatCellsHaveBackToFrontWithTheActorsBetween) {
     LevelMap map = bareMap(4, 2);
-    map.cellAt(0, 0).fonSprite = map.cellAt(0, 0).sprite = 0;                   // a wall like others
+    map.cellAt(0, 0).fonSprite = map.cellAt(0, 0).sprite = kPlainWall;          // a wall like others
     map.cellAt(1, 0).layer2Sprite = map.cellAt(1, 0).layer5Sprite = kNoSprite;  // draws nothing
     map.cellAt(1, 0).sprite = 77;                                               // is not loaded
     map.addKey(3, 0, 0);
@@ -76,7 +80,9 @@ TEST_F(LevelViewTest, DrawsWhatCellsHaveBackToFrontWithTheActorsBetween) {
     map.cellAt(2, 1).sprite = 16;
     map.cellAt(2, 1).frame = 2;
     draw(map);
-    EXPECT_EQ(drawnAnimations(), (std::vector{0, 0, 97, 10, 16, 13, 14, 12, 98, 16, 128, 129, 333, 90, 119, 15, 118}));
+    EXPECT_EQ(drawnAnimations(),
+              (std::vector{kPlainWall, kPlainWall, kHangingKey, 10, 16, 13, 14, 12, kLyingKey, 16, kDrops, kHeart,
+                           kHeroStandLeft, kDogWalkLeft, kShortLamp, 15, kLongLamp}));
     EXPECT_EQ(table_.strip(16)->frame(), 1) << "a frame that the strip lacks leaves its current one";
     EXPECT_EQ(table_.strip(10)->frame(), 0) << "only the cell's own picture follows the cell's frame";
     for (const auto& drawn : renderer_.drawn) EXPECT_EQ(drawn.opacity, 1.0F);
@@ -98,7 +104,7 @@ TEST_F(LevelViewTest, PointsRiseFromTheCellWhereTheyWereEarned) {
     ASSERT_EQ(renderer_.drawn.size(), 3U) << "the hero and two digits";
     EXPECT_EQ(renderer_.drawn[1].x, 32 - 14) << "the last digit ends where the number stands";
     EXPECT_EQ(renderer_.drawn[1].y, 32 - 2);
-    EXPECT_EQ(table_.strip(6)->frame(), 5) << "the first digit is drawn last";
+    EXPECT_EQ(table_.strip(kScoreDigits)->frame(), 5) << "the first digit is drawn last";
 }
 
 TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
@@ -113,7 +119,7 @@ TEST_F(LevelViewTest, NumbersEndAtTheirPlaceWithAtMostFiveDigits) {
                 {0, 601, 7, {}}};
     for (const auto& row : rows) {
         renderer_.drawn.clear();
-        drawNumber(renderer_, row.x, row.y, row.value, *table_.strip(6), DigitSpacing::Narrow);
+        drawNumber(renderer_, row.x, row.y, row.value, *table_.strip(kScoreDigits), DigitSpacing::Narrow);
         std::vector<int> lefts;
         for (const auto& drawn : renderer_.drawn) lefts.push_back(drawn.x);
         EXPECT_EQ(lefts, row.lefts) << row.value << " at " << row.x << ", " << row.y;

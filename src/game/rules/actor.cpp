@@ -3,6 +3,7 @@
 #include <array>
 #include <cassert>
 
+#include "animation_id.h"
 #include "state_hash.h"
 
 namespace grub {
@@ -41,9 +42,15 @@ struct ItemLook {
 };
 
 constexpr std::array kItemLooks{
-    ItemLook{ItemKind::Heart, 129, 2},     ItemLook{ItemKind::Invisibility, 142, 1}, ItemLook{ItemKind::Anchor, 143, 1},
-    ItemLook{ItemKind::Shield, 131, 1},    ItemLook{ItemKind::Bomb, 141, 1},         ItemLook{ItemKind::Skull, 163, 1},
-    ItemLook{ItemKind::TorchLeft, 126, 5}, ItemLook{ItemKind::TorchRight, 127, 5},   ItemLook{ItemKind::Drops, 128, 2},
+    ItemLook{ItemKind::Heart, animation::kHeart, 2},
+    ItemLook{ItemKind::Invisibility, animation::kInvisibility, 1},
+    ItemLook{ItemKind::Anchor, animation::kAnchor, 1},
+    ItemLook{ItemKind::Shield, animation::kShieldBonus, 1},
+    ItemLook{ItemKind::Bomb, animation::kBomb, 1},
+    ItemLook{ItemKind::Skull, animation::kSkull, 1},
+    ItemLook{ItemKind::TorchLeft, animation::kTorchLeft, 5},
+    ItemLook{ItemKind::TorchRight, animation::kTorchRight, 5},
+    ItemLook{ItemKind::Drops, animation::kDrops, 2},
 };
 
 constexpr const ItemLook& lookOf(ItemKind kind) {

@@ -5,6 +5,7 @@
 
 #include "actor.h"
 #include "animation_frames.h"
+#include "animation_id.h"
 #include "enemy_traits.h"
 #include "rules.h"
 
@@ -94,8 +95,8 @@ private:
     bool atNode_ = false;
     int timer_ = 0;  // frames left in this state
     int speed_;
-    AnimationFrame stripFrame_{kFirstEnemyAnimation, 0};
-    int frameDelay_ = 0;  // game frames until the next strip frame
+    AnimationFrame stripFrame_{animation::kDogWalkLeft, 0};  // of every kind before its first move
+    int frameDelay_ = 0;                                     // game frames until the next strip frame
 };
 
 /// After all have moved: when two enemies that keep their distance are in one cell, the earlier one of the list goes

@@ -5,6 +5,7 @@
 #include <cassert>
 #include <cstdint>
 
+#include "animation_id.h"
 #include "map_cell.h"
 #include "rules.h"
 #include "sound_id.h"
@@ -51,26 +52,35 @@ inline constexpr std::array kEnemyTraits{
     EnemyTraits{.kind = EnemyKind::Dog, .cause = LossCause::Dog, .mark = 'd', .speed = kEnemySpeed,
                 .hunts = true, .holdsLadders = true, .fallsThroughHoles = false, .comesBack = true,
                 .leap = 0, .holeFrames = kEnemyStripFrames, .caughtSound = SoundId::Caught,
-                .walk = {90, 91}, .pipe = {92, 93}, .climb = {94, 94},
-                .trapped = {95, 95}, .still = {96, 96}, .escape = {244, 244}},
+                .walk = {animation::kDogWalkLeft, animation::kDogWalkRight},
+                .pipe = {animation::kDogHangLeft, animation::kDogHangRight},
+                .climb = {animation::kDogClimb, animation::kDogClimb},
+                .trapped = {animation::kDogTrapped, animation::kDogTrapped},
+                .still = {animation::kDogStill, animation::kDogStill},
+                .escape = {animation::kDogEscape, animation::kDogEscape}},
     EnemyTraits{.kind = EnemyKind::Rat, .cause = LossCause::Rat, .mark = 'r', .speed = kEnemySpeed,
                 .hunts = false, .holdsLadders = false, .fallsThroughHoles = false, .comesBack = false,
                 .leap = kRatLeap, .holeFrames = kRatHoleFrames, .caughtSound = SoundId::CaughtRat,
-                .walk = {110, 111}, .pipe = {110, 111}, .climb = {112, 113},
-                .trapped = {114, 115}, .still = {114, 115}, .escape = {112, 113}},
+                .walk = {animation::kRatWalkLeft, animation::kRatWalkRight},
+                .pipe = {animation::kRatWalkLeft, animation::kRatWalkRight},
+                .climb = {animation::kRatUpLeft, animation::kRatUpRight},
+                .trapped = {animation::kRatDownLeft, animation::kRatDownRight},
+                .still = {animation::kRatDownLeft, animation::kRatDownRight},
+                .escape = {animation::kRatUpLeft, animation::kRatUpRight}},
     EnemyTraits{.kind = EnemyKind::Lady, .cause = LossCause::Lady, .mark = 'l', .speed = kEnemySpeed,
                 .hunts = true, .holdsLadders = true, .fallsThroughHoles = true, .comesBack = true,
                 .leap = 0, .holeFrames = kEnemyStripFrames, .caughtSound = SoundId::Caught,
-                .walk = {103, 104}, .pipe = {105, 106}, .climb = {107, 107},
-                .trapped = {108, 108}, .still = {109, 109}, .escape = {154, 154}},
+                .walk = {animation::kLadyWalkLeft, animation::kLadyWalkRight},
+                .pipe = {animation::kLadyHangLeft, animation::kLadyHangRight},
+                .climb = {animation::kLadyClimb, animation::kLadyClimb},
+                .trapped = {animation::kLadyTrapped, animation::kLadyTrapped},
+                .still = {animation::kLadyStill, animation::kLadyStill},
+                .escape = {animation::kLadyEscape, animation::kLadyEscape}},
 };
 // clang-format on
 static_assert(std::ranges::all_of(
                   kEnemyTraits, [](int speed) { return kCellSize % speed == 0; }, &EnemyTraits::speed),
               "an enemy with such a speed would never stand exactly on a cell");
-
-/// The strip that an enemy of any kind shows before its first move.
-inline constexpr int kFirstEnemyAnimation = 90;
 
 /// The row of a kind.
 [[nodiscard]] constexpr const EnemyTraits& traitsOf(EnemyKind kind) {

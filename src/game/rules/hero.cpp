@@ -1,5 +1,6 @@
 #include "hero.h"
 
+#include "animation_id.h"
 #include "rules.h"
 #include "state_hash.h"
 #include "terrain.h"
@@ -8,7 +9,7 @@ namespace grub {
 
 Hero::Hero(const LevelMap& map) {
     setCell(map.heroStart().x, map.heroStart().y);
-    stripFrame_ = {hero_animation::kStandLeft, 0};
+    stripFrame_ = {animation::kHeroStandLeft, 0};
 }
 
 void Hero::keyDown(PlayKey key) {
@@ -197,7 +198,7 @@ void Hero::addTo(StateHash& hash) const {
 
 // Which frame the hero shows.
 
-using namespace hero_animation;
+using namespace animation;
 
 // When the attempt is over he keeps his strip frame. The choice still runs in that game frame, so that a dig can end in
 // it, but asks for no sound.
@@ -208,7 +209,7 @@ void Hero::updateFrame(Attempt& attempt) {
         chosen = stripFrame_;
         attempt.sounds = askedBefore;
     }
-    if (idlePlaying_) chosen = stripFrame_.continuedBy(sided(kStandLeft, kStandRight));
+    if (idlePlaying_) chosen = stripFrame_.continuedBy(sided(kHeroStandLeft, kHeroStandRight));
     stripFrame_ = chosen;
     if (chosen.frame >= attempt.frameCounts.of(drawnFrame().animation)) {
         stripFrame_.frame = 0;
@@ -235,27 +236,27 @@ AnimationFrame Hero::movingSideways(Attempt& attempt) const {
     const bool hanging = attempt.map.hangsAt(cellX(), cellY()) || attempt.map.hangsAt(cellX() + 1, cellY());
     const bool left = vx < 0;
     if (stripFrame_.frame == 0) attempt.sounds.play(hanging ? SoundId::PipeSteps : SoundId::Steps);
-    return hanging ? stripFrame_.continuedBy(left ? kHangLeft : kHangRight)
-                   : stripFrame_.continuedBy(left ? kWalkLeft : kWalkRight);
+    return hanging ? stripFrame_.continuedBy(left ? kHeroHangLeft : kHeroHangRight)
+                   : stripFrame_.continuedBy(left ? kHeroWalkLeft : kHeroWalkRight);
 }
 
 AnimationFrame Hero::movingUpright(Attempt& attempt) const {
     if (vy > 0 && !attempt.map.canStand(cellX(), cellY(), View::Physical)) {
-        if (stripFrame_.animation != kFall) attempt.sounds.play(SoundId::Falling);
-        return stripFrame_.continuedBy(kFall);
+        if (stripFrame_.animation != kHeroFall) attempt.sounds.play(SoundId::Falling);
+        return stripFrame_.continuedBy(kHeroFall);
     }
     if (stripFrame_.frame == 0) attempt.sounds.play(SoundId::LadderSteps);
-    return stripFrame_.continuedBy(kClimb);
+    return stripFrame_.continuedBy(kHeroClimb);
 }
 
 AnimationFrame Hero::resting(const LevelMap& map) const {
-    if (map.hangsAt(cellX(), cellY())) return {sided(kHangLeft, kHangRight), 0};
-    if (map.cellAt(cellX(), cellY()).type == BlockType::Ladder) return {kClimb, kClimbRestFrame};
-    return stripFrame_.continuedBy(sided(kStandLeft, kStandRight));
+    if (map.hangsAt(cellX(), cellY())) return {sided(kHeroHangLeft, kHeroHangRight), 0};
+    if (map.cellAt(cellX(), cellY()).type == BlockType::Ladder) return {kHeroClimb, kClimbRestFrame};
+    return stripFrame_.continuedBy(sided(kHeroStandLeft, kHeroStandRight));
 }
 
 AnimationFrame Hero::digging(const AnimationFrameCounts& counts) {
-    const AnimationFrame chosen = stripFrame_.continuedBy(sided(kDigLeft, kDigRight));
+    const AnimationFrame chosen = stripFrame_.continuedBy(sided(kHeroDigLeft, kHeroDigRight));
     if (chosen.frame >= counts.of(chosen.animation) - 1) digging_ = false;
     return chosen;
 }

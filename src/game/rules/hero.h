@@ -5,6 +5,7 @@
 
 #include "actor.h"
 #include "animation_frames.h"
+#include "animation_id.h"
 #include "attempt.h"
 
 namespace grub {
@@ -12,38 +13,28 @@ namespace grub {
 /// The keys that steer the hero.
 enum class PlayKey : std::uint8_t { Up, Down, Left, Right, Space, Enter, Z, X, A, B };
 
-namespace hero_animation {
-
-/// Animation ids of the hero's strips.
-inline constexpr int kWalkLeft = 1;
-inline constexpr int kWalkRight = 76;
-inline constexpr int kHangLeft = 77;
-inline constexpr int kHangRight = 78;
-inline constexpr int kClimb = 79;
-inline constexpr int kDigLeft = 80;
-inline constexpr int kDigRight = 81;
-inline constexpr int kNeutral = 151;
-inline constexpr int kFall = 152;
-inline constexpr int kUnused = 153;  // is loaded; no rule chooses it
-inline constexpr int kStandLeft = 333;
-inline constexpr int kStandRight = 334;
-
-/// A strip and the same poses inside the shield.
+/// A strip of the hero and the same poses inside the shield.
 struct ShieldVariant {
     int base;
     int shielded;
 };
 inline constexpr std::array kShieldVariants{
-    ShieldVariant{kWalkLeft, 132},  ShieldVariant{kWalkRight, 133}, ShieldVariant{kHangLeft, 137},
-    ShieldVariant{kHangRight, 138}, ShieldVariant{kClimb, 136},     ShieldVariant{kDigLeft, 139},
-    ShieldVariant{kDigRight, 140},  ShieldVariant{kNeutral, 155},   ShieldVariant{kFall, 156},
-    ShieldVariant{kUnused, 157},    ShieldVariant{kStandLeft, 144}, ShieldVariant{kStandRight, 145},
+    ShieldVariant{animation::kHeroWalkLeft, animation::kShieldWalkLeft},
+    ShieldVariant{animation::kHeroWalkRight, animation::kShieldWalkRight},
+    ShieldVariant{animation::kHeroHangLeft, animation::kShieldHangLeft},
+    ShieldVariant{animation::kHeroHangRight, animation::kShieldHangRight},
+    ShieldVariant{animation::kHeroClimb, animation::kShieldClimb},
+    ShieldVariant{animation::kHeroDigLeft, animation::kShieldDigLeft},
+    ShieldVariant{animation::kHeroDigRight, animation::kShieldDigRight},
+    ShieldVariant{animation::kHeroFront, animation::kShieldFront},
+    ShieldVariant{animation::kHeroFall, animation::kShieldFall},
+    ShieldVariant{animation::kHeroFrontBlink, animation::kShieldFrontBlink},
+    ShieldVariant{animation::kHeroStandLeft, animation::kShieldStandLeft},
+    ShieldVariant{animation::kHeroStandRight, animation::kShieldStandRight},
 };
 
-/// The frame of kClimb in which he rests on a ladder.
+/// The frame of kHeroClimb in which he rests on a ladder.
 inline constexpr int kClimbRestFrame = 5;
-
-}  // namespace hero_animation
 
 /// The last command to the hero. The latest key counts, not the set of held keys.
 enum class HeroCommand : std::uint8_t { None, Left, Right, Up, Down, DigLeft, DigRight };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "animation_id.h"
 #include "enemy_traits.h"
 #include "level_list.h"
 #include "map_cell.h"
@@ -65,11 +66,11 @@ private:
 /// The animation id of a block that names no strip.
 std::int16_t defaultSprite(BlockType type) {
     switch (type) {
-        case BlockType::Floor: return 3;
-        case BlockType::Ladder: return 5;
-        case BlockType::Pipe: return 4;
-        case BlockType::Solid: return 2;
-        default: return 0;
+        case BlockType::Floor: return animation::kPlainFloor;
+        case BlockType::Ladder: return animation::kPlainLadder;
+        case BlockType::Pipe: return animation::kPlainPipe;
+        case BlockType::Solid: return animation::kPlainSolid;
+        default: return animation::kPlainWall;
     }
 }
 

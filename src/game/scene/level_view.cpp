@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "animation_id.h"
 #include "map_cell.h"
 #include "rules.h"
 
@@ -75,11 +76,8 @@ constexpr int kFrontMargin = 64;
 constexpr int kRightLimit = 801;
 constexpr int kBottomLimit = 601;
 
-// Strips that no block names.
-constexpr int kKeyStrips[] = {97, 98};  // by key kind
-constexpr int kLongLampStrip = 118;
-constexpr int kShortLampStrip = 119;
-constexpr int kScoreDigits = 6;
+/// By the key kind of a cell.
+constexpr int kKeyStrips[] = {animation::kHangingKey, animation::kLyingKey};
 
 class LevelPainter {
 public:
@@ -123,8 +121,8 @@ private:
 
     void paintFront(const MapCell& cell, Position at) {
         paintLayer(cell.layer5Sprite, at);
-        if (cell.code == object_code::kLongLamp) paintCurrent(kLongLampStrip, at);
-        if (cell.code == object_code::kShortLamp) paintCurrent(kShortLampStrip, at);
+        if (cell.code == object_code::kLongLamp) paintCurrent(animation::kLongLamp, at);
+        if (cell.code == object_code::kShortLamp) paintCurrent(animation::kShortLamp, at);
     }
 
     void paintHero() {
@@ -143,7 +141,7 @@ private:
 
     // A number that is shown has already risen for the next game frame.
     void paintPopups() {
-        FrameStrip* const digits = animations_.strip(kScoreDigits);
+        FrameStrip* const digits = animations_.strip(animation::kScoreDigits);
         if (!digits) return;
         for (const ScorePopup& popup : world_.popups().entries()) {
             if (!popup.shown) continue;
