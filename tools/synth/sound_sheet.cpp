@@ -2,17 +2,20 @@
 
 #include <algorithm>
 
+#include "font.h"
 #include "fourier.h"
 #include "mask.h"
+#include "material.h"
 #include "pixel_image.h"
-#include "shapes.h"
 
 namespace grub {
 
 namespace {
 
 constexpr int kTileWidth = 300;
-constexpr int kNameHeight = 14;
+constexpr int kNameHeight = 16;
+constexpr double kNameSize = 14;
+constexpr double kNameBaseline = 11;
 constexpr int kWaveHeight = 60;
 constexpr int kSpectrumHeight = 120;
 constexpr int kTileHeight = kNameHeight + kWaveHeight + kSpectrumHeight + 4;
@@ -23,7 +26,7 @@ constexpr std::size_t kWindow = 1024;
 constexpr double kDarkest = -70;  // dB under the loudest spot
 
 constexpr Pixel kGround{20, 18, 26, 255};
-constexpr Pixel kInk{235, 230, 220, 255};
+constexpr Pixel kLine{235, 230, 220, 255};
 constexpr Pixel kTick{90, 84, 104, 255};
 
 /// A tile's place, and its sound as one channel.
@@ -60,7 +63,7 @@ void drawWave(const Tile& tile) {
         const int top = static_cast<int>(std::lround(-*high * kWaveHeight / 2));
         const int bottom = static_cast<int>(std::lround(-*low * kWaveHeight / 2));
         for (int row = std::max(top, -kWaveHeight / 2); row <= std::min(bottom, kWaveHeight / 2 - 1); ++row)
-            tile.image.at(tile.x + column, middle + row) = kInk;
+            tile.image.at(tile.x + column, middle + row) = kLine;
     }
 }
 
@@ -104,12 +107,23 @@ void drawSpectrum(const Tile& tile) {
     }
 }
 
+/// `share` of the way from the ground to the ink.
+Pixel inkOver(Pixel ground, float share) {
+    const auto channel = [share](std::uint8_t from, std::uint8_t to) {
+        return static_cast<std::uint8_t>(std::lround(mix(from, to, share)));
+    };
+    return {channel(ground.r, kLine.r), channel(ground.g, kLine.g), channel(ground.b, kLine.b), 255};
+}
+
 void drawName(PixelImage& image, int x, int y, const std::string& name) {
-    const int width = static_cast<int>(name.size()) * kLetterAdvance + 1;
-    const Mask letters = rasterise(pixelText({0, 0}, name), Affine{}, {}, 0, {0, 0, width, kLetterHeight});
-    for (int row = 0; row < kLetterHeight; ++row)
-        for (int column = 0; column < std::min(width, kTileWidth); ++column)
-            if (letters.at(column, row) > 0.5F) image.at(x + column, y + row) = kInk;
+    const VectorPath letters = Font(Face::Body, kNameSize).line(name, {0, kNameBaseline});
+    const Mask mask = rasterise(letters, Affine{}, {}, 0, {0, 0, kTileWidth, kNameHeight});
+    for (int row = mask.box.y0; row < mask.box.y1; ++row) {
+        for (int column = mask.box.x0; column < mask.box.x1; ++column) {
+            Pixel& pixel = image.at(x + column, y + row);
+            pixel = inkOver(pixel, mask.at(column, row));
+        }
+    }
 }
 
 Samples middleOf(const SoundRecording& sound) {
@@ -140,7 +154,7 @@ bool writeSoundSheet(const std::string& path, const std::vector<NamedRecording>&
         drawTicks(tile);
         drawWave(tile);
         drawSpectrum(tile);
-        drawName(image, tile.x, tile.y + 2, sounds[i].name);
+        drawName(image, tile.x, tile.y, sounds[i].name);
     }
     return writePng(path, image);
 }

@@ -8,6 +8,7 @@
 #include "sound_file.h"
 #include "sound_sheet.h"
 #include "sound_source.h"
+#include "typeface.h"
 
 namespace grub {
 
@@ -47,6 +48,8 @@ void measure(const Arguments& arguments) {
 }
 
 void drawSheet(const Arguments& arguments) {
+    const std::string& fault = typeface(Face::Body).fault();
+    if (!fault.empty()) failWith(kFailed, fault);
     std::vector<NamedRecording> sounds;
     for (const std::string& file : arguments.texts("FILES"))
         sounds.push_back({std::filesystem::path(file).stem().string(), recordingOf(file)});
