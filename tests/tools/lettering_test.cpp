@@ -40,9 +40,9 @@ TEST(Lettering, BreaksLinesAtTheWidthAndWhereTheTextSays) {
         double width;
         std::vector<std::string> lines;
     } rows[] = {
-        {"Step off at its end.", 1000, {"Step off at either side."}},
+        {"Step off at its end.", 1000, {"Step off at its end."}},
         {"Step off at its end.", font.width("Step off at") + 1, {"Step off at", "its end."}},
-        {"Step off at its end.", font.width("Step off at") - 1, {"Step off", "at its end."}},
+        {"Step off at", font.width("Step off at") - 1, {"Step off", "at"}},
         {"one\n\ntwo", 1000, {"one", "", "two"}},
         {"unbreakable", 10, {"unbreakable"}},
         {"", 10, {""}},
