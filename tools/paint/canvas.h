@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "layer.h"
 #include "mask.h"
 #include "material.h"
 #include "pixel_image.h"
@@ -13,7 +14,7 @@ namespace grub {
 struct PartStyle {
     /// Width of the rounded edge; half the part's thickness makes it a full round.
     double bevel = 6;
-    /// Width of the line round it.
+    /// Width of the line round it, at magnification 1: lines grow with the power 0.75 of the whole magnification.
     double line = 1.0;
     /// Strength of the shadow that it casts on the parts below.
     float shadow = 0.38F;
@@ -31,16 +32,41 @@ struct FlatStyle {
     const Mask* clip = nullptr;
 };
 
+/// A rectangle in design pixels, x0 < x1, y0 < y1.
+struct Area {
+    double x0;
+    double y0;
+    double x1;
+    double y1;
+};
+
+/// What a group does beside its strokes. Lengths in design pixels.
+struct GroupStyle {
+    /// Nothing of the group shows outside; without it, all of the layer below. A small box saves time and memory.
+    std::optional<Area> box = std::nullopt;
+    /// Left and right are exchanged about the middle of the box, which must be given, so that a figure drawn facing
+    /// right faces left.
+    bool mirrored = false;
+    /// Width of the line around all of the group, under it, as in PartStyle; 0 for none.
+    double outline = 0;
+    Rgb ink = kInk;
+    /// Colour mixed into all of the group.
+    Tint tint = {};
+    /// Strength of the shadow that the whole group casts on what lies below.
+    float shadow = 0;
+    /// How solid the group is, 0 to 1.
+    float cover = 1;
+    /// The group shows only here.
+    const Mask* clip = nullptr;
+};
+
 /// A picture in the making: parts are laid on one another from the back to the front, on a grid of samples that is
 /// averaged down to pixels in the end. One thread at a time; the same calls give the same bytes.
 class Canvas {
 public:
-    /// `width` and `height` in pixels; `samples` a side of a pixel; `scale` pixels a design pixel; `margin` design
-    /// pixels around the picture that are drawn on and cut off, so that a drawing goes on into the neighbouring cell.
-    Canvas(int width, int height, int samples = 4, double scale = 1, int margin = 0);
-
-    /// Width and height of the picture in design pixels.
-    Point size() const { return {width_ / scale_, height_ / scale_}; }
+    /// `width` and `height` in pixels; `samples` a side of a pixel; `margin` pixels around the picture that are drawn
+    /// on and cut off, so that a drawing goes on into the neighbouring cell. At first a design pixel is a pixel.
+    Canvas(int width, int height, int samples = 4, int margin = 0);
 
     /// While it lives, drawing uses moved, turned and stretched coordinates. Of several, the last one made ends first.
     class Placement {
@@ -65,19 +91,26 @@ public:
         return {*this, place_.translated(pivot + shift).rotated(angle).translated(pivot * -1)};
     }
 
-    /// An empty canvas of the same size with the same coordinates, for what is to be laid over this one in part.
-    Canvas blankCopy() const {
-        Canvas blank(width_, height_, sampling_, scale_, margin_);
-        blank.place_ = place_;
-        return blank;
-    }
-    /// Lays what another canvas of the same size shows inside `where` over this one.
-    void layOver(const Canvas& other, const Mask& where);
-    /// Lays all of the other over this one; `cover` is how solid it is, 0 to 1.
-    void layOver(const Canvas& other, float cover = 1);
+    /// While it lives, strokes gather on a layer of their own; at its end the layer is laid over what was there before.
+    /// What works on all that has been drawn (light, rows, borders) works on the group alone.
+    class Group {
+    public:
+        Group(Canvas& canvas, const GroupStyle& style);
+        ~Group();
+        Group(const Group&) = delete;
+        Group& operator=(const Group&) = delete;
+
+    private:
+        Canvas& canvas_;
+        GroupStyle style_;
+        Affine outer_;
+    };
+    [[nodiscard]] Group group(const GroupStyle& style = {}) { return {*this, style}; }
 
     /// Where the shape lies, for clipping.
     Mask mask(const VectorPath& path, std::optional<double> stroke = std::nullopt) const;
+    /// Where the group, or the canvas outside of groups, has been drawn on, and how much is covered.
+    Mask drawn() const { return layer().shape(); }
 
     /// A solid part: contact shadow on what lies below, line, inflated and lit surface.
     void part(const VectorPath& path, const Material& material, const PartStyle& style = {});
@@ -95,38 +128,23 @@ public:
     void outline(double width, Rgb ink = kInk);
     /// A raised rim of `width` with a line of its own around all that has been drawn, under it.
     void border(double width, const Material& material);
-    /// Where something has been drawn, and how much it covers.
-    Mask drawn() const;
 
-    /// The picture so far, averaged over the samples of each pixel, margin cut off.
+    /// The picture so far, averaged over the samples of each pixel, margin cut off. No group may be open.
     PixelImage picture() const;
 
 private:
-    struct Sample {
-        Rgb colour;  // already multiplied by alpha
-        float alpha = 0;
-    };
-
-    std::size_t indexOf(int x, int y) const {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(box_.x1) + static_cast<std::size_t>(x);
-    }
-    Sample& sample(int x, int y) { return samples_[indexOf(x, y)]; }
-    const Sample& sample(int x, int y) const { return samples_[indexOf(x, y)]; }
-    void lay(int x, int y, Rgb colour, float alpha);
+    Layer& layer() { return layers_.back(); }
+    const Layer& layer() const { return layers_.back(); }
     double lineSamples(double width) const;
-
-    void castShadow(const Mask& mask, double magnification, float strength);
-    void drawLine(const Mask& mask, double width, Rgb ink, float alpha);
-    void drawSurface(const Mask& mask, const Material& material, double bevel, double magnification, float alpha);
+    Box boxOf(const Area& area) const;
+    void castShadow(Layer& on, const Mask& mask, float strength) const;
 
     int width_;
     int height_;
     int sampling_;
-    double scale_;
     int margin_;
-    Box box_;
     Affine place_;
-    std::vector<Sample> samples_;
+    std::vector<Layer> layers_;
 };
 
 }  // namespace grub

@@ -8,6 +8,18 @@
 
 namespace grub {
 
+Box boxAround(std::initializer_list<Point> points) {
+    constexpr int kLarge = 1 << 20;
+    Box box{kLarge, kLarge, -kLarge, -kLarge};
+    for (const Point p : points) {
+        box.x0 = std::min(box.x0, static_cast<int>(std::floor(p.x)));
+        box.y0 = std::min(box.y0, static_cast<int>(std::floor(p.y)));
+        box.x1 = std::max(box.x1, static_cast<int>(std::ceil(p.x)));
+        box.y1 = std::max(box.y1, static_cast<int>(std::ceil(p.y)));
+    }
+    return box;
+}
+
 // ---- shapes to masks, by Cairo
 
 namespace {
@@ -56,16 +68,8 @@ Box touchedBox(const VectorPath& path, const Affine& place, std::optional<double
     double y1 = 0;
     cairo_path_extents(context.get(), &x0, &y0, &x1, &y1);
     const double half = strokeWidth.value_or(0) / 2;
-    Box box{1 << 20, 1 << 20, -(1 << 20), -(1 << 20)};
-    for (const Point corner : {Point{x0 - half, y0 - half}, Point{x1 + half, y0 - half}, Point{x0 - half, y1 + half},
-                               Point{x1 + half, y1 + half}}) {
-        const Point p = place.apply(corner);
-        box.x0 = std::min(box.x0, static_cast<int>(std::floor(p.x)));
-        box.y0 = std::min(box.y0, static_cast<int>(std::floor(p.y)));
-        box.x1 = std::max(box.x1, static_cast<int>(std::ceil(p.x)));
-        box.y1 = std::max(box.y1, static_cast<int>(std::ceil(p.y)));
-    }
-    return box;
+    return boxAround({place.apply({x0 - half, y0 - half}), place.apply({x1 + half, y0 - half}),
+                      place.apply({x0 - half, y1 + half}), place.apply({x1 + half, y1 + half})});
 }
 
 FloatPlane planeOf(cairo_surface_t* surface, int width, int height) {
@@ -93,79 +97,119 @@ Mask rasterise(const VectorPath& path, const Affine& place, std::optional<double
     return {box, planeOf(surface.get(), box.width(), box.height())};
 }
 
+Mask widened(const Mask& mask, int by, const Box& limits) {
+    const Box box = mask.box.grown(by).within(limits);
+    Mask wide{box, FloatPlane(box.width(), box.height())};
+    for (int y = mask.box.y0; y < mask.box.y1; ++y) {
+        const float* row = mask.coverage.row(y - mask.box.y0);
+        std::copy(row, row + mask.box.width(), wide.coverage.row(y - box.y0) + (mask.box.x0 - box.x0));
+    }
+    return wide;
+}
+
 // ---- distances to the edge
 
 namespace {
 
 /// Larger than any squared distance of a picture, and small enough that sums stay exact integers in a float.
-constexpr float kFar = 4.0e6F;
+constexpr float kFar = kAnyDistance * kAnyDistance;
 
-/// Lower envelope of the parabolas (x - i)^2 + in[i]: the squared distance transform of one line.
-class LineTransform {
+/// Lower envelope of the parabolas (x - i)^2 + height[i]: squared distances along a line, from those across it.
+/// Parabolas of height kFar or more lie above every distance that counts and are left out.
+class Envelope {
 public:
-    explicit LineTransform(int longest)
-        : in_(static_cast<std::size_t>(longest)),
-          roots_(static_cast<std::size_t>(longest)),
+    explicit Envelope(int longest)
+        : roots_(static_cast<std::size_t>(longest)),
+          heights_(static_cast<std::size_t>(longest)),
           from_(static_cast<std::size_t>(longest) + 1) {}
 
-    float* line() { return in_.data(); }
-
-    /// Transforms the first `count` numbers of line() and gives them to `store` one after another.
-    template <class Store>
-    void run(int count, Store store) {
-        buildEnvelope(count);
+    /// Replaces heights[first, last) by distances, the root of the envelope, or by kAnyDistance where no parabola is.
+    void run(float* heights, int first, int last) {
+        std::size_t count = 0;
+        for (int i = first; i < last; ++i) {
+            if (heights[i] < kFar) count = add(i, heights[i], count);
+        }
+        if (count == 0) return std::fill(heights + first, heights + last, kAnyDistance);
+        from_[count] = kFar;
         std::size_t k = 0;
-        for (int x = 0; x < count; ++x) {
+        for (int x = first; x < last; ++x) {
             while (from_[k + 1] < static_cast<float>(x)) ++k;
-            const int i = roots_[k];
-            store(x, static_cast<float>((x - i) * (x - i)) + in_[static_cast<std::size_t>(i)]);
+            const int away = x - roots_[k];
+            heights[x] = std::sqrt(static_cast<float>(away * away) + heights_[k]);
         }
     }
 
 private:
-    float crossing(int a, int b) const {
-        const float fa = in_[static_cast<std::size_t>(a)] + static_cast<float>(a * a);
-        const float fb = in_[static_cast<std::size_t>(b)] + static_cast<float>(b * b);
-        return (fb - fa) / static_cast<float>(2 * (b - a));
-    }
-
-    void buildEnvelope(int count) {
-        std::size_t k = 0;
-        roots_[0] = 0;
-        from_[0] = -kFar;
-        for (int i = 1; i < count; ++i) {
-            float s = crossing(roots_[k], i);
-            while (k > 0 && s <= from_[k]) s = crossing(roots_[--k], i);
-            roots_[++k] = i;
-            from_[k] = s;
+    /// Adds a parabola to the right of the `count` that are there; returns how many are left.
+    std::size_t add(int root, float height, std::size_t count) {
+        float from = -kFar;
+        while (count > 0) {
+            from = crossing(count - 1, root, height);
+            if (count == 1 || from > from_[count - 1]) break;
+            --count;
         }
-        from_[k + 1] = kFar;
+        roots_[count] = root;
+        heights_[count] = height;
+        from_[count] = count == 0 ? -kFar : from;
+        return count + 1;
     }
 
-    std::vector<float> in_;
+    /// Where the parabola at `root` begins to lie below the one numbered `k`.
+    float crossing(std::size_t k, int root, float height) const {
+        const int other = roots_[k];
+        const float fa = heights_[k] + static_cast<float>(other * other);
+        const float fb = height + static_cast<float>(root * root);
+        return (fb - fa) / static_cast<float>(2 * (root - other));
+    }
+
     std::vector<int> roots_;
+    std::vector<float> heights_;
     std::vector<float> from_;
 };
 
+/// Squared distances to the nearest sample of the other kind in the same column; kFar above `limit`.
+FloatPlane squaredColumnDistances(const FloatPlane& coverage, DistanceFrom from, float limit) {
+    FloatPlane field(coverage.width(), coverage.height());
+    for (int y = 0; y < coverage.height(); ++y) {
+        const float* covered = coverage.row(y);
+        float* row = field.row(y);
+        const float* above = y > 0 ? field.row(y - 1) : nullptr;
+        for (int x = 0; x < coverage.width(); ++x) {
+            const bool measured = (covered[x] > 0.5F) == (from == DistanceFrom::Inside);
+            row[x] = !measured ? 0 : above == nullptr ? kAnyDistance : std::min(above[x] + 1, kAnyDistance);
+        }
+    }
+    for (int y = coverage.height() - 2; y >= 0; --y) {
+        const float* below = field.row(y + 1);
+        float* row = field.row(y);
+        for (int x = 0; x < coverage.width(); ++x) row[x] = std::min(row[x], below[x] + 1);
+    }
+    for (int y = 0; y < coverage.height(); ++y) {
+        float* row = field.row(y);
+        for (int x = 0; x < coverage.width(); ++x) row[x] = row[x] > limit ? kFar : row[x] * row[x];
+    }
+    return field;
+}
+
 }  // namespace
 
-FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from) {
-    const int width = coverage.width();
-    const int height = coverage.height();
-    FloatPlane field(width, height);
-    LineTransform transform(std::max(width, height));
-    float* line = transform.line();
-    for (int x = 0; x < width; ++x) {
-        for (int y = 0; y < height; ++y) {
-            const bool covered = coverage.at(x, y) > 0.5F;
-            line[y] = covered == (from == DistanceFrom::Inside) ? kFar : 0.0F;
-        }
-        transform.run(height, [&](int y, float squared) { field.at(x, y) = std::min(squared, kFar); });
-    }
-    for (int y = 0; y < height; ++y) {
+FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from, float limit) {
+    FloatPlane field = squaredColumnDistances(coverage, from, limit);
+    const int width = field.width();
+    Envelope envelope(width);
+    for (int y = 0; y < field.height(); ++y) {
         float* row = field.row(y);
-        std::copy(row, row + width, line);
-        transform.run(width, [&](int x, float squared) { row[x] = std::sqrt(squared); });
+        // Between two samples of distance 0 nothing beyond them counts.
+        for (int x = 0; x < width;) {
+            if (row[x] <= 0) {
+                ++x;
+                continue;
+            }
+            int end = x;
+            while (end < width && row[end] > 0) ++end;
+            envelope.run(row, std::max(x - 1, 0), std::min(end + 1, width));
+            x = end;
+        }
     }
     return field;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <vector>
 
@@ -22,11 +23,18 @@ struct Box {
     bool empty() const { return x1 <= x0 || y1 <= y0; }
     /// Moves every side outwards.
     Box grown(int by) const { return {x0 - by, y0 - by, x1 + by, y1 + by}; }
+    /// The smallest box that holds both; neither may be empty.
+    Box around(const Box& other) const {
+        return {std::min(x0, other.x0), std::min(y0, other.y0), std::max(x1, other.x1), std::max(y1, other.y1)};
+    }
     /// The common part; `empty` when the boxes do not touch, even with sides the wrong way round.
     Box within(const Box& other) const {
         return {std::max(x0, other.x0), std::max(y0, other.y0), std::min(x1, other.x1), std::min(y1, other.y1)};
     }
 };
+
+/// The smallest box that holds all the points, given in samples.
+Box boxAround(std::initializer_list<Point> points);
 
 /// A rectangle of numbers, rows top-down.
 class FloatPlane {
@@ -69,13 +77,19 @@ struct Mask {
 Mask rasterise(const VectorPath& path, const Affine& place, std::optional<double> strokeWidth, int margin,
                const Box& limits);
 
+/// The same mask in a box grown by `by` samples and cut to `limits`.
+Mask widened(const Mask& mask, int by, const Box& limits);
+
+/// Longer than any distance in a picture, in samples.
+inline constexpr float kAnyDistance = 2000;
+
 /// Which samples the distances are measured from.
 enum class DistanceFrom { Inside, Outside };
 
 /// For every sample that is covered by more than half (Inside) or by less (Outside): the exact distance, in samples, to
-/// the nearest sample of the other kind; 0 for the others. If the plane has no sample of the other kind, the distances
-/// are very large.
-FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from);
+/// the nearest sample of the other kind; 0 for the others. Distances above `limit`, and those in a plane without
+/// samples of the other kind, come out as some number above `limit`; a small limit saves time.
+FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from, float limit = kAnyDistance);
 
 /// Gaussian of `sigma` samples as three box filters; beyond the edge lies 0. Below half a sample nothing changes.
 FloatPlane blurred(FloatPlane plane, double sigma);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -30,6 +31,17 @@ public:
     float at(int x, int y) const {
         return values_[static_cast<std::size_t>(wrapped(y)) * static_cast<std::size_t>(samples_) +
                        static_cast<std::size_t>(wrapped(x))];
+    }
+
+    /// Between the middles of four squares, evenly.
+    float between(double x, double y) const {
+        const double left = std::floor(x);
+        const double top = std::floor(y);
+        const auto tx = static_cast<float>(x - left);
+        const auto ty = static_cast<float>(y - top);
+        const int ix = static_cast<int>(left);
+        const int iy = static_cast<int>(top);
+        return mix(mix(at(ix, iy), at(ix + 1, iy), tx), mix(at(ix, iy + 1), at(ix + 1, iy + 1), tx), ty);
     }
 
 private:

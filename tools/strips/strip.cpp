@@ -54,7 +54,7 @@ std::vector<StripDrawing> joined(std::initializer_list<std::span<const StripDraw
 
 PixelImage renderFrame(const StripDrawing& strip, int frame) {
     const int margin = strip.ground == Ground::Joined ? kJoinMargin : 0;
-    Canvas canvas(strip.width, strip.frameHeight, kSamples, 1, margin);
+    Canvas canvas(strip.width, strip.frameHeight, kSamples, margin);
     strip.draw(canvas, {frame, strip.frames, strip.name});
     PixelImage image = canvas.picture();
     spreadColours(image);

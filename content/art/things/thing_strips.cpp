@@ -210,14 +210,13 @@ void drawAfloat(Canvas& canvas, FrameOf frame, DrawThing drawThing, float cover 
     const double rise = 1.6 * wave(frame.phase());
     canvas.flat(ellipse({32, 60}, 13 - 0.8 * rise, 2), rgb(0x0c0818), {.alpha = 0.3F});
     canvas.halo({32, 33 - rise}, 30, rgb(0xffd98a), 0.26F + 0.05F * static_cast<float>(wave(frame.phase())));
-    Canvas thing = canvas.blankCopy();
     {
-        const auto risen = thing.placed({0, -rise});
-        drawThing(thing, frame.phase());
-        thing.border(kRim, kGold);
-        drawGlint(thing, frame);
+        const auto thing = canvas.group({.cover = cover});
+        const auto risen = canvas.placed({0, -rise});
+        drawThing(canvas, frame.phase());
+        canvas.border(kRim, kGold);
+        drawGlint(canvas, frame);
     }
-    canvas.layOver(thing, cover);
     const double size = keyed(kSparkle, frame.index);
     if (size > 0.5) drawSparkle(canvas, {47, 18 - rise}, size);
 }

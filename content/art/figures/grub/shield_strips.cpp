@@ -71,9 +71,10 @@ void drawGlints(Canvas& canvas, double phase) {
 
 void drawShielded(Canvas& canvas, FrameOf frame) {
     drawFarGlass(canvas);
-    Canvas hero = canvas.blankCopy();
-    heroStrip(frame.name).draw(hero, frame);
-    canvas.layOver(hero);
+    {
+        const auto hero = canvas.group();
+        heroStrip(frame.name).draw(canvas, frame);
+    }
     drawNearGlass(canvas);
     drawGlints(canvas, frame.phase());
 }

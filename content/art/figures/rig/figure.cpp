@@ -16,7 +16,7 @@ constexpr Material kStar = glossy(material(0xfdf3e4, 0xb9a3c9, 0xffffff), 0.5F);
 
 }  // namespace
 
-Canvas::Placement facingLeft(Canvas& canvas) { return canvas.placed({canvas.size().x, 0}, 0, -1, 1); }
+Canvas::Placement facingLeft(Canvas& canvas) { return canvas.placed({64, 0}, 0, -1, 1); }
 
 Point jointOf(Point root, Point tip, double upper, double lower, double side) {
     const Point reach = tip - root;

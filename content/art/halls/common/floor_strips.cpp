@@ -188,9 +188,11 @@ void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey st
     const std::vector<Point> edge = grownEdge(row);
     std::vector<Point> grown = edge;
     grown.insert(grown.end(), {{104, 104}, {-40, 104}});
-    Canvas floor = canvas.blankCopy();
-    drawWhole(floor, kind, storey);
-    canvas.layOver(floor, canvas.mask(polygon(grown)));
+    const Mask risen = canvas.mask(polygon(grown));
+    {
+        const auto floor = canvas.group({.clip = &risen});
+        drawWhole(canvas, kind, storey);
+    }
     drawSeam(canvas, edge, row, static_cast<std::uint32_t>(frame.index));
     canvas.glow({32, row}, 34, kSeam, 0.5F);
 }

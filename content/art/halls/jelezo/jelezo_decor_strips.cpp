@@ -43,11 +43,12 @@ void drawGears(Canvas& canvas, FrameOf) {
     const VectorPath window = rectangle(13, 14, 38, 42, 4);
     canvas.flat(window, kHollow);
     const Mask inside = canvas.mask(window);
-    Canvas works = canvas.blankCopy();
-    drawGear(works, kBrass, {25, 28}, 13, 9);
-    drawGear(works, kSteel, {41, 43}, 10.5, 8, 0.2);
-    drawGear(works, kRust, {22, 50}, 8, 7, 0.1);
-    canvas.layOver(works, inside);
+    {
+        const auto works = canvas.group({.clip = &inside});
+        drawGear(canvas, kBrass, {25, 28}, 13, 9);
+        drawGear(canvas, kSteel, {41, 43}, 10.5, 8, 0.2);
+        drawGear(canvas, kRust, {22, 50}, 8, 7, 0.1);
+    }
     canvas.flat(window, kInk, {.alpha = 0.8F, .stroke = 1.2});
 }
 
