@@ -123,20 +123,22 @@ public:
           heights_(static_cast<std::size_t>(longest)),
           from_(static_cast<std::size_t>(longest) + 1) {}
 
-    /// Replaces heights[first, last) by distances, the root of the envelope, or by kAnyDistance where no parabola is.
-    void run(float* heights, int first, int last) {
+    /// Takes heights[first, last) and gives `store` each place, its squared distance and the place that it is measured
+    /// from. Returns false, without a call, when no parabola counts.
+    template <class Store>
+    bool run(const float* heights, int first, int last, Store store) {
         std::size_t count = 0;
         for (int i = first; i < last; ++i) {
             if (heights[i] < kFar) count = add(i, heights[i], count);
         }
-        if (count == 0) return std::fill(heights + first, heights + last, kAnyDistance);
         from_[count] = kFar;
         std::size_t k = 0;
-        for (int x = first; x < last; ++x) {
+        for (int x = first; count > 0 && x < last; ++x) {
             while (from_[k + 1] < static_cast<float>(x)) ++k;
             const int away = x - roots_[k];
-            heights[x] = std::sqrt(static_cast<float>(away * away) + heights_[k]);
+            store(x, static_cast<float>(away * away) + heights_[k], roots_[k]);
         }
+        return count > 0;
     }
 
 private:
@@ -167,51 +169,85 @@ private:
     std::vector<float> from_;
 };
 
-/// Squared distances to the nearest sample of the other kind in the same column; kFar above `limit`.
-FloatPlane squaredColumnDistances(const FloatPlane& coverage, DistanceFrom from, float limit) {
-    FloatPlane field(coverage.width(), coverage.height());
-    for (int y = 0; y < coverage.height(); ++y) {
-        const float* covered = coverage.row(y);
-        float* row = field.row(y);
-        const float* above = y > 0 ? field.row(y - 1) : nullptr;
-        for (int x = 0; x < coverage.width(); ++x) {
-            const bool measured = (covered[x] > 0.5F) == (from == DistanceFrom::Inside);
-            row[x] = !measured ? 0 : above == nullptr ? kAnyDistance : std::min(above[x] + 1, kAnyDistance);
+/// The distance of every sample from the edge of the shape.
+class DistanceField {
+public:
+    DistanceField(const FloatPlane& coverage, DistanceFrom from, float limit)
+        : coverage_(coverage), inside_(from == DistanceFrom::Inside), limit_(limit) {}
+
+    FloatPlane run() {
+        measureColumns();
+        FloatPlane field(coverage_.width(), coverage_.height());
+        Envelope envelope(field.width());
+        std::vector<float> squared(static_cast<std::size_t>(field.width()));
+        for (int y = 0; y < field.height(); ++y) {
+            const float* rows = rows_.row(y);
+            std::transform(rows, rows + field.width(), squared.begin(),
+                           [this](float away) { return std::abs(away) > limit_ ? kFar : away * away; });
+            measureRow(y, squared.data(), envelope, field.row(y));
+        }
+        return field;
+    }
+
+private:
+    bool isMeasured(float covered) const { return (covered > 0.5F) == inside_; }
+
+    /// How many rows below (negative: above) the nearest sample of the other kind in the same column lies; 0 for
+    /// samples of that kind.
+    void measureColumns() {
+        rows_ = FloatPlane(coverage_.width(), coverage_.height());
+        for (int y = 0; y < coverage_.height(); ++y) {
+            const float* above = y > 0 ? rows_.row(y - 1) : nullptr;
+            for (int x = 0; x < coverage_.width(); ++x) {
+                const float further = above == nullptr ? -kAnyDistance : std::max(above[x] - 1, -kAnyDistance);
+                rows_.at(x, y) = isMeasured(coverage_.at(x, y)) ? further : 0;
+            }
+        }
+        for (int y = coverage_.height() - 2; y >= 0; --y) {
+            const float* below = rows_.row(y + 1);
+            float* row = rows_.row(y);
+            for (int x = 0; x < coverage_.width(); ++x) {
+                if (below[x] >= 0 && below[x] + 1 < -row[x]) row[x] = below[x] + 1;
+            }
         }
     }
-    for (int y = coverage.height() - 2; y >= 0; --y) {
-        const float* below = field.row(y + 1);
-        float* row = field.row(y);
-        for (int x = 0; x < coverage.width(); ++x) row[x] = std::min(row[x], below[x] + 1);
-    }
-    for (int y = 0; y < coverage.height(); ++y) {
-        float* row = field.row(y);
-        for (int x = 0; x < coverage.width(); ++x) row[x] = row[x] > limit ? kFar : row[x] * row[x];
-    }
-    return field;
-}
 
-}  // namespace
-
-FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from, float limit) {
-    FloatPlane field = squaredColumnDistances(coverage, from, limit);
-    const int width = field.width();
-    Envelope envelope(width);
-    for (int y = 0; y < field.height(); ++y) {
-        float* row = field.row(y);
-        // Between two samples of distance 0 nothing beyond them counts.
+    /// Between two samples of the other kind only what lies there counts.
+    void measureRow(int y, const float* squared, Envelope& envelope, float* row) const {
+        const int width = coverage_.width();
         for (int x = 0; x < width;) {
-            if (row[x] <= 0) {
+            if (squared[x] <= 0) {
                 ++x;
                 continue;
             }
             int end = x;
-            while (end < width && row[end] > 0) ++end;
-            envelope.run(row, std::max(x - 1, 0), std::min(end + 1, width));
+            while (end < width && squared[end] > 0) ++end;
+            const auto store = [&](int at, float distance, int from) {
+                if (at >= x && at < end) row[at] = std::sqrt(distance) + share(from, y);
+            };
+            if (!envelope.run(squared, std::max(x - 1, 0), std::min(end + 1, width), store))
+                std::fill(row + x, row + end, kAnyDistance);
             x = end;
         }
     }
-    return field;
+
+    /// How much of the sample that the distance is measured from belongs to this side of the edge: the edge lies so
+    /// much further away. Without it, steps of the edge would show as streaks in the light of large shapes.
+    float share(int column, int y) const {
+        const float covered = coverage_.at(column, y + static_cast<int>(rows_.at(column, y)));
+        return inside_ ? covered : 1 - covered;
+    }
+
+    const FloatPlane& coverage_;
+    bool inside_;
+    float limit_;
+    FloatPlane rows_;
+};
+
+}  // namespace
+
+FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from, float limit) {
+    return DistanceField(coverage, from, limit).run();
 }
 
 // ---- blur

@@ -86,9 +86,10 @@ inline constexpr float kAnyDistance = 2000;
 /// Which samples the distances are measured from.
 enum class DistanceFrom { Inside, Outside };
 
-/// For every sample that is covered by more than half (Inside) or by less (Outside): the exact distance, in samples, to
-/// the nearest sample of the other kind; 0 for the others. Distances above `limit`, and those in a plane without
-/// samples of the other kind, come out as some number above `limit`; a small limit saves time.
+/// For every sample that is covered by more than half (Inside) or by less (Outside): the distance, in samples, to the
+/// nearest sample of the other kind, and the share of that one which is on this side of the edge; 0 for the others.
+/// Distances above `limit`, and those in a plane without samples of the other kind, come out as some number above
+/// `limit`; a small limit saves time.
 FloatPlane distanceField(const FloatPlane& coverage, DistanceFrom from, float limit = kAnyDistance);
 
 /// Gaussian of `sigma` samples as three box filters; beyond the edge lies 0. Below half a sample nothing changes.

@@ -79,6 +79,9 @@ constexpr float kStepShare = 0.62F;
 constexpr double kSmoothing = 0.22;
 constexpr float kSmoothShare = 0.55F;
 
+/// What takes the steps of an edge out of the heights beside it, in samples.
+constexpr double kEdgeBlur = 1.2;
+
 constexpr float dot(const Normal& a, const Normal& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 
 FloatPlane roundedHeights(const FloatPlane& inside, float bevel) {
@@ -92,6 +95,19 @@ FloatPlane roundedHeights(const FloatPlane& inside, float bevel) {
     return heights;
 }
 
+/// Mixes in the mean of the heights around each sample, as far as they are solid.
+void smooth(FloatPlane& heights, const FloatPlane& solid, double sigma, float share) {
+    const FloatPlane weights = blurred(solid, sigma);
+    const FloatPlane sums = blurred(heights, sigma);
+    for (int y = 0; y < heights.height(); ++y) {
+        for (int x = 0; x < heights.width(); ++x) {
+            if (solid.at(x, y) <= 0) continue;
+            const float mean = sums.at(x, y) / std::max(weights.at(x, y), 0.001F);
+            heights.at(x, y) = mix(heights.at(x, y), mean, share);
+        }
+    }
+}
+
 }  // namespace
 
 FloatPlane puffyHeights(const FloatPlane& coverage, double bevel) {
@@ -101,16 +117,8 @@ FloatPlane puffyHeights(const FloatPlane& coverage, double bevel) {
     for (int y = 0; y < solid.height(); ++y) {
         for (int x = 0; x < solid.width(); ++x) solid.at(x, y) = inside.at(x, y) > 0 ? 1.0F : 0.0F;
     }
-    const double sigma = std::max(0.8, kSmoothing * bevel);
-    const FloatPlane weights = blurred(solid, sigma);
-    const FloatPlane smooth = blurred(heights, sigma);
-    for (int y = 0; y < heights.height(); ++y) {
-        for (int x = 0; x < heights.width(); ++x) {
-            if (inside.at(x, y) <= 0) continue;
-            const float mean = smooth.at(x, y) / std::max(weights.at(x, y), 0.001F);
-            heights.at(x, y) = mix(heights.at(x, y), mean, kSmoothShare);
-        }
-    }
+    smooth(heights, solid, kEdgeBlur, 1);
+    smooth(heights, solid, std::max(0.8, kSmoothing * bevel), kSmoothShare);
     return heights;
 }
 
