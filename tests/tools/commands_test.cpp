@@ -16,7 +16,8 @@ const std::string kTable = (kLevels / "typeblok.ini").string();
 
 TEST(LevelCommands, DrawALevelSourceWith64PixelsACell) {
     const ScratchDirectory scratch;
-    grubtool({"level", "picture", (kLevels / "turma" / "level01.txt").string(), scratch.file("level.png")});
+    grubtool({"level", "picture", (kLevels / "turma" / "level01.txt").string(), scratch.file("level.png"), "--art",
+              scratch.path().string()});
     const auto png = scratch.read("level.png");
     ASSERT_GT(png.size(), 24U);
     const auto big = [&](std::size_t at) { return png[at] << 24 | png[at + 1] << 16 | png[at + 2] << 8 | png[at + 3]; };

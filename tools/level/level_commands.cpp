@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "block_table.h"
@@ -11,6 +13,9 @@
 #include "level_file.h"
 #include "level_map.h"
 #include "level_picture.h"
+#include "loading_list.h"
+#include "resource_source.h"
+#include "whole_file.h"
 
 namespace grub {
 namespace {
@@ -66,14 +71,43 @@ void show(const Arguments& arguments) {
     std::fputs(showLevel(*readLevelFile(level, reason), BlockPalette(table.buffer())).c_str(), stdout);
 }
 
+/// Picture files of a folder that is laid out as `data\gif` of the picture package, under the names of that package.
+class PictureFolder final : public ResourceSource {
+public:
+    explicit PictureFolder(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    [[nodiscard]] bool exists(const EngineString& name) override { return std::filesystem::exists(fileOf(name)); }
+    [[nodiscard]] SharedBuffer load(const EngineString& name) override {
+        const auto bytes = readWholeFile(fileOf(name));
+        if (!bytes) return {};
+        SharedBuffer buffer = SharedBuffer::create(static_cast<std::uint32_t>(bytes->size()));
+        if (!buffer.empty()) std::copy(bytes->begin(), bytes->end(), buffer.writableData());
+        return buffer;
+    }
+
+private:
+    [[nodiscard]] std::filesystem::path fileOf(const EngineString& name) const {
+        std::string path(name.view().substr(kPictureFolder.size()));
+        std::replace(path.begin(), path.end(), '\\', '/');
+        return folder_ / path;
+    }
+
+    std::filesystem::path folder_;
+};
+
 void picture(const Arguments& arguments) {
     const std::string file = arguments.text("FILE");
     TableSource table(inputBytes(blocksFor(arguments, file)));
     const Bytes level = file.ends_with(".txt") ? compiled(file, table) : inputBytes(file);
     const LevelMap map = mapOf(file, level, table);
-    PictureBook book(arguments.text("--art"));
+    const std::string art = arguments.text("--art");
+    PictureFolder pictures(art);
+    const LevelPicture drawn = drawLevelPicture(map, pictures);
+    if (!drawn.missing.empty())
+        std::fprintf(stderr, "%s: warning: lacks %zu pictures, the first is %s\n", art.c_str(), drawn.missing.size(),
+                     drawn.missing.front().c_str());
     const std::string out = arguments.text("OUT");
-    if (!writePng(out, drawLevel(map, book))) failWith(kFailed, out + ": cannot be written");
+    if (!writePng(out, drawn.image)) failWith(kFailed, out + ": cannot be written");
 }
 
 void blocks(const Arguments& arguments) {
@@ -99,9 +133,9 @@ std::vector<Command> levelCommands() {
          {word("FILE", ".lvl file"), kBlocks},
          show},
         {"level picture",
-         "Draw a level as the game draws it at rest",
+         "Draw a level as the game first shows it",
          {word("FILE", "level source (.txt) or .lvl file"), word("OUT", "PNG file to write"), kBlocks,
-          option("--art", "folder of rendered pictures; without it cells are plain colours")},
+          option("--art", "folder of rendered pictures, as build/PRESET/content/data64/data/gif", true)},
          picture},
         {"level blocks",
          "Check a block table and give its lines the ends that the game wants",

@@ -120,13 +120,7 @@ void LevelScene::stopLoading() {
 void LevelScene::loadStep(int step) {
     const int list = resourcesLoaded_ ? 1 : 0;
     if (list == 1 && step == 0) LevelSound::loadSecondPhase();
-    for (const LoadEntry& entry : loadingStep(list, step)) {
-        const EngineString file(entry.path().c_str());
-        if (entry.kind == LoadEntry::Kind::Block)
-            animations_.addBlockAnimationFile(file, entry.id, entry.spriteNumber, entry.colourKey);
-        else
-            animations_.addAnimationFile(file, entry.id, entry.frameHeight, entry.transform, entry.colourKey);
-    }
+    for (const LoadEntry& entry : loadingStep(list, step)) animations_.add(entry);
 }
 
 bool LevelScene::startLevel(int index) {

@@ -387,7 +387,7 @@ static_assert(areUnique(&LoadEntry::spriteNumber), "the block table could not te
 
 }  // namespace
 
-std::string LoadEntry::path() const { return "data\\gif\\" + std::string(stem) + ".bmp"; }
+std::string LoadEntry::path() const { return std::string(kPictureFolder) + std::string(stem) + ".bmp"; }
 
 std::span<const LoadEntry> loadingList() { return kEntries; }
 

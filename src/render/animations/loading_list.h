@@ -17,13 +17,16 @@ inline constexpr int kLoadingSteps = 8;
 /// The sprite number of an entry that the block table cannot name.
 inline constexpr int kNoSpriteNumber = -1;
 
+/// Where the data package has its picture files.
+inline constexpr std::string_view kPictureFolder = "data\\gif\\";
+
 /// One strip of the animation table.
 struct LoadEntry {
     /// `Strip`: a strip with a frame height of its own. `Block`: a strip of the map, with frames of 64 x 64 pixels.
     enum class Kind : std::uint8_t { Strip, Block };
 
     int id;                      ///< place in the animation table
-    std::string_view stem;       ///< file below "data\gif\" without its extension
+    std::string_view stem;       ///< file below `kPictureFolder` without its extension
     Kind kind;                   ///< which table operation takes it
     std::uint16_t frameHeight;   ///< pixels
     TextureTransform transform;  ///< Identity, or FlipHorizontal for the twin that looks the other way

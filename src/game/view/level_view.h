@@ -7,12 +7,18 @@
 
 namespace grub {
 
-/// The part of the level that the screen shows. It follows the hero at once, without easing: he stays between 192 and
-/// 544 pixels from the left and between 128 and 344 pixels from the top while the level goes on in that direction.
+/// The part of the level that the screen shows. As a rule it follows the hero, at once, without easing: he stays
+/// between 192 and 544 pixels from the left and between 128 and 344 pixels from the top while the level goes on in that
+/// direction.
 class Camera {
 public:
     /// Back to the level's top-left corner, as each level starts.
     void reset() { *this = {}; }
+    /// Puts the level's pixel (x, y) into the screen's top-left corner, wherever the hero is.
+    void lookAt(int x, int y) {
+        scrollX_ = x;
+        scrollY_ = y;
+    }
     /// Follows a hero at pixel (heroX, heroY) in a level of `columns` x `rows` cells.
     void follow(int heroX, int heroY, int columns, int rows);
 

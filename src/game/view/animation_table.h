@@ -14,7 +14,7 @@
 
 namespace grub {
 
-/// All strips of the level scene by animation id. The loader thread adds, the game thread uses what has been added: a
+/// All strips of a level by animation id. One thread (the loader) adds, another (the game) uses what has been added: a
 /// strip appears in its place only when it is complete, and from then on the loader does not touch it.
 class AnimationTable {
 public:
@@ -24,6 +24,8 @@ public:
     AnimationTable& operator=(const AnimationTable&) = delete;
     ~AnimationTable();
 
+    /// Adds the strip of a row of the loading list, as `addAnimationFile` or `addBlockAnimationFile` does.
+    bool add(const LoadEntry& entry);
     /// Adds the strip of a picture file, with its textures. False when it was not added: loading is being stopped, or
     /// there is no such file; `missing` then remembers the id.
     bool addAnimationFile(const EngineString& file, int id, std::uint16_t frameHeight, TextureTransform transform,

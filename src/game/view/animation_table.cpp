@@ -13,6 +13,13 @@ AnimationTable::~AnimationTable() {
     for (auto& slot : slots_) delete slot.load();
 }
 
+bool AnimationTable::add(const LoadEntry& entry) {
+    const EngineString file(entry.path().c_str());
+    return entry.kind == LoadEntry::Kind::Block
+               ? addBlockAnimationFile(file, entry.id, entry.spriteNumber, entry.colourKey)
+               : addAnimationFile(file, entry.id, entry.frameHeight, entry.transform, entry.colourKey);
+}
+
 bool AnimationTable::addAnimationFile(const EngineString& file, int id, std::uint16_t frameHeight,
                                       TextureTransform transform, Colour colourKey) {
     if (stopped_) return false;
