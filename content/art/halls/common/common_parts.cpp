@@ -1,5 +1,7 @@
 #include "common_parts.h"
 
+#include <array>
+
 #include "shapes.h"
 #include "surface.h"
 
@@ -15,6 +17,19 @@ void drawCrack(Canvas& canvas, std::initializer_list<Point> points, float streng
         canvas.flat(polyline(points), rgb(0xffffff), {.alpha = 0.16F * strength, .stroke = 0.9, .clip = clip});
     }
     canvas.flat(polyline(points), kInk, {.alpha = 0.75F * strength, .stroke = 1.3, .clip = clip});
+}
+
+void drawRubble(Canvas& canvas, const WorldPalette& world, float dim) {
+    constexpr std::array kStones{Stone{-8, 2, 36, 28, 1}, Stone{28, 0, 28, 34, 2}, Stone{-16, 30, 30, 33, 3},
+                                 Stone{14, 32, 34, 31, 4}};
+    canvas.flat(rectangle(-40, -40, 144, 144), mix(world.backdropMortar, rgb(0x3a3844), 0.5F));
+    drawJoined(canvas, [&] {
+        for (const Stone& s : kStones) {
+            canvas.part(rectangle(s.x + 0.8, s.y + 0.8, s.width - 1.6, s.height - 1.6, 8),
+                        stony(varied(world.solid[s.number % 2] * dim, s.number, 0.06F), 1.4F, 0.13F),
+                        {.bevel = 7, .line = 0, .shadow = 0});
+        }
+    });
 }
 
 namespace {

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "canvas.h"
+#include "palette.h"
 #include "vector_path.h"
 
 namespace grub {
@@ -35,6 +36,10 @@ Rgb varied(Rgb colour, std::uint32_t number, float spread);
 
 /// An open crack: a dark line that follows the points, with a lit lower edge.
 void drawCrack(Canvas& canvas, std::initializer_list<Point> points, float strength, const Mask* clip = nullptr);
+
+/// Rough stones laid without pattern, the bulk below the blocks that are walked on; they reach into the neighbours, so
+/// that blocks of them join. `dim` 1 is the brightness of the palette.
+void drawRubble(Canvas& canvas, const WorldPalette& world, float dim);
 
 /// Sides of a cell at which a pipe or wire goes on into the neighbour, as bits of a set.
 using Sides = unsigned;

@@ -3,8 +3,7 @@
 namespace grub {
 
 std::span<const StripDrawing> commonRoom() {
-    static const auto strips = joined(
-        {floorStrips(), solidStrips(), climbingStrips(), doorStrips(), wallPipeStrips(), wireStrips(), lightStrips()});
+    static const auto strips = joined({wireStrips(), lightStrips()});
     return strips;
 }
 

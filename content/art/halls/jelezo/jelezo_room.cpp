@@ -3,7 +3,9 @@
 namespace grub {
 
 std::span<const StripDrawing> jelezoRoom() {
-    static const auto strips = joined({jelezoWallStrips(), jelezoDecorStrips()});
+    static const auto strips =
+        joined({jelezoWallStrips(), jelezoFloorStrips(), jelezoSolidStrips(), jelezoClimbingStrips(),
+                jelezoDoorStrips(), jelezoWallPipeStrips(), jelezoDecorStrips()});
     return strips;
 }
 

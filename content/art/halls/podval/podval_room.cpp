@@ -3,7 +3,8 @@
 namespace grub {
 
 std::span<const StripDrawing> podvalRoom() {
-    static const auto strips = joined({podvalWallStrips(), podvalDecorStrips()});
+    static const auto strips = joined({podvalWallStrips(), podvalFloorStrips(), podvalSolidStrips(), podvalDoorStrips(),
+                                       podvalWallPipeStrips(), podvalDecorStrips()});
     return strips;
 }
 

@@ -3,7 +3,9 @@
 namespace grub {
 
 std::span<const StripDrawing> turmaRoom() {
-    static const auto strips = joined({turmaWallStrips(), turmaDecorStrips()});
+    static const auto strips =
+        joined({turmaWallStrips(), turmaFloorStrips(), turmaSolidStrips(), turmaClimbingStrips(), turmaDoorStrips(),
+                turmaWallPipeStrips(), turmaTorchStrips(), turmaDecorStrips()});
     return strips;
 }
 

@@ -1,7 +1,9 @@
-#include "floor_kind.h"
+#include "turma_room.h"
 
 #include <array>
 
+#include "floor.h"
+#include "palette.h"
 #include "shapes.h"
 
 namespace grub {
@@ -81,8 +83,32 @@ void drawFloorStone(Canvas& canvas, std::size_t index, Storey storey) {
                 {.bevel = 3.4, .line = 0.9, .shadow = 0.2F});
 }
 
+constexpr FloorKind kFloor{kTurma, drawFace, drawCap, kStones, drawFloorStone};
+
+constexpr auto kNew = FloorWear::New;
+constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kJoined = Ground::Joined;
+
+constexpr std::array kStrips{
+    //            name                     px  px frames
+    StripDrawing{"steny\\modul_pol_11a", 64, 64, 1, kJoined, drawTop<kFloor>},
+    StripDrawing{"poly\\modul_pol", 64, 64, 1, kJoined, drawTop<kFloor, kChipped>},
+    StripDrawing{"poly\\modul_pol06", 64, 64, 1, kJoined, drawTop<kFloor>},
+    StripDrawing{"poly\\pol_kray1", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, false>},
+    StripDrawing{"poly\\pol_kray2", 64, 64, 1, kJoined, drawTop<kFloor, kNew, false, true>},
+    StripDrawing{"poly\\pol_kray3", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, true>},
+    StripDrawing{"poly\\modul_pol01", 64, 64, 1, kJoined, drawUnder<kFloor>},
+    StripDrawing{"poly\\modul_pol02", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
+    StripDrawing{"poly\\lom1", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 1>},
+    StripDrawing{"poly\\lom2", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Under, 2>},
+    StripDrawing{"poly\\lom3", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 3>},
+    StripDrawing{"poly\\lom4", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Under, 4>},
+    StripDrawing{"poly\\vosstfull", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Top>},
+    StripDrawing{"poly\\vossthalf", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Under>},
+};
+
 }  // namespace
 
-const FloorKind kTurmaFloor{kTurma, drawFace, drawCap, kStones, drawFloorStone};
+std::span<const StripDrawing> turmaFloorStrips() { return kStrips; }
 
 }  // namespace grub

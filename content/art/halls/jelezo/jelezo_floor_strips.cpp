@@ -1,7 +1,9 @@
-#include "floor_kind.h"
+#include "jelezo_room.h"
 
 #include <array>
 
+#include "floor.h"
+#include "palette.h"
 #include "shapes.h"
 
 namespace grub {
@@ -87,8 +89,27 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
     if (index >= kCapPieces) drawPanel(canvas, piece.x, piece.y + 4, piece.height - 8, piece.number, false, nullptr);
 }
 
+constexpr FloorKind kFloor{kJelezo, drawFace, drawCap, kPieces, drawPiece};
+
+constexpr auto kNew = FloorWear::New;
+constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kJoined = Ground::Joined;
+
+constexpr std::array kStrips{
+    //            name                     px  px frames
+    StripDrawing{"poly\\pol_jel", 64, 64, 1, kJoined, drawTop<kFloor>},
+    StripDrawing{"jelezo\\pol_der", 64, 64, 1, kJoined, drawTop<kFloor, kChipped>},
+    StripDrawing{"poly\\pol_kray4", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, false>},
+    StripDrawing{"poly\\pol_kray5", 64, 64, 1, kJoined, drawTop<kFloor, kNew, false, true>},
+    StripDrawing{"poly\\pol_kray6", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, true>},
+    StripDrawing{"jelezo\\pol_der_full", 64, 64, 1, kJoined, drawUnder<kFloor>},
+    StripDrawing{"poly\\pj", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
+    StripDrawing{"jelezo\\animation_floor_iron_01", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 5>},
+    StripDrawing{"jelezo\\animation_floor_iron_close01", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Top>},
+};
+
 }  // namespace
 
-const FloorKind kJelezoFloor{kJelezo, drawFace, drawCap, kPieces, drawPiece};
+std::span<const StripDrawing> jelezoFloorStrips() { return kStrips; }
 
 }  // namespace grub

@@ -1,7 +1,9 @@
-#include "floor_kind.h"
+#include "podval_room.h"
 
 #include <array>
 
+#include "floor.h"
+#include "palette.h"
 #include "shapes.h"
 #include "surface.h"
 
@@ -95,8 +97,27 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
     if (turf) drawGrass(canvas, static_cast<int>(piece.x) / kTuftEvery + 1, 6, nullptr);
 }
 
+constexpr FloorKind kFloor{kPodval, drawFace, drawCap, kPieces, drawPiece};
+
+constexpr auto kNew = FloorWear::New;
+constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kJoined = Ground::Joined;
+
+constexpr std::array kStrips{
+    //            name                     px  px frames
+    StripDrawing{"poly\\tr_pol1", 64, 64, 1, kJoined, drawTop<kFloor>},
+    StripDrawing{"poly\\tr_pol2", 64, 64, 1, kJoined, drawTop<kFloor, kChipped>},
+    StripDrawing{"poly\\truba_za3", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, false>},
+    StripDrawing{"poly\\truba_za5", 64, 64, 1, kJoined, drawTop<kFloor, kNew, false, true>},
+    StripDrawing{"poly\\truba_za6", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, true>},
+    StripDrawing{"poly\\tr_pol3", 64, 64, 1, kJoined, drawUnder<kFloor>},
+    StripDrawing{"poly\\tr_pol4", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
+    StripDrawing{"poly\\truba_za1", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 6>},
+    StripDrawing{"poly\\truba_za2", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Top>},
+};
+
 }  // namespace
 
-const FloorKind kPodvalFloor{kPodval, drawFace, drawCap, kPieces, drawPiece};
+std::span<const StripDrawing> podvalFloorStrips() { return kStrips; }
 
 }  // namespace grub

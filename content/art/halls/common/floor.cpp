@@ -1,9 +1,8 @@
-#include "floor_kind.h"
+#include "floor.h"
 
-#include <array>
+#include <algorithm>
 #include <vector>
 
-#include "common_room.h"
 #include "motion.h"
 #include "shapes.h"
 #include "surface.h"
@@ -16,29 +15,11 @@ namespace {
 constexpr double kBottom = 63;
 constexpr double kEnd = 1.6;
 
-/// Which sides of a floor cell are open: there the floor ends in a drawn edge.
-struct FloorEnds {
-    bool left = false;
-    bool right = false;
-};
-
 /// The outline of a floor cell from row `top` down; where it does not end it goes on beyond the cell.
 VectorPath floorBody(FloorEnds ends, double top) {
     const double left = ends.left ? kEnd : -40;
     const double right = ends.right ? kCellSize - kEnd : kCellSize + 40;
     return rectangle(left, top, right - left, kBottom - top, 3);
-}
-
-void drawWhole(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear = FloorWear::New,
-               FloorEnds ends = {}) {
-    const bool top = storey == Storey::Top;
-    const VectorPath body = floorBody(ends, top ? kCapTop : -20);
-    canvas.part(body, stony(kind.palette.floorMortar * (top ? 1 : 0.8F), 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
-    const Mask inside = canvas.mask(body);
-    kind.drawFace(canvas, storey, wear, &inside);
-    if (!top) return canvas.shadeRows(0, 64, 0.86F, 0.66F);
-    canvas.shadeRows(16, 64, 1.04F, 0.72F);
-    kind.drawCap(canvas, &inside);
 }
 
 // ---- breaking: the hit lands while frame 0 is shown, then cap and bricks tip into the hole
@@ -161,10 +142,22 @@ void drawSeam(Canvas& canvas, const std::vector<Point>& edge, double row, std::u
     }
 }
 
-/// A floor cell that is hit, breaks and falls, until a hole with ragged walls is left. `seed` chooses how it falls.
+}  // namespace
+
+void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear, FloorEnds ends) {
+    const bool top = storey == Storey::Top;
+    const VectorPath body = floorBody(ends, top ? kCapTop : -20);
+    canvas.part(body, stony(kind.palette.floorMortar * (top ? 1 : 0.8F), 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
+    const Mask inside = canvas.mask(body);
+    kind.drawFace(canvas, storey, wear, &inside);
+    if (!top) return canvas.shadeRows(0, 64, 0.86F, 0.66F);
+    canvas.shadeRows(16, 64, 1.04F, 0.72F);
+    kind.drawCap(canvas, &inside);
+}
+
 void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey, std::uint32_t seed) {
     if (frame.index == 0) {
-        drawWhole(canvas, kind, storey);
+        drawFloor(canvas, kind, storey);
         drawHitCracks(canvas);
         return;
     }
@@ -176,11 +169,10 @@ void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey s
     drawDust(canvas, time, seed);
 }
 
-/// The same cell growing again: it rises from below; the last frame is the floor, still glowing.
 void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey) {
     const double row = grownRow(frame);
     if (row < 0) {
-        drawWhole(canvas, kind, storey);
+        drawFloor(canvas, kind, storey);
         canvas.glow({32, 5}, 38, kSeam, 0.3F);
         return;
     }
@@ -191,78 +183,10 @@ void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey st
     const Mask risen = canvas.mask(polygon(grown));
     {
         const auto floor = canvas.group({.clip = &risen});
-        drawWhole(canvas, kind, storey);
+        drawFloor(canvas, kind, storey);
     }
     drawSeam(canvas, edge, row, static_cast<std::uint32_t>(frame.index));
     canvas.glow({32, row}, 34, kSeam, 0.5F);
 }
-
-// ---- the table
-
-template <const FloorKind& Kind, FloorWear Wear = FloorWear::New, bool Left = false, bool Right = false>
-void drawTop(Canvas& canvas, FrameOf) {
-    drawWhole(canvas, Kind, Storey::Top, Wear, {Left, Right});
-}
-
-template <const FloorKind& Kind, FloorWear Wear = FloorWear::New>
-void drawUnder(Canvas& canvas, FrameOf) {
-    drawWhole(canvas, Kind, Storey::Under, Wear);
-}
-
-template <const FloorKind& Kind, Storey Of, std::uint32_t Seed>
-void drawBreak(Canvas& canvas, FrameOf frame) {
-    drawBreaking(canvas, frame, Kind, Of, Seed);
-}
-
-template <const FloorKind& Kind, Storey Of>
-void drawGrow(Canvas& canvas, FrameOf frame) {
-    drawGrowing(canvas, frame, Kind, Of);
-}
-
-constexpr auto kNew = FloorWear::New;
-constexpr auto kChipped = FloorWear::Chipped;
-constexpr auto kJoined = Ground::Joined;
-
-constexpr std::array kStrips{
-    //            name                     px  px frames
-    StripDrawing{"steny\\modul_pol_11a", 64, 64, 1, kJoined, drawTop<kTurmaFloor>},
-    StripDrawing{"poly\\modul_pol", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kChipped>},
-    StripDrawing{"poly\\modul_pol06", 64, 64, 1, kJoined, drawTop<kTurmaFloor>},
-    StripDrawing{"poly\\pol_kray1", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kNew, true, false>},
-    StripDrawing{"poly\\pol_kray2", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kNew, false, true>},
-    StripDrawing{"poly\\pol_kray3", 64, 64, 1, kJoined, drawTop<kTurmaFloor, kNew, true, true>},
-    StripDrawing{"poly\\modul_pol01", 64, 64, 1, kJoined, drawUnder<kTurmaFloor>},
-    StripDrawing{"poly\\modul_pol02", 64, 64, 1, kJoined, drawUnder<kTurmaFloor, kChipped>},
-    StripDrawing{"poly\\lom1", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Top, 1>},
-    StripDrawing{"poly\\lom2", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Under, 2>},
-    StripDrawing{"poly\\lom3", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Top, 3>},
-    StripDrawing{"poly\\lom4", 64, 64, 8, kJoined, drawBreak<kTurmaFloor, Storey::Under, 4>},
-    StripDrawing{"poly\\vosstfull", 64, 64, 8, kJoined, drawGrow<kTurmaFloor, Storey::Top>},
-    StripDrawing{"poly\\vossthalf", 64, 64, 8, kJoined, drawGrow<kTurmaFloor, Storey::Under>},
-    // jelezo
-    StripDrawing{"poly\\pol_jel", 64, 64, 1, kJoined, drawTop<kJelezoFloor>},
-    StripDrawing{"jelezo\\pol_der", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kChipped>},
-    StripDrawing{"poly\\pol_kray4", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kNew, true, false>},
-    StripDrawing{"poly\\pol_kray5", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kNew, false, true>},
-    StripDrawing{"poly\\pol_kray6", 64, 64, 1, kJoined, drawTop<kJelezoFloor, kNew, true, true>},
-    StripDrawing{"jelezo\\pol_der_full", 64, 64, 1, kJoined, drawUnder<kJelezoFloor>},
-    StripDrawing{"poly\\pj", 64, 64, 1, kJoined, drawUnder<kJelezoFloor, kChipped>},
-    StripDrawing{"jelezo\\animation_floor_iron_01", 64, 64, 8, kJoined, drawBreak<kJelezoFloor, Storey::Top, 5>},
-    StripDrawing{"jelezo\\animation_floor_iron_close01", 64, 64, 8, kJoined, drawGrow<kJelezoFloor, Storey::Top>},
-    // podval
-    StripDrawing{"poly\\tr_pol1", 64, 64, 1, kJoined, drawTop<kPodvalFloor>},
-    StripDrawing{"poly\\tr_pol2", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kChipped>},
-    StripDrawing{"poly\\truba_za3", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kNew, true, false>},
-    StripDrawing{"poly\\truba_za5", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kNew, false, true>},
-    StripDrawing{"poly\\truba_za6", 64, 64, 1, kJoined, drawTop<kPodvalFloor, kNew, true, true>},
-    StripDrawing{"poly\\tr_pol3", 64, 64, 1, kJoined, drawUnder<kPodvalFloor>},
-    StripDrawing{"poly\\tr_pol4", 64, 64, 1, kJoined, drawUnder<kPodvalFloor, kChipped>},
-    StripDrawing{"poly\\truba_za1", 64, 64, 8, kJoined, drawBreak<kPodvalFloor, Storey::Top, 6>},
-    StripDrawing{"poly\\truba_za2", 64, 64, 8, kJoined, drawGrow<kPodvalFloor, Storey::Top>},
-};
-
-}  // namespace
-
-std::span<const StripDrawing> floorStrips() { return kStrips; }
 
 }  // namespace grub

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <span>
+
+#include "common_parts.h"
+#include "palette.h"
+#include "strip.h"
+
+namespace grub {
+
+/// How worn a floor is.
+enum class FloorWear { New, Chipped };
+
+/// Whether a floor cell is walked on or lies below another one, which shows no cap.
+enum class Storey { Top, Under };
+
+/// How the floors of a world are drawn.
+struct FloorKind {
+    /// Its floor colours are also those of crumbs and broken ends.
+    const WorldPalette& palette;
+    /// The stones or plates below the cap, over the cell and its neighbours; they join from cell to cell.
+    void (*drawFace)(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip);
+    /// What is walked on.
+    void (*drawCap)(Canvas& canvas, const Mask* clip);
+    /// What the middle of a floor falls into: the pieces of the cap first, then the rest from the top.
+    std::span<const Stone> stones;
+    /// One of them on its own, where it lies.
+    void (*drawStone)(Canvas& canvas, std::size_t index, Storey storey);
+};
+
+/// The row at which every floor's cap begins.
+inline constexpr double kCapTop = 0.9;
+
+/// Which sides of a floor cell are open: there the floor ends in a drawn edge.
+struct FloorEnds {
+    bool left = false;
+    bool right = false;
+};
+
+/// A floor cell that nobody has dug.
+void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear = FloorWear::New,
+               FloorEnds ends = {});
+
+/// A floor cell that is hit, breaks and falls, until a hole with ragged walls is left. `seed` chooses how it falls.
+void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey, std::uint32_t seed);
+
+/// A hole that fills from below in a warm seam. The last frame is the whole floor, still glowing.
+void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey);
+
+// ---- the same for the rows of a table
+
+template <const FloorKind& Kind, FloorWear Wear = FloorWear::New, bool Left = false, bool Right = false>
+void drawTop(Canvas& canvas, FrameOf) {
+    drawFloor(canvas, Kind, Storey::Top, Wear, {Left, Right});
+}
+
+template <const FloorKind& Kind, FloorWear Wear = FloorWear::New>
+void drawUnder(Canvas& canvas, FrameOf) {
+    drawFloor(canvas, Kind, Storey::Under, Wear);
+}
+
+template <const FloorKind& Kind, Storey Of, std::uint32_t Seed>
+void drawBreak(Canvas& canvas, FrameOf frame) {
+    drawBreaking(canvas, frame, Kind, Of, Seed);
+}
+
+template <const FloorKind& Kind, Storey Of>
+void drawGrow(Canvas& canvas, FrameOf frame) {
+    drawGrowing(canvas, frame, Kind, Of);
+}
+
+}  // namespace grub
