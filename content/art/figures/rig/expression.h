@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "vector_path.h"
+
+namespace grub {
+
+/// Shape of the eyes. Spirals come with stars around the head.
+enum class Eyes { Round, Wide, Spiral };
+
+/// Shape of the mouth. Grit shows the teeth, Pout is a small open mouth.
+enum class Mouth { Smile, Open, Grit, Frown, Pout };
+
+/// What a face tells, for every figure: each draws it with its own eyes and mouth.
+struct Expression {
+    /// Where the pupils are, from -1 to 1 of the room that they have.
+    Point look{0.7, 0.1};
+    /// How far the lids are shut, 0 to 1.
+    double lid = 0;
+    /// How far the brows are raised, in pixels, and turned: positive lowers their inner ends, as in anger.
+    double browHeight = 0;
+    double browTilt = 0;
+    Eyes eyes = Eyes::Round;
+    Mouth mouth = Mouth::Smile;
+    /// Share of a turn that the stars of dizzy eyes have gone round.
+    double stars = 0.08;
+};
+
+// The expressions that have names. browTilt in radians.
+inline constexpr Expression kPleased{};
+inline constexpr Expression kStartled{
+    .look = {0, 0.3}, .browHeight = 1.6, .browTilt = -0.15, .eyes = Eyes::Wide, .mouth = Mouth::Open};
+inline constexpr Expression kAngry{
+    .look = {0.7, 0.1}, .lid = 0.12, .browHeight = -0.8, .browTilt = 0.4, .mouth = Mouth::Grit};
+inline constexpr Expression kDizzy{
+    .look = {}, .browHeight = 0.6, .browTilt = -0.25, .eyes = Eyes::Spiral, .mouth = Mouth::Open};
+inline constexpr Expression kAsleep{.look = {}, .lid = 1, .mouth = Mouth::Pout};
+inline constexpr Expression kProud{.look = {0.5, -0.3}, .lid = 0.35, .browHeight = 1, .mouth = Mouth::Smile};
+inline constexpr Expression kSad{
+    .look = {0.2, 0.6}, .lid = 0.2, .browHeight = 0.8, .browTilt = -0.4, .mouth = Mouth::Frown};
+
+struct NamedExpression {
+    std::string_view name;
+    Expression expression;
+};
+inline constexpr std::array kExpressions{
+    NamedExpression{"pleased", kPleased}, NamedExpression{"startled", kStartled}, NamedExpression{"angry", kAngry},
+    NamedExpression{"dizzy", kDizzy},     NamedExpression{"asleep", kAsleep},     NamedExpression{"proud", kProud},
+    NamedExpression{"sad", kSad},
+};
+
+}  // namespace grub
