@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace grub {
@@ -31,6 +32,20 @@ private:
 };
 
 }  // namespace
+
+void layOver(PixelImage& page, const PixelImage& picture, int x, int y) {
+    const auto mixed = [](std::uint8_t over, std::uint8_t under, std::uint8_t alpha) {
+        return static_cast<std::uint8_t>((over * alpha + under * (255 - alpha) + 127) / 255);
+    };
+    for (int row = std::max(0, -y); row < std::min(picture.height, page.height - y); ++row) {
+        for (int column = std::max(0, -x); column < std::min(picture.width, page.width - x); ++column) {
+            const Pixel p = picture.at(column, row);
+            Pixel& under = page.at(x + column, y + row);
+            under = {mixed(p.r, under.r, p.a), mixed(p.g, under.g, p.a), mixed(p.b, under.b, p.a),
+                     static_cast<std::uint8_t>(p.a + mixed(0, under.a, p.a))};
+        }
+    }
+}
 
 std::vector<std::uint8_t> bmpBytes(const PixelImage& image) {
     const auto size = static_cast<std::uint32_t>(image.pixels.size() * 4);

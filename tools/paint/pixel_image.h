@@ -35,6 +35,9 @@ struct PixelImage {
     bool operator==(const PixelImage&) const = default;
 };
 
+/// Lays `picture` over `page` with its upper left corner at (x, y); what lies beyond the page is dropped.
+void layOver(PixelImage& page, const PixelImage& picture, int x, int y);
+
 /// The picture as a BMP file: 40-byte header, 32 bits a pixel, uncompressed, bottom-up, pixels from byte 54, straight
 /// alpha.
 std::vector<std::uint8_t> bmpBytes(const PixelImage& image);

@@ -7,6 +7,7 @@
 #include "command.h"
 #include "command_lists.h"
 #include "contact_sheet.h"
+#include "figure_sheet.h"
 #include "rooms.h"
 #include "whole_file.h"
 
@@ -94,6 +95,15 @@ void renderSheet(const Arguments& arguments) {
         failWith(kFailed, file + ": cannot be written");
 }
 
+void renderFigure(const Arguments& arguments) {
+    const std::string name = arguments.text("NAME");
+    const FigureDrawing* figure = findFigure(name);
+    if (figure == nullptr) failWith(kFailed, name + ": there is no such figure");
+    const std::string file = arguments.text("FILE");
+    if (!writePng(file, figureSheet(*figure, arguments.number("--percent", 100) / 100.0)))
+        failWith(kFailed, file + ": cannot be written");
+}
+
 }  // namespace
 
 std::vector<Command> renderCommands() {
@@ -114,6 +124,11 @@ std::vector<Command> renderCommands() {
          {word("FILE", "PNG file to write"), words("NAMES", "strips; without a name, all of them", false),
           number("--zoom", "how many times as large, 2 if not given", 1, 8)},
          renderSheet},
+        {"render figure",
+         "Draw a figure in all of its poses and expressions",
+         {word("NAME", "figure, such as grub"), word("FILE", "PNG file to write"),
+          number("--percent", "size, 100 if not given: as large as in play", 50, 1000)},
+         renderFigure},
     };
 }
 

@@ -32,6 +32,16 @@ std::span<const Room> rooms() { return kRooms; }
 
 const Room* findRoom(std::string_view name) { return findNamed(kRooms, name); }
 
+std::span<const FigureDrawing* const> figures() {
+    static const std::vector<const FigureDrawing*> known{};
+    return known;
+}
+
+const FigureDrawing* findFigure(std::string_view name) {
+    const auto found = std::ranges::find(figures(), name, [](const FigureDrawing* figure) { return figure->name; });
+    return found == figures().end() ? nullptr : *found;
+}
+
 const std::vector<StripDrawing>& allStrips() {
     static const std::vector<StripDrawing> strips = [] {
         std::vector<StripDrawing> all;

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "figure_drawing.h"
 #include "strip.h"
 
 namespace grub {
@@ -19,6 +20,12 @@ std::span<const Room> rooms();
 
 /// The room of that name, or null.
 const Room* findRoom(std::string_view name);
+
+/// The figures that pages can show.
+std::span<const FigureDrawing* const> figures();
+
+/// The figure of that name, or null.
+const FigureDrawing* findFigure(std::string_view name);
 
 /// The strips of all rooms.
 const std::vector<StripDrawing>& allStrips();

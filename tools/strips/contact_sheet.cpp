@@ -16,20 +16,6 @@ struct Placed {
     int y;
 };
 
-std::uint8_t blend(std::uint8_t over, std::uint8_t under, std::uint8_t alpha) {
-    return static_cast<std::uint8_t>((over * alpha + under * (255 - alpha) + 127) / 255);
-}
-
-void lay(PixelImage& sheet, const Placed& item) {
-    for (int y = 0; y < item.frame.height; ++y) {
-        for (int x = 0; x < item.frame.width; ++x) {
-            const Pixel p = item.frame.at(x, y);
-            Pixel& under = sheet.at(item.x + x, item.y + y);
-            under = {blend(p.r, under.r, p.a), blend(p.g, under.g, p.a), blend(p.b, under.b, p.a), 255};
-        }
-    }
-}
-
 PixelImage enlarged(const PixelImage& image, int zoom) {
     PixelImage large(image.width * zoom, image.height * zoom);
     for (int y = 0; y < large.height; ++y) {
@@ -61,7 +47,7 @@ PixelImage contactSheet(const std::vector<const StripDrawing*>& strips, int zoom
     }
     PixelImage sheet(kSheetWidth, y + rowHeight + kGap);
     std::fill(sheet.pixels.begin(), sheet.pixels.end(), kSheetGround);
-    for (const Placed& item : items) lay(sheet, item);
+    for (const Placed& item : items) layOver(sheet, item.frame, item.x, item.y);
     return enlarged(sheet, zoom);
 }
 
