@@ -187,10 +187,11 @@ TEST(LevelText, BringsEveryLevelBack) {
     }
 }
 
-TEST(BlockTable, GivesLinesTheEndsThatTheGameReads) {
+TEST(BlockTable, BecomesWhatTheGameReads) {
     TextError error;
-    EXPECT_EQ(packBlockTable("; c\n[6]\ntype=1\nspriteFire=88\nspriteRost=90\n", error),
-              "; c\r\n[6]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=90\r\n");
+    EXPECT_EQ(packBlockTable("; c\n[6]\ntype=1\nspriteFire=poly\\lom1\nspriteRost=poly\\vosstfull#2\n[7]\nsprite=90\n",
+                             error),
+              "; c\r\n[6]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=164\r\n[7]\r\nsprite=90\r\n");
     EXPECT_EQ(packBlockTable("[6]\r\ntype=2\r\n", error), "[6]\r\ntype=2\r\n");
 }
 
@@ -198,7 +199,10 @@ TEST(BlockTable, RefusesWhatTheGameWouldSkipOrMisread) {
     const SourceFault faults[] = {
         {"a section that is not closed", "[5\n", 1, "'[NUMBER]'"},
         {"a blank before the equals sign", "[5]\ntype =2\n", 2, "found 'type '"},
-        {"a picture that does not exist", "[5]\nsprite=34\n", 2, "a sprite number of the loading list, found '34'"},
+        {"a picture that does not exist", "[5]\nsprite=34\n", 2,
+         "a picture with a sprite number in the loading list, or such a number, found '34'"},
+        {"a picture that stands there once only", "[5]\nsprite=fon\\lamp#2\n", 2, "found 'fon\\lamp#2'"},
+        {"a picture of no block", "[5]\ntype=2\nsprite=grub\\ani_01\n", 3, "found 'grub\\ani_01'"},
         {"a name twice", "[5]\nname=a\n[6]\nname=a\n", 4, "each name once"},
         {"a floor that cannot grow back", "[6]\ntype=1\nspriteFire=88\n[7]\n", 1, "spriteFire and spriteRost"},
         {"a last line without an end", "[6]\ntype=2", 2, "wanted a line end"},

@@ -44,15 +44,15 @@ TEST(LevelPicture, ShowsAllOfALevelThatIsLargerThanTheScreen) {
     pictures.put("data\\gif\\steny\\modul.bmp", bmpBytes(halves(kRed, kRed)));
     pictures.put("data\\gif\\grub\\ani_08.bmp", withoutAlpha(halves(kKey, kGreen)));  // left is the colour key
     pictures.put("data\\gif\\kam_right.bmp", bmpBytes(halves(kGreen, kGlass)));       // is mirrored
-    LevelMap map(30, 20);
-    map.setHeroStart({28, 19});
+    LevelMap map(13, 29);
+    map.setHeroStart({12, 28});
     map.addObject({12, 9, object_code::kTorchRight});  // where four screens meet
 
     const LevelPicture picture = drawLevelPicture(map, pictures);
 
-    PixelImage wanted(30 * kCellSize, 20 * kCellSize);
+    PixelImage wanted(13 * kCellSize, 29 * kCellSize);
     std::fill(wanted.pixels.begin(), wanted.pixels.end(), kRed);
-    put(wanted, halves(kRed, kGreen), 28, 19);
+    put(wanted, halves(kRed, kGreen), 12, 28);
     put(wanted, halves(kGlassOnRed, kGreen), 12, 9);
     EXPECT_TRUE(picture.image == wanted);
     EXPECT_EQ(picture.missing.size(), loadingList().size() - 4) << "the hero's picture serves two rows of the list";

@@ -23,10 +23,37 @@ constexpr std::uint32_t kTableBuckets = 3000;
 constexpr std::array<std::string_view, 4> kSpriteKeys{"sprite", "spriteFire", "spriteRost", "spriteFon"};
 constexpr int kHighestBlockType = static_cast<int>(BlockType::SpawnPoint);
 
-bool isSpriteNumber(int number) {
-    const std::span<const LoadEntry> list = loadingList();
-    return std::any_of(list.begin(), list.end(),
-                       [number](const LoadEntry& entry) { return entry.spriteNumber == number; });
+bool isSpriteKey(std::string_view key) {
+    return std::find(kSpriteKeys.begin(), kSpriteKeys.end(), key) != kSpriteKeys.end();
+}
+
+/// The sprite number of a picture that a table names by its file, or by the number itself. "FILE#2" is the second entry
+/// of the loading list with this file.
+std::optional<int> spriteNumberOf(std::string_view picture) {
+    const auto number = numberIn<std::uint16_t>(picture);
+    const std::string_view stem = picture.substr(0, picture.find('#'));
+    int place = stem == picture ? 1 : numberIn<std::uint8_t>(picture.substr(stem.size() + 1)).value_or(0);
+    for (const LoadEntry& entry : loadingList()) {
+        if (entry.spriteNumber == kNoSpriteNumber) continue;
+        if (number ? entry.spriteNumber == *number : entry.stem == stem && --place == 0) return entry.spriteNumber;
+    }
+    return std::nullopt;
+}
+
+/// The line as the game reads it, with the number of a picture in place of its file.
+std::string numberedLine(std::string_view line) {
+    const IniLine parsed = parseIniLine(line);
+    const bool namesPicture = parsed.kind == IniLine::Kind::Entry && isSpriteKey(parsed.name);
+    const auto number = namesPicture ? spriteNumberOf(parsed.value) : std::nullopt;
+    return number ? std::string(parsed.name) + "=" + std::to_string(*number) : std::string(line);
+}
+
+/// All lines of a table as the game reads them. What does not end in a line end stays as it is.
+std::string numbered(std::string_view table) {
+    std::string text;
+    const std::string_view rest =
+        forEachIniLine(table, [&](std::string_view line) { text.append(numberedLine(line)).append("\r\n"); });
+    return text.append(rest);
 }
 
 /// Reads the table line by line. A handler fills the error before it returns false.
@@ -83,13 +110,14 @@ private:
         if (sectionLine_ == 0) return fail("a section before the first key", key);
         if (!section_.emplace(key, 0).second) return fail("each key once in a section", key);
         if (key == "name") return name(value);
-        const bool isSprite = std::find(kSpriteKeys.begin(), kSpriteKeys.end(), key) != kSpriteKeys.end();
-        if (key != "type" && !isSprite) return fail("name, type, sprite, spriteFire, spriteRost or spriteFon", key);
+        if (isSpriteKey(key))
+            return spriteNumberOf(value).has_value() ||
+                   fail("a picture with a sprite number in the loading list, or such a number", value);
+        if (key != "type") return fail("name, type, sprite, spriteFire, spriteRost or spriteFon", key);
         const auto number = numberIn<std::uint16_t>(value);
-        if (!number) return fail("decimal digits and nothing else", value);
+        if (!number || *number > kHighestBlockType) return fail("a block type from 0 to 9", value);
         section_.find(key)->second = *number;
-        if (isSprite) return isSpriteNumber(*number) || fail("a sprite number of the loading list", value);
-        return *number <= kHighestBlockType || fail("a block type from 0 to 9", value);
+        return true;
     }
 
     bool name(std::string_view value) {
@@ -146,6 +174,14 @@ std::vector<const Block*> BlockPalette::variants(const Block& first) const {
     }
 }
 
+TableSource::TableSource(std::span<const std::uint8_t> table)
+    : table_(numbered({reinterpret_cast<const char*>(table.data()), table.size()})) {}
+
+SharedBuffer TableSource::buffer() const {
+    return SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(table_.data()),
+                              static_cast<std::uint32_t>(table_.size()));
+}
+
 std::optional<LevelMap> levelMapOf(std::span<const std::uint8_t> level, ResourceSource& levels, std::string& reason) {
     const auto file = readLevelFile(level, reason);
     if (!file) return std::nullopt;
@@ -159,14 +195,11 @@ std::optional<LevelMap> levelMapOf(std::span<const std::uint8_t> level, Resource
 
 std::optional<std::string> packBlockTable(std::string_view text, TextError& error) {
     TableChecker checker(error);
-    std::string packed;
     bool good = true;
-    const std::string_view rest = forEachIniLine(text, [&](std::string_view line) {
-        good = good && checker.read(line);
-        packed.append(line).append("\r\n");
-    });
+    const std::string_view rest =
+        forEachIniLine(text, [&](std::string_view line) { good = good && checker.read(line); });
     if (!good || !checker.finishSection()) return std::nullopt;
-    if (rest.empty()) return packed;
+    if (rest.empty()) return numbered(text);
     const auto lines = std::count(text.begin(), text.end(), '\n');
     error = wantedButFound(static_cast<int>(lines) + 1, "a line end", "the end of the file");
     return std::nullopt;

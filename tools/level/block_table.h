@@ -6,7 +6,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "level_list.h"
@@ -49,20 +48,18 @@ private:
 /// A levels package that holds nothing but a block table.
 class TableSource final : public ResourceSource {
 public:
-    /// `table` is the bytes of a typeblok.ini.
-    explicit TableSource(std::vector<std::uint8_t> table) : table_(std::move(table)) {}
+    /// `table` is the bytes of a typeblok.ini, of the source or of a package.
+    explicit TableSource(std::span<const std::uint8_t> table);
 
     [[nodiscard]] bool exists(const EngineString& name) override { return name.view() == kBlockTableName; }
     [[nodiscard]] SharedBuffer load(const EngineString& name) override {
         return exists(name) ? buffer() : SharedBuffer();
     }
-    /// The whole table; a view of bytes that this object owns.
-    [[nodiscard]] SharedBuffer buffer() const {
-        return SharedBuffer::view(table_.data(), static_cast<std::uint32_t>(table_.size()));
-    }
+    /// The whole table as the game reads it; a view of bytes that this object owns.
+    [[nodiscard]] SharedBuffer buffer() const;
 
 private:
-    std::vector<std::uint8_t> table_;
+    std::string table_;
 };
 
 /// The map that the game builds from the bytes of a level file and the block table in `levels`. The picture numbers are
@@ -71,10 +68,11 @@ private:
 [[nodiscard]] std::optional<LevelMap> levelMapOf(std::span<const std::uint8_t> level, ResourceSource& levels,
                                                  std::string& reason);
 
-/// Checks the source of a block table and gives its lines the end that the package needs, CR LF. The game skips what it
-/// does not understand and says nothing, so this function refuses each line that the game would skip or misread, and
-/// each block that could not be played: a floor without pictures of breaking and growing back, an exit without a door.
-/// Nothing then, and `error` says why.
+/// Checks the source of a block table and makes the package's table of it: with the sprite number of each picture that
+/// the source names by its file, and with CR LF as the end of each line. The game skips what it does not understand and
+/// says nothing, so this function refuses each line that the game would skip or misread, and each block that could not
+/// be played: a floor without pictures of breaking and growing back, an exit without a door. Nothing then, and `error`
+/// says why.
 [[nodiscard]] std::optional<std::string> packBlockTable(std::string_view text, TextError& error);
 
 }  // namespace grub

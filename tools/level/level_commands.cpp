@@ -138,7 +138,7 @@ std::vector<Command> levelCommands() {
           option("--art", "folder of rendered pictures, as build/PRESET/content/data64/data/gif", true)},
          picture},
         {"level blocks",
-         "Check a block table and give its lines the ends that the game wants",
+         "Check a block table and make the one of the package",
          {word("SOURCE", "block table"), word("OUT", "block table to write")},
          blocks},
     };

@@ -131,7 +131,7 @@ void checkLevels(const PackageContents& package, Findings& findings) {
     const std::string_view text(reinterpret_cast<const char*>(table->data()), table->size());
     if (contentFault(kBlockTableName, *table).empty() && !packBlockTable(text, error))
         findings.push_back({std::string(kBlockTableName), "line " + std::to_string(error.line) + ": " + error.message});
-    TableSource blocks({table->begin(), table->end()});
+    TableSource blocks(*table);
     const BlockPalette palette(blocks.buffer());
     for (const PackageEntry& entry : package.entries) {
         const auto bytes = isLevel(entry) ? package.bytesOf(entry) : std::nullopt;
