@@ -93,6 +93,12 @@ void Canvas::flat(const VectorPath& path, Rgb colour, const FlatStyle& style) {
     layer().fill(mask, colour, style.alpha);
 }
 
+void Canvas::stamp(const PixelImage& picture, Point at) {
+    const Point corner = place_.apply(at);
+    const auto wholePixel = [this](double v) { return static_cast<int>(std::lround(v / sampling_)) * sampling_; };
+    layer().stamp(picture, wholePixel(corner.x), wholePixel(corner.y), sampling_);
+}
+
 void Canvas::glow(Point centre, double radius, Rgb colour, float strength) {
     layer().glow(place_.apply(centre), radius * place_.magnification(), colour, strength);
 }
@@ -108,6 +114,10 @@ void Canvas::haloBetween(Point centre, double side, double up, double down, Rgb 
 
 void Canvas::shadeRows(double y0, double y1, float above, float below, const Mask* clip) {
     layer().shadeRows(place_.apply({0, y0}).y, place_.apply({0, y1}).y, above, below, clip);
+}
+
+void Canvas::dimAround(Point centre, double radius, float dark) {
+    layer().dimAround(place_.apply(centre), radius * place_.magnification(), dark);
 }
 
 void Canvas::border(double width, const Material& material) {

@@ -116,6 +116,8 @@ public:
     void part(const VectorPath& path, const Material& material, const PartStyle& style = {});
     /// An area of one colour without line or shadow.
     void flat(const VectorPath& path, Rgb colour, const FlatStyle& style = {});
+    /// A finished picture, pixel for pixel, its upper left corner at the whole pixel nearest to `at`.
+    void stamp(const PixelImage& picture, Point at);
     /// Light that is added to what is there already, fading with the square of the distance.
     void glow(Point centre, double radius, Rgb colour, float strength);
     /// Light as a translucent disc of its own, for pictures that lie over others.
@@ -124,6 +126,8 @@ public:
     void haloBetween(Point centre, double side, double up, double down, Rgb colour, float strength);
     /// Multiplies brightness: `above` down to row `y0`, `below` from row `y1` on, evenly between.
     void shadeRows(double y0, double y1, float above, float below, const Mask* clip = nullptr);
+    /// Darkness around a light: brightness is untouched at `centre` and falls to the share `dark` at `radius`.
+    void dimAround(Point centre, double radius, float dark);
     /// A line of `width` around all that has been drawn, under it.
     void outline(double width, Rgb ink = kInk);
     /// A raised rim of `width` with a line of its own around all that has been drawn, under it.

@@ -128,6 +128,18 @@ void Layer::drawSurface(const Mask& mask, const Material& material, double bevel
     }
 }
 
+void Layer::stamp(const PixelImage& picture, int x, int y, int side) {
+    const Box box = Box{x, y, x + picture.width * side, y + picture.height * side}.within(box_);
+    touch(box);
+    for (int row = box.y0; row < box.y1; ++row) {
+        for (int column = box.x0; column < box.x1; ++column) {
+            const Pixel p = picture.at((column - x) / side, (row - y) / side);
+            lay(column, row, rgb(static_cast<std::uint32_t>(p.r << 16 | p.g << 8 | p.b)),
+                static_cast<float>(p.a) / 255);
+        }
+    }
+}
+
 // ---- light
 
 void Layer::glow(Point centre, double radius, Rgb colour, float strength) {
@@ -154,6 +166,16 @@ void Layer::halo(Point centre, double side, double up, double down, Rgb colour, 
         for (int x = lit.x0; x < lit.x1; ++x) {
             const float near = clamp01(static_cast<float>(1 - std::hypot((x + 0.5 - centre.x) / side, v)));
             if (near > 0) lay(x, y, colour, near * near * strength);
+        }
+    }
+}
+
+void Layer::dimAround(Point centre, double radius, float dark) {
+    for (int y = touched_.y0; y < touched_.y1; ++y) {
+        for (int x = touched_.x0; x < touched_.x1; ++x) {
+            const double away = std::hypot(x + 0.5 - centre.x, y + 0.5 - centre.y) / radius;
+            Sample& s = sample(x, y);
+            s.colour = s.colour * mix(1, dark, smoothstep(0, 1, static_cast<float>(away)));
         }
     }
 }

@@ -5,6 +5,7 @@
 
 #include "mask.h"
 #include "material.h"
+#include "pixel_image.h"
 #include "vector_path.h"
 
 namespace grub {
@@ -44,12 +45,17 @@ public:
     void drawSurface(const Mask& mask, const Material& material, double bevel, double magnification, int origin,
                      float alpha);
 
+    /// Lays a finished picture with its corner at sample (x, y), a square of `side` samples a pixel.
+    void stamp(const PixelImage& picture, int x, int y, int side);
+
     // ---- light
 
     /// Added light around `centre`, inside `radius` samples.
     void glow(Point centre, double radius, Rgb colour, float strength);
     /// A disc of light that reaches `side` samples to both sides, `up` and `down`.
     void halo(Point centre, double side, double up, double down, Rgb colour, float strength);
+    /// Multiplies brightness: 1 at `centre`, down to `dark` from `radius` samples on.
+    void dimAround(Point centre, double radius, float dark);
     /// Multiplies brightness by `above` down to row `y0`, by `below` from row `y1` on, and evenly between.
     void shadeRows(double y0, double y1, float above, float below, const Mask* clip);
 

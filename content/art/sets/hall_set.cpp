@@ -1,0 +1,77 @@
+#include "hall_set.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <span>
+#include <string_view>
+
+#include "jelezo_room.h"
+#include "podval_room.h"
+#include "surface.h"
+#include "turma_room.h"
+
+namespace grub {
+
+namespace {
+
+constexpr int kCell = 64;
+
+/// The strips that a hall is built of.
+struct HallTiles {
+    std::span<const StripDrawing> (*room)();
+    std::array<std::string_view, 3> walls;  // mixed at will
+    std::array<std::string_view, 2> floors;
+    std::array<std::string_view, 2> under;  // floor under a floor
+};
+
+constexpr std::array kHalls{
+    HallTiles{turmaRoom,
+              {"steny\\modul", "steny\\modul01", "steny\\modul02"},
+              {"steny\\modul_pol_11a", "poly\\modul_pol"},
+              {"poly\\modul_pol01", "poly\\modul_pol02"}},
+    HallTiles{jelezoRoom,
+              {"sten_jel\\fon_jel", "fon\\modul4", "fon\\modul6"},
+              {"poly\\pol_jel", "jelezo\\pol_der"},
+              {"jelezo\\pol_der_full", "poly\\pj"}},
+    HallTiles{podvalRoom,
+              {"fon\\modul02", "fon\\modul2", "fon\\modul02"},
+              {"poly\\tr_pol1", "poly\\tr_pol2"},
+              {"poly\\tr_pol3", "poly\\tr_pol4"}},
+};
+
+/// The first frame of a strip, drawn once. Any thread may ask.
+const PixelImage& tile(const HallTiles& hall, std::string_view name) {
+    static std::mutex mutex;
+    static std::map<std::string_view, PixelImage> drawn;
+    const std::scoped_lock lock(mutex);
+    if (const auto known = drawn.find(name); known != drawn.end()) return known->second;
+    const auto strips = hall.room();
+    const auto strip = std::ranges::find(strips, name, &StripDrawing::name);
+    return drawn.emplace(name, strip == strips.end() ? PixelImage{} : renderFrame(*strip, 0)).first->second;
+}
+
+/// One of the variants, the first more often than the others.
+template <std::size_t N>
+std::string_view mixed(const std::array<std::string_view, N>& variants, int column, int row) {
+    const float share = randomShare(static_cast<std::uint32_t>(column), static_cast<std::uint32_t>(row), 17);
+    return variants[static_cast<std::size_t>(share * share * N)];
+}
+
+}  // namespace
+
+void drawHall(Canvas& canvas, const HallSet& set, Point corner) {
+    const HallTiles& hall = kHalls[static_cast<std::size_t>(set.hall)];
+    for (int row = 0; row < set.rows; ++row) {
+        for (int column = 0; column < set.columns; ++column) {
+            const Point at = corner + Point{column * 1.0 * kCell, row * 1.0 * kCell};
+            canvas.stamp(tile(hall, mixed(hall.walls, column, row)), at);
+            if (row < set.floorRow) continue;
+            canvas.stamp(tile(hall, mixed(row == set.floorRow ? hall.floors : hall.under, column, row)), at);
+        }
+    }
+}
+
+}  // namespace grub
