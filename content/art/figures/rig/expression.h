@@ -24,6 +24,8 @@ struct Expression {
     double browTilt = 0;
     Eyes eyes = Eyes::Round;
     Mouth mouth = Mouth::Smile;
+    /// How far the chin is raised, and the features with it, in pixels.
+    double chin = 0;
     /// Share of a turn that the stars of dizzy eyes have gone round.
     double stars = 0.08;
 };
@@ -37,9 +39,16 @@ inline constexpr Expression kAngry{
 inline constexpr Expression kDizzy{
     .look = {}, .browHeight = 0.6, .browTilt = -0.25, .eyes = Eyes::Spiral, .mouth = Mouth::Open};
 inline constexpr Expression kAsleep{.look = {}, .lid = 1, .mouth = Mouth::Pout};
-inline constexpr Expression kProud{.look = {0.5, -0.3}, .lid = 0.35, .browHeight = 1, .mouth = Mouth::Smile};
+inline constexpr Expression kProud{
+    .look = {0.5, -0.3}, .lid = 0.35, .browHeight = 1, .mouth = Mouth::Smile, .chin = 1.4};
 inline constexpr Expression kSad{
     .look = {0.2, 0.6}, .lid = 0.2, .browHeight = 0.8, .browTilt = -0.4, .mouth = Mouth::Frown};
+
+/// The same expression with another look.
+constexpr Expression looking(Point look, Expression expression) {
+    expression.look = look;
+    return expression;
+}
 
 struct NamedExpression {
     std::string_view name;

@@ -37,6 +37,8 @@ struct ArmPose {
     Held held = {};
     /// Moves the shoulder away from its place on the body.
     Point shoulder = {};
+    /// Turn of a paw that walks; toe up is negative.
+    double paw = 0;
 };
 
 /// A leg or a hind leg.
@@ -73,6 +75,8 @@ struct Pose {
     double lean = 0;
     /// Share by which the body is shorter, and as much wider.
     double squash = 0;
+    /// A body on four legs hangs under them: it lies upside down, and its head stays upright.
+    bool bellyUp = false;
     HeadPose head = {};
     ArmPose nearArm;
     ArmPose farArm;
