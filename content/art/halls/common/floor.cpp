@@ -41,25 +41,34 @@ Loosening looseningOf(const Stone& stone, std::size_t index, std::uint32_t seed)
             0.22 * (randomShare(n, 3, seed) - 0.5)};
 }
 
-/// The broken end of a stone that stays in the wall of a hole: `inward` 1 at the left wall, -1 at the right one.
-void drawStub(Canvas& canvas, Point wall, double inward, double reach, Rgb colour) {
-    const auto at = [&](double in, double down) { return Point{wall.x + in * inward, wall.y + down}; };
-    canvas.part(polygon({at(-8, 1), at(reach - 1.5, 1), at(reach + 0.6, 5), at(reach - 1, 8.5), at(reach + 1, 12),
-                         at(reach - 1.6, 16), at(-8, 16)},
-                        1.5),
-                stony(colour, 0.9F, 0.12F), {.bevel = 2.6, .line = 1, .shadow = 0.3F});
+/// Ragged rests in the walls of a hole, which crumble away while `time` goes from 0 to 1.
+void drawRaggedWalls(Canvas& canvas, const FloorKind& kind, Storey storey, double time, std::uint32_t seed) {
+    constexpr double kToothEvery = 6;
+    const double top = storey == Storey::Top ? kCapTop + 0.6 : -4;
+    const Material surface = stony(mix(kind.palette.floorMortar, kind.palette.floor[1], 0.4F), 0.6F, 0.1F);
+    for (const double inward : {1.0, -1.0}) {
+        const double wall = inward > 0 ? 0 : kCellSize;
+        std::vector<Point> edge{{wall - 8 * inward, kBottom}, {wall - 8 * inward, top}};
+        for (std::uint32_t tooth = 0; top + tooth * kToothEvery < kBottom; ++tooth) {
+            const double length = 3.6 * (1 - time) * (0.4 + randomShare(tooth, inward > 0 ? 4 : 5, seed));
+            edge.push_back({wall + length * inward, top + tooth * kToothEvery});
+        }
+        edge.push_back({wall, kBottom});
+        canvas.part(polygon(edge, 0.6), surface, {.bevel = 1, .line = 0.5, .shadow = 0});
+    }
 }
 
-/// The walls of the hole: every other course is bonded into the neighbour and leaves a broken end.
-void drawStubs(Canvas& canvas, const FloorKind& kind, std::uint32_t seed) {
-    for (std::uint32_t course = 0; course < 3; ++course) {
-        for (const bool right : {false, true}) {
-            const std::uint32_t n = course * 2 + (right ? 1 : 0);
-            const double reach = (course % 2 == 1 ? 5.5 : 2) + 2 * randomShare(n, 4, seed);
-            drawStub(canvas, {right ? kCellSize : 0, 13.0 + 17 * course}, right ? -1 : 1, reach,
-                     varied(kind.palette.floor[n % 3], 32 + n, 0.05F) * 0.72F);
-        }
-    }
+/// The line and the shade at both sides of a hole: they end the floor beside it. Between two open holes, where nothing
+/// is left to end, they hardly show against the wall behind.
+void drawHoleSides(Canvas& canvas, Storey storey) {
+    constexpr int kShades = 4;
+    const double top = storey == Storey::Top ? kCapTop : 0;
+    const auto side = [&](double width, float alpha) {
+        for (const double left : {0.0, kCellSize - width})
+            canvas.flat(rectangle(left, top, width, kBottom - top), kInk, {.alpha = alpha});
+    };
+    side(0.75, 0.5F);
+    for (int i = 1; i <= kShades; ++i) side(1.3 * i, 0.09F);
 }
 
 /// Crumbs that fall out of the broken ends and through the hole, until the last frame.
@@ -162,10 +171,11 @@ void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey s
         return;
     }
     const double time = frame.index;
-    drawStubs(canvas, kind, seed);
+    drawRaggedWalls(canvas, kind, storey, frame.progress(), seed);
     drawCrumbs(canvas, kind, time, seed);
     drawFallingStones(canvas, kind, storey, time, seed);
     canvas.outline(0.5);
+    drawHoleSides(canvas, storey);
     drawDust(canvas, time, seed);
 }
 
@@ -176,7 +186,7 @@ void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey st
         canvas.glow({32, 5}, 38, kSeam, 0.3F);
         return;
     }
-    drawStubs(canvas, kind, 1);
+    drawHoleSides(canvas, storey);
     const std::vector<Point> edge = grownEdge(row);
     std::vector<Point> grown = edge;
     grown.insert(grown.end(), {{104, 104}, {-40, 104}});
