@@ -22,6 +22,12 @@ VectorPath floorBody(FloorEnds ends, double top) {
     return rectangle(left, top, right - left, kBottom - top, 3);
 }
 
+/// Floors grow darker towards the foot, more so below another one.
+void shadeFace(Canvas& canvas, Storey storey) {
+    if (storey == Storey::Under) return canvas.shadeRows(0, 64, 0.86F, 0.66F);
+    canvas.shadeRows(16, 64, 1.04F, 0.72F);
+}
+
 // ---- breaking: the hit lands while frame 0 is shown, then cap and bricks tip into the hole
 
 constexpr double kGravity = 3.2;  // px a frame squared
@@ -96,6 +102,7 @@ void drawHitCracks(Canvas& canvas) {
 }
 
 void drawFallingStones(Canvas& canvas, const FloorKind& kind, Storey storey, double time, std::uint32_t seed) {
+    const auto stones = canvas.group();
     for (std::size_t i = kind.stones.size(); i-- > 0;) {
         const Stone& stone = kind.stones[i];
         const Loosening way = looseningOf(stone, i, seed);
@@ -109,6 +116,7 @@ void drawFallingStones(Canvas& canvas, const FloorKind& kind, Storey storey, dou
         const auto back = canvas.placed(centre * -1);
         kind.drawStone(canvas, i, storey);
     }
+    shadeFace(canvas, storey);
 }
 
 void drawDust(Canvas& canvas, double time, std::uint32_t seed) {
@@ -159,9 +167,8 @@ void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear w
     canvas.part(body, stony(kind.palette.floorMortar * (top ? 1 : 0.8F), 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
     const Mask inside = canvas.mask(body);
     kind.drawFace(canvas, storey, wear, &inside);
-    if (!top) return canvas.shadeRows(0, 64, 0.86F, 0.66F);
-    canvas.shadeRows(16, 64, 1.04F, 0.72F);
-    kind.drawCap(canvas, &inside);
+    shadeFace(canvas, storey);
+    if (top) kind.drawCap(canvas, &inside);
 }
 
 void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey, std::uint32_t seed) {

@@ -106,6 +106,9 @@ constexpr std::array kStrips{
     StripDrawing{"poly\\pj", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
     StripDrawing{"jelezo\\animation_floor_iron_01", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 5>},
     StripDrawing{"jelezo\\animation_floor_iron_close01", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Top>},
+    // Under a floor; shut doors, which these files are named after, are the first frames of door_a to door_d.
+    StripDrawing{"dveri\\modul_dver_1a", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Under, 7>},
+    StripDrawing{"dveri\\modul_dver_1b", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Under>},
 };
 
 }  // namespace

@@ -114,6 +114,9 @@ constexpr std::array kStrips{
     StripDrawing{"poly\\tr_pol4", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
     StripDrawing{"poly\\truba_za1", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 6>},
     StripDrawing{"poly\\truba_za2", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Top>},
+    // Under a floor; shut doors, which these files are named after, are the first frames of door_a to door_d.
+    StripDrawing{"dveri\\modul_dver_1c", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Under, 8>},
+    StripDrawing{"dveri\\modul_dver_1d", 64, 64, 8, kJoined, drawGrow<kFloor, Storey::Under>},
 };
 
 }  // namespace

@@ -23,10 +23,6 @@ constexpr std::array kStrips{
     StripDrawing{"dveri\\door_b", 64, 64, kOpening, Ground::Clear, drawOpening<kWoodSquare>},
     StripDrawing{"dveri\\door_c", 64, 64, kOpening, Ground::Clear, drawOpening<kBarArch>},
     StripDrawing{"dveri\\door_d", 64, 64, kOpening, Ground::Clear, drawOpening<kBarSquare>},
-    StripDrawing{"dveri\\modul_dver_1a", 64, 64, 1, Ground::Clear, drawShut<kWoodArch>},
-    StripDrawing{"dveri\\modul_dver_1b", 64, 64, 1, Ground::Clear, drawShut<kWoodSquare>},
-    StripDrawing{"dveri\\modul_dver_1c", 64, 64, 1, Ground::Clear, drawShut<kBarArch>},
-    StripDrawing{"dveri\\modul_dver_1d", 64, 64, 1, Ground::Clear, drawShut<kBarSquare>},
 };
 
 }  // namespace

@@ -74,12 +74,10 @@ constexpr std::size_t kCapStones = 2;
 /// Under another floor the cap slabs are bricks.
 void drawFloorStone(Canvas& canvas, std::size_t index, Storey storey) {
     const Stone& stone = kStones[index];
-    const bool under = storey == Storey::Under;
-    const bool cap = index < kCapStones && !under;
+    const bool cap = index < kCapStones && storey == Storey::Top;
     const double gap = cap ? 1.0 : kJoint;
-    Material surface = cap ? capMaterial(stone.number) : brickMaterial(stone.number);
-    if (under) surface = stony(brickColour(stone.number) * 0.84F, 1.1F, 0.12F);
-    canvas.part(rectangle(stone.x + gap / 2, stone.y + gap / 2, stone.width - gap, stone.height - gap, 3), surface,
+    canvas.part(rectangle(stone.x + gap / 2, stone.y + gap / 2, stone.width - gap, stone.height - gap, 3),
+                cap ? capMaterial(stone.number) : brickMaterial(stone.number),
                 {.bevel = 3.4, .line = 0.9, .shadow = 0.2F});
 }
 
