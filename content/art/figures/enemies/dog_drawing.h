@@ -1,5 +1,6 @@
 #pragma once
 
+#include "face.h"
 #include "figure.h"
 
 namespace grub {

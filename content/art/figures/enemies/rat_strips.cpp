@@ -3,6 +3,7 @@
 #include <array>
 #include <numbers>
 
+#include "face.h"
 #include "figure.h"
 #include "motion.h"
 #include "shapes.h"

@@ -39,6 +39,8 @@ struct ArmPose {
     Point shoulder = {};
     /// Turn of a paw that walks; toe up is negative.
     double paw = 0;
+    /// A far arm lies over the body, as when both hands hold one thing.
+    bool acrossBody = false;
 };
 
 /// A leg or a hind leg.

@@ -1,0 +1,123 @@
+#include "face.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "motion.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+/// Pale, since gold is kept for what can be taken.
+constexpr Material kStar = glossy(material(0xfdf3e4, 0xb9a3c9, 0xffffff), 0.5F);
+
+constexpr double kWideBall = 1.13;
+constexpr double kWidePupil = 0.7;
+
+void drawPupil(Canvas& canvas, Point at, double radius, double size, const Mask& inEye, const EyeStyle& style) {
+    const Point half = style.pupilShape * (radius * size);
+    canvas.flat(ellipse(at, half.x, half.y), style.pupil, {.clip = &inEye});
+    canvas.flat(ellipse(at + Point{0, half.y * 0.5}, half.x * 0.6, half.y * 0.34), mix(style.pupil, kStar.base, 0.45F),
+                {.alpha = 0.6F, .clip = &inEye});
+    canvas.flat(circle(at + Point{-half.x * 0.36, -half.y * 0.42}, half.x * 0.38), rgb(0xffffff));
+    canvas.flat(circle(at + Point{half.x * 0.42, half.y * 0.3}, half.x * 0.15), rgb(0xffffff), {.clip = &inEye});
+}
+
+/// The upper lid, its edge curved like the ball, with the lashes as a line on it.
+void drawLid(Canvas& canvas, Point at, double radius, double nose, const Expression& expression, const Mask& inEye,
+             const EyeStyle& style) {
+    const double slant = std::tan(expression.browTilt) * 0.9 * nose;
+    // An open lid begins above the ball, a shut one ends below its middle.
+    const double edge = at.y + radius * style.shape.y * (1.5 * expression.lid - 1);
+    const double half = 1.6 * radius;
+    const double bulge = radius * (0.5 * expression.lid - 0.05);
+    const Point left{at.x - half, edge - slant * half - bulge * 0.5};
+    const Point right{at.x + half, edge + slant * half - bulge * 0.5};
+    const Point low{0, bulge};
+    VectorPath lid;
+    lid.moveTo(left).curveTo(mix(left, right, 0.3) + low, mix(left, right, 0.7) + low, right);
+    VectorPath lash = lid;
+    lid.lineTo({right.x, at.y - 3 * radius}).lineTo({left.x, at.y - 3 * radius}).close();
+    canvas.part(lid, style.lid, {.bevel = 2, .line = 0, .shadow = 0.2F, .clip = &inEye});
+    canvas.flat(lash, style.lid.ink, {.stroke = 0.22 * radius, .clip = &inEye});
+}
+
+/// A ball all covered by its lid, over a line with three lashes.
+void drawShutEye(Canvas& canvas, Point at, double radius, double nose, const EyeStyle& style) {
+    canvas.part(ellipse(at, radius * style.shape.x, radius * style.shape.y), style.lid,
+                {.bevel = radius * 0.9, .line = 0.7, .shadow = 0.15F});
+    const double stroke = 0.28 * radius;
+    const double half = radius * style.shape.x * 0.92;
+    const Point low = at + Point{0, radius * 0.22};
+    canvas.flat(curve({low - Point{half, 0}, low + Point{-half * 0.5, radius * 0.62},
+                       low + Point{half * 0.5, radius * 0.62}, low + Point{half, 0}}),
+                style.pupil, {.stroke = stroke});
+    for (const double place : {0.35, 0.95}) {
+        const Point root = low + Point{-nose * half * place, radius * 0.45 * (1 - place * place)};
+        canvas.flat(polyline({root, root + Point{-nose * radius * 0.3, radius * 0.34}}), style.pupil,
+                    {.stroke = stroke * 0.8});
+    }
+}
+
+}  // namespace
+
+void drawEye(Canvas& canvas, Point at, double radius, double nose, const Expression& expression,
+             const EyeStyle& style) {
+    constexpr double kShut = 0.9;
+    if (expression.lid >= kShut) return drawShutEye(canvas, at, radius, nose, style);
+    const bool wide = expression.eyes == Eyes::Wide;
+    if (wide) radius *= kWideBall;
+    const VectorPath ball = ellipse(at, radius * style.shape.x, radius * style.shape.y);
+    if (expression.eyes == Eyes::Spiral) {
+        canvas.part(ball, kEnamel, {.bevel = 2, .line = 0.8, .shadow = 0.2F});
+        drawSpiral(canvas, at, radius * 0.88, style.pupil);
+        return;
+    }
+    canvas.part(ball, style.ball, {.bevel = 2, .line = 0.8, .shadow = 0.2F});
+    const Mask inEye = canvas.mask(ball);
+    drawPupil(canvas, at + expression.look * (radius * style.reach), radius, wide ? kWidePupil : 1, inEye, style);
+    if (expression.lid > 0) drawLid(canvas, at, radius, nose, expression, inEye, style);
+}
+
+void drawBrow(Canvas& canvas, Point at, double nose, const Expression& expression, const BrowStyle& style) {
+    const auto turned = canvas.placed(at - Point{0, expression.browHeight}, expression.browTilt * nose, nose, 1);
+    const double inner = style.half;
+    const double outer = -style.half;
+    const double thick = style.thickness;
+    // A turned brow is straight: the arch belongs to a calm face.
+    const double arch = style.arch * std::max(0.0, 1 - std::abs(expression.browTilt) * 2);
+    VectorPath brow;
+    brow.moveTo({outer, arch * 0.5})
+        .curveTo({outer * 0.4, -arch - thick * 0.4}, {inner * 0.4, -arch - thick * 0.6}, {inner, -thick * 0.5})
+        .curveTo({inner + thick * 0.5, -thick * 0.2}, {inner + thick * 0.4, thick * 0.5}, {inner, thick * 0.5})
+        .curveTo({inner * 0.4, thick * 0.5 - arch}, {outer * 0.4, thick * 0.4 - arch}, {outer, arch * 0.5})
+        .close();
+    canvas.flat(brow, style.colour);
+}
+
+void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour) {
+    constexpr int kSteps = 26;
+    constexpr double kTurns = 1.9;
+    VectorPath path;
+    for (int i = 0; i <= kSteps; ++i) {
+        const double share = static_cast<double>(i) / kSteps;
+        const double angle = 2 * std::numbers::pi * kTurns * share;
+        const Point p = at + Point{std::cos(angle), std::sin(angle)} * (radius * share);
+        i == 0 ? path.moveTo(p) : path.lineTo(p);
+    }
+    canvas.flat(path, colour, {.stroke = 1});
+}
+
+void drawDizzyStars(Canvas& canvas, Point centre, double rx, double ry, double turn) {
+    for (int i = 0; i < 3; ++i) {
+        const double at = turn + i / 3.0;
+        const Point p = centre + Point{rx * wave(at + 0.25), ry * wave(at)};
+        const double size = 3.3 + 0.6 * wave(at);
+        canvas.part(star(p, 5, size, size * 0.5, 0.6), kStar, {.bevel = 1.6, .line = 1, .shadow = 0.2F});
+    }
+}
+
+}  // namespace grub
