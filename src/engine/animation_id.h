@@ -4,7 +4,7 @@
 /// name; the strips that only the block table names have bare numbers there.
 namespace grub::animation {
 
-// What a cell shows whose block names no strip, by the cell's type.
+/// What a cell shows whose block names no strip, by the cell's type.
 inline constexpr int kPlainWall = 0;
 inline constexpr int kPlainSolid = 2;
 inline constexpr int kPlainFloor = 3;
@@ -14,7 +14,7 @@ inline constexpr int kPlainLadder = 5;
 /// The digits 0 to 9 of points that rise.
 inline constexpr int kScoreDigits = 6;
 
-// Grub. A view from behind or from the front serves both directions.
+/// Grub. A view from behind or from the front serves both directions.
 inline constexpr int kHeroWalkLeft = 1;
 inline constexpr int kHeroWalkRight = 76;
 inline constexpr int kHeroHangLeft = 77;
@@ -28,7 +28,7 @@ inline constexpr int kHeroFrontBlink = 153;  // loaded; no rule chooses a front 
 inline constexpr int kHeroStandLeft = 333;
 inline constexpr int kHeroStandRight = 334;
 
-// Grub inside the shield.
+/// Grub inside the shield.
 inline constexpr int kShieldWalkLeft = 132;
 inline constexpr int kShieldWalkRight = 133;
 inline constexpr int kShieldClimb = 136;
@@ -42,7 +42,7 @@ inline constexpr int kShieldFront = 155;
 inline constexpr int kShieldFall = 156;
 inline constexpr int kShieldFrontBlink = 157;
 
-// The dog.
+/// The dog.
 inline constexpr int kDogWalkLeft = 90;
 inline constexpr int kDogWalkRight = 91;
 inline constexpr int kDogHangLeft = 92;
@@ -52,7 +52,7 @@ inline constexpr int kDogTrapped = 95;
 inline constexpr int kDogStill = 96;
 inline constexpr int kDogEscape = 244;
 
-// The lady.
+/// The lady.
 inline constexpr int kLadyWalkLeft = 103;
 inline constexpr int kLadyWalkRight = 104;
 inline constexpr int kLadyHangLeft = 105;
@@ -62,7 +62,7 @@ inline constexpr int kLadyTrapped = 108;
 inline constexpr int kLadyStill = 109;
 inline constexpr int kLadyEscape = 154;
 
-// The rat. It has three strips for everything it does.
+/// The rat. It has three strips for everything it does.
 inline constexpr int kRatWalkLeft = 110;
 inline constexpr int kRatWalkRight = 111;
 inline constexpr int kRatUpLeft = 112;
@@ -70,7 +70,7 @@ inline constexpr int kRatUpRight = 113;
 inline constexpr int kRatDownLeft = 114;
 inline constexpr int kRatDownRight = 115;
 
-// Things that lie, hang or move in a level.
+/// Things that lie, hang or move in a level.
 inline constexpr int kHangingKey = 97;
 inline constexpr int kLyingKey = 98;
 inline constexpr int kLongLamp = 118;

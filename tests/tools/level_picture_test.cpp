@@ -36,7 +36,7 @@ Bytes withoutAlpha(const PixelImage& image) {
 
 void put(PixelImage& page, const PixelImage& frame, int column, int row) {
     for (int y = 0; y < kCellSize; ++y)
-        std::copy_n(frame.row(y), kCellSize, page.row(row * kCellSize + y) + column * kCellSize);
+        std::copy_n(frame.row(y), kCellSize, &page.at(column * kCellSize, row * kCellSize + y));
 }
 
 TEST(LevelPicture, ShowsAllOfALevelThatIsLargerThanTheScreen) {
