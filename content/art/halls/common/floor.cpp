@@ -161,12 +161,12 @@ void drawSeam(Canvas& canvas, const std::vector<Point>& edge, double row, std::u
 
 }  // namespace
 
-void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear, FloorEnds ends) {
+void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorVariant variant, FloorEnds ends) {
     const bool top = storey == Storey::Top;
     const VectorPath body = floorBody(ends, top ? kCapTop : -20);
     canvas.part(body, stony(kind.palette.floorMortar * (top ? 1 : 0.8F), 0, 0), {.bevel = 1, .line = 1.2, .shadow = 0});
     const Mask inside = canvas.mask(body);
-    kind.drawFace(canvas, storey, wear, &inside);
+    kind.drawFace(canvas, storey, variant, &inside);
     shadeFace(canvas, storey);
     if (top) kind.drawCap(canvas, &inside);
 }

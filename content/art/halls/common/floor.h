@@ -8,8 +8,8 @@
 
 namespace grub {
 
-/// How worn a floor is.
-enum class FloorWear { New, Chipped };
+/// A floor of a world in another look, to be mixed in. Only jelezo has vents.
+enum class FloorVariant { Plain, Chipped, Vented };
 
 /// Whether a floor cell is walked on or lies below another one, which shows no cap.
 enum class Storey { Top, Under };
@@ -19,7 +19,7 @@ struct FloorKind {
     /// Its floor colours are also those of crumbs and broken ends.
     const WorldPalette& palette;
     /// The stones or plates below the cap, over the cell and its neighbours; they join from cell to cell.
-    void (*drawFace)(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip);
+    void (*drawFace)(Canvas& canvas, Storey storey, FloorVariant variant, const Mask* clip);
     /// What is walked on.
     void (*drawCap)(Canvas& canvas, const Mask* clip);
     /// What the middle of a floor falls into: the pieces of the cap first, then the rest from the top.
@@ -38,7 +38,7 @@ struct FloorEnds {
 };
 
 /// A floor cell that nobody has dug.
-void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorWear wear = FloorWear::New,
+void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorVariant variant = FloorVariant::Plain,
                FloorEnds ends = {});
 
 /// A floor cell that is hit, breaks and falls, until a hole with ragged walls is left. `seed` chooses how it falls.
@@ -49,14 +49,14 @@ void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey st
 
 // ---- the same for the rows of a table
 
-template <const FloorKind& Kind, FloorWear Wear = FloorWear::New, bool Left = false, bool Right = false>
+template <const FloorKind& Kind, FloorVariant Variant = FloorVariant::Plain, bool Left = false, bool Right = false>
 void drawTop(Canvas& canvas, FrameOf) {
-    drawFloor(canvas, Kind, Storey::Top, Wear, {Left, Right});
+    drawFloor(canvas, Kind, Storey::Top, Variant, {Left, Right});
 }
 
-template <const FloorKind& Kind, FloorWear Wear = FloorWear::New>
+template <const FloorKind& Kind, FloorVariant Variant = FloorVariant::Plain>
 void drawUnder(Canvas& canvas, FrameOf) {
-    drawFloor(canvas, Kind, Storey::Under, Wear);
+    drawFloor(canvas, Kind, Storey::Under, Variant);
 }
 
 template <const FloorKind& Kind, Storey Of, std::uint32_t Seed>

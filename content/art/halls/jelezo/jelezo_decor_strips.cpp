@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common_parts.h"
+#include "jelezo_parts.h"
 #include "palette.h"
 #include "shapes.h"
 
@@ -13,9 +14,6 @@ namespace grub {
 
 namespace {
 
-/// Machines stay behind the play: darker than what is walked on.
-constexpr Material kCasing = glossy(material(0x45626c, 0x1b2e3a, 0x7d9ea6), 0.4F, 0.3F);
-constexpr Material kSteel = glossy(material(0x6b7e88, 0x2f4050, 0xa2b6be), 0.7F, 0.4F);
 constexpr Material kBrass = glossy(material(0x937241, 0x4a3230, 0xc0a46e), 0.7F, 0.4F);
 constexpr Material kRust = glossy(material(0x784636, 0x382036, 0xa87054), 0.3F);
 constexpr Rgb kHollow = rgb(0x0e1820);
@@ -39,14 +37,14 @@ void drawGear(Canvas& canvas, const Material& metal, Point centre, double radius
 }
 
 void drawGears(Canvas& canvas, FrameOf) {
-    canvas.part(rectangle(7, 8, 50, 54, 5), kCasing, {.bevel = 4, .line = 1.3});
+    canvas.part(rectangle(7, 8, 50, 54, 5), kMachineCasing, {.bevel = 4, .line = 1.3});
     const VectorPath window = rectangle(13, 14, 38, 42, 4);
     canvas.flat(window, kHollow);
     const Mask inside = canvas.mask(window);
     {
         const auto works = canvas.group({.clip = &inside});
         drawGear(canvas, kBrass, {25, 28}, 13, 9);
-        drawGear(canvas, kSteel, {41, 43}, 10.5, 8, 0.2);
+        drawGear(canvas, kMachineSteel, {41, 43}, 10.5, 8, 0.2);
         drawGear(canvas, kRust, {22, 50}, 8, 7, 0.1);
     }
     canvas.flat(window, kInk, {.alpha = 0.8F, .stroke = 1.2});
@@ -60,17 +58,18 @@ void drawDial(Canvas& canvas, Point at, double radius, double angle) {
 }
 
 void drawBoiler(Canvas& canvas, FrameOf) {
-    canvas.part(rectangle(27, 0.8, 10, 14, 2), kSteel, {.bevel = 4, .line = 1.1});
-    canvas.part(rectangle(9, 8, 46, 48, 16), kCasing, {.bevel = 16, .line = 1.4});
+    canvas.part(rectangle(27, 0.8, 10, 14, 2), kMachineSteel, {.bevel = 4, .line = 1.1});
+    canvas.part(rectangle(9, 8, 46, 48, 16), kMachineCasing, {.bevel = 16, .line = 1.4});
     for (const double y : {21.0, 44.0}) canvas.part(rectangle(8, y, 48, 4.6, 1.6), kBrass, {.bevel = 2.2, .line = 0.9});
-    for (const double x : {16.0, 44.0}) canvas.part(rectangle(x - 4, 54, 10, 8, 2), kSteel, {.bevel = 2.4, .line = 1});
+    for (const double x : {16.0, 44.0})
+        canvas.part(rectangle(x - 4, 54, 10, 8, 2), kMachineSteel, {.bevel = 2.4, .line = 1});
     drawDial(canvas, {32, 34}, 8, -0.9);
 }
 
 void drawControls(Canvas& canvas, FrameOf) {
-    canvas.part(polygon({{8, 62}, {10, 34}, {16, 24}, {48, 24}, {54, 34}, {56, 62}}, 3), kCasing,
+    canvas.part(polygon({{8, 62}, {10, 34}, {16, 24}, {48, 24}, {54, 34}, {56, 62}}, 3), kMachineCasing,
                 {.bevel = 4, .line = 1.3});
-    canvas.part(rectangle(13, 6, 38, 22, 4), kSteel, {.bevel = 3, .line = 1.2});
+    canvas.part(rectangle(13, 6, 38, 22, 4), kMachineSteel, {.bevel = 3, .line = 1.2});
     drawDial(canvas, {23, 16.6}, 7, -2.2);
     drawDial(canvas, {41, 16.6}, 7, -0.6);
     for (int i = 0; i < 3; ++i) {
@@ -83,26 +82,27 @@ void drawControls(Canvas& canvas, FrameOf) {
 }
 
 void drawFan(Canvas& canvas, FrameOf) {
-    canvas.part(rectangle(5, 5, 54, 54, 6), kCasing, {.bevel = 4, .line = 1.3});
+    canvas.part(rectangle(5, 5, 54, 54, 6), kMachineCasing, {.bevel = 4, .line = 1.3});
     canvas.flat(circle({32, 32}, 22), kHollow);
     for (int i = 0; i < 4; ++i) {
         const auto blade = canvas.placed({32, 32}, std::numbers::pi * i / 2 + 0.3);
         canvas.part(
             loop({{2, -2}, {8, -12}, {16, -15}, {19.5, -9}, {18, -3}, {10, 0}, {2, 2}, {1, 1}, {1, -1}, {2, -2}}),
-            kSteel, {.bevel = 3, .line = 0.9});
+            kMachineSteel, {.bevel = 3, .line = 0.9});
     }
     canvas.part(circle({32, 32}, 5), kBrass, {.bevel = 3.4, .line = 1});
-    canvas.part(ring({32, 32}, 24.4, 21.4), kSteel, {.bevel = 1.5, .line = 1});
+    canvas.part(ring({32, 32}, 24.4, 21.4), kMachineSteel, {.bevel = 1.5, .line = 1});
     for (const double x : {10.4, 53.6}) {
-        for (const double y : {10.4, 53.6}) canvas.part(circle({x, y}, 2), kSteel, {.bevel = 1.7, .line = 0.6});
+        for (const double y : {10.4, 53.6}) canvas.part(circle({x, y}, 2), kMachineSteel, {.bevel = 1.7, .line = 0.6});
     }
 }
 
 void drawPress(Canvas& canvas, FrameOf) {
-    for (const double x : {8.0, 46.0}) canvas.part(rectangle(x, 6, 10, 56, 2.4), kCasing, {.bevel = 3.4, .line = 1.2});
-    canvas.part(rectangle(5, 4, 54, 11, 3), kCasing, {.bevel = 3.4, .line = 1.3});
-    canvas.part(rectangle(28, 14, 8, 16, 1.4), kSteel, {.bevel = 3.6, .line = 1});
-    canvas.part(rectangle(20, 28, 24, 9, 2.4), kSteel, {.bevel = 3, .line = 1.1});
+    for (const double x : {8.0, 46.0})
+        canvas.part(rectangle(x, 6, 10, 56, 2.4), kMachineCasing, {.bevel = 3.4, .line = 1.2});
+    canvas.part(rectangle(5, 4, 54, 11, 3), kMachineCasing, {.bevel = 3.4, .line = 1.3});
+    canvas.part(rectangle(28, 14, 8, 16, 1.4), kMachineSteel, {.bevel = 3.6, .line = 1});
+    canvas.part(rectangle(20, 28, 24, 9, 2.4), kMachineSteel, {.bevel = 3, .line = 1.1});
     canvas.part(rectangle(17, 48, 30, 14, 2.4), kRust, {.bevel = 3.4, .line = 1.2});
     canvas.part(rectangle(24, 44.4, 16, 4.4, 1.6), glossy(material(0xff9a3c, 0xb8402a, 0xffe08a), 0.2F),
                 {.bevel = 2, .line = 0.8});
@@ -113,16 +113,17 @@ void drawPress(Canvas& canvas, FrameOf) {
 template <int Column, int Row>
 void drawFurnace(Canvas& canvas, FrameOf) {
     const auto whole = canvas.placed({-kCellSize * Column, -kCellSize * Row});
-    canvas.part(rectangle(46, 1, 36, 34, 4), kCasing, {.bevel = 8, .line = 1.3});
+    canvas.part(rectangle(46, 1, 36, 34, 4), kMachineCasing, {.bevel = 8, .line = 1.3});
     canvas.part(rectangle(10, 24, 108, 102, 16), stony(kJelezo.solid[1] * 0.62F, 0.8F, 0.12F, 0.2F),
                 {.bevel = 9, .line = 1.5});
     for (const double y : {40.0, 106.0}) canvas.part(rectangle(8, y, 112, 8, 2), kRust, {.bevel = 3, .line = 1.1});
     for (const double x : {16.0, 40.0, 64.0, 88.0, 112.0}) {
-        for (const double y : {44.0, 110.0}) canvas.part(circle({x, y}, 2.2), kSteel, {.bevel = 1.8, .line = 0.6});
+        for (const double y : {44.0, 110.0})
+            canvas.part(circle({x, y}, 2.2), kMachineSteel, {.bevel = 1.8, .line = 0.6});
     }
     const VectorPath mouth =
         loop({{34, 100}, {34, 76}, {40, 58}, {64, 58}, {88, 58}, {94, 76}, {94, 100}, {94, 101}, {34, 101}, {34, 100}});
-    canvas.part(mouth, kSteel, {.bevel = 3, .line = 1.2, .stroke = 7});
+    canvas.part(mouth, kMachineSteel, {.bevel = 3, .line = 1.2, .stroke = 7});
     canvas.flat(mouth, rgb(0x2a1210));
     const Mask inside = canvas.mask(mouth);
     canvas.flat(ellipse({64, 104}, 38, 40), rgb(0xff6a24), {.alpha = 0.85F, .clip = &inside});
@@ -135,29 +136,21 @@ void drawFurnace(Canvas& canvas, FrameOf) {
 
 // ---- things
 
-/// A bulkhead lamp behind a cage.
 void drawCagedLamp(Canvas& canvas, FrameOf) {
     canvas.halo({32, 24}, 23, kJelezo.glow, 0.5F);
-    canvas.part(rectangle(20, 8, 24, 7, 2.4), kCasing, {.bevel = 2.6, .line = 1.1});
-    const VectorPath glass = rectangle(23, 14, 18, 21, 8);
-    canvas.part(glass, glossy(material(0xffc46a, 0xe0702c, 0xfff4c8), 0.9F), {.bevel = 8, .line = 1.1});
-    canvas.flat(ellipse({32, 23}, 4, 6.4), rgb(0xfffbe0), {.alpha = 0.85F});
-    for (const double x : {23.4, 32.0, 40.6})
-        canvas.part(polyline({{x, 14}, {32 + (x - 32) * 0.86, 35}}), kSteel,
-                    {.bevel = 0.8, .line = 0.6, .stroke = 1.5});
-    canvas.part(rectangle(21.6, 23.4, 20.8, 2.4, 1.2), kSteel, {.bevel = 1, .line = 0.6});
+    drawBulkheadLamp(canvas, {32, 24});
 }
 
 void drawCart(Canvas& canvas, FrameOf) {
     for (const Joint& lump : {Joint{{20, 27}, 7}, Joint{{32, 23}, 8.4}, Joint{{44, 27}, 7}, Joint{{27, 28}, 6}})
         canvas.part(circle(lump.at, lump.radius), stony(rgb(0x34323e), 1.4F, 0.2F, 0.3F), {.bevel = 5, .line = 1.1});
     canvas.part(polygon({{7, 28}, {57, 28}, {50, 53}, {14, 53}}, 3), kRust, {.bevel = 5, .line = 1.4});
-    canvas.part(rectangle(5, 26, 54, 5.4, 2), kSteel, {.bevel = 2.4, .line = 1.1});
+    canvas.part(rectangle(5, 26, 54, 5.4, 2), kMachineSteel, {.bevel = 2.4, .line = 1.1});
     for (const double x : {17.0, 47.0}) {
         canvas.flat(polyline({{x + (32 - x) * 0.05, 33}, {x + (32 - x) * 0.2, 51}}), kInk,
                     {.alpha = 0.45F, .stroke = 1.2});
         canvas.part(circle({x + (32 - x) * 0.1, 55}, 7), kDarkMetal, {.bevel = 2.6, .line = 1.2});
-        canvas.part(circle({x + (32 - x) * 0.1, 55}, 2.4), kSteel, {.bevel = 1.8, .line = 0.7});
+        canvas.part(circle({x + (32 - x) * 0.1, 55}, 2.4), kMachineSteel, {.bevel = 1.8, .line = 0.7});
     }
 }
 
@@ -165,30 +158,30 @@ void drawCart(Canvas& canvas, FrameOf) {
 void drawLongChain(Canvas& canvas, FrameOf) {
     for (int i = -1; i < 6; ++i) {
         const double y = 12.8 * i + 6.4;
-        canvas.part(ellipse({32, y}, 3.2, 5.2), kSteel, {.bevel = 1, .line = 0.8, .stroke = 2});
-        canvas.part(polyline({{32, y + 4.8}, {32, y + 8}}), kSteel, {.bevel = 1, .line = 0.8, .stroke = 2.4});
+        canvas.part(ellipse({32, y}, 3.2, 5.2), kMachineSteel, {.bevel = 1, .line = 0.8, .stroke = 2});
+        canvas.part(polyline({{32, y + 4.8}, {32, y + 8}}), kMachineSteel, {.bevel = 1, .line = 0.8, .stroke = 2.4});
     }
 }
 
 /// Heavy shackles on one plate.
 void drawIronShackles(Canvas& canvas, FrameOf) {
-    canvas.part(rectangle(24, 6, 16, 9, 2.4), kCasing, {.bevel = 2.6, .line = 1.1});
+    canvas.part(rectangle(24, 6, 16, 9, 2.4), kMachineCasing, {.bevel = 2.6, .line = 1.1});
     for (const double side : {-1.0, 1.0}) {
         for (int i = 0; i < 3; ++i) {
-            canvas.part(ellipse({32 + side * (6 + 3 * i), 19.0 + 6.4 * i}, 2.2, 4, -side * 0.4), kSteel,
+            canvas.part(ellipse({32 + side * (6 + 3 * i), 19.0 + 6.4 * i}, 2.2, 4, -side * 0.4), kMachineSteel,
                         {.bevel = 0.9, .line = 0.7, .stroke = 1.7});
         }
         canvas.part(ring({32 + side * 15, 44}, 9, 5.8), kDarkMetal, {.bevel = 1.8, .line = 1.1});
-        canvas.part(rectangle(32 + side * 15 - 2.4, 33.6, 4.8, 4.6, 1), kSteel, {.bevel = 1.6, .line = 0.8});
+        canvas.part(rectangle(32 + side * 15 - 2.4, 33.6, 4.8, 4.6, 1), kMachineSteel, {.bevel = 1.6, .line = 0.8});
     }
 }
 
 /// A fork as large as a spade, hung up by its handle, for large eaters.
 void drawFork(Canvas& canvas, FrameOf) {
     canvas.part(circle({32, 6.4}, 2.8), kDarkMetal, {.bevel = 2, .line = 0.9});
-    canvas.part(limb({{{32, 9}, 3.4}, {{32, 20}, 2.2}, {{32, 36}, 2.4}}), kSteel, {.bevel = 2.4, .line = 1.1});
+    canvas.part(limb({{{32, 9}, 3.4}, {{32, 20}, 2.2}, {{32, 36}, 2.4}}), kMachineSteel, {.bevel = 2.4, .line = 1.1});
     for (const double x : {23.6, 29.2, 34.8, 40.4})
-        canvas.part(limb({{{x, 42}, 1.9}, {{x, 57}, 1.2}}), kSteel, {.bevel = 1.6, .line = 1});
+        canvas.part(limb({{{x, 42}, 1.9}, {{x, 57}, 1.2}}), kMachineSteel, {.bevel = 1.6, .line = 1});
     canvas.part(loop({{21.8, 43},
                       {21.8, 36},
                       {27, 34},
@@ -199,7 +192,7 @@ void drawFork(Canvas& canvas, FrameOf) {
                       {42.2, 46},
                       {21.8, 46},
                       {21.8, 43}}),
-                kSteel, {.bevel = 2.6, .line = 1});
+                kMachineSteel, {.bevel = 2.6, .line = 1});
 }
 
 constexpr std::array kStrips{

@@ -26,11 +26,27 @@ void drawRivet(Canvas& canvas, Point at, const Mask* clip) {
                 {.bevel = 1.5, .line = 0.5, .shadow = 0.25F, .clip = clip});
 }
 
-/// A raised panel, or one with two rows of holes.
-void drawPanel(Canvas& canvas, double x, double y, double height, std::uint32_t number, bool holes, const Mask* clip) {
+/// What fills half of a plate.
+enum class Panel { Raised, Holed, Louvred };
+
+/// Slats that stand open, each over the dark below it.
+void drawLouvres(Canvas& canvas, double x, double y, double height, std::uint32_t number, const Mask* clip) {
+    constexpr int kSlats = 3;
+    canvas.part(rectangle(x + 5.2, y, 21.6, height, 3), stony(rgb(0x4a2a30), 0, 0),
+                {.bevel = 1.4, .line = 0.6, .shadow = 0.2F, .clip = clip});
+    const double pitch = (height - 2.4) / kSlats;
+    for (int i = 0; i < kSlats; ++i) {
+        canvas.part(rectangle(x + 6.6, y + 1.3 + pitch * i, 18.8, pitch - 1.7, 1.3), panelMaterial(number, 1.12F),
+                    {.bevel = 2, .line = 0, .shadow = 0.2F, .clip = clip});
+    }
+}
+
+/// A raised panel, two rows of holes in it, or louvres.
+void drawPanel(Canvas& canvas, double x, double y, double height, std::uint32_t number, Panel panel, const Mask* clip) {
+    if (panel == Panel::Louvred) return drawLouvres(canvas, x, y, height, number, clip);
     canvas.part(rectangle(x + 5.2, y, 21.6, height, 3), panelMaterial(number),
                 {.bevel = 2.4, .line = 0.6, .shadow = 0.25F, .clip = clip});
-    if (!holes) return;
+    if (panel == Panel::Raised) return;
     for (const double down : {0.3, 0.7}) {
         for (const double across : {10.2, 16.0, 21.8})
             canvas.flat(circle({x + across, y + height * down}, 1.9), rgb(0x241420), {.alpha = 0.85F, .clip = clip});
@@ -38,8 +54,8 @@ void drawPanel(Canvas& canvas, double x, double y, double height, std::uint32_t 
 }
 
 /// Plates side by side over the cell and its neighbours, each with two panels and rivets in its corners, below
-/// the cap if there is one. The holed ones are the second in the cell.
-void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
+/// the cap if there is one. Holes are in the second plate of the cell, louvres in the first.
+void drawFace(Canvas& canvas, Storey storey, FloorVariant variant, const Mask* clip) {
     const double top = storey == Storey::Top ? 13 : 0.8;
     const double panel = (57 - top) / 2 - 5;
     for (int i = -1; i < 3; ++i) {
@@ -47,9 +63,10 @@ void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
         const auto number = static_cast<std::uint32_t>(40 + (i + 2) % 2);
         canvas.part(rectangle(x + 0.8, top, kPlate - 1.6, 63 - top, 2.5), plateMaterial(number),
                     {.bevel = 3, .line = 0, .shadow = 0, .clip = clip});
-        const bool holes = wear == FloorWear::Chipped && i == 1;
-        drawPanel(canvas, x, top + 6, panel, number, holes, clip);
-        drawPanel(canvas, x, top + 10 + panel, panel, number + 1, holes, clip);
+        const Panel upper = variant == FloorVariant::Chipped && i == 1 ? Panel::Holed : Panel::Raised;
+        const Panel lower = variant == FloorVariant::Vented && i == 0 ? Panel::Louvred : upper;
+        drawPanel(canvas, x, top + 6, panel, number, upper, clip);
+        drawPanel(canvas, x, top + 10 + panel, panel, number + 1, lower, clip);
         for (const double dx : {4.0, 28.0}) {
             for (const double y : {top + 3.6, 59.6}) drawRivet(canvas, {x + dx, y}, clip);
         }
@@ -86,22 +103,24 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
         return;
     }
     canvas.part(shape, plateMaterial(piece.number, 0.95F), {.bevel = 3, .line = 0.9, .shadow = 0.2F});
-    if (index >= kCapPieces) drawPanel(canvas, piece.x, piece.y + 4, piece.height - 8, piece.number, false, nullptr);
+    if (index >= kCapPieces)
+        drawPanel(canvas, piece.x, piece.y + 4, piece.height - 8, piece.number, Panel::Raised, nullptr);
 }
 
 constexpr FloorKind kFloor{kJelezo, drawFace, drawCap, kPieces, drawPiece};
 
-constexpr auto kNew = FloorWear::New;
-constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kPlain = FloorVariant::Plain;
+constexpr auto kChipped = FloorVariant::Chipped;
 constexpr auto kJoined = Ground::Joined;
 
 constexpr std::array kStrips{
     //            name                     px  px frames
     StripDrawing{"poly\\pol_jel", 64, 64, 1, kJoined, drawTop<kFloor>},
     StripDrawing{"jelezo\\pol_der", 64, 64, 1, kJoined, drawTop<kFloor, kChipped>},
-    StripDrawing{"poly\\pol_kray4", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, false>},
-    StripDrawing{"poly\\pol_kray5", 64, 64, 1, kJoined, drawTop<kFloor, kNew, false, true>},
-    StripDrawing{"poly\\pol_kray6", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, true>},
+    StripDrawing{"poly\\modul_pol06", 64, 64, 1, kJoined, drawTop<kFloor, FloorVariant::Vented>},
+    StripDrawing{"poly\\pol_kray4", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, true, false>},
+    StripDrawing{"poly\\pol_kray5", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, false, true>},
+    StripDrawing{"poly\\pol_kray6", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, true, true>},
     StripDrawing{"jelezo\\pol_der_full", 64, 64, 1, kJoined, drawUnder<kFloor>},
     StripDrawing{"poly\\pj", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
     StripDrawing{"jelezo\\animation_floor_iron_01", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 5>},

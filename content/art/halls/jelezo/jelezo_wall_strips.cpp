@@ -3,6 +3,7 @@
 #include <array>
 
 #include "common_parts.h"
+#include "jelezo_parts.h"
 #include "palette.h"
 #include "shapes.h"
 
@@ -113,7 +114,7 @@ void drawLamp(Canvas& canvas, FrameOf) {
     drawPlate(canvas, kJelezo.backdrop[1]);
     dim(canvas);
     canvas.glow({32, 30}, 33, kJelezo.glow, 0.62F);
-    drawLantern(canvas, {32, 30});
+    drawBulkheadLamp(canvas, {32, 31});
 }
 
 constexpr std::array kStrips{

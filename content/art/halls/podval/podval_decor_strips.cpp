@@ -75,15 +75,41 @@ void drawHearth(Canvas& canvas, FrameOf) {
 
 // ---- lamps
 
-void drawOilLamp(Canvas& canvas, FrameOf) {
-    canvas.halo({32, 24}, 23, kPodval.glow, 0.45F);
-    canvas.part(curve({{44, 4}, {44, 1.6}, {32, 1.6}, {32, 7}}), kDarkMetal,
-                {.bevel = 1.2, .line = 0.9, .stroke = 2.6});
-    canvas.part(rectangle(41.4, 3, 5.2, 15, 2), kDarkMetal, {.bevel = 2.2, .line = 1});
-    drawLantern(canvas, {32, 24});
+/// Glow-worms in a jar that hangs from a hook on the wall: light that asks for no oil.
+void drawGlowJar(Canvas& canvas, FrameOf) {
+    constexpr Material kJar = glossy(material(0xb9cc6a, 0x5f7a3c, 0xf2f8c0), 1, 0.6F);
+    constexpr Material kCork = glossy(material(0xa87b4a, 0x5a3a36, 0xdcb47c), 0.15F);
+    canvas.halo({32, 27}, 25, kPodval.glow, 0.5F);
+    canvas.part(rectangle(41.4, 2, 5.2, 13, 2), kDarkMetal, {.bevel = 2.2, .line = 1});
+    canvas.part(curve({{44, 5}, {44, 1.4}, {32, 1.4}, {32, 6}}), kDarkMetal,
+                {.bevel = 1.2, .line = 0.9, .stroke = 2.4});
+    canvas.part(curve({{25, 19}, {25, 7}, {39, 7}, {39, 19}}), kDarkMetal,
+                {.bevel = 0.8, .line = 0.7, .shadow = 0.2F, .stroke = 1.5});
+    canvas.part(loop({{26, 18},
+                      {22, 20},
+                      {20.5, 24},
+                      {20.5, 30},
+                      {20.5, 37},
+                      {23, 41},
+                      {32, 41},
+                      {41, 41},
+                      {43.5, 37},
+                      {43.5, 30},
+                      {43.5, 24},
+                      {42, 20},
+                      {38, 18},
+                      {34, 17},
+                      {30, 17},
+                      {26, 18}}),
+                kJar, {.bevel = 9, .line = 1.2});
+    canvas.part(rectangle(26, 12.4, 12, 6.2, 1.8), kCork, {.bevel = 2.4, .line = 1});
+    for (const Joint& worm :
+         {Joint{{28, 34.5}, 2.6}, Joint{{36.4, 31}, 2.3}, Joint{{31.4, 25.6}, 2}, Joint{{37, 37}, 1.7}}) {
+        canvas.halo(worm.at, worm.radius * 2.4, rgb(0xfdfcc8), 0.75F);
+        canvas.flat(ellipse(worm.at, worm.radius * 1.15, worm.radius * 0.75, 0.5), rgb(0xfffef0));
+    }
+    canvas.flat(limb({{{24.2, 24}, 0.9}, {{23.6, 33}, 0.7}}), rgb(0xffffff), {.alpha = 0.65F});
 }
-
-/// A candle stand on the floor.
 void drawStandingLamp(Canvas& canvas, FrameOf) {
     canvas.halo({32, 12}, 12, kPodval.glow, 0.6F);
     canvas.part(polygon({{20, 62}, {25, 56}, {39, 56}, {44, 62}}, 2), kDarkMetal, {.bevel = 2.6, .line = 1.2});
@@ -188,7 +214,7 @@ constexpr std::array kStrips{
     StripDrawing{"fon\\k12", 64, 64, 1, Ground::Joined, drawHearth<1, 0>},
     StripDrawing{"fon\\k21", 64, 64, 1, Ground::Joined, drawHearth<0, 1>},
     StripDrawing{"fon\\k22", 64, 64, 1, Ground::Joined, drawHearth<1, 1>},
-    StripDrawing{"fon\\lamp", 64, 64, 1, Ground::Clear, drawOilLamp},
+    StripDrawing{"fon\\lamp", 64, 64, 1, Ground::Clear, drawGlowJar},
     StripDrawing{"fon\\pol_lam", 64, 64, 1, Ground::Clear, drawStandingLamp},
     StripDrawing{"fon\\dpip0", 64, 64, 1, Ground::Clear, drawSquareDrain},
     StripDrawing{"fon\\dpip1", 64, 64, 1, Ground::Clear, drawSlimyDrain},

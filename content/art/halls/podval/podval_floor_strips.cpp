@@ -30,7 +30,7 @@ void drawFieldStone(Canvas& canvas, double x, double y, double width, std::uint3
 }
 
 /// The courses over the cell and its neighbours, from course `first`. Those that reach into a neighbour never vary.
-void drawCourses(Canvas& canvas, int first, FloorWear wear, const Mask* clip) {
+void drawCourses(Canvas& canvas, int first, FloorVariant variant, const Mask* clip) {
     for (int course = first; course < 2; ++course) {
         const bool shifted = course % 2 != 0;
         const double y = kFirstCourse + course * kCourse;
@@ -38,14 +38,14 @@ void drawCourses(Canvas& canvas, int first, FloorWear wear, const Mask* clip) {
             const double x = i * kStoneWidth - (shifted ? kStoneWidth / 2 : 0);
             const bool inside = x >= 0 && x + kStoneWidth <= kCellSize;
             const auto number = static_cast<std::uint32_t>(51 + 2 * course + (i + 2) % 2);
-            const std::uint32_t own = inside && wear == FloorWear::Chipped ? 7 : 0;
+            const std::uint32_t own = inside && variant == FloorVariant::Chipped ? 7 : 0;
             drawFieldStone(canvas, x, y, kStoneWidth, number + own, clip);
         }
     }
 }
 
-void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
-    if (wear == FloorWear::New) return;
+void drawCracks(Canvas& canvas, FloorVariant variant, const Mask* clip) {
+    if (variant == FloorVariant::Plain) return;
     drawCrack(canvas, {{12, 15}, {15, 21}, {12, 26}, {17, 33}}, 0.8F, clip);
     drawCrack(canvas, {{34, 41}, {30, 47}, {33, 53}, {29, 60}}, 0.8F, clip);
     for (const Joint& tuft : {Joint{{46, 36}, 2.6}, Joint{{50.5, 37}, 3.4}, Joint{{55, 36.4}, 2.4}})
@@ -69,9 +69,9 @@ void drawGrass(Canvas& canvas, int first, int count, const Mask* clip) {
     }
 }
 
-void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
-    drawCourses(canvas, storey == Storey::Under ? -1 : 0, wear, clip);
-    drawWear(canvas, wear, clip);
+void drawFace(Canvas& canvas, Storey storey, FloorVariant variant, const Mask* clip) {
+    drawCourses(canvas, storey == Storey::Under ? -1 : 0, variant, clip);
+    drawCracks(canvas, variant, clip);
 }
 
 void drawCap(Canvas& canvas, const Mask* clip) {
@@ -99,17 +99,17 @@ void drawPiece(Canvas& canvas, std::size_t index, Storey storey) {
 
 constexpr FloorKind kFloor{kPodval, drawFace, drawCap, kPieces, drawPiece};
 
-constexpr auto kNew = FloorWear::New;
-constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kPlain = FloorVariant::Plain;
+constexpr auto kChipped = FloorVariant::Chipped;
 constexpr auto kJoined = Ground::Joined;
 
 constexpr std::array kStrips{
     //            name                     px  px frames
     StripDrawing{"poly\\tr_pol1", 64, 64, 1, kJoined, drawTop<kFloor>},
     StripDrawing{"poly\\tr_pol2", 64, 64, 1, kJoined, drawTop<kFloor, kChipped>},
-    StripDrawing{"poly\\truba_za3", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, false>},
-    StripDrawing{"poly\\truba_za5", 64, 64, 1, kJoined, drawTop<kFloor, kNew, false, true>},
-    StripDrawing{"poly\\truba_za6", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, true>},
+    StripDrawing{"poly\\truba_za3", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, true, false>},
+    StripDrawing{"poly\\truba_za5", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, false, true>},
+    StripDrawing{"poly\\truba_za6", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, true, true>},
     StripDrawing{"poly\\tr_pol3", 64, 64, 1, kJoined, drawUnder<kFloor>},
     StripDrawing{"poly\\tr_pol4", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
     StripDrawing{"poly\\truba_za1", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 6>},

@@ -27,14 +27,14 @@ void drawBrick(Canvas& canvas, double x, double y, double width, std::uint32_t n
 }
 
 /// The courses over the cell and its neighbours, from course `first` (-1 lies where the cap would).
-void drawCourses(Canvas& canvas, int first, FloorWear wear, const Mask* clip) {
+void drawCourses(Canvas& canvas, int first, FloorVariant variant, const Mask* clip) {
     for (int course = first; course < 3; ++course) {
         const bool shifted = (course + 2) % 2 == 1;
         for (int i = -1; i < 4; ++i) {
             const double x = i * kBrick - (shifted ? kBrick / 2 : 0);
             const int inCell = (i + 2) % 2;
             const bool crossing = x < 0 || x + kBrick > kCellSize;
-            const int own = crossing ? 0 : 10 * static_cast<int>(wear);
+            const int own = crossing ? 0 : 10 * static_cast<int>(variant);
             const auto number =
                 static_cast<std::uint32_t>(32 + course * 2 + (shifted ? (inCell + 1) % 2 : (i + 2) % 2) + own);
             drawBrick(canvas, x, kFirstCourse + course * kCourse, kBrick, number, clip);
@@ -51,16 +51,16 @@ void drawCap(Canvas& canvas, const Mask* clip) {
     }
 }
 
-void drawWear(Canvas& canvas, FloorWear wear, const Mask* clip) {
-    if (wear == FloorWear::New) return;
+void drawCracks(Canvas& canvas, FloorVariant variant, const Mask* clip) {
+    if (variant == FloorVariant::Plain) return;
     drawCrack(canvas, {{21, 14}, {24, 19}, {22, 25}, {27, 29}}, 0.8F, clip);
     drawCrack(canvas, {{24, 19}, {18, 22}, {17, 26}}, 0.6F, clip);
     drawCrack(canvas, {{50, 49}, {45, 54}, {47, 61}}, 0.7F, clip);
 }
 
-void drawFace(Canvas& canvas, Storey storey, FloorWear wear, const Mask* clip) {
-    drawCourses(canvas, storey == Storey::Under ? -1 : 0, wear, clip);
-    drawWear(canvas, wear, clip);
+void drawFace(Canvas& canvas, Storey storey, FloorVariant variant, const Mask* clip) {
+    drawCourses(canvas, storey == Storey::Under ? -1 : 0, variant, clip);
+    drawCracks(canvas, variant, clip);
 }
 
 constexpr std::array kStones{
@@ -83,18 +83,17 @@ void drawFloorStone(Canvas& canvas, std::size_t index, Storey storey) {
 
 constexpr FloorKind kFloor{kTurma, drawFace, drawCap, kStones, drawFloorStone};
 
-constexpr auto kNew = FloorWear::New;
-constexpr auto kChipped = FloorWear::Chipped;
+constexpr auto kPlain = FloorVariant::Plain;
+constexpr auto kChipped = FloorVariant::Chipped;
 constexpr auto kJoined = Ground::Joined;
 
 constexpr std::array kStrips{
     //            name                     px  px frames
     StripDrawing{"steny\\modul_pol_11a", 64, 64, 1, kJoined, drawTop<kFloor>},
     StripDrawing{"poly\\modul_pol", 64, 64, 1, kJoined, drawTop<kFloor, kChipped>},
-    StripDrawing{"poly\\modul_pol06", 64, 64, 1, kJoined, drawTop<kFloor>},
-    StripDrawing{"poly\\pol_kray1", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, false>},
-    StripDrawing{"poly\\pol_kray2", 64, 64, 1, kJoined, drawTop<kFloor, kNew, false, true>},
-    StripDrawing{"poly\\pol_kray3", 64, 64, 1, kJoined, drawTop<kFloor, kNew, true, true>},
+    StripDrawing{"poly\\pol_kray1", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, true, false>},
+    StripDrawing{"poly\\pol_kray2", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, false, true>},
+    StripDrawing{"poly\\pol_kray3", 64, 64, 1, kJoined, drawTop<kFloor, kPlain, true, true>},
     StripDrawing{"poly\\modul_pol01", 64, 64, 1, kJoined, drawUnder<kFloor>},
     StripDrawing{"poly\\modul_pol02", 64, 64, 1, kJoined, drawUnder<kFloor, kChipped>},
     StripDrawing{"poly\\lom1", 64, 64, 8, kJoined, drawBreak<kFloor, Storey::Top, 1>},
