@@ -6,7 +6,7 @@ A declaration is explained by a `///` line above it, by `///<` on its line, or b
 first block, where the constructors stand.
 
 What explains itself needs no comment: questions without parameters (`bool isOpen() const`), setters (`setVolume`), overrides,
-destructors, copies and moves, defaulted and deleted members, friends, operator new, delete and comparisons, forward declarations.
+destructors, copies and moves, defaulted and deleted members, named constants, friends, operator new, delete and comparisons, forward declarations.
 """
 import pathlib
 import re
@@ -20,6 +20,7 @@ EXEMPT = re.compile(
             r"^[^=]*\w\(\) const(?: noexcept)?(?: \{|;)|^\[\[nodiscard\]\] [^(]*\w\(\) \{ return \w+;|^(?:void|bool) set[A-Z]\w*\(",  # questions and setters
             r"\boperator(?:=| new| delete|==|<=>|\(\))|\b(\w+)\((?:const )?\1&|override|= default|= delete|^virtual ~|^~",
             r"^inline [^(]*\w::~?\w+\(|^friend\b|^using namespace|^using [\w:]+;|^(?:class|struct|enum class) \w+;",
+            r"^inline constexpr [^(]*\bk[A-Z]\w*(?: =|\{)",  # constants with telling names
             r"^(?:public|protected|private):|^namespace\b|^extern \"C\"|^static_assert|^#|^//|^return\b|^template\b|^:|^\}|^\{|^if\b",
         )
     )
@@ -95,7 +96,7 @@ def faults_of(path: pathlib.Path) -> list[str]:
 
 def main() -> int:
     names = subprocess.run(
-        ["git", "ls-files", "-co", "--exclude-standard", "src/*.h", "tools/*.h", "tests/*.h", "bench/*.h"], capture_output=True, text=True
+        ["git", "ls-files", "-co", "--exclude-standard", "src/*.h", "tools/*.h", "content/*.h", "tests/*.h", "bench/*.h"], capture_output=True, text=True
     ).stdout.split()
     faults = [fault for name in names for fault in faults_of(pathlib.Path(name))]
     print("\n".join(faults + [f"public declarations without a comment: {len(faults)}"]))

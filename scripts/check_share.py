@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints how much of the code are tests: lines of tests and fuzz against lines of src and tools, blank lines and comments left out."""
+"""Prints how much of the code are tests: lines of tests and fuzz against lines of src, tools and content, blank lines and comments left out."""
 import pathlib
 import subprocess
 import sys
@@ -16,7 +16,7 @@ def lines_of(*folders: str) -> int:
 
 
 def main() -> int:
-    code, tests = lines_of("src", "tools"), lines_of("tests", "fuzz")
+    code, tests = lines_of("src", "tools", "content"), lines_of("tests", "fuzz")
     share = 100 * tests / code
     print(f"tests are {share:.1f}% of the code ({tests} lines to {code})")
     if share > TOO_MUCH:

@@ -81,7 +81,7 @@ def build(preset: str, targets: list[str], content: str) -> bool:
 def place_of(fault: Fault) -> tuple[pathlib.Path, re.Match] | str:
     pattern = re.compile(r"[^\S\n]*\n\s*".join(re.escape(line) for line in fault.old))
     found = []
-    for folder in ("src", "tools"):
+    for folder in ("src", "tools", "content"):
         for path in sorted((COPY / folder).rglob("*")):
             if path.suffix in (".cpp", ".h"):
                 found += [(path, match) for match in pattern.finditer(path.read_text())]

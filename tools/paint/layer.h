@@ -26,8 +26,9 @@ public:
     /// Where something has been painted; nothing outside is visible.
     const Box& touched() const { return touched_; }
 
+    /// Its colour is already multiplied by alpha.
     struct Sample {
-        Rgb colour;  // already multiplied by alpha
+        Rgb colour;
         float alpha = 0;
     };
     /// A sample inside the box.
@@ -35,6 +36,7 @@ public:
 
     // ---- strokes: masks lie inside the box
 
+    /// One colour, without light.
     void fill(const Mask& mask, Rgb colour, float alpha);
     /// Darkens what lies beside the shape: its shadow, blurred by `blur` samples and moved.
     void castShadow(const Mask& mask, double blur, int dx, int dy, float strength);

@@ -50,6 +50,7 @@ constexpr Expression looking(Point look, Expression expression) {
     return expression;
 }
 
+/// An expression that pages call by its name.
 struct NamedExpression {
     std::string_view name;
     Expression expression;
