@@ -4,6 +4,7 @@
 #include <array>
 
 #include "common_room.h"
+#include "dog.h"
 #include "enemies_room.h"
 #include "grub_room.h"
 #include "jelezo_room.h"
@@ -33,7 +34,7 @@ std::span<const Room> rooms() { return kRooms; }
 const Room* findRoom(std::string_view name) { return findNamed(kRooms, name); }
 
 std::span<const FigureDrawing* const> figures() {
-    static const std::vector<const FigureDrawing*> known{};
+    static const std::vector<const FigureDrawing*> known{&dogFigure()};
     return known;
 }
 

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "canvas.h"
+#include "expression.h"
+#include "pose.h"
+
+namespace grub {
+
+// What the dog's own files share.
+
+inline constexpr Material kDogFur = glossy(material(0xac9ebc, 0x5a467a, 0xebe3f0), 0.2F, 0.6F);
+inline constexpr Material kDogFarFur = glossy(material(0x84789c, 0x45325f, 0xb3a6c3), 0.05F, 0.2F);
+inline constexpr Material kDogPale = glossy(material(0xd9cfe0, 0x8b78a2, 0xf8f3f9), 0.1F, 0.3F);
+inline constexpr Material kDogSkin = glossy(material(0xc98a9c, 0x7a4668, 0xf0bcc2), 0.2F, 0.3F);
+/// Folds of the skin, toes, the line of the spine.
+inline constexpr Rgb kDogFold = rgb(0x32182e);
+
+/// A part of fur that belongs to what lies below it: neither line nor shadow sets it off.
+inline constexpr PartStyle kDogPatch{.bevel = 5, .line = 0, .shadow = 0};
+
+// The origin is the middle of the head.
+
+/// What shows of the collar below the head.
+void drawDogCollar(Canvas& canvas, double turn);
+void drawDogFace(Canvas& canvas, double turn, const Expression& expression);
+/// The head from behind, its collar over it.
+void drawDogNape(Canvas& canvas, const Expression& expression);
+
+// Legs. From the side a paw stands on its sole, else it is round.
+
+enum class PawView { Side, Round };
+void drawDogHindLeg(Canvas& canvas, Point hip, const LegPose& leg, PawView view, const Material& fur);
+void drawDogForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, PawView view, const Material& fur);
+/// A hind leg from behind: the haunch, and the pads of the paw.
+void drawDogHaunch(Canvas& canvas, Point hip, const LegPose& leg);
+
+// Bodies. The origin is that of the cell; shoulders, hips and neck are those of the pose at rest.
+
+/// Tail and trunk from the right side.
+void drawDogSide(Canvas& canvas, Point tail);
+void drawDogChest(Canvas& canvas);
+void drawDogBack(Canvas& canvas);
+/// The tail as it lies on the back, seen from behind.
+void drawDogTailBehind(Canvas& canvas, Point tail);
+
+}  // namespace grub
