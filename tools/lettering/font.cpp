@@ -12,6 +12,9 @@ namespace {
 /// Baseline to baseline, in ems.
 constexpr double kPitch = 1.3;
 
+/// Round letters pass the baseline by less than this, in ems.
+constexpr double kOvershoot = 0.03;
+
 /// Straight pieces that stand for one curve where letters are grown: at 110 pixels the error is below a tenth.
 constexpr int kPiecesPerCurve = 8;
 
@@ -76,6 +79,16 @@ double Font::width(std::string_view line) const {
         if (glyph != nullptr) pen += glyph->advance;
     }
     return pen * size_;
+}
+
+double Font::depth(std::string_view line) const {
+    double deepest = 0;
+    for (const char code : line) {
+        const Glyph* glyph = typeface_->glyph(code);
+        // Round letters reach a little below the line and still stand on it.
+        if (glyph != nullptr && glyph->bottom > kOvershoot) deepest = std::max(deepest, glyph->bottom);
+    }
+    return deepest * size_;
 }
 
 std::string Font::missing(std::string_view text) const {

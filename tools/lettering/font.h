@@ -28,6 +28,8 @@ public:
 
     /// From the first pen to the one behind the last letter. A missing letter is 0 wide.
     double width(std::string_view line) const;
+    /// How far the letters reach below the baseline; 0 when none does.
+    double depth(std::string_view line) const;
     /// Each letter of `text` that the typeface does not have, once; line ends are none.
     std::string missing(std::string_view text) const;
     /// The lines of a text: it breaks at '\n', and before each word that would end beyond `width`. A word that is too

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <thread>
 
+#include "board_sheet.h"
 #include "command.h"
 #include "command_lists.h"
 #include "contact_sheet.h"
@@ -104,6 +105,15 @@ void renderFigure(const Arguments& arguments) {
         failWith(kFailed, file + ": cannot be written");
 }
 
+/// Also says which words do not fit.
+void renderBoards(const Arguments& arguments) {
+    std::vector<std::string> faults;
+    const std::string file = arguments.text("FILE");
+    if (!writePng(file, boardSheet(arguments.number("--zoom", 1), faults)))
+        failWith(kFailed, file + ": cannot be written");
+    for (const std::string& fault : faults) std::cout << fault << '\n';
+}
+
 }  // namespace
 
 std::vector<Command> renderCommands() {
@@ -129,6 +139,10 @@ std::vector<Command> renderCommands() {
          {word("NAME", "figure, such as grub"), word("FILE", "PNG file to write"),
           number("--percent", "size, 100 if not given: as large as in play", 50, 1000)},
          renderFigure},
+        {"render boards",
+         "Lay every kind of board out on a sheet, with words on it",
+         {word("FILE", "PNG file to write"), number("--zoom", "how many times as large, 1 if not given", 1, 8)},
+         renderBoards},
     };
 }
 

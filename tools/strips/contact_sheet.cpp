@@ -16,6 +16,8 @@ struct Placed {
     int y;
 };
 
+}  // namespace
+
 PixelImage enlarged(const PixelImage& image, int zoom) {
     PixelImage large(image.width * zoom, image.height * zoom);
     for (int y = 0; y < large.height; ++y) {
@@ -23,8 +25,6 @@ PixelImage enlarged(const PixelImage& image, int zoom) {
     }
     return large;
 }
-
-}  // namespace
 
 PixelImage contactSheet(const std::vector<const StripDrawing*>& strips, int zoom) {
     std::vector<Placed> items;

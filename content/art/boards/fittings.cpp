@@ -1,0 +1,58 @@
+#include "fittings.h"
+
+#include <cmath>
+
+#include "board_looks.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+/// From one link of a chain to the next.
+constexpr double kLinkPitch = 9;
+
+}  // namespace
+
+void drawNail(Canvas& canvas, Point centre) {
+    canvas.part(circle(centre, 3.1), kIron, {.bevel = 2.8, .line = 1.0, .shadow = 0.5F});
+    canvas.flat(circle(centre + Point{-0.8, -1.1}, 0.7), rgb(0xffffff), {.alpha = 0.8F});
+}
+
+void drawRing(Canvas& canvas, Point hole) {
+    canvas.flat(ellipse(hole, 4.2, 3.6), kBoardInk, {.alpha = 0.85F});
+    canvas.part(ring(hole - Point{0, 6}, 7.2, 4.4), kIron, {.bevel = 1.6, .line = 1.1, .shadow = 0.5F});
+}
+
+void drawChain(Canvas& canvas, Point end) {
+    const int links = static_cast<int>(std::ceil(end.y / kLinkPitch)) + 1;
+    for (int i = links; i >= 0; --i) {
+        const Point at = end - Point{0, i * kLinkPitch};
+        const bool edgeOn = i % 2 == 1;
+        const VectorPath link = edgeOn ? limb({{at - Point{0, 4.6}, 1.5}, {at + Point{0, 4.6}, 1.5}})
+                                       : ellipse(at, 3.4, 5.6).unite(ellipse(at, 1.4, 3.4));
+        if (edgeOn) {
+            canvas.part(link, kIron, {.bevel = 1.5, .line = 1.0, .shadow = 0.4F});
+        } else {
+            canvas.part(ellipse(at, 3.0, 5.2), kIron, {.bevel = 1.2, .line = 1.0, .shadow = 0.4F, .stroke = 2.4});
+        }
+    }
+}
+
+VectorPath arrowHead(Point centre, double length, double angle) {
+    const Affine turned = Affine{}.translated(centre).rotated(angle);
+    const double half = length / 2;
+    return polygon({turned.apply({-half, -half * 1.15}), turned.apply({half, 0}), turned.apply({-half, half * 1.15})},
+                   length * 0.16);
+}
+
+void drawSpoonMark(Canvas& canvas, Point centre, double length) {
+    const double unit = length / 24;
+    const auto placed = canvas.placed(centre, 0, unit, unit);
+    canvas.part(limb({{{-10.2, 0}, 2.7}, {{-6.5, 0}, 2.1}, {{3, 0}, 2}}), kIron, {.bevel = 1.5, .line = 1.1});
+    canvas.part(ellipse({5.2, 0}, 7, 5.6), kIron, {.bevel = 3, .line = 1.1});
+    canvas.flat(ellipse({5.6, 0.4}, 4.9, 3.6), kIron.shadow, {.alpha = 0.55F});
+    canvas.flat(ellipse({5.6, 1.3}, 4.1, 2.4), kIron.light, {.alpha = 0.65F});
+}
+
+}  // namespace grub
