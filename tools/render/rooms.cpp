@@ -6,6 +6,7 @@
 #include "common_room.h"
 #include "dog.h"
 #include "enemies_room.h"
+#include "grub.h"
 #include "grub_room.h"
 #include "jelezo_room.h"
 #include "podval_room.h"
@@ -34,7 +35,7 @@ std::span<const Room> rooms() { return kRooms; }
 const Room* findRoom(std::string_view name) { return findNamed(kRooms, name); }
 
 std::span<const FigureDrawing* const> figures() {
-    static const std::vector<const FigureDrawing*> known{&dogFigure()};
+    static const std::vector<const FigureDrawing*> known{&grubFigure(), &dogFigure()};
     return known;
 }
 

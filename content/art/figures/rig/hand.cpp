@@ -24,9 +24,9 @@ void drawFingersOfFist(Canvas& canvas, double size, const Material& skin) {
     for (const double y : {-0.12, 0.34}) {
         canvas.flat(curve({Point{0.88, y - 0.06} * size, Point{0.6, y - 0.02} * size, Point{0.4, y} * size,
                            Point{0.18, y - 0.02} * size}),
-                    skin.ink, {.alpha = 0.55F, .stroke = 0.11 * size});
+                    skin.ink, {.alpha = 0.4F, .stroke = 0.1 * size});
     }
-    canvas.part(scaled(kThumb, size), skin, {.bevel = 0.34 * size, .line = 0.55, .shadow = 0.25F});
+    canvas.part(scaled(kThumb, size), skin, {.bevel = 0.34 * size, .line = 0.4, .shadow = 0.2F});
 }
 
 void drawFist(Canvas& canvas, double size, const Material& skin) {
@@ -35,7 +35,7 @@ void drawFist(Canvas& canvas, double size, const Material& skin) {
 }
 
 void drawPointing(Canvas& canvas, double size, const Material& skin) {
-    constexpr Joint kFinger[] = {{{0.2, -0.36}, 0.38}, {{1.95, -0.42}, 0.34}};
+    constexpr Joint kFinger[] = {{{0.1, -0.58}, 0.38}, {{1.85, -0.74}, 0.33}};
     VectorPath hand = circle({}, size);
     hand.unite(scaled(kFinger, size));
     canvas.part(hand, skin, {.bevel = 0.8 * size});

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "figure_drawing.h"
+
+namespace grub {
+
+// Grub, the prisoner: a pear in a striped shirt under a miner's helmet. He is drawn facing right.
+
+/// Draws him in his cell; see FigureDrawing.
+void drawGrub(Canvas& canvas, const Pose& pose, const Expression& expression, const FigureStyle& style = {});
+void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style = {});
+
+// His movements. `phase` is a share of the cycle, 0 up to 1; a cycle covers 64 pixels of way.
+
+Pose grubWalkPose(double phase);
+/// Seen from behind, on rungs that lie every 16 pixels from row 8 on.
+Pose grubClimbPose(double phase);
+/// Hand over hand along a pipe whose axis is row 10.
+Pose grubHangPose(double phase);
+/// Seen from the front, arms and legs flail once a cycle.
+Pose grubFallPose(double phase);
+/// On both feet, `breath` from -1 (out) to 1 (in).
+Pose grubStandPose(double breath);
+/// The same, straight at the viewer.
+Pose grubFrontPose(double breath);
+
+/// Digging goes by frames: two of winding up before the hit, one of overshoot after it, the throw, two of settling.
+inline constexpr int kGrubDigFrames = 10;
+inline constexpr int kGrubDigHit = 4;
+Pose grubDigPose(int frame);
+
+/// Grub as pages see him, with all poses that have names.
+const FigureDrawing& grubFigure();
+
+}  // namespace grub

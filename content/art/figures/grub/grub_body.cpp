@@ -1,0 +1,155 @@
+#include "grub.h"
+
+#include "grub_parts.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+constexpr Material kShirt = glossy(material(0x22a79b, 0x0d5a72, 0x7be3c4), 0.15F);
+constexpr Rgb kStripe = rgb(0xfff1d6);
+
+/// Width of the line round the whole figure, added to the lines of its parts.
+constexpr double kOutline = 0.4;
+
+constexpr Point kMiddle{32, 32};
+/// The body leans and squashes about it.
+constexpr Point kHips{32, 50};
+/// A hand above this row, the body being in its place, reaches up behind the head.
+constexpr double kRaised = 26;
+
+/// Where arms and legs begin while the body is upright.
+struct Joints {
+    Point nearShoulder;
+    Point farShoulder;
+    Point nearHip;
+    Point farHip;
+};
+
+constexpr Joints jointsOf(View view) {
+    if (view == View::Side) return {{24, 39}, {42, 38.6}, {33, 46.5}, {31, 46.5}};
+    return {{21, 37.5}, {43, 37.5}, {27, 46}, {37, 46}};
+}
+
+/// The lower part of the pear; the head covers its upper end.
+VectorPath torsoShape() {
+    return loop({{32, 27.6},
+                 {40, 27.6},
+                 {44.6, 27.4},
+                 {45.4, 30.4},
+                 {46, 33},
+                 {47.4, 35.6},
+                 {47.4, 39.6},
+                 {47.4, 46.6},
+                 {40, 50},
+                 {32, 50},
+                 {24, 50},
+                 {16.6, 46.6},
+                 {16.6, 39.6},
+                 {16.6, 35.6},
+                 {18, 33},
+                 {18.6, 30.4},
+                 {19.4, 27.4},
+                 {24, 27.6},
+                 {32, 27.6}});
+}
+
+/// A stripe across the belly that follows its round; from `y` at the sides, `thickness` pixels high.
+VectorPath stripe(double y, double thickness) {
+    const double low = y + thickness;
+    return loop({{12, y - 1.2},
+                 {22, y + 3},
+                 {42, y + 3},
+                 {52, y - 1.2},
+                 {52, y},
+                 {52, low - 1},
+                 {52, low - 1.2},
+                 {42, low + 3},
+                 {22, low + 3},
+                 {12, low - 1.2},
+                 {12, low - 1},
+                 {12, y},
+                 {12, y - 1.2}});
+}
+
+void drawTorso(Canvas& canvas) {
+    const VectorPath torso = torsoShape();
+    canvas.part(torso, kShirt, {.bevel = 12, .line = 1.2});
+    const Mask inTorso = canvas.mask(torso);
+    for (const double y : {38.0, 43.4}) canvas.flat(stripe(y, 2.5), kStripe, {.alpha = 0.9F, .clip = &inTorso});
+    canvas.shadeRows(41, 51, 1, 0.62F, &inTorso);
+}
+
+/// What all of a pose's parts need while they are drawn.
+struct Drawing {
+    Canvas& canvas;
+    const Pose& pose;
+    const Expression& expression;
+    Joints joints;
+    /// Of the body: what moves with it.
+    Affine body;
+
+    Point hung(Point joint, Point shift) const { return body.apply(joint + shift); }
+
+    bool raised(const ArmPose& arm) const { return arm.hand.y < kRaised + pose.hips.y; }
+    bool beyondBody() const { return pose.view == View::Side && !pose.farArm.acrossBody && !raised(pose.farArm); }
+
+    void nearArm() const {
+        drawGrubArm(canvas, pose.view, hung(joints.nearShoulder, pose.nearArm.shoulder), pose.nearArm, Side::Near);
+    }
+    void farArm() const {
+        drawGrubArm(canvas, pose.view, hung(joints.farShoulder, pose.farArm.shoulder), pose.farArm, Side::Far);
+    }
+    void legs() const {
+        drawGrubLeg(canvas, pose.view, hung(joints.farHip, pose.farLeg.hip), pose.farLeg, Side::Far);
+        drawGrubLeg(canvas, pose.view, hung(joints.nearHip, pose.nearLeg.hip), pose.nearLeg, Side::Near);
+    }
+    [[nodiscard]] Canvas::Placement inBody() const {
+        return canvas.placed({body.x0, body.y0}, pose.lean, 1 + pose.squash, 1 - pose.squash);
+    }
+};
+
+/// From the back to the front. Arms that reach up pass between body and head.
+void drawParts(const Drawing& grub) {
+    const Pose& pose = grub.pose;
+    if (grub.beyondBody()) grub.farArm();
+    grub.legs();
+    {
+        const auto body = grub.inBody();
+        drawTorso(grub.canvas);
+    }
+    if (grub.raised(pose.farArm)) grub.farArm();
+    if (grub.raised(pose.nearArm)) grub.nearArm();
+    {
+        const auto body = grub.inBody();
+        drawGrubHeadParts(grub.canvas, pose.view, pose.head, grub.expression);
+        if (grub.expression.eyes == Eyes::Spiral && pose.view != View::Back)
+            drawGrubStars(grub.canvas, pose.head, grub.expression.stars);
+    }
+    if (!grub.beyondBody() && !grub.raised(pose.farArm)) grub.farArm();
+    if (!grub.raised(pose.nearArm)) grub.nearArm();
+}
+
+}  // namespace
+
+void drawGrub(Canvas& canvas, const Pose& pose, const Expression& expression, const FigureStyle& style) {
+    const auto group = canvas.group(figureGroup(style, kOutline));
+    const Affine about =
+        Affine{}.translated(kMiddle).rotated(pose.roll).scaled(pose.size, pose.size).translated(kMiddle * -1);
+    const auto whole = canvas.placed({about.x0, about.y0}, pose.roll, pose.size, pose.size);
+    const Affine body = Affine{}
+                            .translated(kHips + pose.hips)
+                            .rotated(pose.lean)
+                            .scaled(1 + pose.squash, 1 - pose.squash)
+                            .translated(kHips * -1);
+    drawParts({canvas, pose, expression, jointsOf(pose.view), body});
+}
+
+void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style) {
+    const auto group = canvas.group(figureGroup(style, kOutline));
+    drawGrubHeadParts(canvas, View::Side, head, expression);
+    if (expression.eyes == Eyes::Spiral) drawGrubStars(canvas, head, expression.stars);
+}
+
+}  // namespace grub

@@ -1,0 +1,203 @@
+#include "grub_parts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "face.h"
+#include "shapes.h"
+
+namespace grub {
+
+namespace {
+
+constexpr Material kHair = glossy(material(0x7a4630, 0x40213a, 0xb07848), 0.3F);
+constexpr Material kHelmet = glossy(material(0xf0592b, 0x9a1f3c, 0xffb066), 0.85F, 0.5F);
+constexpr Material kLamp = glossy(material(0xfff2b0, 0xe0a23a, 0xffffff), 1);
+constexpr Rgb kMouth = rgb(0x5a2632);
+constexpr Rgb kTongue = rgb(0xd8636a);
+constexpr Rgb kTeeth = rgb(0xffffff);
+constexpr Rgb kBlush = rgb(0xf08f6c);
+
+constexpr EyeStyle kEyes{.lid = kGrubSkin};
+constexpr BrowStyle kBrows{.colour = kMouth, .half = 3.1, .thickness = 1.9};
+
+constexpr double kMiddle = 32;
+constexpr Point kNeck{32, 34};
+/// Middle of the helmet's rim, about which it slips.
+constexpr Point kHelmetSeat{32, 19};
+/// A helmet this many pixels too low covers the brows.
+constexpr double kSlipped = 1.5;
+
+VectorPath headShape() {
+    return loop({{32, 9},
+                 {41, 9},
+                 {45, 17},
+                 {45, 25},
+                 {45.8, 33.4},
+                 {41.4, 37.4},
+                 {32, 37.4},
+                 {22.6, 37.4},
+                 {18.2, 33.4},
+                 {19, 25},
+                 {19, 17},
+                 {23, 9},
+                 {32, 9}});
+}
+
+/// The round of the head: a feature `away` pixels to the right of the middle of the face moves with the face's turn,
+/// that on the side it turns to a little less.
+double onFace(double away, double turn, double share) {
+    const double foreshortened = 0.013 * away * std::abs(turn);
+    return kMiddle + away + share * turn - foreshortened;
+}
+
+void drawMouth(Canvas& canvas, Mouth mouth, Point at) {
+    const auto placed = canvas.placed(at);
+    switch (mouth) {
+        case Mouth::Smile:
+            canvas.flat(curve({{-4.7, -1}, {-2.6, 2}, {2.6, 2.2}, {4.7, -1.4}}), kMouth, {.stroke = 1.3});
+            for (const Point corner : {Point{-4.7, -1}, Point{4.7, -1.4}}) canvas.flat(circle(corner, 0.85), kMouth);
+            return;
+        case Mouth::Open: {
+            const VectorPath hole = ellipse({0, 0.9}, 2.9, 3.1);
+            canvas.flat(hole, kMouth);
+            const Mask inside = canvas.mask(hole);
+            canvas.flat(ellipse({0, 3.2}, 2.2, 1.7), kTongue, {.clip = &inside});
+            return;
+        }
+        case Mouth::Grit:
+            canvas.flat(rectangle(-4.2, -1.4, 8.4, 4, 1.6), kMouth);
+            canvas.flat(rectangle(-3.3, -0.6, 6.6, 2.3, 0.8), kTeeth);
+            for (const double x : {-1.2, 1.1}) canvas.flat(rectangle(x - 0.2, -0.6, 0.4, 2.3), kMouth, {.alpha = 0.5F});
+            return;
+        case Mouth::Frown:
+            canvas.flat(curve({{-4, 2.2}, {-2.2, -0.8}, {2.2, -0.8}, {4, 2.2}}), kMouth, {.stroke = 1.4});
+            return;
+        case Mouth::Pout: canvas.flat(ellipse({0.4, 0.8}, 1.5, 1.7), kMouth); return;
+    }
+}
+
+void drawFace(Canvas& canvas, const Expression& expression, double turn) {
+    const double up = expression.chin;
+    const Mask inHead = canvas.mask(headShape());
+    for (const double side : {-1.0, 1.0})
+        canvas.flat(ellipse({onFace(side * 9.1, turn, 0.98), 31.3 - up}, 2.7, 1.8), kBlush,
+                    {.alpha = 0.5F, .clip = &inHead});
+    drawMouth(canvas, expression.mouth, {onFace(0, turn, 1.37), 33 - up});
+    // The far eye first.
+    const double far = turn < 0 ? -1 : 1;
+    for (const double side : {far, -far}) {
+        const double radius = 4.85 - 0.08 * side * turn;
+        drawEye(canvas, {onFace(side * 4.6, turn, 1.13), 25.6 - up}, radius, -side, expression, kEyes);
+    }
+    canvas.part(ellipse({onFace(0, turn, 1.87), 29.6 - up * 1.3}, 2.7, 2.3), kGrubSkin,
+                {.bevel = 2.4, .line = 0.7, .shadow = 0.25F});
+}
+
+/// They lie over the rim of the helmet, so that they are seen when they are raised, unless it has slipped over them.
+void drawBrows(Canvas& canvas, const Expression& expression, double turn) {
+    for (const double side : {-1.0, 1.0})
+        drawBrow(canvas, {onFace(side * 4.9, turn, 1.06), 20.2 - expression.chin}, -side, expression, kBrows);
+}
+
+/// Hair at the back of the head below the helmet.
+void drawHairBehind(Canvas& canvas) {
+    const Mask inHead = canvas.mask(headShape());
+    VectorPath hair = rectangle(14, 12, 36, 13.5, 3);
+    for (int i = 0; i < 6; ++i) hair.unite(circle({20.5 + 4.6 * i, 25}, 2.9));
+    canvas.part(hair, kHair, {.bevel = 3, .line = 0.9, .shadow = 0.25F, .clip = &inHead});
+}
+
+/// What shows of it behind the cheek; `turn` as in HeadPose.
+void drawHairAtCheek(Canvas& canvas, double turn) {
+    const Mask inHead = canvas.mask(headShape());
+    const double side = turn > 0 ? -1 : 1;
+    const double wide = std::clamp(std::abs(turn) - 3, 0.0, 2.0);
+    canvas.part(limb({{{kMiddle + side * 13.4, 14}, 4 + wide}, {{kMiddle + side * 13.2, 24.5}, 3.4 + wide}}), kHair,
+                {.bevel = 3, .line = 0.8, .shadow = 0.2F, .clip = &inHead});
+}
+
+void drawHelmetLamp(Canvas& canvas, double turn) {
+    const Point at{kMiddle + turn * 1.6, 12.6};
+    canvas.part(circle(at, 5), kMetal, {.bevel = 2.2});
+    canvas.part(circle(at, 3.4), kLamp, {.bevel = 2.5, .line = 0.5, .shadow = 0});
+}
+
+void drawHelmetRidge(Canvas& canvas, double turn) {
+    const double x = kMiddle + turn;
+    const double lean = turn * 0.2;
+    canvas.part(loop({{x - 1.6, 4.6},
+                      {x - 1, 3.2},
+                      {x + 1, 3.2},
+                      {x + 1.6, 4.6},
+                      {x + 2.6 + lean, 9},
+                      {x + 2.8 + lean, 13},
+                      {x + 2.6 + lean, 16.4},
+                      {x + 1, 17},
+                      {x - 1, 17},
+                      {x - 2.6 + lean, 16.4},
+                      {x - 2.8 + lean, 13},
+                      {x - 2.6, 9},
+                      {x - 1.6, 4.6}}),
+                kHelmet, {.bevel = 1.6, .line = 0.6, .shadow = 0.3F});
+}
+
+void drawHelmet(Canvas& canvas, double turn) {
+    const VectorPath dome = loop({{18.2, 20.6},
+                                  {16.6, 8.4},
+                                  {24, 4.2},
+                                  {32, 4.2},
+                                  {40, 4.2},
+                                  {47.4, 8.4},
+                                  {45.8, 20.6},
+                                  {38, 17.6},
+                                  {26, 17.6},
+                                  {18.2, 20.6}});
+    canvas.part(dome, kHelmet, {.bevel = 9, .line = 1.2});
+    const VectorPath brim = loop({{16, 20.6},
+                                  {24, 16},
+                                  {40, 16},
+                                  {48, 20.6},
+                                  {48.8, 23},
+                                  {46.6, 23.8},
+                                  {45.4, 23},
+                                  {39, 19.8},
+                                  {25, 19.8},
+                                  {18.6, 23},
+                                  {17.4, 23.8},
+                                  {15.2, 23},
+                                  {16, 20.6}});
+    canvas.part(brim, kHelmet, {.bevel = 2.4, .line = 1, .shadow = 0.5F});
+    drawHelmetRidge(canvas, turn);
+}
+
+}  // namespace
+
+void drawGrubHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression) {
+    const bool fromBehind = view == View::Back;
+    const double turn = fromBehind ? 0 : head.turn;
+    const bool slippedOff = head.hatShift.y > kSlipped;
+    const auto turned = canvas.bent(kNeck, head.tilt, head.shift);
+    canvas.part(headShape(), kGrubSkin, {.bevel = 6.5, .line = 1.1});
+    if (fromBehind) {
+        drawHairBehind(canvas);
+    } else {
+        if (std::abs(turn) > 1) drawHairAtCheek(canvas, turn);
+        drawFace(canvas, expression, turn);
+        if (slippedOff) drawBrows(canvas, expression, turn);
+    }
+    {
+        const auto slipped =
+            canvas.bent(kHelmetSeat, head.hatTilt, head.hatShift - Point{0, std::max(0.0, expression.chin) * 0.6});
+        drawHelmet(canvas, turn);
+        if (!fromBehind) drawHelmetLamp(canvas, turn);
+    }
+    if (!fromBehind && !slippedOff) drawBrows(canvas, expression, turn);
+}
+
+void drawGrubStars(Canvas& canvas, const HeadPose& head, double turn) {
+    const auto turned = canvas.bent(kNeck, head.tilt, head.shift);
+    drawDizzyStars(canvas, {kMiddle, 7}, 21, 5, turn);
+}
+
+}  // namespace grub

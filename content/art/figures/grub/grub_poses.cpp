@@ -1,0 +1,171 @@
+#include "grub.h"
+
+#include <array>
+#include <numbers>
+
+#include "figure.h"
+
+namespace grub {
+
+namespace {
+
+constexpr double kQuarter = std::numbers::pi / 2;
+
+/// One hand on the hip, a finger up: he explains.
+Pose pointing() {
+    Pose pose = grubStandPose(0);
+    pose.head.tilt = -0.06;
+    pose.farArm = {.hand = {54, 27.5}, .bend = 1, .bone = 8, .grip = Grip::Pointing};
+    return pose;
+}
+
+Pose cheering() {
+    Pose pose = grubFrontPose(0);
+    pose.hips.y -= 1;
+    pose.head.tilt = -0.08;
+    pose.nearArm = {.hand = {11, 19}, .bend = 1, .held = {Prop::Spoon, -1.75}};
+    pose.farArm = {.hand = {53, 18}};
+    return pose;
+}
+
+/// The spoon on his shoulder, the keys of a hall on it.
+Pose strolling() {
+    Pose pose = grubWalkPose(0);
+    pose.nearArm = {.hand = {28.5, 39.5}, .bend = 1, .bone = 6.4, .held = {Prop::SpoonWithKeys, 0.42}};
+    return pose;
+}
+
+/// The nose follows a smell.
+Pose sniffing() {
+    Pose pose = grubStandPose(0.5);
+    pose.lean = 0.05;
+    pose.head = {.turn = 3.6, .tilt = -0.36, .shift = {1.5, -1}, .hatShift = {-0.6, 0.4}, .hatTilt = -0.06};
+    pose.nearArm = {.hand = {14.5, 42}, .bend = 1, .bone = 6.4, .grip = Grip::Open};
+    pose.farArm = {.hand = {50.5, 42}, .bone = 6.4, .grip = Grip::Open};
+    return pose;
+}
+
+/// An ear at a wall on the right; the face stays with the viewer.
+Pose listening() {
+    Pose pose = grubStandPose(0);
+    pose.hips.x = 3;
+    pose.lean = 0.16;
+    pose.head = {.turn = -1.4, .tilt = 0.2, .shift = {2, 0.5}};
+    pose.nearArm = {.hand = {18, 44}, .bend = 1, .bone = 6, .grip = Grip::Open};
+    pose.farArm = {.hand = {57.5, 34}, .bone = 7, .grip = Grip::Open, .acrossBody = true};
+    pose.nearLeg.sole.x -= 2;
+    pose.farLeg.sole.x += 3;
+    return pose;
+}
+
+/// On his belly along the ground, the chin on it, the helmet over one eye. The head lies on the right.
+Pose flattened() {
+    return {
+        .hips = {13, 4},
+        .squash = 0,
+        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {9, -9}, .hatShift = {3, 4.6}, .hatTilt = 0.34},
+        .nearArm = {.hand = {55, 8}, .bend = 1, .grip = Grip::Open, .shoulder = {16, -4}},
+        .farArm = {.hand = {54, -2}, .bend = 1, .grip = Grip::Open},
+        .nearLeg = {.sole = {52, 60}, .angle = 1.1, .hip = {6, 2}},
+        .farLeg = {.sole = {44, 62}, .angle = 1.1, .hip = {2, 2}},
+        .roll = kQuarter,
+    };
+}
+
+/// On his toes, knees together, hands at the mouth.
+Pose tiptoeing() {
+    constexpr double kHeelUp = 0.62;
+    constexpr double kSoleRow = 55.2;
+    return {
+        .hips = {0, -3.4},
+        .squash = -0.03,
+        .head = {.turn = 2, .hatShift = {0, -1.4}},
+        .nearArm = {.hand = {29.5, 36}, .bend = -1, .bone = 7.4, .shoulder = {-2, 0}},
+        .farArm = {.hand = {40.5, 35.6}, .bend = 1, .bone = 6, .acrossBody = true},
+        .nearLeg = {.sole = {28, kSoleRow}, .angle = kHeelUp, .hip = {-3, 0}},
+        .farLeg = {.sole = {33, kSoleRow}, .angle = kHeelUp, .hip = {3, 0}},
+    };
+}
+
+/// In a hole that is too tight for him.
+Pose stuck() {
+    Pose pose = grubFrontPose(0);
+    pose.squash = -0.07;
+    pose.head.shift = {0, -1.4};
+    pose.nearArm = {.hand = {20.6, 48}, .bend = 1, .bone = 6.6, .shoulder = {1.4, -2.4}};
+    pose.farArm = {.hand = {43.4, 48}, .bend = -1, .bone = 6.6, .shoulder = {-1.4, -2.4}};
+    return pose;
+}
+
+/// Hanging with the boots drawn up, away from what is below.
+Pose tucked() {
+    Pose pose = grubHangPose(0);
+    pose.head.tilt = 0.1;
+    pose.nearLeg = {.sole = {43, 64}, .angle = -0.3, .hip = {-2, 0}};
+    pose.farLeg = {.sole = {49, 61}, .angle = -0.4, .hip = {6, 0}};
+    return pose;
+}
+
+/// Hands on two bars, the face between them.
+Pose peeping() {
+    Pose pose = grubFrontPose(0);
+    pose.head = {.turn = 0.6, .tilt = 0.16, .shift = {0, 0.6}};
+    pose.nearArm = {.hand = {15.5, 33}, .bend = -1, .bone = 7};
+    pose.farArm = {.hand = {48.5, 33}, .bend = 1, .bone = 7};
+    return pose;
+}
+
+/// Out of the door: the spoon with all keys up, a look at the viewer.
+Pose marching() {
+    Pose pose = grubWalkPose(0);
+    pose.lean = -0.02;
+    pose.head.turn = 1;
+    pose.head.tilt = -0.08;
+    pose.nearArm = {.hand = {11, 21}, .bend = 1, .bone = 9, .held = {Prop::SpoonWithKeys, -1.85}};
+    return pose;
+}
+
+/// On the ground, tired, the legs before him.
+Pose sitting() {
+    constexpr double kToesUp = -1.25;
+    return {
+        .hips = {-5, 10},
+        .lean = -0.08,
+        .squash = 0.04,
+        .head = {.turn = 2.4, .tilt = 0.2, .shift = {1, 1}},
+        .nearArm = {.hand = {14, 57}, .bend = 1, .bone = 7},
+        .farArm = {.hand = {42, 52}, .bone = 6, .acrossBody = true},
+        .nearLeg = {.sole = {49.5, 55.4}, .angle = kToesUp, .hip = {2, 0}},
+        .farLeg = {.sole = {52.5, 54.6}, .angle = kToesUp + 0.1, .hip = {6, -1}},
+    };
+}
+
+}  // namespace
+
+const FigureDrawing& grubFigure() {
+    static const std::array kPoses{
+        NamedPose{"stand", grubStandPose(0)},
+        NamedPose{"front", grubFrontPose(0)},
+        NamedPose{"walk", grubWalkPose(0)},
+        NamedPose{"climb", grubClimbPose(0)},
+        NamedPose{"hang", grubHangPose(0)},
+        NamedPose{"fall", grubFallPose(0)},
+        NamedPose{"dig", grubDigPose(kGrubDigHit)},
+        NamedPose{"point", pointing()},
+        NamedPose{"cheer", cheering()},
+        NamedPose{"stroll", strolling()},
+        NamedPose{"sniff", sniffing()},
+        NamedPose{"listen", listening()},
+        NamedPose{"flat", flattened()},
+        NamedPose{"tiptoe", tiptoeing()},
+        NamedPose{"stuck", stuck()},
+        NamedPose{"tucked", tucked()},
+        NamedPose{"peep", peeping()},
+        NamedPose{"march", marching()},
+        NamedPose{"sit", sitting()},
+    };
+    static const FigureDrawing kFigure{"grub", drawGrub, drawGrubHead, kPoses};
+    return kFigure;
+}
+
+}  // namespace grub
