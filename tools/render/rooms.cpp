@@ -9,6 +9,7 @@
 #include "grub.h"
 #include "grub_room.h"
 #include "jelezo_room.h"
+#include "lady.h"
 #include "podval_room.h"
 #include "things_room.h"
 #include "turma_room.h"
@@ -35,7 +36,7 @@ std::span<const Room> rooms() { return kRooms; }
 const Room* findRoom(std::string_view name) { return findNamed(kRooms, name); }
 
 std::span<const FigureDrawing* const> figures() {
-    static const std::vector<const FigureDrawing*> known{&grubFigure(), &dogFigure()};
+    static const std::vector<const FigureDrawing*> known{&grubFigure(), &dogFigure(), &ladyFigure()};
     return known;
 }
 

@@ -30,6 +30,10 @@ void drawRollingPin(Canvas& canvas) {
     canvas.part(limb({{{-3, 0}, 1.7}, {{5, 0}, 1.5}}), kWood, {.bevel = 1.5, .line = 1});
     canvas.part(limb({{{18, 0}, 1.5}, {{20.6, 0}, 1.7}}), kWood, {.bevel = 1.5, .line = 1});
     canvas.part(rectangle(4.6, -3.9, 13.6, 7.8, 2.6), kWood, {.bevel = 3.6, .line = 1.2});
+    for (const double x : {7.0, 15.8}) {
+        canvas.flat(curve({{x, -3.4}, {x + 0.6, -1.2}, {x + 0.6, 1.2}, {x, 3.4}}), kWood.ink,
+                    {.alpha = 0.35F, .stroke = 0.5});
+    }
 }
 
 void drawCarriedKey(Canvas& canvas) {
