@@ -11,8 +11,11 @@ std::span<const StripDrawing> enemiesRoom();
 
 // Its tables; each function stands in the file of its own name.
 
+/// The dog walks, climbs, hangs, falls, is trapped in a hole and escapes from it.
 std::span<const StripDrawing> dogStrips();
+/// The lady, as the dog.
 std::span<const StripDrawing> ladyStrips();
+/// The rat runs, falls into a hole and leaps out of it.
 std::span<const StripDrawing> ratStrips();
 
 }  // namespace grub

@@ -11,6 +11,7 @@ std::span<const StripDrawing> grubRoom();
 
 // Its tables; each function stands in the file of its own name.
 
+/// Grub walks, climbs, falls, hangs, digs, stands, and looks at the player.
 std::span<const StripDrawing> grubStrips();
 
 /// Grub's strips once more, inside a glass bubble: what is shown while he has a shield. Each has as many frames as his

@@ -32,14 +32,19 @@ void drawPipeStrap(Canvas& canvas, const WorldPalette& world);
 
 // ---- the same for the rows of a table
 
+/// A pipe of the world, with a flange at its left or right end.
 template <const WorldPalette& World, bool Left = false, bool Right = false>
 void drawHangPipe(Canvas& canvas, FrameOf) {
     drawHangPipe(canvas, World, {Left, Right});
 }
+
+/// An open pipe of the world with a joint.
 template <const WorldPalette& World>
 void drawPipeJoint(Canvas& canvas, FrameOf) {
     drawPipeJoint(canvas, World);
 }
+
+/// An open pipe of the world with a strap.
 template <const WorldPalette& World>
 void drawPipeStrap(Canvas& canvas, FrameOf) {
     drawPipeStrap(canvas, World);

@@ -51,11 +51,13 @@ inline constexpr int kOpening = 10;
 
 // ---- the same for the rows of a table
 
+/// An exit that opens, from shut in the first frame to open in the last.
 template <const DoorKind& Kind>
 void drawOpening(Canvas& canvas, FrameOf frame) {
     drawExit(canvas, Kind, frame.progress());
 }
 
+/// An exit that stays shut.
 template <const DoorKind& Kind>
 void drawShut(Canvas& canvas, FrameOf) {
     drawExit(canvas, Kind, 0);

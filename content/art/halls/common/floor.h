@@ -37,7 +37,7 @@ struct FloorEnds {
     bool right = false;
 };
 
-/// A floor cell that nobody has dug.
+/// A floor cell that is whole.
 void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorVariant variant = FloorVariant::Plain,
                FloorEnds ends = {});
 
@@ -49,21 +49,25 @@ void drawGrowing(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey st
 
 // ---- the same for the rows of a table
 
+/// A floor that is walked on, with an end at its left or right side.
 template <const FloorKind& Kind, FloorVariant Variant = FloorVariant::Plain, bool Left = false, bool Right = false>
 void drawTop(Canvas& canvas, FrameOf) {
     drawFloor(canvas, Kind, Storey::Top, Variant, {Left, Right});
 }
 
+/// A floor below another one.
 template <const FloorKind& Kind, FloorVariant Variant = FloorVariant::Plain>
 void drawUnder(Canvas& canvas, FrameOf) {
     drawFloor(canvas, Kind, Storey::Under, Variant);
 }
 
+/// See drawBreaking.
 template <const FloorKind& Kind, Storey Of, std::uint32_t Seed>
 void drawBreak(Canvas& canvas, FrameOf frame) {
     drawBreaking(canvas, frame, Kind, Of, Seed);
 }
 
+/// See drawGrowing.
 template <const FloorKind& Kind, Storey Of>
 void drawGrow(Canvas& canvas, FrameOf frame) {
     drawGrowing(canvas, frame, Kind, Of);
