@@ -42,16 +42,16 @@ double Canvas::lineSamples(double width) const {
 
 // ---- groups
 
-Box Canvas::boxOf(const Area& area) const {
-    return boxAround({place_.apply({area.x0, area.y0}), place_.apply({area.x1, area.y0}),
-                      place_.apply({area.x0, area.y1}), place_.apply({area.x1, area.y1})});
+Box Canvas::boxOf(const Rect& rect) const {
+    return boxAround({place_.apply({rect.x, rect.y}), place_.apply({rect.right(), rect.y}),
+                      place_.apply({rect.x, rect.bottom()}), place_.apply({rect.right(), rect.bottom()})});
 }
 
 Canvas::Group::Group(Canvas& canvas, const GroupStyle& style) : canvas_(canvas), style_(style), outer_(canvas.place_) {
     const Box below = canvas.layer().box();
     canvas.layers_.emplace_back(style.box ? canvas.boxOf(*style.box).within(below) : below);
     if (style.mirrored && style.box)
-        canvas.place_ = canvas.place_.translated({style.box->x0 + style.box->x1, 0}).scaled(-1, 1);
+        canvas.place_ = canvas.place_.translated({style.box->x + style.box->right(), 0}).scaled(-1, 1);
 }
 
 Canvas::Group::~Group() {

@@ -32,18 +32,10 @@ struct FlatStyle {
     const Mask* clip = nullptr;
 };
 
-/// A rectangle in design pixels, x0 < x1, y0 < y1.
-struct Area {
-    double x0;
-    double y0;
-    double x1;
-    double y1;
-};
-
 /// What a group does beside its strokes. Lengths in design pixels.
 struct GroupStyle {
     /// Nothing of the group shows outside; without it, all of the layer below. A small box saves time and memory.
-    std::optional<Area> box = std::nullopt;
+    std::optional<Rect> box = std::nullopt;
     /// Left and right are exchanged about the middle of the box, which must be given, so that a figure drawn facing
     /// right faces left.
     bool mirrored = false;
@@ -140,7 +132,7 @@ private:
     Layer& layer() { return layers_.back(); }
     const Layer& layer() const { return layers_.back(); }
     double lineSamples(double width) const;
-    Box boxOf(const Area& area) const;
+    Box boxOf(const Rect& rect) const;
     void castShadow(Layer& on, const Mask& mask, float strength) const;
 
     int width_;

@@ -89,6 +89,8 @@ VectorPath rectangle(double x, double y, double width, double height, double rad
     return polygon({{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}}, radius);
 }
 
+VectorPath Rect::path(double radius) const { return rectangle(x, y, width, height, radius); }
+
 VectorPath polyline(std::initializer_list<Point> points) {
     VectorPath path;
     bool first = true;

@@ -83,4 +83,22 @@ private:
     std::vector<Segment> segments_;
 };
 
+/// A rectangle as a layout gives it: upper left corner and size, in design pixels.
+struct Rect {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    double right() const { return x + width; }
+    double bottom() const { return y + height; }
+    Point centre() const { return {x + width / 2, y + height / 2}; }
+    /// Each side moved inwards; negative numbers move it outwards.
+    Rect inset(double by) const { return inset(by, by); }
+    Rect inset(double byX, double byY) const { return {x + byX, y + byY, width - 2 * byX, height - 2 * byY}; }
+    Rect moved(Point by) const { return {x + by.x, y + by.y, width, height}; }
+    /// Its outline, the corners rounded off.
+    VectorPath path(double radius = 0) const;
+};
+
 }  // namespace grub

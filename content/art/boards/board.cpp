@@ -247,8 +247,6 @@ void drawSurface(Canvas& canvas, const Board& board) {
 
 }  // namespace
 
-VectorPath Rect::path(double radius) const { return rectangle(x, y, width, height, radius); }
-
 void drawBoard(Canvas& canvas, const Board& board) {
     drawSurface(canvas, board);
     drawFastening(canvas, board);

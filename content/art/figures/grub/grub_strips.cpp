@@ -74,7 +74,7 @@ constexpr Material kEarth = stony(rgb(0xa8674f), 0.4F, 0.1F);
 
 /// Crumbs that the hit throws up to the left of him; time in frames since the hit.
 void drawCrumbs(Canvas& canvas, double time) {
-    const auto group = canvas.group({.box = Area{0, 0, 64, 64}, .mirrored = true, .outline = 0.4});
+    const auto group = canvas.group({.box = Rect{0, 0, 64, 64}, .mirrored = true, .outline = 0.4});
     for (std::uint32_t i = 0; i < 6; ++i) {
         const double vx = -3.4 + 4.6 * randomShare(i, 1, 5);
         const double vy = -7.5 - 4 * randomShare(i, 2, 5);

@@ -19,7 +19,7 @@ struct FigureStyle {
 };
 
 /// The cell of a figure, and room for what reaches beyond it.
-inline constexpr Area kFigureArea{-24, -24, 88, 88};
+inline constexpr Rect kFigureArea{-24, -24, 112, 112};
 
 /// The group that a figure is drawn in, its own line of `outline` around it.
 constexpr GroupStyle figureGroup(const FigureStyle& style, double outline) {
