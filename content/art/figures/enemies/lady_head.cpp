@@ -27,7 +27,7 @@ constexpr EyeStyle kEye{.lid = glossy(material(0xe0a098, 0xa8627c, 0xf6c6b6), 0.
                         .shape = {0.95, 1.1},
                         .pupilShape = {0.46, 0.54},
                         .reach = 0.34};
-constexpr BrowStyle kBrow{.colour = rgb(0x3a1530), .half = 3.3, .thickness = 1.9, .arch = 1.1};
+constexpr BrowStyle kBrow{.colour = rgb(0x3a1530), .half = 3.3, .thickness = 1.7, .arch = 1.2};
 
 /// The face as the turn of the head shows it: where its features are.
 struct Features {
@@ -196,7 +196,7 @@ void drawFace(Canvas& canvas, const Features& face, const Expression& expression
         // Those of the other eye would stick out of a face from the side.
         if (t < 2.5) drawLashes(canvas, face.rightEye(), kRightRadius, -1);
     }
-    constexpr Point kOverEye{0, -5};
+    constexpr Point kOverEye{0, -5.2};
     drawBrow(canvas, face.rightEye() + kOverEye, -1, expression, kBrow);
     drawBrow(canvas, face.leftEye() + kOverEye, 1, expression, kBrow);
     drawMouth(canvas, face, expression.mouth);
