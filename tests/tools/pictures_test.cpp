@@ -352,13 +352,19 @@ TEST(Enemies, TheRatsHolesMakeUpForHalfACell) {
     EXPECT_NEAR(middleRow(builtStrip("rat\\ani_up").back()), running, 4);
 }
 
-TEST(Shields, ShowGrubsOwnPoses) {
+TEST(Shields, HoldAllOfGrubInsideTheGlass) {
     for (int number = 1; number <= 8; ++number) {
         SCOPED_TRACE(number);
-        const auto& own = builtStrip("grub\\ani_0" + std::to_string(number));
-        const auto& shielded = builtStrip("led\\shield_0" + std::to_string(number));
-        ASSERT_EQ(shielded.size(), own.size());
-        EXPECT_LT(difference(own.back(), shielded.back(), true), 60) << "another pose";
+        const Frames& shielded = builtStrip("led\\shield_0" + std::to_string(number));
+        EXPECT_EQ(shielded.size(), builtStrip("grub\\ani_0" + std::to_string(number)).size());
+        for (const PixelImage& frame : shielded) {
+            for (int i = 0; i < frame.width * frame.height; ++i) {
+                const auto [row, column] = std::div(i, frame.width);
+                if (isVisible(frame.at(column, row))) {
+                    ASSERT_LT(std::hypot(column - 31.5, row - 31.5), 31.6) << "at " << column << ", " << row;
+                }
+            }
+        }
     }
 }
 

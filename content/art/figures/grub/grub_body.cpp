@@ -34,12 +34,12 @@ constexpr Joints jointsOf(View view) {
 
 /// The lower part of the pear; the head covers its upper end.
 VectorPath torsoShape() {
-    return loop({{32, 27.6},
-                 {40, 27.6},
-                 {44.6, 27.4},
-                 {45.4, 30.4},
-                 {46, 33},
-                 {47.4, 35.6},
+    return loop({{32, 28},
+                 {38, 28},
+                 {43.4, 28.4},
+                 {44.8, 31.2},
+                 {45.9, 33.4},
+                 {47.4, 36},
                  {47.4, 39.6},
                  {47.4, 46.6},
                  {40, 50},
@@ -47,12 +47,12 @@ VectorPath torsoShape() {
                  {24, 50},
                  {16.6, 46.6},
                  {16.6, 39.6},
-                 {16.6, 35.6},
-                 {18, 33},
-                 {18.6, 30.4},
-                 {19.4, 27.4},
-                 {24, 27.6},
-                 {32, 27.6}});
+                 {16.6, 36},
+                 {18.1, 33.4},
+                 {19.2, 31.2},
+                 {20.6, 28.4},
+                 {26, 28},
+                 {32, 28}});
 }
 
 /// A stripe across the belly that follows its round; from `y` at the sides, `thickness` pixels high.

@@ -19,7 +19,7 @@ constexpr Rgb kTeeth = rgb(0xffffff);
 constexpr Rgb kBlush = rgb(0xf08f6c);
 
 constexpr EyeStyle kEyes{.lid = kGrubSkin};
-constexpr BrowStyle kBrows{.colour = kMouth, .half = 3.1, .thickness = 1.9};
+constexpr BrowStyle kBrows{.colour = rgb(0x43192a), .half = 3.2, .thickness = 2.0};
 
 constexpr double kMiddle = 32;
 constexpr Point kNeck{32, 34};
@@ -81,23 +81,23 @@ void drawFace(Canvas& canvas, const Expression& expression, double turn) {
     const double up = expression.chin;
     const Mask inHead = canvas.mask(headShape());
     for (const double side : {-1.0, 1.0})
-        canvas.flat(ellipse({onFace(side * 9.1, turn, 0.98), 31.3 - up}, 2.7, 1.8), kBlush,
+        canvas.flat(ellipse({onFace(side * 9.1, turn, 0.98), 31.6 - up}, 2.7, 1.8), kBlush,
                     {.alpha = 0.5F, .clip = &inHead});
-    drawMouth(canvas, expression.mouth, {onFace(0, turn, 1.37), 33 - up});
+    drawMouth(canvas, expression.mouth, {onFace(0, turn, 1.37), 33.4 - up});
     // The far eye first.
     const double far = turn < 0 ? -1 : 1;
     for (const double side : {far, -far}) {
         const double radius = 4.85 - 0.08 * side * turn;
-        drawEye(canvas, {onFace(side * 4.6, turn, 1.13), 25.6 - up}, radius, -side, expression, kEyes);
+        drawEye(canvas, {onFace(side * 4.6, turn, 1.13), 26 - up}, radius, -side, expression, kEyes);
     }
-    canvas.part(ellipse({onFace(0, turn, 1.87), 29.6 - up * 1.3}, 2.7, 2.3), kGrubSkin,
+    canvas.part(ellipse({onFace(0, turn, 1.87), 30 - up * 1.3}, 2.7, 2.3), kGrubSkin,
                 {.bevel = 2.4, .line = 0.7, .shadow = 0.25F});
 }
 
 /// They lie over the rim of the helmet, so that they are seen when they are raised, unless it has slipped over them.
 void drawBrows(Canvas& canvas, const Expression& expression, double turn) {
     for (const double side : {-1.0, 1.0})
-        drawBrow(canvas, {onFace(side * 4.9, turn, 1.06), 20.2 - expression.chin}, -side, expression, kBrows);
+        drawBrow(canvas, {onFace(side * 4.9, turn, 1.06), 20.7 - expression.chin}, -side, expression, kBrows);
 }
 
 /// Hair at the back of the head below the helmet.

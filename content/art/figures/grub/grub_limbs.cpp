@@ -22,7 +22,10 @@ constexpr Rgb kSole = rgb(0x2b1a2c);
 constexpr double kHandRadius = 3.7;
 /// Bones of an arm that are not given are at least this long.
 constexpr double kShortBone = 7;
-constexpr double kLegBone = 7.2;
+/// A bone of a leg has this share of the way from hip to ankle, within limits: knees bulge only a little.
+constexpr double kLegSlack = 0.6;
+constexpr double kLegBoneMin = 5;
+constexpr double kLegBoneMax = 7.2;
 
 void drawSideBoot(Canvas& canvas, const Material& leather) {
     canvas.part(loop({{-5, -7.6},
@@ -74,7 +77,8 @@ void drawGrubLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side 
     const bool bright = side == Side::Near || view != View::Side;
     const Affine foot = Affine{}.translated(leg.sole).rotated(leg.angle);
     const Point ankle = foot.apply(view == View::Side ? Point{-0.8, -6.4} : Point{0, -6});
-    const Point knee = view == View::Side ? jointOf(hip, ankle, kLegBone, kLegBone, leg.bend) : mix(hip, ankle, 0.5);
+    const double bone = std::clamp(kLegSlack * length(ankle - hip), kLegBoneMin, kLegBoneMax);
+    const Point knee = view == View::Side ? jointOf(hip, ankle, bone, bone, leg.bend) : mix(hip, ankle, 0.5);
     canvas.part(limb({{hip, 4.2}, {knee, 3.9}, {ankle, 3.4}}), bright ? kTrousers : kFarTrousers,
                 {.bevel = 3.6, .line = 1.2});
     const auto placed = canvas.placed(leg.sole, leg.angle);

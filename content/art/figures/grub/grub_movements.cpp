@@ -56,9 +56,9 @@ constexpr std::array<DigStep, kGrubDigFrames> kDig{{
     {-30, {41, 42}, -0.06, 0.01, 0.02},
     {-72, {44, 38}, -0.14, -0.03, -0.02},
     {-86, {43.5, 36}, -0.17, -0.04, -0.05},
-    {44, {44.5, 44.0}, 0.14, 0.03, -0.04},
-    {48, {44.5, 44.6}, 0.18, 0.06, -0.02},
-    {30, {40.5, 45.5}, 0.14, 0.03, 0.04},
+    {42, {45, 45.0}, 0.07, 0.02, 0.04},
+    {45, {45, 45.4}, 0.10, 0.05, 0.06},
+    {30, {42.5, 46}, 0.09, 0.03, 0.04},
     {-24, {40.5, 43}, -0.05, -0.02, -0.04},
     {4, {39.5, 44}, -0.02, -0.01, 0.00},
     {16, {40, 44.5}, 0.00, 0.00, 0.02},
@@ -129,8 +129,8 @@ Pose grubFallPose(double phase) {
         .lean = 0.04 * flail,
         .squash = -0.02,
         .head = {.turn = 0, .hatShift = {0, -2.2 - 0.5 * wave(2 * phase)}},
-        .nearArm = {.hand = {10.8 - sideways, 28 + 5 * flail}, .bend = 1, .bone = 8.6, .grip = Grip::Open},
-        .farArm = {.hand = {53.2 - sideways, 28 - 5 * flail}, .bend = -1, .bone = 8.6, .grip = Grip::Open},
+        .nearArm = {.hand = {10.8 - sideways, 28 + 5 * flail}, .bend = 1, .bone = 7.4, .grip = Grip::Open},
+        .farArm = {.hand = {53.2 - sideways, 28 - 5 * flail}, .bend = -1, .bone = 7.4, .grip = Grip::Open},
         .nearLeg = {.sole = {24 - sideways, 57 + 1.6 * flail}, .angle = 0.3 + 0.2 * flail},
         .farLeg = {.sole = {40 - sideways, 57 - 1.6 * flail}, .angle = -0.3 + 0.2 * flail},
     };
@@ -142,10 +142,10 @@ Pose grubStandPose(double breath) {
         .hips = {0, 0.2 - 0.4 * breath},
         .squash = -0.012 * breath,
         .head = {.hatShift = {0, 0.25 * breath}},
-        .nearArm = {.hand = {18.6, 45.6}, .bend = 1, .bone = 5.4, .shoulder = {-2, -0.6 + up}},
-        .farArm = {.hand = {45.8, 45}, .bone = 5.4, .shoulder = {0.5, -0.6 + up}},
-        .nearLeg = {.sole = {26.6, kGround}, .hip = {-5, 0}},
-        .farLeg = {.sole = {37, kGround}, .hip = {5.4, 0}},
+        .nearArm = {.hand = {18.6, 45.6}, .bend = 1, .bone = 4.7, .shoulder = {-2, -0.6 + up}},
+        .farArm = {.hand = {45.8, 45}, .bone = 4.7, .shoulder = {0.5, -0.6 + up}},
+        .nearLeg = {.sole = {25, kGround}, .hip = {-6, 0}},
+        .farLeg = {.sole = {38.4, kGround}, .hip = {6, 0}},
     };
 }
 
@@ -165,7 +165,7 @@ Pose grubDigPose(int frame) {
     const DigStep& step = kDig[static_cast<std::size_t>(frame)];
     const double angle = radians(step.angle);
     // The upper hand holds the handle this far from the lower one.
-    constexpr double kBetweenHands = 7;
+    constexpr double kBetweenHands = 6;
     const Point along{std::cos(angle), std::sin(angle)};
     const double jolt = 0.8 * (frame == kGrubDigHit) - 0.8 * (frame == kGrubDigHit + 2);
     return {

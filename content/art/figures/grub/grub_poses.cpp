@@ -63,9 +63,9 @@ Pose flattened() {
     return {
         .hips = {13, 4},
         .squash = 0,
-        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {9, -9}, .hatShift = {3, 4.6}, .hatTilt = 0.34},
-        .nearArm = {.hand = {55, 8}, .bend = 1, .grip = Grip::Open, .shoulder = {16, -4}},
-        .farArm = {.hand = {54, -2}, .bend = 1, .grip = Grip::Open},
+        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {11.5, -9}, .hatShift = {3, 4.6}, .hatTilt = 0.34},
+        .nearArm = {.hand = {54.5, 8}, .bend = -1, .grip = Grip::Open, .shoulder = {16, -4}},
+        .farArm = {.hand = {53.5, -2}, .bend = -1, .grip = Grip::Open},
         .nearLeg = {.sole = {52, 60}, .angle = 1.1, .hip = {6, 2}},
         .farLeg = {.sole = {44, 62}, .angle = 1.1, .hip = {2, 2}},
         .roll = kQuarter,

@@ -19,12 +19,34 @@ constexpr double kRim = 1.6;
 constexpr Rgb kGlass = rgb(0xbfeaff);
 constexpr FlatStyle kGlint{.alpha = 0.65F, .stroke = 2.2};
 
-/// Grub's strip of the same number.
-const StripDrawing& heroStrip(std::string_view shield) {
-    const auto hero = grubStrips();
-    const std::string_view number = shield.substr(shield.size() - 2);
-    return *std::find_if(hero.begin(), hero.end(),
-                         [number](const StripDrawing& entry) { return entry.name.ends_with(number); });
+/// How Grub's strip of the same number fits into the glass.
+struct Fit {
+    std::string_view shield;
+    /// Middle of the smallest circle around all of the strip's frames; it comes into the middle of the bubble.
+    Point middle;
+    double size;
+};
+
+constexpr std::array kFits{
+    //  shield            middle        size
+    Fit{"led\\shield_01", {31.0, 33.2}, 0.95},  //
+    Fit{"led\\shield_02", {32.0, 29.1}, 0.90},  //
+    Fit{"led\\shield_03", {32.0, 31.2}, 0.97},  //
+    Fit{"led\\shield_04", {31.6, 31.5}, 0.96},  //
+    Fit{"led\\shield_05", {28.1, 32.0}, 0.80},  // the spoon reaches far out
+    Fit{"led\\shield_06", {32.0, 33.4}, 0.95},  //
+    Fit{"led\\shield_07", {32.0, 33.4}, 0.95},  //
+    Fit{"led\\shield_08", {31.0, 33.8}, 0.95},  //
+};
+
+const Fit& fitOf(std::string_view shield) {
+    return *std::ranges::find(kFits, shield, [](const Fit& fit) { return fit.shield; });
+}
+
+const StripDrawing& ownStrip(const Fit& fit) {
+    const std::string_view number = fit.shield.substr(fit.shield.size() - 2);
+    return *std::ranges::find_if(grubStrips(),
+                                 [number](const StripDrawing& strip) { return strip.name.ends_with(number); });
 }
 
 /// Part of a circle about the bubble's centre; angles in radians, 0 right, clockwise.
@@ -72,27 +94,25 @@ void drawGlints(Canvas& canvas, double phase) {
 void drawShielded(Canvas& canvas, FrameOf frame) {
     drawFarGlass(canvas);
     {
-        const auto hero = canvas.group();
-        heroStrip(frame.name).draw(canvas, frame);
+        const Fit& fit = fitOf(frame.name);
+        const auto inGlass = canvas.placed(kCentre - fit.middle * fit.size, 0, fit.size, fit.size);
+        ownStrip(fit).draw(canvas, frame);
     }
     drawNearGlass(canvas);
     drawGlints(canvas, frame.phase());
 }
 
-constexpr std::array<std::string_view, 8> kNames{"led\\shield_01", "led\\shield_02", "led\\shield_03",
-                                                 "led\\shield_04", "led\\shield_05", "led\\shield_06",
-                                                 "led\\shield_07", "led\\shield_08"};
-
 }  // namespace
 
 std::span<const StripDrawing> shieldStrips() {
     static const auto kStrips = [] {
-        std::array<StripDrawing, kNames.size()> strips{};
-        for (std::size_t i = 0; i < strips.size(); ++i) {
-            strips[i] = heroStrip(kNames[i]);
-            strips[i].name = kNames[i];
-            strips[i].draw = drawShielded;
-        }
+        std::array<StripDrawing, kFits.size()> strips{};
+        std::ranges::transform(kFits, strips.begin(), [](const Fit& fit) {
+            StripDrawing strip = ownStrip(fit);
+            strip.name = fit.shield;
+            strip.draw = drawShielded;
+            return strip;
+        });
         return strips;
     }();
     return kStrips;
