@@ -51,8 +51,8 @@ TEST(Words, StandOutFromTheirBoards) {
         {"caption", Ink::Dark, BoardKind::Caption, Face::Body, 20},
         {"balloon", Ink::Dark, BoardKind::Balloon, Face::Body, 20},
         {"cell", Ink::Cream, BoardKind::Slate, Face::Display, 34},
-        {"title", Ink::Gold, BoardKind::Wall, Face::Display, 56},
-        {"name in the night", Ink::Gold, BoardKind::Night, Face::Display, 56},
+        {"title", Ink::Golden, BoardKind::Wall, Face::Display, 56},
+        {"name in the night", Ink::Golden, BoardKind::Night, Face::Display, 56},
         {"line in the night", Ink::Cream, BoardKind::Night, Face::Body, 24},
     };
     for (const auto& row : rows) {

@@ -1,6 +1,5 @@
 #include "board.h"
 
-#include <array>
 #include <cmath>
 
 #include "balloon.h"
@@ -144,7 +143,7 @@ VectorPath sheetOutline(const Rect& body, Chance& chance) {
     return polygon(corners, 2.5);
 }
 
-/// Two folds that have been pressed flat again, and stains near the edges.
+/// Two folds that have been pressed flat again, darker edges, and stains along them.
 void drawWear(Canvas& canvas, const Rect& body, const Mask& inside, Chance& chance) {
     const Point middle = body.centre();
     for (const double lit : {0.0, 1.0}) {
@@ -152,6 +151,9 @@ void drawWear(Canvas& canvas, const Rect& body, const Mask& inside, Chance& chan
         const FlatStyle fold{.alpha = lit > 0 ? 0.45F : 0.20F, .stroke = 1.0, .clip = &inside};
         canvas.flat(polyline({{body.x, middle.y + lit}, {body.right(), middle.y + lit}}), colour, fold);
         canvas.flat(polyline({{middle.x + lit, body.y}, {middle.x + lit, body.bottom()}}), colour, fold);
+    }
+    for (const double width : {20.0, 16.0, 12.0, 8.0, 4.0}) {
+        canvas.flat(body.path(), kNoticePaper.shadow, {.alpha = 0.045F, .stroke = width, .clip = &inside});
     }
     for (int i = 0; i < 5; ++i) {
         const Point at{body.x + body.width * chance.between(0, 1), body.y + body.height * (i % 2 == 0 ? 0.0 : 1.0)};
@@ -225,7 +227,7 @@ void drawMark(Canvas& canvas, const Board& board) {
         case Mark::None: return;
         case Mark::Arrow: return canvas.flat(arrowHead(atRight, 15), kBoardInk);
         case Mark::HollowArrow: return canvas.flat(arrowHead(atRight, 13), kBoardInk, {.stroke = 2.2});
-        case Mark::Spoon: return drawSpoonMark(canvas, {body.x + 13, body.centre().y}, 17.5);
+        case Mark::Spoon: return drawSpoonMark(canvas, {body.x + 13, body.centre().y}, 16.5);
     }
 }
 

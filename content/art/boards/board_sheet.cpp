@@ -55,23 +55,19 @@ std::vector<std::pair<int, int>> placesOf(std::span<const BoardSample> samples) 
 
 }  // namespace
 
-PixelImage renderSample(const BoardSample& sample, Fit& fit) {
-    Canvas canvas(sample.width, sample.height);
-    fit = sample.draw(canvas);
-    return canvas.picture();
-}
-
 PixelImage boardSheet(int zoom, std::vector<std::string>& faults) {
     const auto samples = boardSamples();
     const auto places = placesOf(samples);
     PixelImage sheet = wall(places.back().first, places.back().second);
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        Fit fit;
-        layOver(sheet, renderSample(samples[i], fit), places[i].first, places[i].second);
+        Canvas canvas(samples[i].width, samples[i].height);
+        const Fit fit = drawSample(canvas, samples[i]);
+        layOver(sheet, canvas.picture(), places[i].first, places[i].second);
         if (fit.good()) continue;
-        faults.push_back(std::string(samples[i].name) + ": words are " + std::to_string(std::lround(fit.tooWide)) +
-                         " px too wide, " + std::to_string(std::lround(fit.tooHigh)) +
-                         " px too high, letters missing: \"" + fit.missing + '"');
+        faults.push_back(std::string(samples[i].name) + ": words are " +
+                         std::to_string(std::lround(std::ceil(fit.tooWide))) + " px too wide, " +
+                         std::to_string(std::lround(std::ceil(fit.tooHigh))) + " px too high, letters missing: \"" +
+                         fit.missing + '"');
     }
     return enlarged(sheet, zoom);
 }

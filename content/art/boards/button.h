@@ -25,6 +25,7 @@ struct Button {
     bool held = false;
 };
 
+/// Draws the board, its nails and mark, and the words; says whether they fit.
 [[nodiscard]] Fit drawButton(Canvas& canvas, const Button& button);
 
 }  // namespace grub

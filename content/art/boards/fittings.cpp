@@ -10,7 +10,7 @@ namespace grub {
 namespace {
 
 /// From one link of a chain to the next.
-constexpr double kLinkPitch = 9;
+constexpr double kLinkPitch = 12;
 
 }  // namespace
 
@@ -29,12 +29,11 @@ void drawChain(Canvas& canvas, Point end) {
     for (int i = links; i >= 0; --i) {
         const Point at = end - Point{0, i * kLinkPitch};
         const bool edgeOn = i % 2 == 1;
-        const VectorPath link = edgeOn ? limb({{at - Point{0, 4.6}, 1.5}, {at + Point{0, 4.6}, 1.5}})
-                                       : ellipse(at, 3.4, 5.6).unite(ellipse(at, 1.4, 3.4));
         if (edgeOn) {
-            canvas.part(link, kIron, {.bevel = 1.5, .line = 1.0, .shadow = 0.4F});
+            canvas.part(limb({{at - Point{0, 6}, 1.9}, {at + Point{0, 6}, 1.9}}), kIron,
+                        {.bevel = 1.9, .line = 1.0, .shadow = 0.4F});
         } else {
-            canvas.part(ellipse(at, 3.0, 5.2), kIron, {.bevel = 1.2, .line = 1.0, .shadow = 0.4F, .stroke = 2.4});
+            canvas.part(ellipse(at, 3.8, 6.6), kIron, {.bevel = 1.5, .line = 1.0, .shadow = 0.4F, .stroke = 3});
         }
     }
 }

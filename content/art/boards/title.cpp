@@ -16,7 +16,7 @@ constexpr double kBevel = 0.115;
 constexpr double kTracking = 0.045;
 
 /// The letters of the name touch, and the highest stands this much above the lowest.
-constexpr double kNameTracking = -0.01;
+constexpr double kNameTracking = -0.004;
 constexpr double kDance = 0.11;
 
 constexpr std::string_view kGameName = "Grubaway";

@@ -147,7 +147,7 @@ void Fit::add(const Fit& other) {
 }
 
 Fit drawWords(Canvas& canvas, const Words& words) {
-    if (words.ink == Ink::Gold) return drawTitle(canvas, words);
+    if (words.ink == Ink::Golden) return drawTitle(canvas, words);
     const Font font(words.face, words.size);
     const Block block = blockOf(font, words);
     double baseline = firstBaseline(font, words, block);

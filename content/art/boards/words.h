@@ -15,7 +15,7 @@ enum class Ink {
     /// Light letters, slightly raised.
     Cream,
     /// Plump gold letters with light and shade: titles.
-    Gold
+    Golden
 };
 
 /// Words in a picture. '|' begins a new line. A key in brackets, such as "[Enter]" or "[Left]", becomes a cap on the
