@@ -102,8 +102,9 @@ void Layer::drawLine(const Mask& mask, double width, Rgb ink, float alpha) {
     }
 }
 
-void Layer::drawSurface(const Mask& mask, const Material& material, double bevel, double magnification, int origin,
+void Layer::drawSurface(const Mask& shape, const Material& material, double bevel, double magnification, int origin,
                         float alpha) {
+    const Mask mask = trimmed(shape);
     touch(mask.box);
     FloatPlane heights = puffyHeights(mask.coverage, bevel);
     const NoiseReader noise(magnification, origin);

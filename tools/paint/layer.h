@@ -44,7 +44,7 @@ public:
     void drawLine(const Mask& mask, double width, Rgb ink, float alpha);
     /// Lit heights; see Canvas::part. `bevel` in samples, `magnification` samples a design pixel. Grain and roughness
     /// are counted from the sample `origin` to the right and down.
-    void drawSurface(const Mask& mask, const Material& material, double bevel, double magnification, int origin,
+    void drawSurface(const Mask& shape, const Material& material, double bevel, double magnification, int origin,
                      float alpha);
 
     /// Lays a finished picture with its corner at sample (x, y), a square of `side` samples a pixel.

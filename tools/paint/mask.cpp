@@ -97,15 +97,32 @@ Mask rasterise(const VectorPath& path, const Affine& place, std::optional<double
     return {box, planeOf(surface.get(), box.width(), box.height())};
 }
 
-Mask widened(const Mask& mask, int by, const Box& limits) {
-    const Box box = mask.box.grown(by).within(limits);
-    Mask wide{box, FloatPlane(box.width(), box.height())};
-    for (int y = mask.box.y0; y < mask.box.y1; ++y) {
-        const float* row = mask.coverage.row(y - mask.box.y0);
-        std::copy(row, row + mask.box.width(), wide.coverage.row(y - box.y0) + (mask.box.x0 - box.x0));
+namespace {
+
+/// Copies what both boxes hold.
+Mask inBox(const Mask& mask, const Box& box) {
+    Mask result{box, FloatPlane(box.width(), box.height())};
+    const Box both = box.within(mask.box);
+    for (int y = both.y0; y < both.y1; ++y) {
+        const float* row = mask.coverage.row(y - mask.box.y0) + (both.x0 - mask.box.x0);
+        std::copy(row, row + both.width(), result.coverage.row(y - box.y0) + (both.x0 - box.x0));
     }
-    return wide;
+    return result;
 }
+
+}  // namespace
+
+Mask trimmed(const Mask& mask) {
+    Box covered{mask.box.x1, mask.box.y1, mask.box.x0, mask.box.y0};
+    for (int y = mask.box.y0; y < mask.box.y1; ++y) {
+        for (int x = mask.box.x0; x < mask.box.x1; ++x) {
+            if (mask.coverage.at(x - mask.box.x0, y - mask.box.y0) > 0) covered = covered.around({x, y, x + 1, y + 1});
+        }
+    }
+    return covered.empty() ? Mask{} : inBox(mask, covered.grown(1).within(mask.box));
+}
+
+Mask widened(const Mask& mask, int by, const Box& limits) { return inBox(mask, mask.box.grown(by).within(limits)); }
 
 // ---- distances to the edge
 

@@ -77,6 +77,9 @@ struct Mask {
 Mask rasterise(const VectorPath& path, const Affine& place, std::optional<double> strokeWidth, int margin,
                const Box& limits);
 
+/// The same mask in the smallest box that holds every covered sample and its neighbours, or an empty one.
+Mask trimmed(const Mask& mask);
+
 /// The same mask in a box grown by `by` samples and cut to `limits`.
 Mask widened(const Mask& mask, int by, const Box& limits);
 

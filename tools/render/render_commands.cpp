@@ -10,6 +10,7 @@
 #include "contact_sheet.h"
 #include "figure_sheet.h"
 #include "rooms.h"
+#include "sample_page.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -114,6 +115,11 @@ void renderBoards(const Arguments& arguments) {
     for (const std::string& fault : faults) std::cout << fault << '\n';
 }
 
+void renderSample(const Arguments& arguments) {
+    const std::string file = arguments.text("FILE");
+    if (!writePng(file, samplePage())) failWith(kFailed, file + ": cannot be written");
+}
+
 }  // namespace
 
 std::vector<Command> renderCommands() {
@@ -139,6 +145,10 @@ std::vector<Command> renderCommands() {
          {word("NAME", "figure, such as grub"), word("FILE", "PNG file to write"),
           number("--percent", "size, 100 if not given: as large as in play", 50, 1000)},
          renderFigure},
+        {"render sample",
+         "Draw a page with all figures and boards, to look at and to measure",
+         {word("FILE", "PNG file to write")},
+         renderSample},
         {"render boards",
          "Lay every kind of board out on a sheet, with words on it",
          {word("FILE", "PNG file to write"), number("--zoom", "how many times as large, 1 if not given", 1, 8)},
