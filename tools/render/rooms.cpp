@@ -11,6 +11,7 @@
 #include "jelezo_room.h"
 #include "lady.h"
 #include "podval_room.h"
+#include "rat.h"
 #include "things_room.h"
 #include "turma_room.h"
 
@@ -36,7 +37,7 @@ std::span<const Room> rooms() { return kRooms; }
 const Room* findRoom(std::string_view name) { return findNamed(kRooms, name); }
 
 std::span<const FigureDrawing* const> figures() {
-    static const std::vector<const FigureDrawing*> known{&grubFigure(), &dogFigure(), &ladyFigure()};
+    static const std::vector<const FigureDrawing*> known{&grubFigure(), &dogFigure(), &ladyFigure(), &ratFigure()};
     return known;
 }
 

@@ -1,7 +1,5 @@
 #include "dog_parts.h"
 
-#include <algorithm>
-
 #include "face.h"
 #include "shapes.h"
 
@@ -16,7 +14,9 @@ constexpr Material kAmber = glossy(material(0xffd257, 0xd07a26, 0xfff2b0), 0.3F)
 constexpr Material kTongue = glossy(material(0xf07b86, 0xa03a58, 0xffb9b4), 0.5F);
 constexpr Material kThroat = material(0x5a2034, 0x32182e, 0x8a3448);
 
-constexpr EyeStyle kEyes{.ball = kAmber, .lid = kDogFarFur, .pupil = rgb(0x31101c), .shape = {1, 1.04}};
+constexpr Material kLid = glossy(material(0x9889ac, 0x4f3b6e, 0xcdc2d8), 0.1F, 0.3F);
+
+constexpr EyeStyle kEyes{.ball = kAmber, .lid = kLid, .pupil = rgb(0x31101c), .shape = {1, 1.04}, .glower = 0.9};
 constexpr double kEyeRadius = 3.9;
 constexpr double kEyeRow = -3;
 constexpr BrowStyle kBrows{.colour = rgb(0x4a3763), .half = 3, .thickness = 2.2, .arch = 0.5};
@@ -37,12 +37,6 @@ VectorPath skullShape() {
                  {-7, 10.4},
                  {-12.2, 7.6},
                  {-12.4, 2}});
-}
-
-/// A bulldog's brows are heavy: lowered ones press the lids half shut.
-Expression glowering(Expression expression) {
-    expression.lid = std::max(expression.lid, 0.12 + 0.6 * expression.browTilt);
-    return expression;
 }
 
 /// Pixels that the ears stand up, or hang down.
@@ -175,7 +169,7 @@ void drawDogFace(Canvas& canvas, double turn, const Expression& expression) {
     drawMuzzle(canvas, turn, expression.mouth);
     for (const double side : {1.0, -1.0}) {
         const Point eye{5 * side + turn * (side > 0 ? 0.75 : 0.9), kEyeRow};
-        drawEye(canvas, eye, kEyeRadius, -side, glowering(expression), kEyes);
+        drawEye(canvas, eye, kEyeRadius, -side, expression, kEyes);
         drawBrow(canvas, eye - Point{0, kBrowHeight}, -side, expression, kBrows);
     }
     if (expression.eyes == Eyes::Spiral) drawDizzyStars(canvas, {turn, -17}, 19, 5, expression.stars);

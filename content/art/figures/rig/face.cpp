@@ -79,7 +79,9 @@ void drawEye(Canvas& canvas, Point at, double radius, double nose, const Express
     canvas.part(ball, style.ball, {.bevel = 2, .line = 0.8, .shadow = 0.2F});
     const Mask inEye = canvas.mask(ball);
     drawPupil(canvas, at + expression.look * (radius * style.reach), radius, wide ? kWidePupil : 1, inEye, style);
-    if (expression.lid > 0) drawLid(canvas, at, radius, nose, expression, inEye, style);
+    Expression pressed = expression;
+    pressed.lid = std::max(expression.lid, style.glower * expression.browTilt);
+    if (pressed.lid > 0) drawLid(canvas, at, radius, nose, pressed, inEye, style);
 }
 
 void drawBrow(Canvas& canvas, Point at, double nose, const Expression& expression, const BrowStyle& style) {

@@ -18,6 +18,8 @@ struct EyeStyle {
     Point pupilShape{0.56, 0.66};
     /// How far a look of length 1 moves the pupil.
     double reach = 0.36;
+    /// How far a brow presses the lid down, for each radian that it is lowered: 1 shuts the eye.
+    double glower = 0;
 };
 
 /// An eye. Wide eyes are larger with a smaller pupil; a shut one shows its lashes; a lowered or raised brow slants the

@@ -8,8 +8,6 @@
 
 namespace grub {
 
-Canvas::Placement facingLeft(Canvas& canvas) { return canvas.placed({64, 0}, 0, -1, 1); }
-
 Point jointOf(Point root, Point tip, double upper, double lower, double side) {
     const Point reach = tip - root;
     const double distance = std::clamp(length(reach), 0.01, upper + lower - 0.01);

@@ -18,9 +18,6 @@ inline constexpr double kGround = 60.6;
 /// The row of a pipe's axis in its cell.
 inline constexpr double kPipeAxis = 10;
 
-/// Figures are drawn facing right and turned round, since files with a mirrored twin face left.
-Canvas::Placement facingLeft(Canvas& canvas);
-
 /// Where the middle joint of a limb of two bones lies. `side` 1 or -1 chooses the way it bends; out of reach it is
 /// stretched.
 Point jointOf(Point root, Point tip, double upper, double lower, double side);
@@ -63,9 +60,6 @@ PlacedFoot placedFoot(const Step& step, double middle, const FootRoll& roll);
 double heldRow(double phase, double length, double duty, double top);
 
 // ---- enemies
-
-/// What an enemy's eyes tell: it hunts, it is startled, or it has hit the bottom of a hole.
-enum class Mood { Angry, Startled, Dizzy };
 
 /// Width of the line round a whole enemy, added to the lines of its parts.
 inline constexpr double kEnemyOutline = 0.5;
