@@ -4,8 +4,8 @@
 
 namespace grub {
 
-/// A page of 800 x 600 with all figures and all that words stand on, in front of a hall: to look at, and to measure what
-/// a page costs.
+/// A page of 800 x 600 with all figures and all that words stand on, in front of a hall: to look at, and to measure
+/// what a page costs.
 PixelImage samplePage();
 
 }  // namespace grub
