@@ -49,7 +49,8 @@ void drawLady(Canvas& canvas, const Pose& pose, const Expression& expression, co
         const bool farFromSide = pose.view == View::Side && side == Side::Far && !arm.acrossBody;
         if (farFromSide || pose.view == View::Back) return ArmLayer::BehindBody;
         // No sleeve hides the face.
-        return pose.view == View::Front || arm.hand.y < neck.y ? ArmLayer::BehindHead : ArmLayer::OverAll;
+        const bool below = pose.view == View::Side && side == Side::Near && arm.hand.y >= neck.y;
+        return below ? ArmLayer::OverAll : ArmLayer::BehindHead;
     };
     const auto drawArms = [&](ArmLayer layer) {
         if (layerOf(pose.farArm, Side::Far) == layer) {
