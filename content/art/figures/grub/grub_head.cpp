@@ -96,15 +96,17 @@ void drawFace(Canvas& canvas, const Expression& expression, double turn) {
 
 /// They lie over the rim of the helmet, so that they are seen when they are raised, unless it has slipped over them.
 void drawBrows(Canvas& canvas, const Expression& expression, double turn) {
+    // The shade under the rim would swallow a brow that is only a little lowered.
+    const double row = 20.7 - expression.chin - 1.2 * std::min(0.0, expression.browHeight);
     for (const double side : {-1.0, 1.0})
-        drawBrow(canvas, {onFace(side * 4.9, turn, 1.06), 20.7 - expression.chin}, -side, expression, kBrows);
+        drawBrow(canvas, {onFace(side * 4.9, turn, 1.06), row}, -side, expression, kBrows);
 }
 
 /// Hair at the back of the head below the helmet.
 void drawHairBehind(Canvas& canvas) {
     const Mask inHead = canvas.mask(headShape());
-    VectorPath hair = rectangle(14, 12, 36, 13.5, 3);
-    for (int i = 0; i < 6; ++i) hair.unite(circle({20.5 + 4.6 * i, 25}, 2.9));
+    VectorPath hair = rectangle(14, 12, 36, 17, 3);
+    for (int i = 0; i < 6; ++i) hair.unite(circle({20.5 + 4.6 * i, 28.6}, 2.9));
     canvas.part(hair, kHair, {.bevel = 3, .line = 0.9, .shadow = 0.25F, .clip = &inHead});
 }
 
@@ -142,18 +144,28 @@ void drawHelmetRidge(Canvas& canvas, double turn) {
                 kHelmet, {.bevel = 1.6, .line = 0.6, .shadow = 0.3F});
 }
 
-void drawHelmet(Canvas& canvas, double turn) {
-    const VectorPath dome = loop({{18.2, 20.6},
-                                  {16.6, 8.4},
-                                  {24, 4.2},
-                                  {32, 4.2},
-                                  {40, 4.2},
-                                  {47.4, 8.4},
-                                  {45.8, 20.6},
-                                  {38, 17.6},
-                                  {26, 17.6},
-                                  {18.2, 20.6}});
-    canvas.part(dome, kHelmet, {.bevel = 9, .line = 1.2});
+VectorPath domeShape(bool dented) {
+    VectorPath dome;
+    dome.moveTo({18.2, 20.6});
+    if (dented) {
+        dome.curveTo({17.2, 14}, {16.8, 8.2}, {20.2, 6.8}).curveTo({22.8, 5.8}, {22.6, 10}, {25.4, 9.9});
+        dome.curveTo({28.4, 9.8}, {27, 4.2}, {32, 4.2});
+    } else {
+        dome.curveTo({16.6, 8.4}, {24, 4.2}, {32, 4.2});
+    }
+    dome.curveTo({40, 4.2}, {47.4, 8.4}, {45.8, 20.6}).curveTo({38, 17.6}, {26, 17.6}, {18.2, 20.6}).close();
+    return dome;
+}
+
+/// Creases that run from a dent down.
+void drawCreases(Canvas& canvas) {
+    canvas.flat(curve({{25.4, 10.2}, {25.2, 11.8}, {25.8, 13}, {27, 14.2}}), kHelmet.ink, {.stroke = 0.7});
+    canvas.flat(curve({{24.6, 10.4}, {23.6, 11.4}, {22.8, 12}, {21.4, 12.4}}), kHelmet.ink, {.stroke = 0.7});
+}
+
+void drawHelmet(Canvas& canvas, double turn, bool dented) {
+    canvas.part(domeShape(dented), kHelmet, {.bevel = dented ? 5.0 : 9.0, .line = 1.2});
+    if (dented) drawCreases(canvas);
     const VectorPath brim = loop({{16, 20.6},
                                   {24, 16},
                                   {40, 16},
@@ -189,7 +201,7 @@ void drawGrubHeadParts(Canvas& canvas, View view, const HeadPose& head, const Ex
     {
         const auto slipped =
             canvas.bent(kHelmetSeat, head.hatTilt, head.hatShift - Point{0, std::max(0.0, expression.chin) * 0.6});
-        drawHelmet(canvas, turn);
+        drawHelmet(canvas, turn, head.hatDented);
         if (!fromBehind) drawHelmetLamp(canvas, turn);
     }
     if (!fromBehind && !slippedOff) drawBrows(canvas, expression, turn);

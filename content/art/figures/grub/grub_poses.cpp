@@ -125,6 +125,28 @@ Pose marching() {
     return pose;
 }
 
+/// After a blow on the helmet.
+Pose dazed() {
+    Pose pose = grubStandPose(-1);
+    pose.hips = {1, 1};
+    pose.lean = -0.1;
+    pose.squash = 0.03;
+    pose.head = {
+        .turn = 1.6, .tilt = 0.14, .shift = {1, 1}, .hatShift = {-0.6, 0.8}, .hatTilt = -0.12, .hatDented = true};
+    pose.nearArm = {.hand = {15, 49}, .bend = 1, .bone = 6.2, .grip = Grip::Open, .shoulder = {-1, 1}};
+    pose.farArm = {.hand = {47.5, 48.5}, .bone = 6, .grip = Grip::Open, .shoulder = {0, 1}};
+    return pose;
+}
+
+/// Both arms straight up, for a hand to pull him out.
+Pose reachingUp() {
+    Pose pose = grubFrontPose(1);
+    pose.head.tilt = -0.05;
+    pose.nearArm = {.hand = {12.5, 7}, .bend = 1, .grip = Grip::Open, .shoulder = {0, -1}};
+    pose.farArm = {.hand = {51.5, 6}, .grip = Grip::Open, .shoulder = {0, -1}};
+    return pose;
+}
+
 /// On the ground, tired, the legs before him.
 Pose sitting() {
     constexpr double kToesUp = -1.25;
@@ -135,8 +157,8 @@ Pose sitting() {
         .head = {.turn = 2.4, .tilt = 0.2, .shift = {1, 1}},
         .nearArm = {.hand = {14, 57}, .bend = 1, .bone = 7},
         .farArm = {.hand = {42, 52}, .bone = 6, .acrossBody = true},
-        .nearLeg = {.sole = {49.5, 55.4}, .angle = kToesUp, .hip = {2, 0}},
-        .farLeg = {.sole = {52.5, 54.6}, .angle = kToesUp + 0.1, .hip = {6, -1}},
+        .nearLeg = {.sole = {50, 55.2}, .angle = kToesUp, .hip = {4, -3}},
+        .farLeg = {.sole = {53.5, 52.6}, .angle = kToesUp + 0.15, .hip = {8, -5}},
     };
 }
 
@@ -163,6 +185,8 @@ const FigureDrawing& grubFigure() {
         NamedPose{"peep", peeping()},
         NamedPose{"march", marching()},
         NamedPose{"sit", sitting()},
+        NamedPose{"dazed", dazed()},
+        NamedPose{"reach", reachingUp()},
     };
     static const FigureDrawing kFigure{"grub", drawGrub, drawGrubHead, kPoses};
     return kFigure;

@@ -65,6 +65,8 @@ struct HeadPose {
     /// A hat or helmet that has slipped: pixels and turn.
     Point hatShift = {};
     double hatTilt = 0;
+    /// A blow has left a dent in it.
+    bool hatDented = false;
 };
 
 /// One attitude of a figure. "Near" is the side of the viewer in a side view, the left one on the picture in the
