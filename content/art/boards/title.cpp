@@ -15,9 +15,11 @@ constexpr double kLine = 0.030;
 constexpr double kBevel = 0.115;
 constexpr double kTracking = 0.045;
 
-/// The letters of the name touch, and the highest stands this much above the lowest.
+/// The name of the game, in ems: its letters nearly touch, and the highest stands this much above the lowest.
 constexpr double kNameTracking = -0.004;
 constexpr double kDance = 0.11;
+/// The most that one of its letters leans, in radians.
+constexpr double kLean = 0.06;
 
 constexpr std::string_view kGameName = "Grubaway";
 /// Letters of the name before the second colour.
@@ -27,10 +29,12 @@ constexpr std::size_t kNameBreak = 4;
 constexpr Material kTitleGold = boardMaterial(0xffb92f, 0xc4501f, 0xfff0a8, 0.85F, 0.5F, 0, 0);
 constexpr Material kTitleTeal = boardMaterial(0x35c3b0, 0x12617a, 0xd2fff0, 0.85F, 0.5F, 0, 0);
 
-/// A letter with its pen on its own baseline. Letters never turn: a straight edge that leans a little shows steps.
+/// A letter with its pen on its own baseline, turned about its own middle.
 struct Placed {
     std::string_view letter;
     Point pen;
+    double width;
+    double lean;
     bool second;
 };
 
@@ -47,13 +51,16 @@ std::vector<Placed> lettersOf(const Font& font, std::string_view text, Point sta
         const auto n = static_cast<double>(i);
         const Point pen = start + Point{before + n * trackingOf(text) * font.size(), 0};
         const Point dance = name ? Point{0, kDance / 2 * font.size() * std::sin(1.1 * n + 0.4)} : Point{};
-        letters.push_back({letter, pen + dance, name && i >= kNameBreak});
+        const double lean = name ? -kLean * std::sin(2.3 * n) : 0;
+        letters.push_back({letter, pen + dance, width, lean, name && i >= kNameBreak});
     }
     return letters;
 }
 
 void drawLetter(Canvas& canvas, const Font& font, const Placed& p, bool ground) {
     const double size = font.size();
+    const Point middle{p.width / 2, -font.xHeight() / 2};
+    const auto turned = canvas.bent(p.pen + middle, p.lean);
     const VectorPath outline = font.line(p.letter, p.pen);
     if (ground) {
         const auto lower = canvas.placed({0, size * 0.035});
