@@ -10,7 +10,7 @@ namespace grub {
 
 namespace {
 
-constexpr Material kHair = glossy(material(0x7a4630, 0x40213a, 0xb07848), 0.3F);
+constexpr Material kHair = glossy(material(0x82492f, 0x4a2639, 0xbc8250), 0.3F);
 constexpr Material kHelmet = glossy(material(0xf0592b, 0x9a1f3c, 0xffb066), 0.85F, 0.5F);
 constexpr Material kLamp = glossy(material(0xfff2b0, 0xe0a23a, 0xffffff), 1);
 constexpr Rgb kMouth = rgb(0x5a2632);
@@ -105,8 +105,8 @@ void drawBrows(Canvas& canvas, const Expression& expression, double turn) {
 /// Hair at the back of the head below the helmet.
 void drawHairBehind(Canvas& canvas) {
     const Mask inHead = canvas.mask(headShape());
-    VectorPath hair = rectangle(14, 12, 36, 17, 3);
-    for (int i = 0; i < 6; ++i) hair.unite(circle({20.5 + 4.6 * i, 28.6}, 2.9));
+    VectorPath hair = rectangle(14, 12, 36, 16, 3);
+    for (int i = 0; i < 6; ++i) hair.unite(circle({20.5 + 4.6 * i, 27.6}, 2.9));
     canvas.part(hair, kHair, {.bevel = 3, .line = 0.9, .shadow = 0.25F, .clip = &inHead});
 }
 
