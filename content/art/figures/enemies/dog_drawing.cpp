@@ -35,15 +35,6 @@ const Joints& jointsOf(View view) {
     return kSide;
 }
 
-/// The body's own coordinates in those of the cell.
-Affine bodyPlace(const Pose& pose, Point hips) {
-    return Affine{}
-        .translated(hips + pose.hips)
-        .rotated(pose.lean)
-        .scaled(1 + pose.squash, (pose.bellyUp ? -1 : 1) * (1 - pose.squash))
-        .translated(hips * -1);
-}
-
 /// The joints as the pose has moved them.
 Joints posed(const Pose& pose) {
     const Joints& rest = jointsOf(pose.view);

@@ -38,11 +38,7 @@ void drawLady(Canvas& canvas, const Pose& pose, const Expression& expression, co
     const auto rolled = canvas.placed(kMiddle, pose.roll, pose.size, pose.size);
     const auto cell = canvas.placed(kMiddle * -1);
 
-    const Affine body = Affine{}
-                            .translated(kHips + pose.hips)
-                            .rotated(pose.lean)
-                            .scaled(1 + pose.squash, 1 - pose.squash)
-                            .translated(kHips * -1);
+    const Affine body = bodyPlace(pose, kHips);
     const Joints joints = jointsOf(pose.view);
     const Point neck = body.apply(kLadyNeck);
     const auto layerOf = [&](const ArmPose& arm, Side side) {

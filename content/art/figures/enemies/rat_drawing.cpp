@@ -43,19 +43,10 @@ double headTilt(const HeadPose& head, const Expression& expression) {
     return head.turn >= kProfileTurn ? head.tilt - kChinTurn * expression.chin : head.tilt;
 }
 
-Affine bodyPlace(const Pose& pose) {
-    const Point hips = jointsOf(pose.view).hips;
-    return Affine{}
-        .translated(hips + pose.hips)
-        .rotated(pose.lean)
-        .scaled(1 + pose.squash, 1 - pose.squash)
-        .translated(hips * -1);
-}
-
 /// The joints as the pose has moved them.
 Joints posed(const Pose& pose) {
     const Joints& rest = jointsOf(pose.view);
-    const Affine body = bodyPlace(pose);
+    const Affine body = bodyPlace(pose, jointsOf(pose.view).hips);
     return {rest.hips,
             body.apply(rest.head) + pose.head.shift,
             body.apply(rest.nearShoulder + pose.nearArm.shoulder),
@@ -92,7 +83,7 @@ void drawPebble(Canvas& canvas, const Pose& pose, const Expression& expression, 
         drawRatFarEar(canvas, expression);
     }
     VectorPath pebble;
-    append(pebble, ratTrunk(), bodyPlace(pose));
+    append(pebble, ratTrunk(), bodyPlace(pose, jointsOf(pose.view).hips));
     if (profile) append(pebble, ratProfile(), Affine{}.translated(at.head).rotated(headTilt(pose.head, expression)));
     canvas.part(pebble, kRatFur, {.bevel = 9, .line = 1.5});
     const auto turned = canvas.placed(kSide.hips + pose.hips, pose.lean, 1 + pose.squash, 1 - pose.squash);

@@ -135,15 +135,9 @@ void drawParts(const Drawing& grub) {
 
 void drawGrub(Canvas& canvas, const Pose& pose, const Expression& expression, const FigureStyle& style) {
     const auto group = canvas.group(figureGroup(style, kOutline));
-    const Affine about =
-        Affine{}.translated(kMiddle).rotated(pose.roll).scaled(pose.size, pose.size).translated(kMiddle * -1);
-    const auto whole = canvas.placed({about.x0, about.y0}, pose.roll, pose.size, pose.size);
-    const Affine body = Affine{}
-                            .translated(kHips + pose.hips)
-                            .rotated(pose.lean)
-                            .scaled(1 + pose.squash, 1 - pose.squash)
-                            .translated(kHips * -1);
-    drawParts({canvas, pose, expression, jointsOf(pose.view), body});
+    const auto rolled = canvas.placed(kMiddle, pose.roll, pose.size, pose.size);
+    const auto cell = canvas.placed(kMiddle * -1);
+    drawParts({canvas, pose, expression, jointsOf(pose.view), bodyPlace(pose, kHips)});
 }
 
 void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style) {

@@ -8,6 +8,15 @@
 
 namespace grub {
 
+Affine bodyPlace(const Pose& pose, Point hips) {
+    const double upright = pose.bellyUp ? -1 : 1;
+    return Affine{}
+        .translated(hips + pose.hips)
+        .rotated(pose.lean)
+        .scaled(1 + pose.squash, upright * (1 - pose.squash))
+        .translated(hips * -1);
+}
+
 Point jointOf(Point root, Point tip, double upper, double lower, double side) {
     const Point reach = tip - root;
     const double distance = std::clamp(length(reach), 0.01, upper + lower - 0.01);

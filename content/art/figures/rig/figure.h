@@ -1,6 +1,7 @@
 #pragma once
 
-#include "strip.h"
+#include "pose.h"
+#include "vector_path.h"
 
 namespace grub {
 
@@ -17,6 +18,10 @@ inline constexpr double kGround = 60.6;
 
 /// The row of a pipe's axis in its cell.
 inline constexpr double kPipeAxis = 10;
+
+/// The coordinates of a body that stands upright, in those of the cell: moved, turned and squashed about its hips as
+/// the pose says.
+Affine bodyPlace(const Pose& pose, Point hips);
 
 /// Where the middle joint of a limb of two bones lies. `side` 1 or -1 chooses the way it bends; out of reach it is
 /// stretched.
