@@ -117,7 +117,9 @@ void renderBoards(const Arguments& arguments) {
 
 void renderSample(const Arguments& arguments) {
     const std::string file = arguments.text("FILE");
-    if (!writePng(file, samplePage())) failWith(kFailed, file + ": cannot be written");
+    bool wordsFit = false;
+    if (!writePng(file, samplePage(wordsFit))) failWith(kFailed, file + ": cannot be written");
+    if (!wordsFit) failWith(kFailed, file + ": words do not fit");
 }
 
 }  // namespace

@@ -27,14 +27,15 @@ struct Actor {
     std::string_view pose;
     Expression expression;
     double scale;
-    Point cell;  // middle of the cell, and how far its soles are above the floor
+    double middle;  // column of the page
     bool facesLeft = false;
 };
 
 constexpr std::array kActors{
-    Actor{"rat", "walk", kPleased, 1.6, {90, 0}, true},   Actor{"grub", "stroll", kPleased, 4.6, {250, 0}},
-    Actor{"dog", "sit", kProud, 2.6, {440, 0}, true},     Actor{"lady", "pin up", kAngry, 3, {570, 0}, true},
-    Actor{"grub", "cheer", kStartled, 2, {704, 0}, true}, Actor{"rat", "stand", kSad, 1.4, {760, 0}, true},
+    //    figure  pose      expression scale middle  faces left
+    Actor{"rat", "run", kPleased, 1.6, 84, true},     Actor{"grub", "stroll", kPleased, 4.6, 250},
+    Actor{"dog", "sit", kProud, 2.6, 424, true},      Actor{"lady", "pin up", kAngry, 3, 550, true},
+    Actor{"grub", "cheer", kStartled, 2, 672, false}, Actor{"rat", "stand", kSad, 1.3, 746, true},
 };
 
 /// The pose of that name, or the figure's first.
@@ -46,7 +47,7 @@ const Pose& poseOf(const FigureDrawing& figure, std::string_view name) {
 void drawActor(Canvas& canvas, const Actor& actor) {
     const FigureDrawing* figure = findFigure(actor.figure);
     if (figure == nullptr) return;
-    const Point corner{actor.cell.x - 32 * actor.scale, kFloor - actor.cell.y - kSoles * actor.scale};
+    const Point corner{actor.middle - 32 * actor.scale, kFloor - kSoles * actor.scale};
     const auto cell = canvas.placed(corner, 0, actor.scale, actor.scale);
     figure->draw(canvas, poseOf(*figure, actor.pose), actor.expression,
                  {.facesLeft = actor.facesLeft, .shadow = 0.35F});
@@ -61,7 +62,7 @@ Fit drawWordsOfAllKinds(Canvas& canvas) {
                                  .text = "Grubaway"});
     fit.add(drawSign(
         canvas,
-        {.area = {24, 24, 200, 62}, .board = BoardKind::Caption, .text = "All keys in hand:|the lamp turns green."}));
+        {.area = {24, 24, 214, 62}, .board = BoardKind::Caption, .text = "All keys in hand:|the lamp turns green."}));
     fit.add(drawSign(
         canvas, {.area = {340, 170, 190, 62}, .board = BoardKind::Balloon, .text = "One door. Only|forty-nine left!"},
         Point{318, 330}));
@@ -77,13 +78,13 @@ Fit drawWordsOfAllKinds(Canvas& canvas) {
 
 }  // namespace
 
-PixelImage samplePage() {
+PixelImage samplePage(bool& wordsFit) {
     Canvas canvas(kWidth, kHeight, kSamples);
     drawHall(canvas, {.hall = Hall::Turma, .columns = 13, .rows = 10, .floorRow = 9}, {0, kFloor - 9 * 64});
     canvas.glow({300, 300}, 360, rgb(0xffb45a), 0.2F);
     canvas.dimAround({340, 320}, 640, 0.35F);
     for (const Actor& actor : kActors) drawActor(canvas, actor);
-    (void)drawWordsOfAllKinds(canvas);
+    wordsFit = drawWordsOfAllKinds(canvas).good();
     return canvas.picture();
 }
 
