@@ -8,10 +8,12 @@ namespace grub {
 
 /// Draws him in his cell; see FigureDrawing.
 void drawGrub(Canvas& canvas, const Pose& pose, const Expression& expression, const FigureStyle& style = {});
+/// Draws his head alone, where it is when he stands.
 void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style = {});
 
 // His movements. `phase` is a share of the cycle, 0 up to 1; a cycle covers 64 pixels of way.
 
+/// The near foot meets the ground at phase 0, the far one half a cycle later.
 Pose grubWalkPose(double phase);
 /// Seen from behind, on rungs that lie every 16 pixels from row 8 on.
 Pose grubClimbPose(double phase);

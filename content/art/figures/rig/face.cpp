@@ -62,6 +62,20 @@ void drawShutEye(Canvas& canvas, Point at, double radius, double nose, const Eye
     }
 }
 
+/// The spiral of a dizzy eye.
+void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour) {
+    constexpr int kSteps = 26;
+    constexpr double kTurns = 1.9;
+    VectorPath path;
+    for (int i = 0; i <= kSteps; ++i) {
+        const double share = static_cast<double>(i) / kSteps;
+        const double angle = 2 * std::numbers::pi * kTurns * share;
+        const Point p = at + Point{std::cos(angle), std::sin(angle)} * (radius * share);
+        i == 0 ? path.moveTo(p) : path.lineTo(p);
+    }
+    canvas.flat(path, colour, {.stroke = 1});
+}
+
 }  // namespace
 
 void drawEye(Canvas& canvas, Point at, double radius, double nose, const Expression& expression,
@@ -98,19 +112,6 @@ void drawBrow(Canvas& canvas, Point at, double nose, const Expression& expressio
         .curveTo({inner * 0.4, thick * 0.5 - arch}, {outer * 0.4, thick * 0.4 - arch}, {outer, arch * 0.5})
         .close();
     canvas.flat(brow, style.colour);
-}
-
-void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour) {
-    constexpr int kSteps = 26;
-    constexpr double kTurns = 1.9;
-    VectorPath path;
-    for (int i = 0; i <= kSteps; ++i) {
-        const double share = static_cast<double>(i) / kSteps;
-        const double angle = 2 * std::numbers::pi * kTurns * share;
-        const Point p = at + Point{std::cos(angle), std::sin(angle)} * (radius * share);
-        i == 0 ? path.moveTo(p) : path.lineTo(p);
-    }
-    canvas.flat(path, colour, {.stroke = 1});
 }
 
 void drawDizzyStars(Canvas& canvas, Point centre, double rx, double ry, double turn) {

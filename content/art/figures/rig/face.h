@@ -40,9 +40,6 @@ struct BrowStyle {
 /// A brow whose middle is at `at` while the expression neither raises nor turns it.
 void drawBrow(Canvas& canvas, Point at, double nose, const Expression& expression, const BrowStyle& style);
 
-/// The spiral of a dizzy eye.
-void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour);
-
 /// Three stars on their way round a head; `turn` is a share of a full turn.
 void drawDizzyStars(Canvas& canvas, Point centre, double rx, double ry, double turn);
 
