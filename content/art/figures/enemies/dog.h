@@ -19,6 +19,7 @@ const FigureDrawing& dogFigure();
 
 // ---- poses that move. `phase`: share of a cycle, which covers kCycle pixels.
 
+/// A trot.
 Pose dogWalk(double phase);
 /// On a ladder, seen from behind.
 Pose dogClimb(double phase);
@@ -32,6 +33,7 @@ Pose dogEscape(double phase, double out);
 
 // ---- poses at rest
 
+/// From the side, on all fours.
 Pose dogStand();
 /// On guard, seen from the front, chest out.
 Pose dogGuard();

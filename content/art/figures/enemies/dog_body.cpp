@@ -89,7 +89,7 @@ void drawDogHindLeg(Canvas& canvas, Point hip, const LegPose& leg, PawView view,
 void drawDogForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, PawView view, const Material& fur) {
     const bool stands = view == PawView::Side;
     const Point wrist = stands ? leg.hand + Point{-1, -1.4} : leg.hand;
-    const double bone = leg.bone > 0 ? leg.bone : std::max(6.0, length(wrist - shoulder) / 2 * 1.05);
+    const double bone = leg.bone > 0 ? leg.bone : std::max(6.0, length(wrist - shoulder) / 2 * 1.02);
     const Point elbow = jointOf(shoulder, wrist, bone, bone, leg.bend);
     canvas.part(limb({{shoulder, 5}, {elbow, 4}, {wrist, 3.3}}), fur, {.bevel = 3.8, .line = 1.2});
     if (!stands) return drawRoundPaw(canvas, leg.hand, leg.grip, fur);
@@ -132,11 +132,31 @@ void drawDogSide(Canvas& canvas, Point tail) {
                                    {9.5, 39}});
     canvas.part(trunk, kDogFur, {.bevel = 10, .line = 1.3});
     const Mask inTrunk = canvas.mask(trunk);
-    canvas.part(ellipse({45, 50}, 8, 5), kDogPale,
+    canvas.part(ellipse({47, 48.6}, 7.4, 6.6), kDogPale,
                 {.bevel = 4, .line = 0, .shadow = 0, .clip = &inTrunk, .alpha = 0.7F});
-    // Ribs behind the shoulder, and the crease before the thigh.
+    // The crease behind the shoulder.
     canvas.flat(curve({{33.4, 36}, {32, 39}, {32, 42.6}, {33.6, 45.6}}), kDogFold, {.alpha = 0.35F, .stroke = 0.9});
-    canvas.flat(curve({{29.6, 38}, {28.6, 40}, {28.6, 42.4}, {29.6, 44.6}}), kDogFold, {.alpha = 0.25F, .stroke = 0.9});
+}
+
+void drawDogBreast(Canvas& canvas, Point neck) {
+    const auto place = canvas.placed(neck + Point{3, 0});
+    const VectorPath breast = loop({{-8, 8},
+                                    {-2, 5},
+                                    {6, 6},
+                                    {8.6, 12},
+                                    {10.6, 17},
+                                    {9, 24},
+                                    {2.6, 27.4},
+                                    {-3, 30},
+                                    {-9, 26},
+                                    {-10, 19},
+                                    {-10.6, 14},
+                                    {-10, 10},
+                                    {-8, 8}});
+    canvas.part(breast, kDogFur, {.bevel = 8, .line = 1.2, .shadow = 0.2F});
+    const Mask inBreast = canvas.mask(breast);
+    canvas.part(ellipse({6.4, 18.6}, 6, 8, -0.25), kDogPale,
+                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inBreast, .alpha = 0.8F});
 }
 
 void drawDogChest(Canvas& canvas) {

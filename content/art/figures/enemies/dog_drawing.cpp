@@ -20,6 +20,9 @@ constexpr Joints kSide{{20, 44}, {45, 30.5}, {41.5, 43}, {43, 42.4}, {20, 43}, {
 constexpr Joints kFront{{32, 46}, {32, 30}, {21, 40}, {43, 40}, {20, 45}, {44, 45}};
 constexpr Joints kBack{{32, 46}, {32, 21}, {22, 36}, {42, 36}, {24, 46.6}, {40, 46.6}};
 
+/// A body that leans back further than this, in radians, shows its breast below the collar.
+constexpr double kRearing = -0.4;
+
 /// Tip of the tail at rest, seen from the side.
 constexpr Point kTailTip{8, 23.5};
 
@@ -85,6 +88,7 @@ void drawFromSide(Canvas& canvas, const Pose& pose, const Expression& expression
     drawDogHindLeg(canvas, at.farHip, pose.farLeg, paws, kDogFarFur);
     drawForeleg(canvas, at.farShoulder, pose.farArm, paws, kDogFarFur);
     drawBody(canvas, pose);
+    if (pose.lean < kRearing) drawDogBreast(canvas, at.neck);
     drawDogHindLeg(canvas, at.nearHip, pose.nearLeg, paws, kDogFur);
     drawForeleg(canvas, at.nearShoulder, pose.nearArm, paws, kDogFur);
     const auto head = canvas.placed(at.neck, pose.head.tilt);

@@ -122,9 +122,10 @@ void drawUnderJaw(Canvas& canvas, double x, const Expression& expression) {
 }
 
 /// Freckles, the parting of the jowls, and the nose.
-void drawMuzzle(Canvas& canvas, double turn, Mouth mouth) {
+void drawMuzzle(Canvas& canvas, double turn, const Expression& expression) {
+    const Mouth mouth = expression.mouth;
     const double x = turn * 1.15;
-    const double lift = mouth == Mouth::Smile ? 1.5 : mouth == Mouth::Frown ? -1.3 : 0.0;
+    const double lift = mouth == Mouth::Smile ? 1.5 : mouth == Mouth::Frown ? -2.4 : 0.0;
     canvas.part(jowls(x, lift), kMuzzle, {.bevel = 4.6, .line = 1.1});
     for (const double side : {-1.0, 1.0}) {
         for (const Point dot : {Point{4.2, 4}, Point{6.6, 3}, Point{6, 5.6}}) {
@@ -134,7 +135,8 @@ void drawMuzzle(Canvas& canvas, double turn, Mouth mouth) {
             drawTooth(canvas, {x + side * 5.2, 9.8}, 1.9, 5.6);
             drawTooth(canvas, {x + side * 1.9, 10.2}, 1, 2.2);
         }
-        if (mouth == Mouth::Open) drawTooth(canvas, {x + side * 3.6, 13.4}, 1.2, 2.8);
+        if (mouth == Mouth::Open && expression.eyes != Eyes::Spiral)
+            drawTooth(canvas, {x + side * 3.6, 13.4}, 1.2, 2.8);
     }
     canvas.flat(polyline({{x, 2}, {x, 6.6}}), kDogFold, {.stroke = 1});
     if (mouth == Mouth::Pout) canvas.flat(ellipse({x, 9.4}, 1.8, 1.3), kDogFold);
@@ -166,11 +168,11 @@ void drawDogFace(Canvas& canvas, double turn, const Expression& expression) {
                     {.alpha = 0.4F, .stroke = 0.8});
     }
     drawUnderJaw(canvas, turn * 1.15, expression);
-    drawMuzzle(canvas, turn, expression.mouth);
+    drawMuzzle(canvas, turn, expression);
     for (const double side : {1.0, -1.0}) {
         const Point eye{5 * side + turn * (side > 0 ? 0.75 : 0.9), kEyeRow};
         drawEye(canvas, eye, kEyeRadius, -side, expression, kEyes);
-        drawBrow(canvas, eye - Point{0, kBrowHeight}, -side, expression, kBrows);
+        drawBrow(canvas, eye - Point{0, kBrowHeight - 0.5 * expression.chin}, -side, expression, kBrows);
     }
     if (expression.eyes == Eyes::Spiral) drawDizzyStars(canvas, {turn, -17}, 19, 5, expression.stars);
 }
@@ -181,13 +183,13 @@ void drawDogNape(Canvas& canvas, const Expression& expression) {
     const VectorPath skull = skullShape();
     canvas.part(skull, kDogFur, {.bevel = 9, .line = 1.3});
     const Mask inSkull = canvas.mask(skull);
-    // Jowls that show beyond the cheeks, and the roll of the neck.
+    // Jowls that show beyond the cheeks, and the rolls of the neck.
     for (const double side : {-1.0, 1.0}) {
         canvas.part(ellipse({side * 12, 6}, 3.2, 4.4, side * 0.3), kDogFur,
                     {.bevel = 3, .line = 0.8, .shadow = 0.2F, .clip = &inSkull});
     }
-    canvas.part(ellipse({0, 6.4}, 8.8, 4.2), kDogFur, {.bevel = 4, .line = 0.8, .shadow = 0.3F});
-    canvas.flat(curve({{-3, -1.6}, {-1.4, -0.6}, {1.4, -0.6}, {3, -1.6}}), kDogFold, {.alpha = 0.4F, .stroke = 1});
+    canvas.part(ellipse({0, 3.4}, 6.6, 3.2), kDogFur, {.bevel = 3.4, .line = 0.7, .shadow = 0.2F});
+    canvas.part(ellipse({0, 6.6}, 8.8, 3.8), kDogFur, {.bevel = 4, .line = 0.8, .shadow = 0.3F});
     canvas.part(loop({{-11.4, 5.6},
                       {-7, 9},
                       {7, 9},

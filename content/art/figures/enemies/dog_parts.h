@@ -26,10 +26,13 @@ void drawDogFace(Canvas& canvas, double turn, const Expression& expression);
 /// The head from behind, its collar over it.
 void drawDogNape(Canvas& canvas, const Expression& expression);
 
-// Legs. From the side a paw stands on its sole, else it is round.
+// Legs, with their paws.
 
+/// From the side a paw stands on its sole; towards the viewer it is round.
 enum class PawView { Side, Round };
+/// `hip` is where the leg leaves the body.
 void drawDogHindLeg(Canvas& canvas, Point hip, const LegPose& leg, PawView view, const Material& fur);
+/// `shoulder` is where it leaves the body. A round paw shows its pads with an open grip.
 void drawDogForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, PawView view, const Material& fur);
 /// A hind leg from behind: the haunch, and the pads of the paw.
 void drawDogHaunch(Canvas& canvas, Point hip, const LegPose& leg);
@@ -38,6 +41,8 @@ void drawDogHaunch(Canvas& canvas, Point hip, const LegPose& leg);
 
 /// Tail and trunk from the right side.
 void drawDogSide(Canvas& canvas, Point tail);
+/// What swells below the collar of a sitting dog, seen from the side; `neck` is the middle of the head.
+void drawDogBreast(Canvas& canvas, Point neck);
 void drawDogChest(Canvas& canvas);
 void drawDogBack(Canvas& canvas);
 /// The tail as it lies on the back, seen from behind.

@@ -48,8 +48,8 @@ Pose sittingSide() {
     return {.hips = {3, 5},
             .lean = -0.72,
             .head = {.turn = 4, .shift = {3, 4}},
-            .nearArm = {.hand = {39.5, kPawRow}, .bend = 1},
-            .farArm = {.hand = {44, kPawRow}, .bend = 1},
+            .nearArm = {.hand = {39.5, kPawRow}, .bend = 1, .shoulder = {-3.8, -0.8}},
+            .farArm = {.hand = {44, kPawRow}, .bend = 1, .shoulder = {-2, 0}},
             .nearLeg = {.sole = {27, kGround}, .bend = -1},
             .farLeg = {.sole = {31, kGround}, .bend = -1},
             .tail = {4, -6}};
@@ -57,10 +57,12 @@ Pose sittingSide() {
 
 Pose enthroned() {
     Pose pose = sittingSide();
-    pose.lean = -0.85;
+    pose.lean = -0.95;
     pose.head.tilt = -0.16;
     pose.head.shift = {4, 3};
-    pose.tail = {7, -14};
+    pose.nearArm = {.hand = {37, kPawRow}, .bend = 1, .shoulder = {-5.2, -2.4}};
+    pose.farArm = {.hand = {42, kPawRow}, .bend = 1, .shoulder = {-3.4, -1}};
+    pose.tail = {8, -15};
     return pose;
 }
 
@@ -80,7 +82,7 @@ Pose leaning() {
     return {.view = View::Front,
             .hips = {0, 1},
             .head = {.turn = 0, .shift = {0, 9}},
-            .nearArm = {.hand = {14, 51}, .bend = 1, .shoulder = {-2, 2}},
+            .nearArm = {.hand = {14, 51}, .bend = 1, .shoulder = {-2, 0}},
             .farArm = {.hand = {50, 51}, .bend = -1, .shoulder = {2, 2}},
             .nearLeg = roundPaw({19, kRoundPawRow}, 1),
             .farLeg = roundPaw({45, kRoundPawRow}, -1)};

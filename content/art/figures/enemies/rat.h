@@ -19,6 +19,7 @@ const FigureDrawing& ratFigure();
 /// Running. `phase`: share of a cycle, which covers kCycle pixels.
 Pose ratRun(double phase);
 
+/// From the side, on all fours.
 Pose ratStand();
 /// On its haunches, seen from the front, for dizzy eyes.
 Pose ratSit();

@@ -29,8 +29,8 @@ VectorPath ratTrunk() {
 
 void drawRatTrunkMarks(Canvas& canvas) {
     const Mask inTrunk = canvas.mask(ratTrunk());
-    canvas.part(ellipse({30, 60}, 17, 4.6), kRatBelly,
-                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inTrunk, .alpha = 0.5F});
+    canvas.part(ellipse({30, 60}, 17, 5.4), kRatBelly,
+                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inTrunk, .alpha = 0.65F});
     // The thigh, and tufts on the back.
     canvas.flat(curve({{14, 48.6}, {20, 46.2}, {24.6, 49.6}, {24, 55}}), kRatFold, {.alpha = 0.45F, .stroke = 1});
     for (const Point tuft : {Point{19, 44.6}, Point{25, 43.4}, Point{29, 46.4}}) {

@@ -59,7 +59,7 @@ void drawMouth(Canvas& canvas, Point at, double half, Mouth mouth) {
         case Mouth::Grit:
             canvas.flat(rectangle(at.x - half, at.y - 1.6, 2 * half, 3.6, 1.4), kMouth);
             canvas.flat(rectangle(at.x - half + 0.8, at.y - 0.9, 2 * half - 1.6, 2.2, 0.8), rgb(0xffffff));
-            for (double x = -0.5; x <= 0.5; x += 0.5) {
+            for (const double x : {-0.5, 0.0, 0.5}) {
                 canvas.flat(polyline({at + Point{x * half, -0.9}, at + Point{x * half, 1.3}}), kMouth, {.stroke = 0.6});
             }
             return;

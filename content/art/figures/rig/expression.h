@@ -24,7 +24,7 @@ struct Expression {
     double browTilt = 0;
     Eyes eyes = Eyes::Round;
     Mouth mouth = Mouth::Smile;
-    /// How far the chin is raised, and the features with it, in pixels.
+    /// How far the chin is raised, and the features with it, in pixels; a hanging head is negative.
     double chin = 0;
     /// Share of a turn that the stars of dizzy eyes have gone round.
     double stars = 0.08;
@@ -41,7 +41,7 @@ inline constexpr Expression kDizzy{
 inline constexpr Expression kAsleep{.look = {}, .lid = 1, .mouth = Mouth::Pout};
 inline constexpr Expression kProud{.look = {0.5, -0.3}, .lid = 0.35, .browHeight = 1, .mouth = Mouth::Smile, .chin = 2};
 inline constexpr Expression kSad{
-    .look = {0.2, 0.6}, .lid = 0.2, .browHeight = 0.8, .browTilt = -0.4, .mouth = Mouth::Frown};
+    .look = {0.2, 0.6}, .lid = 0.2, .browHeight = 0.8, .browTilt = -0.4, .mouth = Mouth::Frown, .chin = -0.8};
 
 /// The same expression with another look.
 constexpr Expression looking(Point look, Expression expression) {
