@@ -139,18 +139,19 @@ Pose dogWalk(double phase) {
 }
 
 Pose dogHang(double phase) {
-    const double sway = 0.8 * wave(phase);
+    // The legs of a side go together, so that they never cross.
+    const double sway = 0.8 * wave(2 * phase);
     const auto paw = [](double column, double at) {
-        const Step step = stride(at, kCycle, 0.3);
+        const Step step = stride(at, kStride, kDuty);
         return Point{column + step.x, kPipeAxis - 0.5 + 4 * step.lift};
     };
     return {.hips = {sway, -16},
             .bellyUp = true,
             .head = {.turn = 4, .tilt = 0.06 * wave(phase), .shift = {1, -1.5}},
-            .nearArm = {.hand = paw(40, phase + 0.75), .bend = 1},
-            .farArm = {.hand = paw(42.5, phase + 0.25), .bend = 1},
-            .nearLeg = roundPaw(paw(20, phase), -1),
-            .farLeg = roundPaw(paw(22, phase + 0.5), -1)};
+            .nearArm = {.hand = paw(42, 2 * phase), .bend = 1},
+            .farArm = {.hand = paw(45, 2 * phase + 0.5), .bend = 1},
+            .nearLeg = roundPaw(paw(18, 2 * phase), -1),
+            .farLeg = roundPaw(paw(22, 2 * phase + 0.5), -1)};
 }
 
 Pose dogClimb(double phase) {
