@@ -140,8 +140,6 @@ void Canvas::border(double width, const Material& material) {
     layer().layOver(inner, 1, nullptr);
 }
 
-void Canvas::outline(double width, Rgb ink) { layer().outline(lineSamples(width), ink); }
-
 // ---- pixels
 
 PixelImage Canvas::picture() const {

@@ -120,8 +120,6 @@ public:
     void shadeRows(double y0, double y1, float above, float below, const Mask* clip = nullptr);
     /// Darkness around a light: brightness is untouched at `centre` and falls to the share `dark` at `radius`.
     void dimAround(Point centre, double radius, float dark);
-    /// A line of `width` around all that has been drawn, under it.
-    void outline(double width, Rgb ink = kInk);
     /// A raised rim of `width` with a line of its own around all that has been drawn, under it.
     void border(double width, const Material& material);
 

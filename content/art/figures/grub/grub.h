@@ -14,22 +14,22 @@ void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expres
 // His movements. `phase` is a share of the cycle, 0 up to 1; a cycle covers 64 pixels of way.
 
 /// The near foot meets the ground at phase 0, the far one half a cycle later.
-Pose grubWalkPose(double phase);
+Pose grubWalk(double phase);
 /// Seen from behind, on rungs that lie every 16 pixels from row 8 on.
-Pose grubClimbPose(double phase);
+Pose grubClimb(double phase);
 /// Hand over hand along a pipe whose axis is row 10.
-Pose grubHangPose(double phase);
+Pose grubHang(double phase);
 /// Seen from the front, arms and legs flail once a cycle.
-Pose grubFallPose(double phase);
+Pose grubFall(double phase);
 /// On both feet, `breath` from -1 (out) to 1 (in).
-Pose grubStandPose(double breath);
+Pose grubStand(double breath);
 /// The same, straight at the viewer.
-Pose grubFrontPose(double breath);
+Pose grubFront(double breath);
 
 /// Digging goes by frames: two of winding up before the hit, one of overshoot after it, the throw, two of settling.
 inline constexpr int kGrubDigFrames = 10;
 inline constexpr int kGrubDigHit = 4;
-Pose grubDigPose(int frame);
+Pose grubDig(int frame);
 
 /// Grub as pages see him, with all poses that have names.
 const FigureDrawing& grubFigure();

@@ -66,7 +66,7 @@ constexpr std::array<DigStep, kGrubDigFrames> kDig{{
 
 }  // namespace
 
-Pose grubWalkPose(double phase) {
+Pose grubWalk(double phase) {
     const double bob = walkBob(phase);
     const double swing = std::cos(2 * std::numbers::pi * (phase - 0.06));
     return {
@@ -81,7 +81,7 @@ Pose grubWalkPose(double phase) {
     };
 }
 
-Pose grubClimbPose(double phase) {
+Pose grubClimb(double phase) {
     // A sole comes to rest a frame after its hand, on the upper side of a rung.
     constexpr double kTopStep = 45.4;
     constexpr double kTopRung = 8;
@@ -102,7 +102,7 @@ Pose grubClimbPose(double phase) {
     };
 }
 
-Pose grubHangPose(double phase) {
+Pose grubHang(double phase) {
     const double sway = 0.10 * wave(phase - 0.125);
     const double dangle = 3 * wave(phase + 0.1);
     // Body and legs swing about the pipe.
@@ -120,7 +120,7 @@ Pose grubHangPose(double phase) {
     };
 }
 
-Pose grubFallPose(double phase) {
+Pose grubFall(double phase) {
     const double flail = wave(phase);
     const double sideways = 1.5 * flail;
     return {
@@ -136,7 +136,7 @@ Pose grubFallPose(double phase) {
     };
 }
 
-Pose grubStandPose(double breath) {
+Pose grubStand(double breath) {
     const double up = -0.6 * breath;
     return {
         .hips = {0, 0.2 - 0.4 * breath},
@@ -149,8 +149,8 @@ Pose grubStandPose(double breath) {
     };
 }
 
-Pose grubFrontPose(double breath) {
-    Pose pose = grubStandPose(breath);
+Pose grubFront(double breath) {
+    Pose pose = grubStand(breath);
     pose.view = View::Front;
     pose.head.turn = 0;
     pose.nearArm.shoulder = pose.farArm.shoulder = {0, -0.6 * breath};
@@ -161,7 +161,7 @@ Pose grubFrontPose(double breath) {
     return pose;
 }
 
-Pose grubDigPose(int frame) {
+Pose grubDig(int frame) {
     const DigStep& step = kDig[static_cast<std::size_t>(frame)];
     const double angle = radians(step.angle);
     // The upper hand holds the handle this far from the lower one.

@@ -13,14 +13,14 @@ constexpr double kQuarter = std::numbers::pi / 2;
 
 /// One hand on the hip, a finger up: he explains.
 Pose pointing() {
-    Pose pose = grubStandPose(0);
+    Pose pose = grubStand(0);
     pose.head.tilt = -0.06;
     pose.farArm = {.hand = {54, 27.5}, .bend = 1, .bone = 8, .grip = Grip::Pointing};
     return pose;
 }
 
 Pose cheering() {
-    Pose pose = grubFrontPose(0);
+    Pose pose = grubFront(0);
     pose.hips.y -= 1;
     pose.head.tilt = -0.08;
     pose.nearArm = {.hand = {11, 19}, .bend = 1, .held = {Prop::Spoon, -1.75}};
@@ -30,14 +30,14 @@ Pose cheering() {
 
 /// The spoon on his shoulder, the keys of a hall on it.
 Pose strolling() {
-    Pose pose = grubWalkPose(0);
+    Pose pose = grubWalk(0);
     pose.nearArm = {.hand = {28.5, 39.5}, .bend = 1, .bone = 6.4, .held = {Prop::SpoonWithKeys, 0.42}};
     return pose;
 }
 
 /// The nose follows a smell.
 Pose sniffing() {
-    Pose pose = grubStandPose(0.5);
+    Pose pose = grubStand(0.5);
     pose.lean = 0.05;
     pose.head = {.turn = 3.6, .tilt = -0.36, .shift = {1.5, -1}, .hatShift = {-0.6, 0.4}, .hatTilt = -0.06};
     pose.nearArm = {.hand = {14.5, 42}, .bend = 1, .bone = 6.4, .grip = Grip::Open};
@@ -47,7 +47,7 @@ Pose sniffing() {
 
 /// An ear at a wall on the right; the face stays with the viewer.
 Pose listening() {
-    Pose pose = grubStandPose(0);
+    Pose pose = grubStand(0);
     pose.hips.x = 3;
     pose.lean = 0.16;
     pose.head = {.turn = -1.4, .tilt = 0.2, .shift = {2, 0.5}};
@@ -89,7 +89,7 @@ Pose tiptoeing() {
 
 /// In a hole that is too tight for him.
 Pose stuck() {
-    Pose pose = grubFrontPose(0);
+    Pose pose = grubFront(0);
     pose.squash = -0.07;
     pose.head.shift = {0, -1.4};
     pose.nearArm = {.hand = {20.6, 48}, .bend = 1, .bone = 6.6, .shoulder = {1.4, -2.4}};
@@ -99,7 +99,7 @@ Pose stuck() {
 
 /// Hanging with the boots drawn up, away from what is below.
 Pose tucked() {
-    Pose pose = grubHangPose(0);
+    Pose pose = grubHang(0);
     pose.head.tilt = 0.1;
     pose.nearLeg = {.sole = {43, 64}, .angle = -0.3, .hip = {-2, 0}};
     pose.farLeg = {.sole = {49, 61}, .angle = -0.4, .hip = {6, 0}};
@@ -108,7 +108,7 @@ Pose tucked() {
 
 /// Hands on two bars, the face between them.
 Pose peeping() {
-    Pose pose = grubFrontPose(0);
+    Pose pose = grubFront(0);
     pose.head = {.turn = 0.6, .tilt = 0.16, .shift = {0, 0.6}};
     pose.nearArm = {.hand = {15.5, 33}, .bend = -1, .bone = 7};
     pose.farArm = {.hand = {48.5, 33}, .bend = 1, .bone = 7};
@@ -117,7 +117,7 @@ Pose peeping() {
 
 /// Out of the door: the spoon with all keys up, a look at the viewer.
 Pose marching() {
-    Pose pose = grubWalkPose(0);
+    Pose pose = grubWalk(0);
     pose.lean = -0.02;
     pose.head.turn = 1;
     pose.head.tilt = -0.08;
@@ -127,7 +127,7 @@ Pose marching() {
 
 /// After a blow on the helmet.
 Pose dazed() {
-    Pose pose = grubStandPose(-1);
+    Pose pose = grubStand(-1);
     pose.hips = {1, 1};
     pose.lean = -0.1;
     pose.squash = 0.03;
@@ -140,7 +140,7 @@ Pose dazed() {
 
 /// Both arms straight up, for a hand to pull him out.
 Pose reachingUp() {
-    Pose pose = grubFrontPose(1);
+    Pose pose = grubFront(1);
     pose.head.tilt = -0.05;
     pose.nearArm = {.hand = {12.5, 7}, .bend = 1, .grip = Grip::Open, .shoulder = {0, -1}};
     pose.farArm = {.hand = {51.5, 6}, .grip = Grip::Open, .shoulder = {0, -1}};
@@ -166,13 +166,13 @@ Pose sitting() {
 
 const FigureDrawing& grubFigure() {
     static const std::array kPoses{
-        NamedPose{"stand", grubStandPose(0)},
-        NamedPose{"front", grubFrontPose(0)},
-        NamedPose{"walk", grubWalkPose(0)},
-        NamedPose{"climb", grubClimbPose(0)},
-        NamedPose{"hang", grubHangPose(0)},
-        NamedPose{"fall", grubFallPose(0)},
-        NamedPose{"dig", grubDigPose(kGrubDigHit)},
+        NamedPose{"stand", grubStand(0)},
+        NamedPose{"front", grubFront(0)},
+        NamedPose{"walk", grubWalk(0)},
+        NamedPose{"climb", grubClimb(0)},
+        NamedPose{"hang", grubHang(0)},
+        NamedPose{"fall", grubFall(0)},
+        NamedPose{"dig", grubDig(kGrubDigHit)},
         NamedPose{"point", pointing()},
         NamedPose{"cheer", cheering()},
         NamedPose{"stroll", strolling()},

@@ -17,20 +17,20 @@ struct Moment {
     Expression expression;
 };
 
-Moment walking(FrameOf frame) { return {grubWalkPose(frame.phase()), kPleased}; }
+Moment walking(FrameOf frame) { return {grubWalk(frame.phase()), kPleased}; }
 
-Moment climbing(FrameOf frame) { return {grubClimbPose(frame.phase()), kPleased}; }
+Moment climbing(FrameOf frame) { return {grubClimb(frame.phase()), kPleased}; }
 
-Moment falling(FrameOf frame) { return {grubFallPose(frame.phase()), looking({0, 0.75}, kStartled)}; }
+Moment falling(FrameOf frame) { return {grubFall(frame.phase()), looking({0, 0.75}, kStartled)}; }
 
 Moment hanging(FrameOf frame) {
-    return {grubHangPose(frame.phase()), {.look = {0.9, -0.5}, .browHeight = 0.4, .mouth = Mouth::Grit}};
+    return {grubHang(frame.phase()), {.look = {0.9, -0.5}, .browHeight = 0.4, .mouth = Mouth::Grit}};
 }
 
 Moment digging(FrameOf frame) {
     const bool straining = frame.index >= kGrubDigHit - 2 && frame.index <= kGrubDigHit + 2;
     constexpr Point kAtSpoon{0.8, 0.7};
-    return {grubDigPose(frame.index),
+    return {grubDig(frame.index),
             straining ? Expression{.look = kAtSpoon, .browHeight = -0.6, .browTilt = 0.3, .mouth = Mouth::Grit}
                       : looking(kAtSpoon, kPleased)};
 }
@@ -38,7 +38,7 @@ Moment digging(FrameOf frame) {
 /// Strength of his breath where he stands still.
 constexpr double kBreath = 0.6;
 
-Moment breathing(FrameOf frame) { return {grubFrontPose(kBreath * wave(frame.phase())), looking({0, 0.1}, kPleased)}; }
+Moment breathing(FrameOf frame) { return {grubFront(kBreath * wave(frame.phase())), looking({0, 0.1}, kPleased)}; }
 
 Moment blinking(FrameOf frame) {
     constexpr Keyframe kLid[] = {{1, 0}, {3, 1}, {4, 1}, {6, 0}};
@@ -53,7 +53,7 @@ Moment standing(FrameOf frame) {
                                  {45, 0}, {46, 0.8}, {47, 0.5}, {48, 0}};
     constexpr Keyframe kGlance[] = {{25, 0}, {28, 1}, {38, 1}, {41, 0}};
     const double glance = keyed(kGlance, frame.index);
-    Moment moment{grubStandPose(kBreath * wave(frame.phase())), kPleased};
+    Moment moment{grubStand(kBreath * wave(frame.phase())), kPleased};
     moment.pose.head.turn -= 1.6 * glance;
     moment.expression.look = mix(Point{0.9, 0.1}, Point{-0.85, -0.25}, glance);
     moment.expression.lid = keyed(kLid, frame.index);

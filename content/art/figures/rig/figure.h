@@ -64,8 +64,6 @@ PlacedFoot placedFoot(const Step& step, double middle, const FootRoll& roll);
 /// the share `duty` of a cycle of `length` pixels, then up again.
 double heldRow(double phase, double length, double duty, double top);
 
-// ---- enemies
-
 /// Width of the line round a whole enemy, added to the lines of its parts.
 inline constexpr double kEnemyOutline = 0.5;
 

@@ -178,10 +178,12 @@ void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey s
         return;
     }
     const double time = frame.index;
-    drawRaggedWalls(canvas, kind, storey, frame.progress(), seed);
-    drawCrumbs(canvas, kind, time, seed);
-    drawFallingStones(canvas, kind, storey, time, seed);
-    canvas.outline(0.5);
+    {
+        const auto ruin = canvas.group({.outline = 0.5});
+        drawRaggedWalls(canvas, kind, storey, frame.progress(), seed);
+        drawCrumbs(canvas, kind, time, seed);
+        drawFallingStones(canvas, kind, storey, time, seed);
+    }
     drawHoleSides(canvas, storey);
     drawDust(canvas, time, seed);
 }
