@@ -20,6 +20,9 @@ constexpr Rgb kCheck = rgb(0xa2588c);
 /// Size of a key that is carried, as a share of one that lies in a cell.
 constexpr double kCarriedKey = 0.42;
 
+/// The middle of the bow of drawKeyShape.
+constexpr Point kKeyBow{-9.4, 0};
+
 void drawSpoon(Canvas& canvas) {
     canvas.part(limb({{{-10.5, 0}, 1.9}, {{-8, 0}, 1.4}, {{8, 0}, 1.5}}), kMetal, {.bevel = 1.6, .line = 1.1});
     canvas.part(ellipse({13.4, 0}, 7.2, 5.8), kMetal, {.bevel = 4.2, .line = 1.2});
@@ -42,24 +45,43 @@ void drawCarriedKey(Canvas& canvas) {
     drawKeyShape(canvas, kGold, false);
 }
 
-/// Five keys that fan out from a ring, whose top is the origin.
-void drawKeys(Canvas& canvas) {
-    constexpr double kRing = 4.6;
-    constexpr double kKey = 0.32;
-    /// Radians from key to key, and from the ring's middle to where the bows end.
-    constexpr double kFan = 0.58;
-    constexpr double kBows = 1.6;
-    const auto atRing = canvas.placed({0, kRing});
-    canvas.part(ring({}, kRing, kRing - 1.2), kMetal, {.bevel = 0.6, .line = 0.9});
-    for (const double place : {-2.0, 2.0, -1.0, 1.0, 0.0}) {
-        const auto turned = canvas.placed({}, kFan * place + std::numbers::pi / 2);
-        const auto key = canvas.placed({kBows + 19.6 * kKey, 0}, 0, kKey, kKey);
+/// Keys fanned out on a ring of wire, far enough from each other to be counted.
+struct KeyRing {
+    int keys;
+    /// Outer radius of the wire.
+    double radius;
+    /// Size of a key, as a share of one that lies in a cell.
+    double key;
+    /// Radians from key to key: where their bows are on the wire, and where their stems point.
+    double apart;
+    double fan;
+};
+constexpr KeyRing kFiveKeys{.keys = 5, .radius = 7.4, .key = 0.27, .apart = 0.8, .fan = 0.56};
+/// Three stand for all where there is less room.
+constexpr KeyRing kThreeKeys{.keys = 3, .radius = 6, .key = 0.31, .apart = 1.05, .fan = 0.7};
+
+/// The top of the wire is the origin.
+void drawKeys(Canvas& canvas, const KeyRing& keys) {
+    constexpr double kWire = 1.4;
+    constexpr double kDown = std::numbers::pi / 2;
+    const auto atMiddle = canvas.placed({0, keys.radius});
+    const VectorPath wire = ring({}, keys.radius, keys.radius - kWire);
+    PartStyle wireStyle{.bevel = 0.6, .line = 0.8};
+    canvas.part(wire, kMetal, wireStyle);
+    VectorPath oneSide;
+    for (int i = 0; i < keys.keys; ++i) {
+        const double place = i - (keys.keys - 1) / 2.0;
+        // Its own weight pulls a bow outwards.
+        const Point bow = Affine{}.rotated(kDown + keys.apart * place).apply({keys.radius + 0.4, 0});
+        const auto hung = canvas.placed(bow, kDown + keys.fan * place, keys.key, keys.key);
+        const auto fromBow = canvas.placed(kKeyBow * -1);
         drawKeyShape(canvas, kGold, false);
+        oneSide.unite(polygon({{}, bow * 1.5, Affine{}.rotated(keys.apart / 2).apply(bow * 1.5)}, 0));
     }
-    // The ring goes through the bows: in front of them there is a piece of it.
-    const double r = kRing - 0.6;
-    canvas.part(curve({{-r, 0}, {-r, 1.33 * r}, {r, 1.33 * r}, {r, 0}}), kMetal,
-                {.bevel = 0.6, .line = 0.7, .shadow = 0.2F, .stroke = 1.2});
+    // The wire goes through the bows: on one side of a hole over the rim, on the other under it.
+    const Mask over = canvas.mask(oneSide);
+    wireStyle.clip = &over;
+    canvas.part(wire, kMetal, wireStyle);
 }
 
 /// Seen a little from above; the origin is the middle of the tin's underside.
@@ -146,13 +168,14 @@ void drawProp(Canvas& canvas, Point grip, const Held& held) {
         case Prop::SpoonWithKeys: {
             drawSpoon(canvas);
             // Whatever way the spoon points, the keys hang down.
-            const auto hung = canvas.placed({-9.4, 0}, -held.angle);
-            return drawKeys(canvas);
+            const auto hung = canvas.placed({-9.2, 0}, -held.angle);
+            const auto aroundHandle = canvas.placed({0, -1.8});
+            return drawKeys(canvas, kThreeKeys);
         }
         case Prop::RollingPin: return drawRollingPin(canvas);
         case Prop::Pie: return drawPie(canvas);
         case Prop::Key: return drawCarriedKey(canvas);
-        case Prop::Keys: return drawKeys(canvas);
+        case Prop::Keys: return drawKeys(canvas, kFiveKeys);
         case Prop::Crumb: return drawCrumb(canvas);
         case Prop::Napkin: return drawNapkin(canvas);
     }
@@ -166,7 +189,7 @@ void drawKeyShape(Canvas& canvas, const Material& metal, bool trefoil) {
     canvas.part(limb({{{-2, 0}, 2.9}, {{19, 0}, 2.9}}), metal, {.bevel = 2.8, .line = 0, .shadow = 0});
     canvas.part(rectangle(1.4, -4.4, 3.6, 8.8, 1.4), metal, {.bevel = 1.8, .line = 1.1});
     if (!trefoil) {
-        canvas.part(ring({-9.4, 0}, 10.2, 4.6), metal, {.bevel = 2.8, .line = 1.4});
+        canvas.part(ring(kKeyBow, 10.2, 4.6), metal, {.bevel = 2.8, .line = 1.4});
         return;
     }
     for (const Point lobe : {Point{-6, -6.4}, Point{-6, 6.4}, Point{-14, 0}}) {
