@@ -26,7 +26,8 @@ constexpr EyeStyle kEye{.lid = glossy(material(0xe0a098, 0xa8627c, 0xf6c6b6), 0.
                         .pupil = kIris,
                         .shape = {0.95, 1.1},
                         .pupilShape = {0.46, 0.54},
-                        .reach = 0.34};
+                        .reach = 0.34,
+                        .lashes = true};
 constexpr BrowStyle kBrow{.colour = rgb(0x3a1530), .half = 3.3, .thickness = 1.7, .arch = 1.2};
 
 /// The face as the turn of the head shows it: where its features are.

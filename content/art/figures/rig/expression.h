@@ -38,7 +38,7 @@ inline constexpr Expression kAngry{
     .look = {0.7, 0.1}, .lid = 0.12, .browHeight = -0.8, .browTilt = 0.4, .mouth = Mouth::Grit};
 inline constexpr Expression kDizzy{
     .look = {}, .browHeight = 0.6, .browTilt = -0.25, .eyes = Eyes::Spiral, .mouth = Mouth::Open};
-inline constexpr Expression kAsleep{.look = {}, .lid = 1, .mouth = Mouth::Pout};
+inline constexpr Expression kAsleep{.look = {}, .lid = 1, .browHeight = -0.7, .mouth = Mouth::Pout};
 inline constexpr Expression kProud{.look = {0.5, -0.3}, .lid = 0.35, .browHeight = 1, .mouth = Mouth::Smile, .chin = 2};
 inline constexpr Expression kSad{
     .look = {0.2, 0.6}, .lid = 0.2, .browHeight = 0.8, .browTilt = -0.4, .mouth = Mouth::Frown, .chin = -0.8};

@@ -16,6 +16,8 @@ constexpr Material kStar = glossy(material(0xfdf3e4, 0xb9a3c9, 0xffffff), 0.5F);
 
 constexpr double kWideBall = 1.13;
 constexpr double kWidePupil = 0.7;
+/// From the ink of a lid to its shadow.
+constexpr float kLidLine = 0.4F;
 
 void drawPupil(Canvas& canvas, Point at, double radius, double size, const Mask& inEye, const EyeStyle& style) {
     const Point half = style.pupilShape * (radius * size);
@@ -26,7 +28,7 @@ void drawPupil(Canvas& canvas, Point at, double radius, double size, const Mask&
     canvas.flat(circle(at + Point{half.x * 0.42, half.y * 0.3}, half.x * 0.15), rgb(0xffffff), {.clip = &inEye});
 }
 
-/// The upper lid, its edge curved like the ball, with the lashes as a line on it.
+/// The upper lid, its edge curved like the ball, with a line on it that is lighter than a brow.
 void drawLid(Canvas& canvas, Point at, double radius, double nose, const Expression& expression, const Mask& inEye,
              const EyeStyle& style) {
     const double slant = std::tan(expression.browTilt) * 0.9 * nose;
@@ -39,26 +41,32 @@ void drawLid(Canvas& canvas, Point at, double radius, double nose, const Express
     const Point low{0, bulge};
     VectorPath lid;
     lid.moveTo(left).curveTo(mix(left, right, 0.3) + low, mix(left, right, 0.7) + low, right);
-    VectorPath lash = lid;
+    VectorPath edgeLine = lid;
     lid.lineTo({right.x, at.y - 3 * radius}).lineTo({left.x, at.y - 3 * radius}).close();
     canvas.part(lid, style.lid, {.bevel = 2, .line = 0, .shadow = 0.2F, .clip = &inEye});
-    canvas.flat(lash, style.lid.ink, {.stroke = 0.22 * radius, .clip = &inEye});
+    canvas.flat(edgeLine, mix(style.lid.ink, style.lid.shadow, kLidLine), {.stroke = 0.2 * radius, .clip = &inEye});
 }
 
-/// A ball all covered by its lid, over a line with three lashes.
+/// A lid that covers all of the ball: a mound without a line of its own, over the arc where it meets the cheek.
 void drawShutEye(Canvas& canvas, Point at, double radius, double nose, const EyeStyle& style) {
-    canvas.part(ellipse(at, radius * style.shape.x, radius * style.shape.y), style.lid,
-                {.bevel = radius * 0.9, .line = 0.7, .shadow = 0.15F});
-    const double stroke = 0.28 * radius;
-    const double half = radius * style.shape.x * 0.92;
-    const Point low = at + Point{0, radius * 0.22};
-    canvas.flat(curve({low - Point{half, 0}, low + Point{-half * 0.5, radius * 0.62},
-                       low + Point{half * 0.5, radius * 0.62}, low + Point{half, 0}}),
-                style.pupil, {.stroke = stroke});
-    for (const double place : {0.35, 0.95}) {
-        const Point root = low + Point{-nose * half * place, radius * 0.45 * (1 - place * place)};
+    constexpr double kArc = 1.2;
+    const double half = radius * style.shape.x * 0.95;
+    const Point left = at + Point{-half, radius * 0.16};
+    const Point right = at + Point{half, radius * 0.16};
+    const Point low{half * 0.5, radius * 0.66};
+    const Point high{half * 0.2, -radius * style.shape.y * 1.3};
+    const Point leftLow{left.x + low.x, left.y + low.y};
+    const Point rightLow{right.x - low.x, right.y + low.y};
+    VectorPath mound;
+    mound.moveTo(left).curveTo(leftLow, rightLow, right);
+    mound.curveTo({right.x - high.x, right.y + high.y}, {left.x + high.x, left.y + high.y}, left).close();
+    canvas.part(mound, style.lid, {.bevel = radius * 0.9, .line = 0, .shadow = 0});
+    canvas.flat(curve({left, leftLow, rightLow, right}), style.pupil, {.stroke = kArc});
+    if (!style.lashes) return;
+    for (const double place : {0.3, 0.85}) {
+        const Point root = at + Point{-nose * half * place, radius * (0.16 + 0.5 * (1 - place * place))};
         canvas.flat(polyline({root, root + Point{-nose * radius * 0.3, radius * 0.34}}), style.pupil,
-                    {.stroke = stroke * 0.8});
+                    {.stroke = kArc * 0.75});
     }
 }
 

@@ -20,10 +20,12 @@ struct EyeStyle {
     double reach = 0.36;
     /// How far a brow presses the lid down, for each radian that it is lowered: 1 shuts the eye.
     double glower = 0;
+    /// Whether lashes show under a shut lid.
+    bool lashes = false;
 };
 
-/// An eye. Wide eyes are larger with a smaller pupil; a shut one shows its lashes; a lowered or raised brow slants the
-/// lid.
+/// An eye. Wide eyes are larger with a smaller pupil; a shut one is an arc under its lid; a lowered or raised brow
+/// slants the lid.
 void drawEye(Canvas& canvas, Point at, double radius, double nose, const Expression& expression, const EyeStyle& style);
 
 /// How brows are drawn. Lengths in pixels.
