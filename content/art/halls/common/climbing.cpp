@@ -37,7 +37,7 @@ void drawRungsAndRails(Canvas& canvas, const Material& material, double top, dou
 constexpr double kAbove = -40;
 constexpr double kBelow = 104;
 constexpr double kTop = 1.8;
-constexpr double kFoot = 62.2;
+constexpr double kFoot = 63.3;
 
 // ---- pipes
 

@@ -11,6 +11,8 @@ Rgb varied(Rgb colour, std::uint32_t number, float spread) {
     return colour * (1 + (randomShare(number, 11, 29) - 0.5F) * 2 * spread);
 }
 
+void drawLip(Canvas& canvas) { canvas.shadeRows(kCapTop + 0.5, kCapTop + 3, 0.48F, 1); }
+
 void drawCrack(Canvas& canvas, std::initializer_list<Point> points, float strength, const Mask* clip) {
     {
         const auto lower = canvas.placed({0.5, 0.9});
@@ -20,16 +22,14 @@ void drawCrack(Canvas& canvas, std::initializer_list<Point> points, float streng
 }
 
 void drawRubble(Canvas& canvas, const WorldPalette& world, float dim) {
-    constexpr std::array kStones{Stone{-8, 2, 36, 28, 1}, Stone{28, 0, 28, 34, 2}, Stone{-16, 30, 30, 33, 3},
-                                 Stone{14, 32, 34, 31, 4}};
+    constexpr std::array kStones{Stone{0, 1, 37, 30, 1}, Stone{37, 0, 27, 33, 2}, Stone{0, 31, 25, 33, 3},
+                                 Stone{25, 33, 39, 30, 4}};
     canvas.flat(rectangle(-40, -40, 144, 144), mix(world.backdropMortar, rgb(0x3a3844), 0.5F));
-    drawJoined(canvas, [&] {
-        for (const Stone& s : kStones) {
-            canvas.part(rectangle(s.x + 0.8, s.y + 0.8, s.width - 1.6, s.height - 1.6, 8),
-                        stony(varied(world.solid[s.number % 2] * dim, s.number, 0.06F), 1.4F, 0.13F),
-                        {.bevel = 7, .line = 0, .shadow = 0});
-        }
-    });
+    for (const Stone& s : kStones) {
+        canvas.part(rectangle(s.x + 0.8, s.y + 0.8, s.width - 1.6, s.height - 1.6, 8),
+                    stony(varied(world.solid[s.number % 2] * dim, s.number, 0.06F), 1.4F, 0.13F),
+                    {.bevel = 7, .line = 0, .shadow = 0});
+    }
 }
 
 namespace {

@@ -22,6 +22,13 @@ void drawJoined(Canvas& canvas, Draw draw) {
     }
 }
 
+/// The row at which the cap of every floor and block begins.
+inline constexpr double kCapTop = 0;
+
+/// Darkens the upper edge of a cap that has been drawn. Soles end two rows above it: without the dark edge a pale cap
+/// looks as if figures hovered over it.
+void drawLip(Canvas& canvas);
+
 /// A stone of a wall: its place in the cell (it may reach beyond it) and the number that decides its shade.
 struct Stone {
     double x;
@@ -37,8 +44,8 @@ Rgb varied(Rgb colour, std::uint32_t number, float spread);
 /// An open crack: a dark line that follows the points, with a lit lower edge.
 void drawCrack(Canvas& canvas, std::initializer_list<Point> points, float strength, const Mask* clip = nullptr);
 
-/// Rough stones laid without pattern, the bulk below the blocks that are walked on; they reach into the neighbours, so
-/// that blocks of them join. `dim` 1 is the brightness of the palette.
+/// Rough stones laid without pattern, the bulk below the blocks that are walked on. They end at the edges of the cell,
+/// so that a pier of one cell shows whole stones. `dim` 1 is the brightness of the palette.
 void drawRubble(Canvas& canvas, const WorldPalette& world, float dim);
 
 /// Sides of a cell at which a pipe or wire goes on into the neighbour, as bits of a set.

@@ -168,7 +168,9 @@ void drawFloor(Canvas& canvas, const FloorKind& kind, Storey storey, FloorVarian
     const Mask inside = canvas.mask(body);
     kind.drawFace(canvas, storey, variant, &inside);
     shadeFace(canvas, storey);
-    if (top) kind.drawCap(canvas, &inside);
+    if (!top) return;
+    kind.drawCap(canvas, &inside);
+    drawLip(canvas);
 }
 
 void drawBreaking(Canvas& canvas, FrameOf frame, const FloorKind& kind, Storey storey, std::uint32_t seed) {

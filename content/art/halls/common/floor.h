@@ -28,9 +28,6 @@ struct FloorKind {
     void (*drawStone)(Canvas& canvas, std::size_t index, Storey storey);
 };
 
-/// The row at which every floor's cap begins.
-inline constexpr double kCapTop = 0.9;
-
 /// Which sides of a floor cell are open: there the floor ends in a drawn edge.
 struct FloorEnds {
     bool left = false;

@@ -10,7 +10,7 @@ namespace grub {
 
 namespace {
 
-constexpr double kCapHeight = 11.5;
+constexpr double kCapHeight = 13;
 constexpr double kPlate = 32;
 
 Material plateMaterial(std::uint32_t number, float dim = 1) {
@@ -89,8 +89,8 @@ void drawCap(Canvas& canvas, const Mask* clip) {
 }
 
 constexpr std::array kPieces{
-    Stone{0, 0.9, 32, 11.5, 20}, Stone{32, 0.9, 32, 11.5, 21},  // cap
-    Stone{0, 13, 32, 25, 40},    Stone{32, 13, 32, 25, 41},    Stone{0, 38, 32, 25, 41}, Stone{32, 38, 32, 25, 42},
+    Stone{0, kCapTop, 32, 13, 20}, Stone{32, kCapTop, 32, 13, 21},  // cap
+    Stone{0, 13, 32, 25, 40},      Stone{32, 13, 32, 25, 41},      Stone{0, 38, 32, 25, 41}, Stone{32, 38, 32, 25, 42},
 };
 constexpr std::size_t kCapPieces = 2;
 

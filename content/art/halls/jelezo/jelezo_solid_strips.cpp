@@ -35,12 +35,14 @@ void drawIronBlock(Canvas& canvas, FrameOf) {
     drawPlateRivets(canvas, 13);
     canvas.shadeRows(8, 64, 1.02F, 0.82F);
     canvas.flat(rectangle(-40, 11, 144, 3.5), rgb(0x0c1420), {.alpha = 0.38F});
-    canvas.part(rectangle(-40, 0.9, 144, 11), stony(mix(kJelezo.solid[0], rgb(0xeaf4f8), 0.42F), 0.3F, 0.06F, 0.5F),
+    canvas.part(rectangle(-40, kCapTop, 144, 11.9),
+                stony(mix(kJelezo.solid[0], rgb(0xeaf4f8), 0.42F), 0.3F, 0.06F, 0.5F),
                 {.bevel = 3.2, .line = 0.9, .shadow = 0});
     for (int x = -28; x < 96; x += 8) {
         canvas.flat(polyline({{x + 1.5, 7.8}, {x + 5.0, 4.4}}), kJelezo.solid[1] * 0.72F,
                     {.alpha = 0.8F, .stroke = 1.6});
     }
+    drawLip(canvas);
 }
 
 /// Plain plates for the bulk below.

@@ -82,9 +82,9 @@ void drawCap(Canvas& canvas, const Mask* clip) {
 }
 
 constexpr std::array kPieces{
-    Stone{0, 0.9, 32, 12, 20},    Stone{32, 0.9, 32, 12, 21},     // turf
-    Stone{0, 12.6, 32, 25.2, 51}, Stone{32, 12.6, 32, 25.2, 52},  //
-    Stone{0, 37.8, 16, 25.2, 53}, Stone{16, 37.8, 32, 25.2, 54}, Stone{48, 37.8, 16, 25.2, 53},
+    Stone{0, kCapTop, 32, 12, 20}, Stone{32, kCapTop, 32, 12, 21},  // turf
+    Stone{0, 12.6, 32, 25.2, 51},  Stone{32, 12.6, 32, 25.2, 52},   //
+    Stone{0, 37.8, 16, 25.2, 53},  Stone{16, 37.8, 32, 25.2, 54},  Stone{48, 37.8, 16, 25.2, 53},
 };
 constexpr std::size_t kTurfs = 2;
 

@@ -20,9 +20,10 @@ void drawBlock(Canvas& canvas, FrameOf) {
     const Rgb slab = mix(kPodval.solid[0], rgb(0xf0eede), 0.36F);
     for (int i = -1; i < 3; ++i) {
         const auto number = static_cast<std::uint32_t>(60 + (i + 2) % 2);
-        canvas.part(rectangle(i * 32 + 0.6, 0.9, 30.8, 11.4, 4), stony(varied(slab, number, 0.05F), 0.8F, 0.1F, 0.12F),
-                    {.bevel = 3.8, .line = 0.9, .shadow = 0});
+        canvas.part(rectangle(i * 32 + 0.6, kCapTop, 30.8, 12.3, 4),
+                    stony(varied(slab, number, 0.05F), 0.8F, 0.1F, 0.12F), {.bevel = 3.8, .line = 0.9, .shadow = 0});
     }
+    drawLip(canvas);
     for (const Joint& tuft :
          {Joint{{30, 10.5}, 2.4}, Joint{{33.5, 11.5}, 2.9}, Joint{{8, 11.6}, 2}, Joint{{52, 12}, 2.2}}) {
         canvas.part(circle(tuft.at, tuft.radius), stony(kPodval.capShade * 1.15F, 1, 0.2F),

@@ -10,7 +10,7 @@ namespace grub {
 
 namespace {
 
-constexpr double kCapHeight = 12.6;
+constexpr double kCapHeight = 13.5;
 constexpr double kCourse = 17;
 constexpr double kFirstCourse = 13;
 constexpr double kBrick = 32;
@@ -64,10 +64,11 @@ void drawFace(Canvas& canvas, Storey storey, FloorVariant variant, const Mask* c
 }
 
 constexpr std::array kStones{
-    Stone{0, 0.9, 32, 12.6, 20}, Stone{32, 0.9, 32, 12.6, 21},                             // cap
-    Stone{0, 13, 32, 17, 32},    Stone{32, 13, 32, 17, 33},                                //
-    Stone{0, 30, 16, 17, 34},    Stone{16, 30, 32, 17, 35},    Stone{48, 30, 16, 17, 34},  // cut at the cell's edges
-    Stone{0, 47, 32, 17, 36},    Stone{32, 47, 32, 17, 37},
+    Stone{0, kCapTop, 32, 13, 20}, Stone{32, kCapTop, 32, 13, 21},  // cap
+    Stone{0, 13, 32, 17, 32},      Stone{32, 13, 32, 17, 33},       //
+    Stone{0, 30, 16, 17, 34},      Stone{16, 30, 32, 17, 35},
+    Stone{48, 30, 16, 17, 34},  // cut at the cell's edges
+    Stone{0, 47, 32, 17, 36},      Stone{32, 47, 32, 17, 37},
 };
 constexpr std::size_t kCapStones = 2;
 

@@ -23,7 +23,8 @@ void drawBlock(Canvas& canvas, FrameOf) {
     }
     canvas.shadeRows(8, 64, 1.02F, 0.82F);
     canvas.flat(rectangle(-40, 11, 144, 3.5), rgb(0x1a1020), {.alpha = 0.38F});
-    canvas.part(rectangle(0.5, 0.9, 63, 11, 2.6), slab, {.bevel = 3.4, .line = 0.9, .shadow = 0});
+    canvas.part(rectangle(0.5, kCapTop, 63, 11.9, 2.6), slab, {.bevel = 3.4, .line = 0.9, .shadow = 0});
+    drawLip(canvas);
 }
 
 /// The same with a grating let in.
