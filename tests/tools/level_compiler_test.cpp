@@ -27,7 +27,7 @@ const BlockPalette& palette() {
         "[40]\nname=t.pipe\ntype=3\n[41]\nname=t.pipe.left\ntype=3\n[42]\nname=t.pipe.right\ntype=3\n"
         "[43]\nname=t.pipe.single\ntype=3\n[44]\nname=t.pipe.joint\ntype=3\n"
         "[50]\nname=t.hidden\ntype=6\n[60]\nname=t.door\ntype=8\n[70]\nname=t.spawn\ntype=9\n"
-        "[80]\nname=shade\n[81]\nname=t.lamp\n[82]\nname=lamp\n"
+        "[80]\nname=shade\n[83]\nname=shade.left\n[84]\nname=shade.right\n[81]\nname=t.lamp\n[82]\nname=lamp\n"
         "[91]\nname=sun.11\n[92]\nname=sun.12\n[93]\nname=sun.21\n[94]\nname=sun.22\n";
     static const BlockPalette kPalette(SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(kTable.data()),
                                                           static_cast<std::uint32_t>(kTable.size())));
@@ -126,7 +126,8 @@ const DressedRow kDressedRows[] = {
     {"ladders go on above the first row", "H.\nH.\n..", "", Slot::Base, 0, "30 _"},
     {"ladders have a top", "..\nH.\nH.\n..", "", Slot::Base, 1, "31 _"},
     {"ladders have a foot", "..\nH.\nH.\n..", "", Slot::Base, 2, "32 _"},
-    {"a shadow falls below masonry", "#XH.\n#.HH", "", Slot::Layer3, 1, "_ 80 _ _"},
+    {"a shadow falls below masonry", "#X#.\n#.##", "", Slot::Layer3, 1, "_ 80 _ _"},
+    {"a shadow ends with its floor", ".###.#H#.\n.......##", "", Slot::Layer3, 1, "_ 83 80 84 _ 80 _ _ _"},
     {"a source takes the shadow away", "#XH.\n#.HH", "layer3 none 1 1\n", Slot::Layer3, 1, "_ _ _ _"},
     {"placed: a block", "....", kLamps, Slot::Base, 0, "21 _ _ _"},
     {"placed: the world's own lamp", "....", kLamps, Slot::Layer2, 0, "_ 81 _ _"},

@@ -122,15 +122,15 @@ private:
     }
 
     void buildCell(int column, int row) {
-        const Block& block = shaped(*family(column, row), column, row);
+        const Block& block = shaped(*family(column, row), shapeAt(column, row));
         valueIn(recordAt(level_, column, row), Slot::Base) = variant(block, column, row).id;
         const bool liesBelow = isMasonry(typeAt(column, row - 1)) && !isMasonry(typeAt(column, row));
         const Block* shade = liesBelow ? palette_.find(source_.world, "shade") : nullptr;
-        if (shade != nullptr) valueIn(recordAt(level_, column, row), Slot::Layer3) = shade->id;
+        if (shade == nullptr) return;
+        valueIn(recordAt(level_, column, row), Slot::Layer3) = shaped(*shade, shadeShape(column, row)).id;
     }
 
-    const Block& shaped(const Block& block, int column, int row) {
-        const std::string_view shape = shapeAt(column, row);
+    const Block& shaped(const Block& block, std::string_view shape) const {
         const Block* found = shape.empty() ? nullptr : palette_.byName(block.name + "." + std::string(shape));
         return found != nullptr ? *found : block;
     }
@@ -147,6 +147,12 @@ private:
     std::string_view masonryShape(int column, int row) {
         if (isMasonry(typeAt(column, row - 1))) return "under";
         const auto goesOn = [this, row](int x) { return isMasonry(typeAt(x, row)) || isRungs(typeAt(x, row)); };
+        return endsShape(!goesOn(column - 1), !goesOn(column + 1), "left", "right");
+    }
+
+    /// The shadow of a floor ends where that floor ends, unless masonry stands there.
+    std::string_view shadeShape(int column, int row) {
+        const auto goesOn = [this, row](int x) { return isMasonry(typeAt(x, row - 1)) || isMasonry(typeAt(x, row)); };
         return endsShape(!goesOn(column - 1), !goesOn(column + 1), "left", "right");
     }
 

@@ -63,7 +63,8 @@ void drawShaft(Canvas& canvas, FrameOf) {
     }
 }
 
-/// A lamp on a long or a short chain, in front of everything.
+/// A lamp on a long or a short chain, in front of everything. Its flame is 17 px below the end of the chain: both
+/// lengths keep it in the brightest part of a light pool, 24 px below the ceiling.
 void drawHangingLamp(Canvas& canvas, double length) {
     canvas.halo({32, length + 14}, 19, kTurma.glow, 0.4F);
     for (int link = 0; link * 6 < length - 3; ++link) {
@@ -72,23 +73,37 @@ void drawHangingLamp(Canvas& canvas, double length) {
     }
     drawLantern(canvas, {32, length + 14});
 }
-void drawLongLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 34); }
-void drawShortLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 12); }
+void drawLongLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 12); }
+void drawShortLamp(Canvas& canvas, FrameOf) { drawHangingLamp(canvas, 4); }
 
 // ---- shadows: laid over the wall below floors and blocks
 
-/// The shadow of `depth` rows below an edge at the top.
-void drawShadowBelow(Canvas& canvas, double depth, float strength) {
-    constexpr double kStep = 0.25;
-    for (int step = -64; step * kStep < depth; ++step) {
+constexpr Rgb kShade = rgb(0x0c0818);
+constexpr double kShadeDepth = 32;
+constexpr float kShadeStrength = 0.62F;
+
+/// The shadow below an edge at the top of the cell, in the columns from `x` on.
+void drawShadowBelow(Canvas& canvas, double x, double width, float strength) {
+    constexpr double kStep = 0.5;
+    for (int step = 0; step * kStep < kShadeDepth; ++step) {
         const double y = step * kStep;
-        const double share = y < 0 ? 1 : std::pow(1 - y / depth, 1.4);
-        canvas.flat(rectangle(-16, y, 96, kStep), rgb(0x0c0818), {.alpha = strength * static_cast<float>(share)});
+        const double share = std::pow(1 - y / kShadeDepth, 1.4);
+        canvas.flat(rectangle(x, y, width, kStep), kShade, {.alpha = strength * static_cast<float>(share)});
     }
 }
-void drawShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 32, 0.62F); }
-void drawDeepShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 56, 0.7F); }
-void drawFaintShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 22, 0.45F); }
+
+void drawShade(Canvas& canvas, FrameOf) { drawShadowBelow(canvas, 0, kCellSize, kShadeStrength); }
+
+/// The same, fading away towards the side where the floor ends in air.
+template <Sides Open>
+void drawShadeEnd(Canvas& canvas, FrameOf) {
+    constexpr int kFade = 26;
+    drawShadowBelow(canvas, Open == kLeft ? kFade : 0, kCellSize - kFade, kShadeStrength);
+    for (int i = 0; i < kFade; ++i) {
+        const float share = smoothstep(0, kFade, static_cast<float>(i) + 0.5F);
+        drawShadowBelow(canvas, Open == kLeft ? i : kCellSize - 1 - i, 1, kShadeStrength * share);
+    }
+}
 
 constexpr std::array kStrips{
     //            name                 px  px frames
@@ -109,8 +124,8 @@ constexpr std::array kStrips{
     StripDrawing{"fon\\a2\\p31", 64, 64, 1, Ground::Clear, drawShaft<0, 2>},
     StripDrawing{"fon\\a2\\p33", 64, 64, 1, Ground::Clear, drawShaft<2, 2>},
     StripDrawing{"fon\\sh1_proz", 64, 64, 1, Ground::Clear, drawShade},
-    StripDrawing{"fon\\sh2_proz", 64, 64, 1, Ground::Clear, drawDeepShade},
-    StripDrawing{"fon\\sh3_proz", 64, 64, 1, Ground::Clear, drawFaintShade},
+    StripDrawing{"fon\\sh2_proz", 64, 64, 1, Ground::Clear, drawShadeEnd<kLeft>},
+    StripDrawing{"fon\\sh3_proz", 64, 64, 1, Ground::Clear, drawShadeEnd<kRight>},
 };
 
 }  // namespace
