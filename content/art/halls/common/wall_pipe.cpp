@@ -57,10 +57,13 @@ void drawPipeWay(Canvas& canvas, const Material& metal, Sides sides) {
     drawBend(canvas, metal, towardsSide(sides & kAcross), towardsSide(sides & kUpright));
 }
 
+/// Of wheels and the handles of taps: not red, which means danger.
+constexpr Rgb kOchre = rgb(0xb8823a);
+
 /// A wheel to shut the pipe.
 void drawValve(Canvas& canvas, const WorldPalette& world, const Material& metal) {
     drawCollar(canvas, metal, kMiddle, false);
-    const Material wheel = glossy(material(mix(rgb(0xc0483a), world.backdrop[0], 0.3F)), 0.4F, 0.3F);
+    const Material wheel = glossy(material(mix(kOchre, world.backdrop[0], 0.3F)), 0.4F, 0.3F);
     canvas.part(polyline({{32, 28}, {32, 16}}), metal, {.bevel = 1.6, .line = 1, .stroke = 3.4});
     canvas.part(ring({32, 15}, 9, 6.2), wheel, {.bevel = 1.5, .line = 1});
     canvas.part(polyline({{25.6, 15}, {38.4, 15}}), wheel, {.bevel = 1, .line = 0.8, .stroke = 2.2});
@@ -75,14 +78,14 @@ void drawGauge(Canvas& canvas, const WorldPalette& world, const Material& metal)
                 {.bevel = 1.6, .line = 0.7, .shadow = 0});
     for (const Point mark : {Point{26.8, 13}, Point{28.4, 9.2}, Point{32, 7.6}, Point{35.6, 9.2}, Point{37.2, 13}})
         canvas.flat(circle(mark, 0.7), kInk, {.alpha = 0.7F});
-    canvas.flat(polyline({{32, 13.6}, {35.4, 10}}), rgb(0xb03038), {.stroke = 1.3});
+    canvas.flat(polyline({{32, 13.6}, {35.4, 10}}), kInk, {.stroke = 1.3});
 }
 
 /// A tap below the pipe, with a drop that hangs from it.
 void drawTap(Canvas& canvas, const WorldPalette& world, const Material& metal) {
     drawCollar(canvas, metal, kMiddle, false);
     canvas.part(polyline({{32, 34}, {32, 43}, {39, 43}, {39, 48}}), metal, {.bevel = 2.4, .line = 1, .stroke = 5.4});
-    canvas.part(limb({{{26, 38.5}, 1.8}, {{38, 38.5}, 1.8}}), dull(world, rgb(0xc0483a)), {.bevel = 1.6, .line = 0.9});
+    canvas.part(limb({{{26, 38.5}, 1.8}, {{38, 38.5}, 1.8}}), dull(world, kOchre), {.bevel = 1.6, .line = 0.9});
     canvas.flat(ellipse({39, 54.4}, 1.5, 2.3), rgb(0x8fd4e8), {.alpha = 0.75F});
 }
 

@@ -16,8 +16,8 @@ constexpr double kThickness = 3;
 constexpr double kPair = 2.6;
 
 constexpr Material kBlackCable = glossy(material(0x4a4658, 0x221e2e, 0x7a7690), 0.5F);
-constexpr Material kRedCable = glossy(material(0x9a4a3e, 0x4c2232, 0xd08060), 0.5F);
-constexpr Material kYellowCable = glossy(material(0xa88a44, 0x573c34, 0xdcc078), 0.5F);
+constexpr Material kRustCable = glossy(material(0x84583e, 0x422c32, 0xb88a66), 0.5F);
+constexpr Material kOchreCable = glossy(material(0xa88a44, 0x573c34, 0xdcc078), 0.5F);
 
 /// Boxes and clamps stay behind the play.
 constexpr Material kDullMetal = glossy(material(0x565f78, 0x2a2f45, 0x8f9ab0), 0.5F);
@@ -97,8 +97,8 @@ void drawSingle(Canvas& canvas, FrameOf) {
 
 template <Sides Way, Fitting With = Fitting::None>
 void drawPair(Canvas& canvas, FrameOf) {
-    drawCable(canvas, kRedCable, cableWay(Way, -kPair));
-    drawCable(canvas, kYellowCable, cableWay(Way, kPair));
+    drawCable(canvas, kRustCable, cableWay(Way, -kPair));
+    drawCable(canvas, kOchreCable, cableWay(Way, kPair));
     drawFitting(canvas, With, Way, 13);
 }
 
@@ -118,8 +118,8 @@ void drawHungSingle(Canvas& canvas, FrameOf) {
     drawHooks(canvas);
 }
 void drawHungPair(Canvas& canvas, FrameOf) {
-    drawHung(canvas, kRedCable, 22);
-    drawHung(canvas, kYellowCable, 12);
+    drawHung(canvas, kRustCable, 22);
+    drawHung(canvas, kOchreCable, 12);
     drawHooks(canvas);
 }
 

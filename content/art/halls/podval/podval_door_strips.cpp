@@ -12,7 +12,7 @@ namespace {
 constexpr auto kRust = glossy(material(0x8f5a40, 0x43263a, 0xd09068), 0.3F);
 constexpr DoorKind kWoodArch{doorStone(kPodval.solid[0]), doorWood(0x7a6038, 0x3a2c2c, 0xb89a60), drawPlankLeaf,
                              DoorShape::Arch};
-constexpr DoorKind kWoodSquare{doorStone(kPodval.solid[1]), doorWood(0x5f6a3c, 0x2c3028, 0x9cab62), drawPlankLeaf,
+constexpr DoorKind kWoodSquare{doorStone(kPodval.solid[1]), doorWood(0x746a5e, 0x37303a, 0xa89c8c), drawPlankLeaf,
                                DoorShape::Square};
 constexpr DoorKind kBarArch{doorStone(kPodval.solid[0]), kRust, drawBarLeaf, DoorShape::Arch, true};
 constexpr DoorKind kBarSquare{doorStone(kPodval.solid[1]), kDarkMetal, drawBarLeaf, DoorShape::Square, true};
