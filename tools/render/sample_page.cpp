@@ -54,7 +54,7 @@ void drawActor(Canvas& canvas, const Actor& actor) {
 }
 
 Fit drawWordsOfAllKinds(Canvas& canvas) {
-    Fit fit = drawTitle(canvas, {.area = {250, 14, 410, 126},
+    Fit fit = drawTitle(canvas, {.area = {290, 14, 410, 126},
                                  .face = Face::Display,
                                  .size = 96,
                                  .ink = Ink::Golden,
@@ -62,10 +62,10 @@ Fit drawWordsOfAllKinds(Canvas& canvas) {
                                  .text = "Grubaway"});
     fit.add(drawSign(
         canvas,
-        {.area = {24, 24, 214, 62}, .board = BoardKind::Caption, .text = "All keys in hand:|the lamp turns green."}));
+        {.area = {24, 22, 244, 72}, .board = BoardKind::Caption, .text = "All keys in hand:|the lamp turns green."}));
     fit.add(drawSign(
-        canvas, {.area = {340, 170, 190, 62}, .board = BoardKind::Balloon, .text = "One door. Only|forty-nine left!"},
-        Point{318, 330}));
+        canvas, {.area = {344, 166, 212, 74}, .board = BoardKind::Balloon, .text = "One door. Only|forty-nine left!"},
+        Point{338, 396}));
     fit.add(drawButton(canvas, {.area = {30, 130, 180, 52},
                                 .words = {.area = {50, 137, 140, 38},
                                           .face = Face::Display,
