@@ -18,7 +18,7 @@ void drawLadyHead(Canvas& canvas, const HeadPose& head, const Expression& expres
 Pose ladyWalk(double phase);
 /// Up or down a ladder, seen from behind.
 Pose ladyClimb(double phase);
-/// Hand over hand along a pipe to the right, the rolling pin between her teeth.
+/// Hand over hand along a pipe to the right, the rolling pin in the bow of her apron.
 Pose ladyHang(double phase);
 /// Front, a fist on her hip.
 Pose ladyStand();

@@ -11,10 +11,7 @@ constexpr Rgb kStitch = rgb(0xb9a6c6);
 
 /// Half the hem's width, and its row.
 constexpr double kHem = 17.4;
-constexpr double kHemRow = 51;
-
-/// Radius of a fist.
-constexpr double kFist = 3.6;
+constexpr double kHemRow = 50.4;
 
 // ---- dress
 
@@ -69,12 +66,12 @@ void drawApron(Canvas& canvas, double turn, const LadySkirt& skirt) {
                                  {x + 3, 33.6},
                                  {x + 6, 35},
                                  {x + 8, 40},
-                                 {low + 10, 45},
-                                 {low + 9.6, row - 1.4},
+                                 {low + 10, row - 1.6},
+                                 {low + 9.6, row},
                                  {low + 9, row + 2},
                                  {low - 9, row + 2},
-                                 {low - 9.6, row - 1.4},
-                                 {low - 10, 45},
+                                 {low - 9.6, row},
+                                 {low - 10, row - 1.6},
                                  {x - 8, 40},
                                  {x - 6, 35}});
     canvas.part(lap, kLadyApron, {.bevel = 5, .line = 0.9, .shadow = 0.3F});
@@ -117,30 +114,83 @@ void drawShoulders(Canvas& canvas, double turn) {
                 kLadyApron, {.bevel = 2, .line = 0.8, .shadow = 0.25F});
 }
 
-/// The bow of the apron's strings.
+/// Loops and knot of the bow.
+void drawKnot(Canvas& canvas, Point at) {
+    for (const double side : {-1.0, 1.0}) {
+        canvas.part(ellipse(at + Point{side * 5.4, -0.8}, 5.2, 3.4, side * 0.35), kLadyApron,
+                    {.bevel = 2.8, .line = 0.9});
+    }
+    canvas.part(circle(at, 2.3), kLadyApron, {.bevel = 2, .line = 0.8});
+}
+
+/// The bow of the apron's strings from behind.
 void drawBow(Canvas& canvas, double swing) {
     const double low = 32 + swing;
     for (const double side : {-1.0, 1.0}) {
         canvas.part(polygon({{32, 36.4}, {32 + side * 3.4, 37}, {low + side * 8.4, 48}, {low + side * 2.6, 48.6}}, 1.2),
                     kLadyApron, {.bevel = 2.4, .line = 0.9});
-        canvas.part(ellipse({32 + side * 5.4, 35}, 5.2, 3.4, side * 0.35), kLadyApron, {.bevel = 2.8, .line = 0.9});
     }
-    canvas.part(circle({32, 35.8}, 2.3), kLadyApron, {.bevel = 2, .line = 0.8});
+    drawKnot(canvas, {32, 35.8});
+}
+
+/// The bow at her back from the side: one loop and one end.
+void drawBowFromSide(Canvas& canvas, double swing) {
+    canvas.part(polygon({{24.4, 36}, {26.4, 38}, {21.4 + swing, 47}, {16.4 + swing, 45.4}}, 1.2), kLadyApron,
+                {.bevel = 2.2, .line = 0.9});
+    canvas.part(ellipse({21.4, 34.2}, 4.6, 3, 0.5), kLadyApron, {.bevel = 2.6, .line = 0.9});
+    canvas.part(ellipse({25, 36}, 1.7, 2.1), kLadyApron, {.bevel = 1.8, .line = 0.8});
+}
+
+/// What of the pin in the bow shows from the front or from the side, beyond the dress.
+void drawPinBehind(Canvas& canvas, View view) {
+    if (view == View::Side) return drawProp(canvas, {9.4, 42}, {Prop::RollingPin, -0.42});
+    drawKnot(canvas, {32, 36});
+    drawProp(canvas, {31, 36.6}, {Prop::RollingPin, 0.12});
 }
 
 }  // namespace
 
 void drawLadyDress(Canvas& canvas, View view, const LadySkirt& skirt) {
+    if (skirt.pinInBow && view != View::Back) drawPinBehind(canvas, view);
     drawSkirt(canvas, skirt);
     if (view != View::Back) {
         const double turn = view == View::Side ? 4 : 0;
         drawShoulders(canvas, turn);
-        return drawApron(canvas, turn, skirt);
+        drawApron(canvas, turn, skirt);
+        if (view == View::Side) drawBowFromSide(canvas, skirt.swing);
+        return;
     }
     canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kLadyDress, {.bevel = 4.4, .line = 1.1});
     canvas.part(ellipse({32, 27.6}, 6.6, 2.6), kLadyApron, {.bevel = 2, .line = 0.8});
     if (skirt.pinInBow) drawProp(canvas, {24.6, 42}, {Prop::RollingPin, -0.6});
     drawBow(canvas, skirt.swing);
+}
+
+void drawLadyBentDress(Canvas& canvas) {
+    constexpr double kEdge = 36;
+    constexpr Point kWaist{32, 3};
+    canvas.part(ellipse({32, 1.6}, 18.6, 12), kLadyDress, {.bevel = 10, .line = 1.3});
+    for (const double x : {-9.0, 0.0, 9.0}) {
+        canvas.flat(curve({{32 + x, 0}, {32 + x, -3}, {32 + 0.9 * x, -6}, {32 + 0.7 * x, -9}}), kLadyDress.shadow,
+                    {.alpha = 0.4F, .stroke = 1.2});
+    }
+    canvas.part(loop({{18, 5.4},
+                      {24, 3},
+                      {40, 3},
+                      {46, 5.4},
+                      {48, 16},
+                      {50.4, 27},
+                      {50, kEdge},
+                      {38, kEdge + 0.4},
+                      {26, kEdge + 0.4},
+                      {14, kEdge},
+                      {13.6, 27},
+                      {16, 16},
+                      {18, 5.4}}),
+                kLadyDress, {.bevel = 9, .line = 1.2});
+    canvas.part(curve({{17.8, 6}, {23, 2.2}, {41, 2.2}, {46.2, 6}}), kLadyApron,
+                {.bevel = 1.1, .line = 0.8, .shadow = 0.2F, .stroke = 2.4});
+    drawKnot(canvas, kWaist);
 }
 
 }  // namespace grub

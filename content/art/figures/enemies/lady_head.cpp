@@ -10,17 +10,12 @@ namespace grub {
 namespace {
 
 constexpr Material kHair = glossy(material(0x9c4c5c, 0x5c2a4c, 0xd48484), 0.5F);
-/// Red is danger: she wears it while she hunts.
-constexpr Material kAngryLips = glossy(material(0xd8263a, 0x6f1236, 0xff6f5e), 0.6F);
-constexpr Material kLips = glossy(material(0xd0596f, 0x7e2a4e, 0xf5a09a), 0.6F);
 constexpr Material kPearl = glossy(material(0xfaf3f4, 0xa79bc0, 0xffffff), 1);
 
 constexpr Rgb kStrand = rgb(0x6a3048);
 constexpr Rgb kShine = rgb(0xd98a74);
 constexpr Rgb kIris = rgb(0x2c1a30);
 constexpr Rgb kBlush = rgb(0xe0617a);
-constexpr Rgb kLipLine = rgb(0x6f1236);
-constexpr Rgb kThroat = rgb(0x4a1028);
 
 constexpr EyeStyle kEye{.lid = glossy(material(0xe0a098, 0xa8627c, 0xf6c6b6), 0.3F),
                         .pupil = kIris,
@@ -28,7 +23,7 @@ constexpr EyeStyle kEye{.lid = glossy(material(0xe0a098, 0xa8627c, 0xf6c6b6), 0.
                         .pupilShape = {0.46, 0.54},
                         .reach = 0.34,
                         .lashes = true};
-constexpr BrowStyle kBrow{.colour = rgb(0x3a1530), .half = 3.3, .thickness = 1.7, .arch = 1.2};
+constexpr BrowStyle kBrow{.colour = rgb(0x3a1530), .half = 3.3, .thickness = 1.4, .arch = 1.9};
 
 /// The face as the turn of the head shows it: where its features are.
 struct Features {
@@ -37,10 +32,10 @@ struct Features {
     /// Pixels that the raised chin moves them up.
     double up;
 
-    Point leftEye() const { return {28 + turn * 1.1, 16 - 0.6 * up}; }
-    Point rightEye() const { return {37.2 + turn * 0.95, 15.8 - 0.6 * up}; }
-    Point nose() const { return {32.8 + turn * 1.4, 19.6 - up}; }
-    Point mouth() const { return {32.6 + turn * 1.05, 24 - 0.8 * up}; }
+    Point leftEye() const { return {28 + turn * 1.1, 16.8 - 0.5 * up}; }
+    Point rightEye() const { return {37.2 + turn * 0.95, 16.6 - 0.5 * up}; }
+    Point nose() const { return {32.8 + turn * 1.4, 20.2 - up}; }
+    Point mouth() const { return {32.6 + turn * 1.05, 24.2 - 0.8 * up}; }
 };
 
 VectorPath skullShape(double turn) { return ellipse({32 + turn * 0.3, 16}, 12.8, 11.2); }
@@ -65,11 +60,11 @@ void drawFringe(Canvas& canvas, double turn) {
                                     {left, 25 + turn * 0.4},
                                     {left + 0.4, 20},
                                     {left - 0.2, 16},
-                                    {left + 0.6, 11.6},
-                                    {part - 5, 10},
-                                    {part, 7},
-                                    {part + 4, 9},
-                                    {right - 0.6, 10.6},
+                                    {left + 0.4, 11},
+                                    {part - 5, 8.6},
+                                    {part, 5.8},
+                                    {part + 4, 7.8},
+                                    {right - 0.4, 9.6},
                                     {right, temple},
                                     {right + 0.4, temple + 1.4},
                                     {right + 1.6, temple + 2.4},
@@ -114,70 +109,14 @@ void drawLashes(Canvas& canvas, Point eye, double radius, double nose) {
     }
 }
 
-// Mouths, about the origin.
-
-void drawSmile(Canvas& canvas) {
-    canvas.part(loop({{-4.6, -1.8},
-                      {-2.4, -0.3},
-                      {-1, -0.8},
-                      {0, -0.3},
-                      {1, -0.8},
-                      {2.4, -0.3},
-                      {4.6, -1.8},
-                      {3.3, 2.7},
-                      {-3.3, 2.7},
-                      {-4.6, -1.8}}),
-                kLips, {.bevel = 1.2, .line = 0.6, .shadow = 0.15F});
-    canvas.flat(curve({{-4.7, -1.8}, {-2.2, 1.3}, {2.2, 1.3}, {4.7, -1.8}}), kLipLine, {.stroke = 0.9});
-    // Dimples.
-    for (const double side : {-1.0, 1.0}) {
-        canvas.flat(polyline({{side * 4.2, -2.5}, {side * 5.4, -1.5}}), kLipLine, {.stroke = 0.7});
-    }
-}
-
-/// Lips drawn back from the teeth.
-void drawGrit(Canvas& canvas) {
-    canvas.part(loop({{-4.6, 1.6},
-                      {-4, -2},
-                      {-1.4, -2.8},
-                      {0, -2},
-                      {1.4, -2.8},
-                      {4, -2},
-                      {4.6, 1.6},
-                      {3.2, 3},
-                      {-3.2, 3},
-                      {-4.6, 1.6}}),
-                kAngryLips, {.bevel = 1.3, .line = 0.7, .shadow = 0.15F});
-    const VectorPath gap = loop({{-2.9, 1}, {-1.8, -0.9}, {1.8, -0.9}, {2.9, 1}, {1.6, 1.2}, {-1.6, 1.2}, {-2.9, 1}});
-    canvas.part(gap, kEnamel, {.bevel = 0.8, .line = 0.5, .shadow = 0});
-    const Mask inGap = canvas.mask(gap);
-    for (const double x : {-1.3, 0.0, 1.3}) {
-        canvas.flat(polyline({{x * 0.9, -2}, {x, 2}}), kLipLine, {.alpha = 0.7F, .stroke = 0.35, .clip = &inGap});
-    }
-}
-
-void drawFrown(Canvas& canvas) {
-    canvas.part(loop({{-3.8, 1.6}, {-2.4, -1.3}, {2.4, -1.3}, {3.8, 1.6}, {2.4, 2.1}, {-2.4, 2.1}, {-3.8, 1.6}}), kLips,
-                {.bevel = 1.2, .line = 0.7, .shadow = 0.15F});
-    canvas.flat(curve({{-3.8, 1.7}, {-1.8, -0.4}, {1.8, -0.4}, {3.8, 1.7}}), kLipLine, {.stroke = 0.9});
-}
-
-/// Lips around an opening, of half the width and height given.
-void drawOpening(Canvas& canvas, const Material& lips, Point outer, Point inner) {
-    canvas.part(ellipse({}, outer.x, outer.y), lips, {.bevel = 1.4, .line = 0.7, .shadow = 0.15F});
-    canvas.flat(ellipse({}, inner.x, inner.y), kThroat);
-}
-
-void drawMouth(Canvas& canvas, const Features& face, Mouth mouth) {
-    // The side turned away is foreshortened.
-    const auto placed = canvas.placed(face.mouth(), 0, 1 - 0.04 * face.turn, 1);
-    switch (mouth) {
-        case Mouth::Smile: return drawSmile(canvas);
-        case Mouth::Open: return drawOpening(canvas, kAngryLips, {2.9, 2.6}, {1.7, 1.5});
-        case Mouth::Grit: return drawGrit(canvas);
-        case Mouth::Frown: return drawFrown(canvas);
-        case Mouth::Pout: return drawOpening(canvas, kLips, {2, 1.6}, {0.8, 0.6});
-    }
+/// Brows that stay on the forehead: between the eyes and the hair, and off the face's edge when it is turned.
+void drawBrows(Canvas& canvas, const Features& face, Expression expression) {
+    constexpr double kRoom = 0.6;
+    expression.browHeight *= kRoom;
+    BrowStyle away = kBrow;
+    away.half -= 0.25 * face.turn;
+    drawBrow(canvas, face.rightEye() + Point{-0.3 * face.turn, -5}, -1, expression, away);
+    drawBrow(canvas, face.leftEye() + Point{0, -5.2}, 1, expression, kBrow);
 }
 
 void drawFace(Canvas& canvas, const Features& face, const Expression& expression) {
@@ -197,17 +136,13 @@ void drawFace(Canvas& canvas, const Features& face, const Expression& expression
         // Those of the other eye would stick out of a face from the side.
         if (t < 2.5) drawLashes(canvas, face.rightEye(), kRightRadius, -1);
     }
-    constexpr Point kOverEye{0, -5.2};
-    drawBrow(canvas, face.rightEye() + kOverEye, -1, expression, kBrow);
-    drawBrow(canvas, face.leftEye() + kOverEye, 1, expression, kBrow);
-    drawMouth(canvas, face, expression.mouth);
+    drawBrows(canvas, face, expression);
+    {
+        // The side turned away is foreshortened.
+        const auto placed = canvas.placed(face.mouth(), 0, 1 - 0.04 * t, 1);
+        drawLadyMouth(canvas, expression);
+    }
     canvas.part(ellipse(face.nose(), 2.7, 2.3), kLadySkin, {.bevel = 2.2, .line = 0.7, .shadow = 0.25F});
-}
-
-void drawInMouth(Canvas& canvas, Point mouth, Prop prop) {
-    // The roll itself lies across the mouth, not the handle by which a hand holds it.
-    const Point grip = prop == Prop::RollingPin ? mouth + Point{-11.4, 0.4} : mouth;
-    drawProp(canvas, grip, {prop, 0});
 }
 
 void drawHeadTowardsUs(Canvas& canvas, const HeadPose& head, Expression expression, Prop inMouth) {
@@ -224,7 +159,7 @@ void drawHeadTowardsUs(Canvas& canvas, const HeadPose& head, Expression expressi
     const auto lower = canvas.placed({0, 1.6 - 0.4 * turn});
     const Features face{turn, expression.chin};
     drawFace(canvas, face, expression);
-    drawInMouth(canvas, face.mouth(), inMouth);
+    drawProp(canvas, face.mouth(), {inMouth});
 }
 
 void drawHeadFromBehind(Canvas& canvas, const HeadPose& head) {

@@ -17,7 +17,7 @@ constexpr Material kFarCuff = glossy(material(0xbfb2c6, 0x6f6592, 0xd8cfe0), 0.1
 constexpr Material kStocking = glossy(material(0xd9c3cf, 0x7b6790, 0xf6e9f0), 0.1F);
 constexpr Material kFarStocking = glossy(material(0xa08aa2, 0x58466e, 0xc0aabf), 0.05F);
 constexpr Material kShoe = glossy(material(0x6a5488, 0x2c2044, 0xb09ccb), 0.8F);
-constexpr Material kFarShoe = glossy(material(0x483a62, 0x221834, 0x6f5c8c), 0.3F);
+constexpr Material kFarShoe = glossy(material(0x5d4d7a, 0x2c2244, 0x8f7cae), 0.5F);
 
 /// Radius of a fist.
 constexpr double kFist = 3.6;
@@ -78,7 +78,7 @@ void drawLadyLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side 
         const auto foot = canvas.placed(leg.sole, leg.angle);
         return view == View::Front ? drawShoeFromFront(canvas) : drawShoeFromBehind(canvas);
     }
-    const Point ankle = leg.sole + Point{-1.4, -4};
+    const Point ankle = leg.sole + Affine{}.rotated(leg.angle).apply({-1.4, -4});
     const Point knee = jointOf(hip, ankle, 6.4, 6.4, leg.bend);
     canvas.part(limb({{hip, 3}, {knee, 2.8}, {ankle, 2.4}}), stocking, {.bevel = 2.4, .line = 1.1});
     const auto foot = canvas.placed(leg.sole, leg.angle);
@@ -109,7 +109,7 @@ void drawLadyArm(Canvas& canvas, View view, Point shoulder, const ArmPose& arm, 
         return drawOwnHand();
     }
     drawOwnHand();
-    drawProp(canvas, arm.hand + Point{0.5, -0.75} * kFist, arm.held);
+    drawProp(canvas, arm.hand + Point{0.4, -0.6} * kFist, arm.held);
 }
 
 }  // namespace grub

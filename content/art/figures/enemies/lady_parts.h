@@ -20,17 +20,22 @@ inline constexpr Point kLadyNeck{32, 26};
 /// Head with bun over kLadyNeck, stars included. `inMouth` is between her teeth.
 void drawLadyHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression, Prop inMouth);
 
+/// Her mouth, its middle on the origin.
+void drawLadyMouth(Canvas& canvas, const Expression& expression);
+
 /// How the skirt hangs.
 struct LadySkirt {
     /// Pixels that the hem swings to the right.
     double swing = 0;
     /// Pixels that the air below widens it on each side; it lifts the hem, too.
     double flare = 0;
-    /// From behind: the rolling pin is stuck in the bow of the apron, for when she needs both hands.
+    /// The rolling pin is stuck in the bow of the apron, for when she needs both hands.
     bool pinInBow = false;
 };
 /// Dress with apron, from neck to hem.
 void drawLadyDress(Canvas& canvas, View view, const LadySkirt& skirt);
+/// The same seen from the front while she bends down: the shoulders, and over them her back with the bow.
+void drawLadyBentDress(Canvas& canvas);
 
 /// A leg with its shoe, from the joint `hip` on.
 void drawLadyLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side side);

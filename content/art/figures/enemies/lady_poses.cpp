@@ -14,7 +14,7 @@ namespace {
 /// Share of a cycle that a shoe stays on the ground, or a hand on the pipe: one of the two always does.
 constexpr double kDuty = 0.375;
 
-constexpr FootRoll kShoeRoll{.toe = 7.6, .heel = 4.6, .heelUp = 0.8, .toeUp = 0.35, .lift = 2.2};
+constexpr FootRoll kShoeRoll{.toe = 7.6, .heel = 4.6, .heelUp = 0.62, .toeUp = 0.35, .lift = 2.2};
 
 /// How far she walks behind the middle of the cell, to leave room for the rolling pin.
 constexpr double kBehind = 3;
@@ -57,7 +57,7 @@ ArmPose climbingArm(Point hand, Point shoulder, double bend) {
 Pose pinUp() {
     return {.lean = 0.12,
             .head = {.turn = 4, .tilt = 0.06},
-            .nearArm = {.hand = {17, 9}, .bend = 1, .held = pin(-0.75)},
+            .nearArm = {.hand = {9.5, 13}, .bend = 1, .held = pin(-1.3)},
             .farArm = {.hand = {55, 33}, .bend = -1, .grip = Grip::Pointing, .acrossBody = true},
             .nearLeg = {.sole = {26, kGround}},
             .farLeg = {.sole = {38, kGround}},
@@ -76,26 +76,23 @@ Pose tiptoe() {
             .tail = {-2.5, 0}};
 }
 
-/// Bends down and looks down, her hands on the edge before her.
+/// Bends down over an edge at the cell's foot, which her hands grip.
 Pose leanOver() {
     return {.view = View::Front,
-            .hips = {0, 1},
-            .squash = 0.14,
-            .head = {.turn = 0, .shift = {0, 8}},
-            .nearArm = {.hand = {16, 56}, .bend = 1, .shoulder = {-1, 2}},
-            .farArm = {.hand = {48, 56}, .bend = -1, .shoulder = {1, 2}},
-            .nearLeg = {.sole = {27, kGround}},
-            .farLeg = {.sole = {37, kGround}},
-            .tail = {0, -1}};
+            .hips = {0, 24.6},
+            .bentOver = true,
+            .head = {.turn = 0, .shift = {0, 4}},
+            .nearArm = {.hand = {13, 57}, .bend = -1, .bone = 7.6, .shoulder = {-4.6, -5}},
+            .farArm = {.hand = {51, 57}, .bend = 1, .bone = 7.6, .shoulder = {4.6, -5}}};
 }
 
 /// The pie on an open hand, the pin at rest in the other.
 Pose serve() {
     return {
         .head = {.turn = 3, .tilt = -0.04},
-        .nearArm = {.hand = {20, 44}, .bend = 1, .held = pin(2.2)},
+        .nearArm = {.hand = {19, 43}, .bend = 1, .held = pin(2.5)},
         .farArm =
-            {.hand = {53, 41}, .bend = 1, .bone = 10, .grip = Grip::Open, .held = {Prop::Pie, 0}, .acrossBody = true},
+            {.hand = {52, 39.6}, .bend = 1, .bone = 11, .grip = Grip::Open, .held = {Prop::Pie, 0}, .acrossBody = true},
         .nearLeg = {.sole = {29, kGround}},
         .farLeg = {.sole = {38, kGround}}};
 }
@@ -140,7 +137,7 @@ Pose ladyWalk(double phase) {
             .farArm = {.hand = walking + Point{40.6 + 4 * swing, 40 - swing}, .bend = -1},
             .nearLeg = placedLeg(phase),
             .farLeg = placedLeg(phase + 0.5),
-            .tail = {1.6 * wave(phase + 0.1), 0}};
+            .tail = {1.6 * wave(phase + 0.1), -1.4}};
 }
 
 Pose ladyClimb(double phase) {
@@ -173,10 +170,9 @@ Pose ladyHang(double phase) {
             .head = {.turn = 3, .tilt = sway * 0.5},
             .nearArm = {.hand = handAt(phase), .bend = -1, .shoulder = {1, 1.4}},
             .farArm = {.hand = handAt(phase + 0.5), .bend = 1, .shoulder = {-2, 2}},
-            .nearLeg = {.sole = hips + Point{27 + dangle, 55.6}, .angle = 0.42, .hip = {-1, 0}},
-            .farLeg = {.sole = hips + Point{35 - dangle, 55}, .angle = 0.35, .hip = {3, 0}},
-            .tail = {-2.4 * wave(phase), 0},
-            .inMouth = Prop::RollingPin,
+            .nearLeg = {.sole = hips + Point{27 + dangle, 53.8}, .angle = 0.42, .hip = {-1, 0}},
+            .farLeg = {.sole = hips + Point{35 - dangle, 53.6}, .angle = 0.35, .hip = {3, 0}},
+            .tail = {-2.4 * wave(phase), -3},
             .size = kHangSize};
 }
 
@@ -196,8 +192,8 @@ Pose ladyFall(double phase) {
             .head = {.turn = 0, .tilt = 0.024 * flail},
             .nearArm = leftArm({12 - flail, 25 + 3 * flail}, Grip::Open),
             .farArm = rightArm({50 - flail, 27 - 2 * flail}, pin(-1.45 - 0.12 * flail)),
-            .nearLeg = {.sole = {26 - flail, 60 - 1.5 * flail}, .angle = 0.2},
-            .farLeg = {.sole = {38 - flail, 59 + 1.5 * flail}, .angle = -0.2},
+            .nearLeg = {.sole = {26 - flail, 57.8 - 1.5 * flail}, .angle = 0.2},
+            .farLeg = {.sole = {38 - flail, 57.4 + 1.5 * flail}, .angle = -0.2},
             .tail = {0, -4 - flail}};
 }
 
@@ -231,8 +227,7 @@ Pose ladyEscape(int index) {
             .farArm = rightArm(mix(Point{55, right}, {44, 38}, out), climbing ? Held{} : pin(-1.2), grip),
             .nearLeg = {.sole = {27 - 2 * (1 - out), kGround - std::abs(kick) + kick}},
             .farLeg = {.sole = {37 + 2 * (1 - out), kGround - std::abs(kick) - kick}},
-            .tail = {0, out - 1},
-            .inMouth = climbing ? Prop::RollingPin : Prop::None};
+            .tail = {0, out - 1}};
 }
 
 const FigureDrawing& ladyFigure() {

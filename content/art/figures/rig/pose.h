@@ -81,11 +81,13 @@ struct Pose {
     double squash = 0;
     /// A body on four legs hangs under them: it lies upside down, and its head stays upright.
     bool bellyUp = false;
+    /// From the front: bends down over an edge, so that the back shows above the head and no legs are seen.
+    bool bentOver = false;
     HeadPose head = {};
-    ArmPose nearArm;
-    ArmPose farArm;
-    LegPose nearLeg;
-    LegPose farLeg;
+    ArmPose nearArm = {};
+    ArmPose farArm = {};
+    LegPose nearLeg = {};
+    LegPose farLeg = {};
     /// Tip of the tail, or swing of a hem, away from its place at rest.
     Point tail = {};
     /// What the teeth hold, what hangs on the tail, what is tied round the neck.
