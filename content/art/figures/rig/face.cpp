@@ -73,7 +73,7 @@ void drawShutEye(Canvas& canvas, Point at, double radius, double nose, const Eye
 /// The spiral of a dizzy eye.
 void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour) {
     constexpr int kSteps = 26;
-    constexpr double kTurns = 1.9;
+    constexpr double kTurns = 1.5;
     VectorPath path;
     for (int i = 0; i <= kSteps; ++i) {
         const double share = static_cast<double>(i) / kSteps;
@@ -81,7 +81,7 @@ void drawSpiral(Canvas& canvas, Point at, double radius, Rgb colour) {
         const Point p = at + Point{std::cos(angle), std::sin(angle)} * (radius * share);
         i == 0 ? path.moveTo(p) : path.lineTo(p);
     }
-    canvas.flat(path, colour, {.stroke = 1});
+    canvas.flat(path, colour, {.stroke = 1.3});
 }
 
 }  // namespace
