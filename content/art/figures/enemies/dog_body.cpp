@@ -1,7 +1,6 @@
 #include "dog_parts.h"
 
 #include <algorithm>
-#include <array>
 
 #include "figure.h"
 #include "shapes.h"
@@ -38,16 +37,8 @@ void drawStandingPaw(Canvas& canvas, const Material& fur) {
     }
 }
 
-/// A tail from its root, bent towards `by`, growing thinner.
-VectorPath tapered(Point root, Point by, Point tip) {
-    constexpr int kJoints = 8;
-    std::array<Joint, kJoints> joints;
-    for (int i = 0; i < kJoints; ++i) {
-        const double t = i / (kJoints - 1.0);
-        joints[static_cast<std::size_t>(i)] = {mix(mix(root, by, t), mix(by, tip, t), t), 3.2 - 1.5 * t};
-    }
-    return limb(joints);
-}
+/// All that a bulldog has of a tail.
+VectorPath stump(Point root, Point tip) { return limb({{root, 3.4}, {mix(root, tip, 0.5), 3}, {tip, 2.2}}); }
 
 void drawPads(Canvas& canvas, Point at) {
     const PartStyle pad{.bevel = 1, .line = 0.5, .shadow = 0.1F};
@@ -79,7 +70,7 @@ void drawDogHindLeg(Canvas& canvas, Point hip, const LegPose& leg, PawView view,
     const bool stands = view == PawView::Side;
     const Point ankle = leg.sole + (stands ? Point{-1.4, -4.6} : Point{0, -kRoundPaw});
     const Point knee = jointOf(hip, ankle, 7, 7, leg.bend);
-    canvas.part(limb({{hip, 5.6}, {mix(hip, knee, 0.7), 4.6}, {knee, 4}, {ankle, 3.2}}), fur,
+    canvas.part(limb({{hip, 5.4}, {mix(hip, knee, 0.7), 4.4}, {knee, 3.8}, {ankle, 3.1}}), fur,
                 {.bevel = 4.2, .line = 1.2});
     if (!stands) return drawRoundPaw(canvas, ankle, Grip::Fist, fur);
     const auto paw = canvas.placed(leg.sole, leg.angle);
@@ -91,7 +82,7 @@ void drawDogForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, PawView 
     const Point wrist = stands ? leg.hand + Point{-1, -1.4} : leg.hand;
     const double bone = leg.bone > 0 ? leg.bone : std::max(6.0, length(wrist - shoulder) / 2 * 1.02);
     const Point elbow = jointOf(shoulder, wrist, bone, bone, leg.bend);
-    canvas.part(limb({{shoulder, 5}, {elbow, 4}, {wrist, 3.3}}), fur, {.bevel = 3.8, .line = 1.2});
+    canvas.part(limb({{shoulder, 5.6}, {elbow, 4.5}, {wrist, 3.7}}), fur, {.bevel = 3.8, .line = 1.2});
     if (!stands) return drawRoundPaw(canvas, leg.hand, leg.grip, fur);
     const auto turned = canvas.placed(leg.hand, leg.paw);
     const auto paw = canvas.placed({0, kPawHeight});
@@ -100,42 +91,23 @@ void drawDogForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, PawView 
 
 void drawDogHaunch(Canvas& canvas, Point hip, const LegPose& leg) {
     const Point paw = leg.sole + Point{0, -kRoundPaw};
-    const double side = hip.x < 32 ? -1 : 1;
-    const Point knee = jointOf(hip, paw, 7, 7, leg.bend);
-    canvas.part(limb({{knee, 4.2}, {paw, 3.4}}), kDogFur, {.bevel = 3.8, .line = 1.2});
-    canvas.part(limb({{hip, 6.6}, {mix(hip, knee, 0.75), 5}}), kDogFur, {.bevel = 5.6, .line = 1.1, .shadow = 0.25F});
-    canvas.part(ellipse(paw, 4.8, 4.4, side * 0.2), kDogFur, {.bevel = 3.8, .line = 1.1, .shadow = 0.25F});
+    const Point knee = jointOf(hip, paw, 8, 8, leg.bend);
+    canvas.part(limb({{hip, 6}, {mix(hip, knee, 0.7), 5.2}, {knee, 4.2}, {paw, 3.2}}), kDogFarFur,
+                {.bevel = 4.6, .line = 1.2});
+    canvas.part(ellipse(paw, 4.8, 4.4), kDogFur, {.bevel = 3.8, .line = 1.1, .shadow = 0.25F});
     drawPads(canvas, paw);
 }
 
 void drawDogSide(Canvas& canvas, Point tail) {
-    const Point tip = Point{8, 23.5} + tail;
-    canvas.part(tapered({12, 33}, {5.5, 29}, tip), kDogFur, {.bevel = 2.6, .line = 1.2});
-    const VectorPath trunk = loop({{9.5, 39},
-                                   {9.5, 31},
-                                   {15, 28.6},
-                                   {22, 28.6},
-                                   {30, 28.6},
-                                   {36, 25},
-                                   {44, 25.6},
-                                   {51, 26},
-                                   {52, 36},
-                                   {51, 42},
-                                   {50, 50},
-                                   {42, 51.4},
-                                   {36, 50},
-                                   {30, 48.4},
-                                   {26, 47.4},
-                                   {21, 48.6},
-                                   {14, 50},
-                                   {9.5, 46},
-                                   {9.5, 39}});
+    canvas.part(stump({12.5, 33.4}, Point{9.2, 28.8} + tail), kDogFur, {.bevel = 2.6, .line = 1.2});
+    // Deep in the chest, drawn in at the flanks, narrow at the rump.
+    const VectorPath trunk =
+        loop({{9.6, 39}, {9.6, 33},  {13, 30}, {19, 30},   {26, 30},  {30, 25}, {38, 24}, {46, 23.4},
+              {53, 28},  {53, 38},   {53, 47}, {50, 53},   {43, 53},  {36, 53}, {33, 47}, {27, 45.6},
+              {22, 45},  {19, 48.6}, {14, 48}, {10.4, 47}, {9.6, 43}, {9.6, 39}});
     canvas.part(trunk, kDogFur, {.bevel = 10, .line = 1.3});
-    const Mask inTrunk = canvas.mask(trunk);
-    canvas.part(ellipse({47, 48.6}, 7.4, 6.6), kDogPale,
-                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inTrunk, .alpha = 0.7F});
     // The crease behind the shoulder.
-    canvas.flat(curve({{33.4, 36}, {32, 39}, {32, 42.6}, {33.6, 45.6}}), kDogFold, {.alpha = 0.35F, .stroke = 0.9});
+    canvas.flat(curve({{33.4, 34}, {31.8, 37}, {31.8, 41}, {33.6, 44.6}}), kDogFold, {.alpha = 0.35F, .stroke = 0.9});
 }
 
 void drawDogBreast(Canvas& canvas, Point neck) {
@@ -160,51 +132,53 @@ void drawDogBreast(Canvas& canvas, Point neck) {
 }
 
 void drawDogChest(Canvas& canvas) {
-    canvas.part(loop({{15, 42},
-                      {14, 31},
-                      {22, 26},
-                      {32, 26},
-                      {42, 26},
-                      {50, 31},
-                      {49, 42},
-                      {48.4, 50},
-                      {42, 53},
-                      {32, 53},
-                      {22, 53},
-                      {15.6, 50},
-                      {15, 42}}),
-                kDogFur, {.bevel = 10, .line = 1.3});
-    canvas.part(ellipse({32, 45.4}, 10.4, 6.6), kDogPale, kDogPatch);
-    canvas.flat(curve({{32, 44}, {31.7, 46}, {31.7, 48.6}, {32, 50.6}}), kDogFold, {.alpha = 0.35F, .stroke = 0.9});
+    canvas.part(loop({{12, 39},
+                      {11.6, 29},
+                      {21, 25},
+                      {32, 25},
+                      {43, 25},
+                      {52.4, 29},
+                      {52, 39},
+                      {51.4, 48},
+                      {43, 53.4},
+                      {32, 53.4},
+                      {21, 53.4},
+                      {12.6, 48},
+                      {12, 39}}),
+                kDogFur, {.bevel = 11, .line = 1.3});
+    canvas.part(ellipse({32, 46}, 10.4, 6.4), kDogPale, kDogPatch);
+    canvas.flat(curve({{32, 44.6}, {31.7, 46.6}, {31.7, 49}, {32, 51}}), kDogFold, {.alpha = 0.35F, .stroke = 0.9});
 }
 
 void drawDogBack(Canvas& canvas) {
-    canvas.part(loop({{19.4, 41},
-                      {17, 34},
-                      {24, 30.4},
-                      {32, 30.4},
-                      {40, 30.4},
-                      {47, 34},
-                      {44.6, 41},
-                      {46.4, 48.6},
-                      {40, 52.6},
-                      {32, 52.6},
-                      {24, 52.6},
-                      {17.6, 48.6},
-                      {19.4, 41}}),
-                kDogFur, {.bevel = 10, .line = 1.3});
-    // Shoulder blades, and the spine between them.
-    for (const double side : {-1.0, 1.0}) {
-        canvas.flat(
-            curve({{32 + side * 4.6, 34.4}, {32 + side * 7.4, 35}, {32 + side * 8, 37.6}, {32 + side * 6.4, 39.6}}),
-            kDogFold, {.alpha = 0.4F, .stroke = 1});
-    }
-    canvas.flat(curve({{32, 34}, {31.6, 37}, {31.6, 40}, {32, 42.6}}), kDogFold, {.alpha = 0.5F, .stroke = 1.1});
+    // Broad at the shoulders, narrow at the waist.
+    canvas.part(loop({{15.6, 35},
+                      {15.6, 28.6},
+                      {23, 27},
+                      {32, 27},
+                      {41, 27},
+                      {48.4, 28.6},
+                      {48.4, 35},
+                      {48.4, 40.4},
+                      {43.6, 41},
+                      {43, 45.6},
+                      {42.4, 51.6},
+                      {38, 53},
+                      {32, 53},
+                      {26, 53},
+                      {21.6, 51.6},
+                      {21, 45.6},
+                      {20.4, 41},
+                      {15.6, 40.4},
+                      {15.6, 35}}),
+                kDogFur, {.bevel = 9, .line = 1.3});
+    // The spine.
+    canvas.flat(curve({{32, 37.4}, {31.7, 38.4}, {31.7, 39.6}, {32, 40.4}}), kDogFold, {.alpha = 0.45F, .stroke = 1.1});
 }
 
 void drawDogTailBehind(Canvas& canvas, Point tail) {
-    const Point tip = Point{35, 37} + tail;
-    canvas.part(tapered({32, 47.4}, {31 - 0.5 * tail.x, 41}, tip), kDogFur, {.bevel = 2.6, .line = 1.2});
+    canvas.part(limb({{{32, 45.4}, 3}, {Point{32.6, 42.4} + tail, 2.2}}), kDogFur,
+                {.bevel = 2.6, .line = 1.1, .shadow = 0.3F});
 }
 
 }  // namespace grub

@@ -16,15 +16,15 @@ struct Joints {
     Point nearHip;
     Point farHip;
 };
-constexpr Joints kSide{{20, 44}, {45, 30.5}, {41.5, 43}, {43, 42.4}, {20, 43}, {23, 43}};
-constexpr Joints kFront{{32, 46}, {32, 30}, {21, 40}, {43, 40}, {20, 45}, {44, 45}};
-constexpr Joints kBack{{32, 46}, {32, 21}, {22, 36}, {42, 36}, {24, 46.6}, {40, 46.6}};
+constexpr Joints kSide{{20, 44}, {44.6, 30.5}, {42, 43}, {44, 42.4}, {20, 43}, {23, 43}};
+constexpr Joints kFront{{32, 46}, {32, 30}, {18.6, 38.6}, {45.4, 38.6}, {25, 46}, {39, 46}};
+constexpr Joints kBack{{32, 46}, {32, 22}, {20, 33}, {44, 33}, {25.6, 47.6}, {38.4, 47.6}};
 
 /// A body that leans back further than this, in radians, shows its breast below the collar.
 constexpr double kRearing = -0.4;
 
 /// Tip of the tail at rest, seen from the side.
-constexpr Point kTailTip{8, 23.5};
+constexpr Point kTailTip{9.2, 28.8};
 
 /// Hips lowered by more than this are those of a sitting dog.
 constexpr double kSitting = 2;
@@ -70,8 +70,16 @@ void drawBody(Canvas& canvas, const Pose& pose) {
     if (pose.onTail != Prop::None) drawProp(canvas, kTailTip + tailInBody(pose), {pose.onTail, -pose.lean});
 }
 
+/// A raised chin turns a head that is seen from the side, by radians for each pixel.
+constexpr double kChinTurn = 0.06;
+
+double headTilt(const HeadPose& head, const Expression& expression) {
+    return head.turn > 1 ? head.tilt - kChinTurn * expression.chin : head.tilt;
+}
+
 /// Collar, what is tied round it, head, and what the teeth hold.
-void drawHead(Canvas& canvas, const HeadPose& head, const Expression& expression, Prop atNeck, Prop inMouth) {
+void drawHead(Canvas& canvas, const HeadPose& head, Expression expression, Prop atNeck, Prop inMouth) {
+    if (head.mouthOpen) expression.mouth = Mouth::Open;
     drawDogCollar(canvas, head.turn);
     drawProp(canvas, {-head.turn * 0.4, 11}, {atNeck});
     drawDogFace(canvas, head.turn, expression);
@@ -91,7 +99,7 @@ void drawFromSide(Canvas& canvas, const Pose& pose, const Expression& expression
     if (pose.lean < kRearing) drawDogBreast(canvas, at.neck);
     drawDogHindLeg(canvas, at.nearHip, pose.nearLeg, paws, kDogFur);
     drawForeleg(canvas, at.nearShoulder, pose.nearArm, paws, kDogFur);
-    const auto head = canvas.placed(at.neck, pose.head.tilt);
+    const auto head = canvas.placed(at.neck, headTilt(pose.head, expression));
     drawHead(canvas, pose.head, expression, pose.atNeck, pose.inMouth);
 }
 
@@ -106,21 +114,19 @@ void drawFromFront(Canvas& canvas, const Pose& pose, const Expression& expressio
     if (sits) hindLegs(kDogFur);
     drawForeleg(canvas, at.nearShoulder, pose.nearArm, PawView::Round, kDogFur);
     drawForeleg(canvas, at.farShoulder, pose.farArm, PawView::Round, kDogFur);
-    const auto head = canvas.placed(at.neck, pose.head.tilt);
+    const auto head = canvas.placed(at.neck, headTilt(pose.head, expression));
     drawHead(canvas, pose.head, expression, pose.atNeck, pose.inMouth);
 }
 
 void drawFromBehind(Canvas& canvas, const Pose& pose, const Expression& expression, const Joints& at) {
     drawForeleg(canvas, at.nearShoulder, pose.nearArm, PawView::Round, kDogFur);
     drawForeleg(canvas, at.farShoulder, pose.farArm, PawView::Round, kDogFur);
-    drawBody(canvas, pose);
-    {
-        const auto head = canvas.placed(at.neck, pose.head.tilt);
-        drawDogNape(canvas, expression);
-    }
     drawDogHaunch(canvas, at.nearHip, pose.nearLeg);
     drawDogHaunch(canvas, at.farHip, pose.farLeg);
+    drawBody(canvas, pose);
     drawDogTailBehind(canvas, pose.tail + pose.hips);
+    const auto head = canvas.placed(at.neck, pose.head.tilt);
+    drawDogNape(canvas, expression);
 }
 
 }  // namespace
@@ -140,7 +146,7 @@ void drawDog(Canvas& canvas, const Pose& pose, const Expression& expression, con
 
 void drawDogHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style) {
     const auto whole = canvas.group(figureGroup(style, kEnemyOutline));
-    const auto placed = canvas.placed(kSide.neck + head.shift, head.tilt);
+    const auto placed = canvas.placed(kSide.neck + head.shift, headTilt(head, expression));
     drawHead(canvas, head, expression, Prop::None, Prop::None);
 }
 

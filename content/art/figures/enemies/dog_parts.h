@@ -8,9 +8,9 @@ namespace grub {
 
 // What the dog's own files share.
 
-inline constexpr Material kDogFur = glossy(material(0xac9ebc, 0x5a467a, 0xebe3f0), 0.2F, 0.6F);
-inline constexpr Material kDogFarFur = glossy(material(0x84789c, 0x45325f, 0xb3a6c3), 0.05F, 0.2F);
-inline constexpr Material kDogPale = glossy(material(0xd9cfe0, 0x8b78a2, 0xf8f3f9), 0.1F, 0.3F);
+inline constexpr Material kDogFur = glossy(material(0xa99cbb, 0x5e4c7c, 0xe2d9e9), 0.2F, 0.5F);
+inline constexpr Material kDogFarFur = glossy(material(0x7f7298, 0x44325e, 0xab9ebc), 0.05F, 0.2F);
+inline constexpr Material kDogPale = glossy(material(0xc0b4cc, 0x7a6894, 0xe9e1ed), 0.1F, 0.3F);
 inline constexpr Material kDogSkin = glossy(material(0xc98a9c, 0x7a4668, 0xf0bcc2), 0.2F, 0.3F);
 /// Folds of the skin, toes, the line of the spine.
 inline constexpr Rgb kDogFold = rgb(0x32182e);
@@ -23,6 +23,8 @@ inline constexpr PartStyle kDogPatch{.bevel = 5, .line = 0, .shadow = 0};
 /// What shows of the collar below the head.
 void drawDogCollar(Canvas& canvas, double turn);
 void drawDogFace(Canvas& canvas, double turn, const Expression& expression);
+/// Under jaw, jowls and nose; part of the face.
+void drawDogMuzzle(Canvas& canvas, double turn, const Expression& expression);
 /// The head from behind, its collar over it.
 void drawDogNape(Canvas& canvas, const Expression& expression);
 
@@ -34,7 +36,7 @@ enum class PawView { Side, Round };
 void drawDogHindLeg(Canvas& canvas, Point hip, const LegPose& leg, PawView view, const Material& fur);
 /// `shoulder` is where it leaves the body. A round paw shows its pads with an open grip.
 void drawDogForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, PawView view, const Material& fur);
-/// A hind leg from behind: the haunch, and the pads of the paw.
+/// A hind leg from behind, with the pads of its paw; it lies below the back.
 void drawDogHaunch(Canvas& canvas, Point hip, const LegPose& leg);
 
 // Bodies. The origin is that of the cell; shoulders, hips and neck are those of the pose at rest.
@@ -45,7 +47,7 @@ void drawDogSide(Canvas& canvas, Point tail);
 void drawDogBreast(Canvas& canvas, Point neck);
 void drawDogChest(Canvas& canvas);
 void drawDogBack(Canvas& canvas);
-/// The tail as it lies on the back, seen from behind.
+/// The tail as it stands up on the rump, seen from behind.
 void drawDogTailBehind(Canvas& canvas, Point tail);
 
 }  // namespace grub

@@ -67,6 +67,8 @@ struct HeadPose {
     double hatTilt = 0;
     /// A blow has left a dent in it.
     bool hatDented = false;
+    /// The mouth is open in every mood: a dog barks.
+    bool mouthOpen = false;
 };
 
 /// One attitude of a figure. "Near" is the side of the viewer in a side view, the left one on the picture in the
