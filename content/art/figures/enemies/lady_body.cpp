@@ -9,6 +9,9 @@ namespace {
 constexpr Rgb kTrim = rgb(0xf7b9da);
 constexpr Rgb kStitch = rgb(0xb9a6c6);
 
+/// The dress on a back that bends away, where less light falls.
+constexpr Material kBack = glossy(material(0x9a3884, 0x54206c, 0xcf6cb4), 0.1F, 0.3F);
+
 /// Half the hem's width, and its row.
 constexpr double kHem = 17.4;
 constexpr double kHemRow = 50.4;
@@ -97,10 +100,8 @@ void drawApron(Canvas& canvas, double turn, const LadySkirt& skirt) {
                 {.bevel = 1, .line = 0.4, .shadow = 0.15F});
 }
 
-/// Shoulders with the collar.
-void drawShoulders(Canvas& canvas, double turn) {
-    canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kLadyDress, {.bevel = 4.4, .line = 1.1});
-    const double x = 32 + turn * 0.6;
+/// `x`: the middle of the neckline.
+void drawCollar(Canvas& canvas, double x) {
     canvas.part(loop({{x - 6.4, 25.4},
                       {x - 3, 24},
                       {x + 3, 24},
@@ -112,6 +113,12 @@ void drawShoulders(Canvas& canvas, double turn) {
                       {x - 5, 29.6},
                       {x - 6.4, 25.4}}),
                 kLadyApron, {.bevel = 2, .line = 0.8, .shadow = 0.25F});
+}
+
+/// Shoulders with the collar.
+void drawShoulders(Canvas& canvas, double turn) {
+    canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kLadyDress, {.bevel = 4.4, .line = 1.1});
+    drawCollar(canvas, 32 + turn * 0.6);
 }
 
 /// Loops and knot of the bow.
@@ -168,29 +175,11 @@ void drawLadyDress(Canvas& canvas, View view, const LadySkirt& skirt) {
 
 void drawLadyBentDress(Canvas& canvas) {
     constexpr double kEdge = 36;
-    constexpr Point kWaist{32, 3};
-    canvas.part(ellipse({32, 1.6}, 18.6, 12), kLadyDress, {.bevel = 10, .line = 1.3});
-    for (const double x : {-9.0, 0.0, 9.0}) {
-        canvas.flat(curve({{32 + x, 0}, {32 + x, -3}, {32 + 0.9 * x, -6}, {32 + 0.7 * x, -9}}), kLadyDress.shadow,
-                    {.alpha = 0.4F, .stroke = 1.2});
-    }
-    canvas.part(loop({{18, 5.4},
-                      {24, 3},
-                      {40, 3},
-                      {46, 5.4},
-                      {48, 16},
-                      {50.4, 27},
-                      {50, kEdge},
-                      {38, kEdge + 0.4},
-                      {26, kEdge + 0.4},
-                      {14, kEdge},
-                      {13.6, 27},
-                      {16, 16},
-                      {18, 5.4}}),
-                kLadyDress, {.bevel = 9, .line = 1.2});
-    canvas.part(curve({{17.8, 6}, {23, 2.2}, {41, 2.2}, {46.2, 6}}), kLadyApron,
-                {.bevel = 1.1, .line = 0.8, .shadow = 0.2F, .stroke = 2.4});
-    drawKnot(canvas, kWaist);
+    const Mask aboveEdge = canvas.mask(rectangle(0, -10, 64, 10 + kEdge + 0.4));
+    canvas.part(ellipse({32, 20.6}, 19.6, 10), kBack, {.bevel = 9, .line = 1.3});
+    canvas.part(ellipse({32, 31}, 18, 11), kLadyDress, {.bevel = 7, .line = 1.2, .clip = &aboveEdge});
+    const auto lower = canvas.placed({0, 4.6});
+    drawCollar(canvas, 32);
 }
 
 }  // namespace grub

@@ -66,8 +66,18 @@ void drawCry(Canvas& canvas) {
 
 /// Shut lips whose corners turn up: she knows that she is right.
 void drawSmirk(Canvas& canvas) {
-    canvas.part(ellipse({0, 0.7}, 2.5, 1.5), kLips, {.bevel = 1.2, .line = 0.6, .shadow = 0.15F});
-    canvas.flat(curve({{-4.4, -1.9}, {-2.4, 0.7}, {2.4, 0.7}, {4.4, -1.9}}), kLipLine, {.stroke = 0.9});
+    canvas.part(loop({{-4, -1.5},
+                      {-2, -0.9},
+                      {-1, -1.2},
+                      {0, -0.7},
+                      {1, -1.2},
+                      {2, -0.9},
+                      {4, -1.5},
+                      {2.6, 2.1},
+                      {-2.6, 2.1},
+                      {-4, -1.5}}),
+                kLips, {.bevel = 1.2, .line = 0.6, .shadow = 0.15F});
+    canvas.flat(curve({{-4.9, -2}, {-2.6, 1}, {2.6, 1}, {4.9, -2}}), kLipLine, {.stroke = 0.9});
 }
 
 /// Lips that know no up and down.

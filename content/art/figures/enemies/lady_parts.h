@@ -34,7 +34,7 @@ struct LadySkirt {
 };
 /// Dress with apron, from neck to hem.
 void drawLadyDress(Canvas& canvas, View view, const LadySkirt& skirt);
-/// The same seen from the front while she bends down: the shoulders, and over them her back with the bow.
+/// The same from the front while she bends down over an edge, which cuts it off at row 36, before the pose moves it.
 void drawLadyBentDress(Canvas& canvas);
 
 /// A leg with its shoe, from the joint `hip` on.

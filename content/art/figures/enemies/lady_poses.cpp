@@ -81,9 +81,9 @@ Pose leanOver() {
     return {.view = View::Front,
             .hips = {0, 24.6},
             .bentOver = true,
-            .head = {.turn = 0, .shift = {0, 4}},
-            .nearArm = {.hand = {13, 57}, .bend = -1, .bone = 7.6, .shoulder = {-4.6, -5}},
-            .farArm = {.hand = {51, 57}, .bend = 1, .bone = 7.6, .shoulder = {4.6, -5}}};
+            .head = {.turn = 0, .shift = {0, 1}},
+            .nearArm = {.hand = {11, 57}, .bend = 1, .bone = 6.4, .shoulder = {-5, -3.6}},
+            .farArm = {.hand = {53, 57}, .bend = -1, .bone = 6.4, .shoulder = {5, -3.6}}};
 }
 
 /// The pie on an open hand, the pin at rest in the other.
