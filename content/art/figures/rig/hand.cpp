@@ -24,9 +24,9 @@ void drawFingersOfFist(Canvas& canvas, double size, const Material& skin) {
     for (const double y : {-0.12, 0.34}) {
         canvas.flat(curve({Point{0.88, y - 0.06} * size, Point{0.6, y - 0.02} * size, Point{0.4, y} * size,
                            Point{0.18, y - 0.02} * size}),
-                    skin.ink, {.alpha = 0.35F, .stroke = 0.09 * size});
+                    skin.ink, {.alpha = 0.5F, .stroke = 0.15 * size});
     }
-    canvas.part(scaled(kThumb, size), skin, {.bevel = 0.34 * size, .line = 0.3, .shadow = 0.12F});
+    canvas.part(scaled(kThumb, size), skin, {.bevel = 0.34 * size, .line = 0.5, .shadow = 0.12F});
 }
 
 void drawFist(Canvas& canvas, double size, const Material& skin) {
