@@ -1,5 +1,6 @@
 #include "props.h"
 
+#include <cmath>
 #include <numbers>
 
 #include "motion.h"
@@ -23,10 +24,14 @@ constexpr double kCarriedKey = 0.42;
 /// The middle of the bow of drawKeyShape.
 constexpr Point kKeyBow{-9.4, 0};
 
-void drawSpoon(Canvas& canvas) {
-    canvas.part(limb({{{-10.5, 0}, 1.9}, {{-8, 0}, 1.4}, {{8, 0}, 1.5}}), kMetal, {.bevel = 1.6, .line = 1.1});
-    canvas.part(ellipse({13.4, 0}, 7.2, 5.8), kMetal, {.bevel = 4.2, .line = 1.2});
-    canvas.part(ellipse({13.6, 0.2}, 4.8, 3.5), kBowl, {.bevel = 3, .line = 0, .shadow = 0});
+/// Where the bowl of a spoon begins, away from the hand: keys need a longer handle.
+constexpr double kSpoonNeck = 6.2;
+constexpr double kLongSpoonNeck = 20;
+
+void drawSpoon(Canvas& canvas, double neck) {
+    canvas.part(limb({{{-10.5, 0}, 1.9}, {{-8, 0}, 1.4}, {{neck + 1.8, 0}, 1.5}}), kMetal, {.bevel = 1.6, .line = 1.1});
+    canvas.part(ellipse({neck + 7.2, 0}, 7.2, 5.8), kMetal, {.bevel = 4.2, .line = 1.2});
+    canvas.part(ellipse({neck + 7.4, 0.2}, 4.8, 3.5), kBowl, {.bevel = 3, .line = 0, .shadow = 0});
 }
 
 void drawRollingPin(Canvas& canvas) {
@@ -82,6 +87,16 @@ void drawKeys(Canvas& canvas, const KeyRing& keys) {
     const Mask over = canvas.mask(oneSide);
     wireStyle.clip = &over;
     canvas.part(wire, kMetal, wireStyle);
+}
+
+/// Keys slide down an upright handle to its end; on a shoulder they hang behind it, before the bowl.
+void drawSpoonWithKeys(Canvas& canvas, double angle) {
+    drawSpoon(canvas, kLongSpoonNeck);
+    const bool upright = std::abs(std::sin(angle)) > 0.8;
+    // Whatever way the spoon points, the keys hang down.
+    const auto hung = canvas.placed({upright ? -9.2 : kLongSpoonNeck - 2.6, 0}, -angle);
+    const auto aroundHandle = canvas.placed({0, -1.8});
+    drawKeys(canvas, kThreeKeys);
 }
 
 /// Seen a little from above; the origin is the middle of the tin's underside.
@@ -164,14 +179,8 @@ void drawProp(Canvas& canvas, Point grip, const Held& held) {
     const auto placed = canvas.placed(grip, held.angle);
     switch (held.prop) {
         case Prop::None: return;
-        case Prop::Spoon: return drawSpoon(canvas);
-        case Prop::SpoonWithKeys: {
-            drawSpoon(canvas);
-            // Whatever way the spoon points, the keys hang down.
-            const auto hung = canvas.placed({-9.2, 0}, -held.angle);
-            const auto aroundHandle = canvas.placed({0, -1.8});
-            return drawKeys(canvas, kThreeKeys);
-        }
+        case Prop::Spoon: return drawSpoon(canvas, kSpoonNeck);
+        case Prop::SpoonWithKeys: return drawSpoonWithKeys(canvas, held.angle);
         case Prop::RollingPin: return drawRollingPin(canvas);
         case Prop::Pie: return drawPie(canvas);
         case Prop::Key: return drawCarriedKey(canvas);
