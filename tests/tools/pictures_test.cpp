@@ -57,7 +57,7 @@ constexpr PictureRow kPictures[] = {
     {"grub\\ani_02", 8, kFigure | kCycle, 55, 65},
     {"grub\\ani_03", 6, kFigure | kCycle, 55, 65},
     {"grub\\ani_04", 8, kFigure | kCycle | kPipe, 55, 65},
-    {"grub\\ani_05", 10, kFigure, 55, 65, "012346789"},
+    {"grub\\ani_05", 10, kFigure, 55, 65, "*"},
     {"grub\\ani_06", 8, kFigure, 55, 65, "*"},
     {"grub\\ani_07", 8, kFigure, 55, 65, "*"},
     {"grub\\ani_08", 50, kFigure | kCycle, 55, 65, "*"},

@@ -17,8 +17,9 @@ void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expres
 Pose grubWalk(double phase);
 /// Seen from behind, on rungs that lie every 16 pixels from row 8 on.
 Pose grubClimb(double phase);
-/// Hand over hand along a pipe whose axis is row 10.
-Pose grubHang(double phase);
+/// Hand over hand along a pipe whose axis is row 10. As large as his cell allows; larger, his boots must be drawn up.
+inline constexpr double kGrubHangSize = 0.86;
+Pose grubHang(double phase, double size = kGrubHangSize);
 /// Seen from the front, arms and legs flail once a cycle.
 Pose grubFall(double phase);
 /// On both feet, `breath` from -1 (out) to 1 (in).

@@ -1,5 +1,7 @@
 #include "grub.h"
 
+#include <algorithm>
+
 #include "grub_parts.h"
 #include "shapes.h"
 
@@ -16,6 +18,8 @@ constexpr double kOutline = 0.4;
 constexpr Point kMiddle{32, 32};
 /// The body leans and squashes about it.
 constexpr Point kHips{32, 50};
+/// A head is squashed with its body by this share at most.
+constexpr double kHeadSquash = 0.1;
 /// A hand above this row, the body being in its place, reaches up behind the head.
 constexpr double kRaised = 26;
 
@@ -73,12 +77,13 @@ VectorPath stripe(double y, double thickness) {
                  {12, y - 1.2}});
 }
 
-void drawTorso(Canvas& canvas) {
+/// The light comes from above, so that only an upright body is darker towards its legs.
+void drawTorso(Canvas& canvas, bool upright) {
     const VectorPath torso = torsoShape();
     canvas.part(torso, kShirt, {.bevel = 12, .line = 1.2});
     const Mask inTorso = canvas.mask(torso);
     for (const double y : {38.0, 43.4}) canvas.flat(stripe(y, 2.5), kStripe, {.alpha = 0.9F, .clip = &inTorso});
-    canvas.shadeRows(41, 51, 1, 0.62F, &inTorso);
+    if (upright) canvas.shadeRows(41, 51, 1, 0.62F, &inTorso);
 }
 
 /// What all of a pose's parts need while they are drawn.
@@ -92,8 +97,8 @@ struct Drawing {
 
     Point hung(Point joint, Point shift) const { return body.apply(joint + shift); }
 
-    bool raised(const ArmPose& arm) const { return arm.hand.y < kRaised + pose.hips.y; }
-    bool beyondBody() const { return pose.view == View::Side && !pose.farArm.acrossBody && !raised(pose.farArm); }
+    bool behindHead(const ArmPose& arm) const { return !arm.acrossHead && arm.hand.y < kRaised + pose.hips.y; }
+    bool beyondBody() const { return pose.view == View::Side && !pose.farArm.acrossBody && !behindHead(pose.farArm); }
 
     void nearArm() const {
         drawGrubArm(canvas, pose.view, hung(joints.nearShoulder, pose.nearArm.shoulder), pose.nearArm, Side::Near);
@@ -105,8 +110,16 @@ struct Drawing {
         drawGrubLeg(canvas, pose.view, hung(joints.farHip, pose.farLeg.hip), pose.farLeg, Side::Far);
         drawGrubLeg(canvas, pose.view, hung(joints.nearHip, pose.nearLeg.hip), pose.nearLeg, Side::Near);
     }
-    [[nodiscard]] Canvas::Placement inBody() const {
-        return canvas.placed({body.x0, body.y0}, pose.lean, 1 + pose.squash, 1 - pose.squash);
+    void torso() const {
+        const auto inBody = canvas.placed({body.x0, body.y0}, pose.lean, 1 + pose.squash, 1 - pose.squash);
+        drawTorso(canvas, pose.roll == 0);
+    }
+    void head() const {
+        const double squash = std::clamp(pose.squash, -kHeadSquash, kHeadSquash);
+        const auto atNeck = canvas.placed(body.apply(kGrubNeck), pose.lean, 1 + squash, 1 - squash);
+        const auto onBody = canvas.placed(kGrubNeck * -1);
+        drawGrubHeadParts(canvas, pose.view, pose.head, expression);
+        if (expression.eyes == Eyes::Spiral) drawGrubStars(canvas, pose.head, expression.stars);
     }
 };
 
@@ -115,20 +128,12 @@ void drawParts(const Drawing& grub) {
     const Pose& pose = grub.pose;
     if (grub.beyondBody()) grub.farArm();
     grub.legs();
-    {
-        const auto body = grub.inBody();
-        drawTorso(grub.canvas);
-    }
-    if (grub.raised(pose.farArm)) grub.farArm();
-    if (grub.raised(pose.nearArm)) grub.nearArm();
-    {
-        const auto body = grub.inBody();
-        drawGrubHeadParts(grub.canvas, pose.view, pose.head, grub.expression);
-        if (grub.expression.eyes == Eyes::Spiral && pose.view != View::Back)
-            drawGrubStars(grub.canvas, pose.head, grub.expression.stars);
-    }
-    if (!grub.beyondBody() && !grub.raised(pose.farArm)) grub.farArm();
-    if (!grub.raised(pose.nearArm)) grub.nearArm();
+    grub.torso();
+    if (grub.behindHead(pose.farArm)) grub.farArm();
+    if (grub.behindHead(pose.nearArm)) grub.nearArm();
+    grub.head();
+    if (!grub.beyondBody() && !grub.behindHead(pose.farArm)) grub.farArm();
+    if (!grub.behindHead(pose.nearArm)) grub.nearArm();
 }
 
 }  // namespace

@@ -48,6 +48,44 @@ void drawSideBoot(Canvas& canvas, const Material& leather) {
     canvas.flat(rectangle(-5, -1.7, 13.6, 1.7, 0.7), kSole, {.alpha = 0.8F});
 }
 
+/// The same with the heel up and the toes flat.
+void drawBentBoot(Canvas& canvas, const Material& leather, double toes) {
+    constexpr Point kBall{3, 0};
+    {
+        const auto bent = canvas.bent(kBall, toes);
+        canvas.part(loop({{0.6, -2},
+                          {0.6, -6},
+                          {10.4, -6},
+                          {10.4, -1},
+                          {10.4, 0},
+                          {9.6, 0},
+                          {3, 0},
+                          {1.4, 0},
+                          {0.6, -1},
+                          {0.6, -2}}),
+                    leather, {.bevel = 2.8, .line = 1.2});
+        canvas.flat(rectangle(2.4, -1.7, 7.8, 1.7, 0.7), kSole, {.alpha = 0.8F});
+    }
+    canvas.part(loop({{-5, -7.6},
+                      {-2, -8.4},
+                      {1.6, -8.4},
+                      {3, -7},
+                      {3.2, -5.4},
+                      {3.2, -4},
+                      {3.4, -1.8},
+                      {3.6, -0.8},
+                      {3.4, 0},
+                      {3, 0},
+                      {-2, 0},
+                      {-5.2, 0},
+                      {-5.2, -1},
+                      {-5.6, -4},
+                      {-5.5, -6},
+                      {-5, -7.6}}),
+                leather, {.bevel = 3.6, .line = 1.2});
+    canvas.flat(rectangle(-5, -1.7, 8.4, 1.7, 0.7), kSole, {.alpha = 0.8F});
+}
+
 /// Seen from the toe.
 void drawFrontBoot(Canvas& canvas, const Material& leather) {
     canvas.part(rectangle(-4.2, -8.6, 8.4, 7, 2.6), leather, {.bevel = 3.4, .line = 1.2});
@@ -61,7 +99,7 @@ void drawFrontBoot(Canvas& canvas, const Material& leather) {
                                  {3, 0.02},
                                  {-3, 0.02},
                                  {-5.6, 0}});
-    canvas.part(toe, leather, {.bevel = 3, .line = 1});
+    canvas.part(toe, leather, {.bevel = 3, .line = 1.2});
     canvas.flat(rectangle(-5.6, -1.7, 11.2, 1.7, 0.8), kSole, {.alpha = 0.8F});
 }
 
@@ -84,7 +122,7 @@ void drawGrubLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side 
     const auto placed = canvas.placed(leg.sole, leg.angle);
     const Material& leather = bright ? kBoot : kFarBoot;
     switch (view) {
-        case View::Side: return drawSideBoot(canvas, leather);
+        case View::Side: return leg.toes == 0 ? drawSideBoot(canvas, leather) : drawBentBoot(canvas, leather, leg.toes);
         case View::Front: return drawFrontBoot(canvas, leather);
         case View::Back: return drawBackBoot(canvas, leather);
     }

@@ -26,20 +26,25 @@ LegPose walkLeg(double phase) {
     return {.sole = foot.sole, .angle = foot.angle};
 }
 
-/// Hanging, he is smaller, so that he and his arms have room below the pipe.
-constexpr double kHangSize = 0.78;
-/// How far he hangs below his standing place, in pixels of his own.
-constexpr double kHangDrop = 8.2;
-
 /// A place in the cell as a figure of that size sees it.
-constexpr Point atHangSize(Point cell) {
+constexpr Point atSize(double size, Point cell) {
     const Point middle{kMiddle, kMiddle};
-    return middle + (cell - middle) * (1 / kHangSize);
+    return middle + (cell - middle) * (1 / size);
 }
 
-ArmPose hangArm(double phase, Point shoulder) {
+/// `side` is -1 for the near arm, 1 for the far one: each hand keeps to its side of the other as they pass.
+ArmPose hangArm(double phase, double side, double size) {
+    constexpr double kApart = 3.4;
+    constexpr double kReach = 16;
     const Step step = stride(phase, kCycle, 0.5);
-    return {.hand = atHangSize({kMiddle + step.x, kPipeAxis - 0.6 + 3.4 * step.lift}), .shoulder = shoulder};
+    const Point hand{kMiddle + step.x + side * kApart, kPipeAxis - 0.6 + 3.4 * step.lift};
+    // Towards the other side an arm goes around the helmet, the elbow out.
+    const double across = (kReach - side * step.x) / (2 * kReach);
+    return {.hand = atSize(size, hand),
+            .bend = side,
+            .bone = (17 + 7 * across * across) / size,
+            .shoulder = {side * 4, -1.6},
+            .acrossHead = side < 0};
 }
 
 struct DigStep {
@@ -52,16 +57,16 @@ struct DigStep {
 
 constexpr std::array<DigStep, kGrubDigFrames> kDig{{
     //  spoon  grip       lean    squash  nod
-    {22, {40.5, 44.5}, 0.00, 0.00, 0.04},
-    {-30, {41, 42}, -0.06, 0.01, 0.02},
-    {-72, {44, 38}, -0.14, -0.03, -0.02},
-    {-86, {43.5, 36}, -0.17, -0.04, -0.05},
-    {42, {45, 45.0}, 0.07, 0.02, 0.04},
-    {45, {45, 45.4}, 0.10, 0.05, 0.06},
-    {30, {42.5, 46}, 0.09, 0.03, 0.04},
-    {-24, {40.5, 43}, -0.05, -0.02, -0.04},
-    {4, {39.5, 44}, -0.02, -0.01, 0.00},
-    {16, {40, 44.5}, 0.00, 0.00, 0.02},
+    {22, {38, 46}, 0.00, 0.00, 0.00},
+    {-30, {39, 44.5}, -0.06, 0.01, 0.00},
+    {-72, {42, 41}, -0.09, -0.01, -0.03},
+    {-86, {42, 39}, -0.11, -0.02, -0.05},
+    {36, {41, 45.2}, 0.07, 0.02, 0.00},
+    {37, {41, 45}, 0.10, 0.05, 0.00},
+    {26, {39.6, 47}, 0.09, 0.03, 0.00},
+    {-24, {38.6, 45}, -0.05, -0.02, -0.05},
+    {4, {37.6, 45.6}, -0.02, -0.01, -0.02},
+    {16, {38, 46}, 0.00, 0.00, 0.00},
 }};
 
 }  // namespace
@@ -102,21 +107,24 @@ Pose grubClimb(double phase) {
     };
 }
 
-Pose grubHang(double phase) {
+Pose grubHang(double phase, double size) {
+    constexpr double kHelmetTop = 4.2;
+    constexpr double kBelowPipe = 4.5;
     const double sway = 0.10 * wave(phase - 0.125);
     const double dangle = 3 * wave(phase + 0.1);
     // Body and legs swing about the pipe.
-    const Point pivot = atHangSize({kMiddle, kPipeAxis});
-    const Affine hung = Affine{}.translated(pivot).rotated(-sway).translated(pivot * -1).translated({0, kHangDrop});
+    const Point pivot = atSize(size, {kMiddle, kPipeAxis});
+    const double drop = atSize(size, {kMiddle, kPipeAxis + kBelowPipe}).y - kHelmetTop;
+    const Affine hung = Affine{}.translated(pivot).rotated(-sway).translated(pivot * -1).translated({0, drop});
     const Point hips{kMiddle, 50};
     return {
         .hips = hung.apply(hips) - hips,
         .lean = -sway,
-        .nearArm = hangArm(phase, {4, -4}),
-        .farArm = hangArm(phase + 0.5, {-4, -4}),
-        .nearLeg = {.sole = hung.apply({28 + dangle, 57.6}), .angle = 0.38 - sway, .hip = {-4.5, 0}},
-        .farLeg = {.sole = hung.apply({36 - dangle, 57}), .angle = 0.3 - sway, .hip = {4, 0}},
-        .size = kHangSize,
+        .nearArm = hangArm(phase, -1, size),
+        .farArm = hangArm(phase + 0.5, 1, size),
+        .nearLeg = {.sole = hung.apply({28 + dangle, 56}), .angle = 0.38 - sway, .hip = {-4.5, 0}},
+        .farLeg = {.sole = hung.apply({36 - dangle, 55.4}), .angle = 0.3 - sway, .hip = {4, 0}},
+        .size = size,
     };
 }
 
@@ -125,10 +133,10 @@ Pose grubFall(double phase) {
     const double sideways = 1.5 * flail;
     return {
         .view = View::Front,
-        .hips = {0, 1.4},
+        .hips = {0, 2},
         .lean = 0.04 * flail,
         .squash = -0.02,
-        .head = {.turn = 0, .hatShift = {0, -2.2 - 0.5 * wave(2 * phase)}},
+        .head = {.turn = 0, .hatShift = {0, -0.8 - 0.4 * wave(2 * phase)}},
         .nearArm = {.hand = {10.8 - sideways, 28 + 5 * flail}, .bend = 1, .bone = 7.4, .grip = Grip::Open},
         .farArm = {.hand = {53.2 - sideways, 28 - 5 * flail}, .bend = -1, .bone = 7.4, .grip = Grip::Open},
         .nearLeg = {.sole = {24 - sideways, 57 + 1.6 * flail}, .angle = 0.3 + 0.2 * flail},
@@ -173,9 +181,9 @@ Pose grubDig(int frame) {
         .lean = step.lean,
         .squash = step.squash,
         .head = {.tilt = step.nod, .hatShift = {0, jolt}},
-        .nearArm = {.hand = step.grip - along * kBetweenHands, .bone = 7.4, .shoulder = {2, 0.6}},
+        .nearArm = {.hand = step.grip - along * kBetweenHands, .bone = 7.4, .shoulder = {1, 3}},
         .farArm =
-            {.hand = step.grip, .bone = 6.4, .held = {Prop::Spoon, angle}, .shoulder = {-1, 0.4}, .acrossBody = true},
+            {.hand = step.grip, .bone = 6.4, .held = {Prop::Spoon, angle}, .shoulder = {-1, 3}, .acrossBody = true},
         .nearLeg = {.sole = {30.5, kGround}, .hip = {2, 0}},
         .farLeg = {.sole = {18, kGround}, .hip = {-2.5, 0}},
     };

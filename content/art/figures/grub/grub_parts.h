@@ -12,6 +12,9 @@ namespace grub {
 inline constexpr Material kGrubSkin = glossy(material(0xf6d7a2, 0xb8715a, 0xfff3cf), 0.25F);
 inline constexpr Material kGrubFarSkin = glossy(material(0xd9a877, 0x8f5350, 0xf0cd98), 0.1F);
 
+/// About which the head turns.
+inline constexpr Point kGrubNeck{32, 34};
+
 /// Head with helmet and face, moved and turned about the neck. Stars of dizziness are drawn apart, since they go around
 /// all of the head.
 void drawGrubHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression);

@@ -31,7 +31,7 @@ Pose cheering() {
 /// The spoon on his shoulder, the keys of a hall on it.
 Pose strolling() {
     Pose pose = grubWalk(0);
-    pose.nearArm = {.hand = {28.5, 39.5}, .bend = 1, .bone = 6.4, .held = {Prop::SpoonWithKeys, 0.42}};
+    pose.nearArm = {.hand = {31.5, 43.5}, .bend = 1, .bone = 6.4, .held = {Prop::SpoonWithKeys, -2.58}};
     return pose;
 }
 
@@ -61,29 +61,29 @@ Pose listening() {
 /// On his belly along the ground, the chin on it, the helmet over one eye. The head lies on the right.
 Pose flattened() {
     return {
-        .hips = {13, 4},
-        .squash = 0,
-        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {11.5, -9}, .hatShift = {3, 4.6}, .hatTilt = 0.34},
-        .nearArm = {.hand = {54.5, 8}, .bend = -1, .grip = Grip::Open, .shoulder = {16, -4}},
-        .farArm = {.hand = {53.5, -2}, .bend = -1, .grip = Grip::Open},
-        .nearLeg = {.sole = {52, 60}, .angle = 1.1, .hip = {6, 2}},
-        .farLeg = {.sole = {44, 62}, .angle = 1.1, .hip = {2, 2}},
+        .hips = {18.4, 1.5},
+        .squash = -0.35,
+        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {6, -5}, .hatShift = {1.6, 0.4}, .hatTilt = 0.2},
+        .nearArm = {.hand = {55, 5.5}, .bend = -1, .grip = Grip::Open, .shoulder = {12, -2}},
+        .farArm = {.hand = {52.4, 0.5}, .bend = -1, .grip = Grip::Open},
+        .nearLeg = {.sole = {51.1, 61.5}, .angle = 1.3},
+        .farLeg = {.sole = {45.5, 60.5}, .angle = 1.3},
         .roll = kQuarter,
     };
 }
 
-/// On his toes, knees together, hands at the mouth.
+/// On his toes, knees together, fists at the chest.
 Pose tiptoeing() {
-    constexpr double kHeelUp = 0.62;
-    constexpr double kSoleRow = 55.2;
+    constexpr double kHeelUp = 0.48;
+    constexpr double kSoleRow = 59.2;
     return {
         .hips = {0, -3.4},
         .squash = -0.03,
         .head = {.turn = 2, .hatShift = {0, -1.4}},
-        .nearArm = {.hand = {29.5, 36}, .bend = -1, .bone = 7.4, .shoulder = {-2, 0}},
-        .farArm = {.hand = {40.5, 35.6}, .bend = 1, .bone = 6, .acrossBody = true},
-        .nearLeg = {.sole = {28, kSoleRow}, .angle = kHeelUp, .hip = {-3, 0}},
-        .farLeg = {.sole = {33, kSoleRow}, .angle = kHeelUp, .hip = {3, 0}},
+        .nearArm = {.hand = {29.4, 40}, .bend = 1, .bone = 8, .shoulder = {-2, 0}},
+        .farArm = {.hand = {39, 39.4}, .bend = -1, .bone = 7, .acrossBody = true},
+        .nearLeg = {.sole = {28, kSoleRow}, .angle = kHeelUp, .toes = -kHeelUp, .hip = {-3, 0}},
+        .farLeg = {.sole = {33, kSoleRow}, .angle = kHeelUp, .toes = -kHeelUp, .hip = {3, 0}},
     };
 }
 
@@ -99,10 +99,10 @@ Pose stuck() {
 
 /// Hanging with the boots drawn up, away from what is below.
 Pose tucked() {
-    Pose pose = grubHang(0);
+    Pose pose = grubHang(0.5, 0.92);
     pose.head.tilt = 0.1;
-    pose.nearLeg = {.sole = {43, 64}, .angle = -0.3, .hip = {-2, 0}};
-    pose.farLeg = {.sole = {49, 61}, .angle = -0.4, .hip = {6, 0}};
+    pose.nearLeg = {.sole = {45, 63}, .angle = -0.3, .hip = {-2, 0}};
+    pose.farLeg = {.sole = {51, 60}, .angle = -0.4, .hip = {6, 0}};
     return pose;
 }
 
@@ -121,7 +121,7 @@ Pose marching() {
     pose.lean = -0.02;
     pose.head.turn = 1;
     pose.head.tilt = -0.08;
-    pose.nearArm = {.hand = {11, 21}, .bend = 1, .bone = 9, .held = {Prop::SpoonWithKeys, -1.85}};
+    pose.nearArm = {.hand = {9.5, 27}, .bend = 1, .bone = 9, .held = {Prop::SpoonWithKeys, -1.85}};
     return pose;
 }
 
@@ -170,7 +170,7 @@ const FigureDrawing& grubFigure() {
         NamedPose{"front", grubFront(0)},
         NamedPose{"walk", grubWalk(0)},
         NamedPose{"climb", grubClimb(0)},
-        NamedPose{"hang", grubHang(0)},
+        NamedPose{"hang", grubHang(0.5)},
         NamedPose{"fall", grubFall(0)},
         NamedPose{"dig", grubDig(kGrubDigHit)},
         NamedPose{"point", pointing()},

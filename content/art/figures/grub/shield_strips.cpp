@@ -31,9 +31,9 @@ constexpr std::array kFits{
     //  shield            middle        size
     Fit{"led\\shield_01", {31.0, 33.2}, 0.95},  //
     Fit{"led\\shield_02", {32.0, 29.1}, 0.90},  //
-    Fit{"led\\shield_03", {32.0, 31.2}, 0.97},  //
-    Fit{"led\\shield_04", {31.6, 31.5}, 0.96},  //
-    Fit{"led\\shield_05", {28.1, 32.0}, 0.80},  // the spoon reaches far out
+    Fit{"led\\shield_03", {32.0, 31.6}, 0.97},  //
+    Fit{"led\\shield_04", {32.0, 31.3}, 0.90},  //
+    Fit{"led\\shield_05", {30.2, 33.1}, 0.85},  // the spoon reaches far out
     Fit{"led\\shield_06", {32.0, 33.4}, 0.95},  //
     Fit{"led\\shield_07", {32.0, 33.4}, 0.95},  //
     Fit{"led\\shield_08", {31.0, 33.8}, 0.95},  //

@@ -41,6 +41,8 @@ struct ArmPose {
     double paw = 0;
     /// A far arm lies over the body, as when both hands hold one thing.
     bool acrossBody = false;
+    /// An arm that reaches up passes before the head instead of behind it.
+    bool acrossHead = false;
 };
 
 /// A leg or a hind leg.
@@ -49,6 +51,8 @@ struct LegPose {
     Point sole;
     /// Turn of the foot; toe up is negative.
     double angle = 0;
+    /// Turn of the toes against the foot, where they stay on the ground while the heel is up.
+    double toes = 0;
     /// Which way the knee goes: 1 or -1.
     double bend = -1;
     /// Moves the hip joint away from its place on the body.
