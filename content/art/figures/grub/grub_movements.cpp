@@ -175,7 +175,7 @@ Pose grubDig(int frame) {
     // The upper hand holds the handle this far from the lower one.
     constexpr double kBetweenHands = 6;
     const Point along{std::cos(angle), std::sin(angle)};
-    const double jolt = 0.8 * (frame == kGrubDigHit) - 0.8 * (frame == kGrubDigHit + 2);
+    const double jolt = 0.3 * (frame == kGrubDigHit) - 0.8 * (frame == kGrubDigHit + 2);
     return {
         .hips = {-6, 0},
         .lean = step.lean,
