@@ -11,11 +11,15 @@
 #include "figure_sheet.h"
 #include "rooms.h"
 #include "sample_page.h"
+#include "sets_room.h"
 #include "whole_file.h"
 
 namespace grub {
 
 namespace {
+
+/// Samples a side of a page's pixel.
+constexpr int kPageSamples = 2;
 
 const StripDrawing& wanted(const std::string& name) {
     const StripDrawing* strip = findStrip(name);
@@ -106,6 +110,16 @@ void renderFigure(const Arguments& arguments) {
         failWith(kFailed, file + ": cannot be written");
 }
 
+void renderSet(const Arguments& arguments) {
+    const std::string name = arguments.text("NAME");
+    const SetDrawing* set = findSet(name);
+    if (set == nullptr) failWith(kFailed, name + ": there is no such set");
+    Canvas canvas(set->width, set->height, kPageSamples);
+    drawSet(canvas, *set, {0, 0, 1.0 * set->width, 1.0 * set->height});
+    const std::string file = arguments.text("FILE");
+    if (!writePng(file, canvas.picture())) failWith(kFailed, file + ": cannot be written");
+}
+
 /// Also says which words do not fit.
 void renderBoards(const Arguments& arguments) {
     std::vector<std::string> faults;
@@ -147,6 +161,10 @@ std::vector<Command> renderCommands() {
          {word("NAME", "figure, such as grub"), word("FILE", "PNG file to write"),
           number("--percent", "size, 100 if not given: as large as in play", 50, 1000)},
          renderFigure},
+        {"render set",
+         "Draw a place that pages show behind their figures",
+         {word("NAME", "set, such as menu-wall"), word("FILE", "PNG file to write")},
+         renderSet},
         {"render sample",
          "Draw a page with all figures and boards, to look at and to measure",
          {word("FILE", "PNG file to write")},

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "canvas.h"
+
+namespace grub {
+
+/// A place that a page shows behind and around its figures. It holds no figures and no words.
+struct SetDrawing {
+    /// One word, as pages write it.
+    std::string_view name;
+    /// Its natural size, in pixels of the page.
+    int width;
+    int height;
+    /// Fills `area`, whose corner lies at the origin, with what the place shows at its natural size: a smaller area
+    /// shows its upper left part. It may draw beyond the area; drawSet cuts that off.
+    void (*draw)(Canvas& canvas, const Rect& area);
+};
+
+/// Draws the set into `area` of the canvas; nothing of it shows outside.
+void drawSet(Canvas& canvas, const SetDrawing& set, const Rect& area);
+
+/// The sets of all pages; no two have the same name.
+std::span<const SetDrawing> allSets();
+
+/// The set of that name, or null.
+const SetDrawing* findSet(std::string_view name);
+
+// Its tables; each function stands in the file of its own name.
+
+/// The walls behind the menus.
+std::span<const SetDrawing> menuWallSets();
+
+}  // namespace grub
