@@ -27,12 +27,7 @@ VectorPath ratTrunk() {
                  {8.6, 53}});
 }
 
-void drawRatTrunkMarks(Canvas& canvas) {
-    const Mask inTrunk = canvas.mask(ratTrunk());
-    canvas.part(ellipse({30, 60}, 17, 5.4), kRatBelly,
-                {.bevel = 4, .line = 0, .shadow = 0, .clip = &inTrunk, .alpha = 0.65F});
-    // The thigh, and tufts on the back.
-    canvas.flat(curve({{14, 48.6}, {20, 46.2}, {24.6, 49.6}, {24, 55}}), kRatFold, {.alpha = 0.45F, .stroke = 1});
+void drawRatTufts(Canvas& canvas) {
     for (const Point tuft : {Point{19, 44.6}, Point{25, 43.4}, Point{29, 46.4}}) {
         canvas.flat(curve({tuft, tuft + Point{-0.8, 0.2}, tuft + Point{-1.8, 0.8}, tuft + Point{-2.4, 1.8}}), kRatFold,
                     {.alpha = 0.3F, .stroke = 0.7});
@@ -57,26 +52,38 @@ void drawRatChest(Canvas& canvas) {
     canvas.part(ellipse({32, 54}, 9, 6.6), kRatBelly, {.bevel = 5, .line = 0, .shadow = 0});
 }
 
-void drawRatTail(Canvas& canvas, Point root, Point tip) {
-    constexpr int kJoints = 14;
+namespace {
+
+/// A tail along a curve, given as for `curve`, growing thinner.
+void drawTailAlong(Canvas& canvas, const std::array<Point, 4>& bend) {
+    constexpr int kJoints = 16;
     constexpr double kRoot = 1.9;
     constexpr double kTip = 1.1;
-    const Point out = root + Point{-7, 1};
-    // It rises at its end if the tip lies high, and lies flat if it lies low.
-    const Point back = tip + Point{2, 0.62 * (root.y - tip.y)};
     std::array<Joint, kJoints> joints;
     for (int i = 0; i < kJoints; ++i) {
         const double t = i / (kJoints - 1.0);
-        const Point early = mix(mix(root, out, t), mix(out, back, t), t);
-        const Point late = mix(mix(out, back, t), mix(back, tip, t), t);
+        const Point early = mix(mix(bend[0], bend[1], t), mix(bend[1], bend[2], t), t);
+        const Point late = mix(mix(bend[1], bend[2], t), mix(bend[2], bend[3], t), t);
         joints[static_cast<std::size_t>(i)] = {mix(early, late, t), kRoot + (kTip - kRoot) * t};
     }
     canvas.part(limb(joints), kRatPink, {.bevel = 1.6, .line = 1.4});
 }
 
-void drawRatLeg(Canvas& canvas, Point hip, Point sole, double angle, const Material& fur, const Material& pink) {
-    canvas.part(limb({{hip, 3.4}, {sole + Point{-0.6, -2.4}, 2.1}}), fur, {.bevel = 2.4, .line = 1.3});
-    const auto paw = canvas.placed(sole, angle);
+}  // namespace
+
+void drawRatTail(Canvas& canvas, Point root, Point tip) {
+    // It rises at its end if the tip lies high, and lies flat if it lies low.
+    drawTailAlong(canvas, {root, root + Point{-7, 1}, tip + Point{2, 0.62 * (root.y - tip.y)}, tip});
+}
+
+void drawRatTailAround(Canvas& canvas, Point root, Point tip) {
+    drawTailAlong(canvas, {root, root + Point{-9, 7.6}, tip + Point{-20, 1.4}, tip});
+}
+
+void drawRatLeg(Canvas& canvas, Point hip, double thigh, const LegPose& leg, const Material& fur,
+                const Material& pink) {
+    canvas.part(limb({{hip, thigh}, {leg.sole + Point{-0.6, -2.4}, 2.1}}), fur, {.bevel = 0.8 * thigh, .line = 1.3});
+    const auto paw = canvas.placed(leg.sole, leg.angle);
     canvas.part(
         loop({{-3, -1.4}, {-2.6, -3}, {1, -3.4}, {4, -2}, {4.8, -1}, {4.6, 0}, {3, 0}, {1, 0}, {-1.6, 0}, {-3, -1.4}}),
         pink, {.bevel = 1.6, .line = 1.2});

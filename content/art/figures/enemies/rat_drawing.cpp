@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "figure.h"
 #include "props.h"
 #include "rat.h"
@@ -29,6 +31,10 @@ constexpr Point kTail{-9, -13};
 
 /// From the middle of a standing forepaw to its sole.
 constexpr double kPawHeight = 1.6;
+
+/// Radii of the upper ends of legs.
+constexpr double kForeleg = 3.4;
+constexpr double kThigh = 4.6;
 
 /// Turned by less, a head looks at the viewer.
 constexpr double kProfileTurn = 1.5;
@@ -72,7 +78,7 @@ void append(VectorPath& to, const VectorPath& path, const Affine& place) {
 void drawForeleg(Canvas& canvas, Point shoulder, const ArmPose& leg, const Material& fur, const Material& pink) {
     drawProp(canvas, leg.hand, leg.held);
     if (leg.grip != Grip::Fist) return drawRatArm(canvas, shoulder, leg, fur, pink);
-    drawRatLeg(canvas, shoulder, leg.hand + Point{0, kPawHeight}, leg.paw, fur, pink);
+    drawRatLeg(canvas, shoulder, kForeleg, {.sole = leg.hand + Point{0, kPawHeight}, .angle = leg.paw}, fur, pink);
 }
 
 /// Head and trunk from the side are one shape, a pebble.
@@ -88,7 +94,7 @@ void drawPebble(Canvas& canvas, const Pose& pose, const Expression& expression, 
     canvas.part(pebble, kRatFur, {.bevel = 9, .line = 1.5});
     const auto turned = canvas.placed(kSide.hips + pose.hips, pose.lean, 1 + pose.squash, 1 - pose.squash);
     const auto body = canvas.placed(kSide.hips * -1);
-    drawRatTrunkMarks(canvas);
+    drawRatTufts(canvas);
 }
 
 /// All of the head, or what lies on it where the body has drawn its shape.
@@ -97,27 +103,27 @@ void drawHead(Canvas& canvas, const Pose& pose, const Expression& expression, Po
     const auto head = canvas.placed(at, headTilt(pose.head, expression));
     drawProp(canvas, {0, 10}, {pose.atNeck});
     if (profile) {
-        drawRatProfile(canvas, expression);
+        drawRatProfile(canvas, expression, pose.inMouth);
     } else {
-        drawRatFace(canvas, pose.head.turn < kProfileTurn ? pose.head.turn : kProfileTurn, expression);
+        drawRatFace(canvas, std::min(pose.head.turn, kProfileTurn), expression, pose.inMouth);
     }
-    // A key is held by its stem, bow forward.
-    constexpr double kKeyAngle = 2.8;
-    drawProp(canvas, profile ? kRatProfileTeeth : kRatFaceTeeth, {pose.inMouth, kKeyAngle});
 }
 
 void drawFromSide(Canvas& canvas, const Pose& pose, const Expression& expression, const Joints& at) {
     const Point tip = at.tail + kTail + pose.tail;
-    drawRatTail(canvas, at.tail, tip);
-    drawRatLeg(canvas, at.farHip, pose.farLeg.sole, pose.farLeg.angle, kRatFarFur, kRatFarPink);
+    // A tail whose tip is before the hips lies round the body.
+    const bool around = tip.x > at.nearHip.x;
+    if (!around) drawRatTail(canvas, at.tail, tip);
+    drawRatLeg(canvas, at.farHip, kThigh, pose.farLeg, kRatFarFur, kRatFarPink);
     drawForeleg(canvas, at.farShoulder, pose.farArm, kRatFarFur, kRatFarPink);
     drawPebble(canvas, pose, expression, at);
     drawProp(canvas, tip, {pose.onTail});
-    drawRatLeg(canvas, at.nearHip, pose.nearLeg.sole, pose.nearLeg.angle, kRatFur, kRatPink);
+    drawRatLeg(canvas, at.nearHip, kThigh, pose.nearLeg, kRatFur, kRatPink);
     const bool handBeforeHead = pose.nearArm.grip != Grip::Fist;
     if (!handBeforeHead) drawForeleg(canvas, at.nearShoulder, pose.nearArm, kRatFur, kRatPink);
     drawHead(canvas, pose, expression, at.head);
     if (handBeforeHead) drawForeleg(canvas, at.nearShoulder, pose.nearArm, kRatFur, kRatPink);
+    if (around) drawRatTailAround(canvas, at.tail, tip);
 }
 
 void drawFromFront(Canvas& canvas, const Pose& pose, const Expression& expression, const Joints& at) {
@@ -151,10 +157,10 @@ void drawRat(Canvas& canvas, const Pose& pose, const Expression& expression, con
 void drawRatHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style) {
     const auto whole = canvas.group(figureGroup(style, kOutline));
     const auto placed = canvas.placed(kSide.head + head.shift, headTilt(head, expression));
-    if (head.turn < kProfileTurn) return drawRatFace(canvas, head.turn, expression);
+    if (head.turn < kProfileTurn) return drawRatFace(canvas, head.turn, expression, Prop::None);
     drawRatFarEar(canvas, expression);
     canvas.part(ratProfile(), kRatFur, {.bevel = 9, .line = 1.5});
-    drawRatProfile(canvas, expression);
+    drawRatProfile(canvas, expression, Prop::None);
 }
 
 }  // namespace grub

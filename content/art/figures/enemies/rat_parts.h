@@ -8,9 +8,11 @@ namespace grub {
 
 // What the rat's own files share.
 
-/// A rat is small: its ink is nearly that of the darkest lines, so that it is seen as well as the others.
+/// A rat is small: its ink is nearly that of the darkest lines, so that it is seen as well as the others. No hard edge
+/// of a shadow runs along its flat sides.
 constexpr Material ratMaterial(Material m) {
     m.ink = mix(m.ink, kInk, 0.6F);
+    m.softness = 0.9F;
     return m;
 }
 inline constexpr Material kRatFur = ratMaterial(glossy(material(0xa3a8ba, 0x4c5270, 0xe6eaf2), 0.15F, 0.55F));
@@ -25,29 +27,28 @@ inline constexpr Rgb kRatFold = rgb(0x2c2a44);
 /// From the side: the shape, which the drawing unites with the body; the ear beyond it; and all that lies on it.
 VectorPath ratProfile();
 void drawRatFarEar(Canvas& canvas, const Expression& expression);
-void drawRatProfile(Canvas& canvas, const Expression& expression);
+/// The teeth bite what is in the mouth.
+void drawRatProfile(Canvas& canvas, const Expression& expression, Prop inMouth);
 /// From the front, ears and skull too; `turn` moves the features.
-void drawRatFace(Canvas& canvas, double turn, const Expression& expression);
-
-/// Where teeth hold something, in a head from the side and from the front.
-inline constexpr Point kRatProfileTeeth{12.4, 7.6};
-inline constexpr Point kRatFaceTeeth{0, 9.4};
+void drawRatFace(Canvas& canvas, double turn, const Expression& expression, Prop inMouth);
 
 // Bodies. The origin is that of the cell.
 
-/// The trunk from the side, and what lies on it.
+/// The trunk from the side, and the tufts on its back.
 VectorPath ratTrunk();
-void drawRatTrunkMarks(Canvas& canvas);
+void drawRatTufts(Canvas& canvas);
 /// The trunk from the front, on its haunches.
 void drawRatChest(Canvas& canvas);
 
 /// From the root to the tip of the tail.
 void drawRatTail(Canvas& canvas, Point root, Point tip);
+/// The tail as it lies round the body, along the ground before it.
+void drawRatTailAround(Canvas& canvas, Point root, Point tip);
 
 // Legs and paws.
 
-/// A leg from the side with a paw on its sole.
-void drawRatLeg(Canvas& canvas, Point hip, Point sole, double angle, const Material& fur, const Material& pink);
+/// A leg from the side with a paw on its sole; `thigh` is the radius of its upper end, in pixels.
+void drawRatLeg(Canvas& canvas, Point hip, double thigh, const LegPose& leg, const Material& fur, const Material& pink);
 /// A short arm with a hand of three fingers.
 void drawRatArm(Canvas& canvas, Point shoulder, const ArmPose& arm, const Material& fur, const Material& pink);
 /// A hind paw from the front, its toes towards the viewer; `sole` is the middle of its underside.

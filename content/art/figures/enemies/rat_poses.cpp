@@ -53,10 +53,10 @@ Pose nibbling() {
     Pose pose = upright();
     pose.lean = -0.9;
     pose.head = {.turn = 4, .tilt = 0.1, .shift = {4, 2}};
-    pose.nearArm.hand = {48, 44.5};
+    pose.nearArm.hand = {47.5, 46};
     pose.nearArm.bone = 0;
-    pose.farArm.hand = {51.5, 43};
-    pose.farArm.held = {Prop::Crumb};
+    pose.farArm.hand = {52.5, 45.4};
+    pose.inMouth = Prop::Crumb;
     return pose;
 }
 
@@ -66,15 +66,16 @@ Pose puzzled() {
     return pose;
 }
 
+/// Asleep in a ring: nose and tip of the tail meet.
 Pose curled() {
-    Pose pose = ratStand();
-    pose.hips = {0, 2};
-    pose.squash = 0.04;
-    pose.head = {.turn = 4, .tilt = 0.14, .shift = {-1, 0}};
-    pose.nearArm.hand.x = 41;
-    pose.farArm.hand.x = 46;
-    pose.tail = {1, 18};
-    return pose;
+    return {.hips = {5, -1},
+            .squash = -0.2,
+            .head = {.turn = 4, .tilt = 0.24, .shift = {-1, 1.6}},
+            .nearArm = {.hand = {37, kPawRow - 1}},
+            .farArm = {.hand = {40, kPawRow - 1}},
+            .nearLeg = {.sole = {25, kGround - 1}},
+            .farLeg = {.sole = {28, kGround - 1}},
+            .tail = {45, 18.2}};
 }
 
 Pose peeping() {

@@ -28,7 +28,7 @@ void drawFlight(Canvas& canvas, const Flight& flight, const Expression& expressi
 void drawFallIn(Canvas& canvas, FrameOf frame) {
     constexpr std::array kFlights{
         Flight{{32, 22}, 24, 0.94},
-        Flight{{32, 28}, 58, 0.94},
+        Flight{{32, 29}, 58, 0.94},
         Flight{{32, 33}, 84, 0.94},
     };
     const auto index = static_cast<std::size_t>(frame.index);

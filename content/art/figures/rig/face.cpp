@@ -31,7 +31,7 @@ void drawPupil(Canvas& canvas, Point at, double radius, double size, const Mask&
 /// The upper lid, its edge curved like the ball, with a line on it that is lighter than a brow.
 void drawLid(Canvas& canvas, Point at, double radius, double nose, const Expression& expression, const Mask& inEye,
              const EyeStyle& style) {
-    const double slant = std::tan(expression.browTilt) * 0.9 * nose;
+    const double slant = std::tan(expression.browTilt) * style.slant * nose;
     // An open lid begins above the ball, a shut one ends below its middle.
     const double edge = at.y + radius * style.shape.y * (1.5 * expression.lid - 1);
     const double half = 1.6 * radius;

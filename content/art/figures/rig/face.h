@@ -20,6 +20,8 @@ struct EyeStyle {
     double reach = 0.36;
     /// How far a brow presses the lid down, for each radian that it is lowered: 1 shuts the eye.
     double glower = 0;
+    /// How steeply the lid's edge follows a turned brow: 1 is parallel to it.
+    double slant = 0.9;
     /// Whether lashes show under a shut lid.
     bool lashes = false;
 };
