@@ -26,6 +26,9 @@ def main() -> int:
         LIST.write_text("".join(f"{digest}  {name}\n" for name, digest in now.items()))
         print(f"{len(now)} pictures written down in {LIST}")
         return 0
+    if not LIST.exists():
+        print(f"{LIST} is not there; write it with --update")
+        return 1
     known = {name: digest for digest, name in (line.split("  ", 1) for line in LIST.read_text().splitlines())}
     changed = [name for name in sorted(known.keys() | now.keys()) if known.get(name) != now.get(name)]
     for name in changed:
