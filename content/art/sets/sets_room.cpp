@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::array kTables{
     menuWallSets,
+    openingSets,
 };
 
 }  // namespace

@@ -33,4 +33,7 @@ const SetDrawing* findSet(std::string_view name);
 /// The walls behind the menus.
 std::span<const SetDrawing> menuWallSets();
 
+/// The night that the game opens with.
+std::span<const SetDrawing> openingSets();
+
 }  // namespace grub
