@@ -51,6 +51,10 @@ public:
     [[nodiscard]] virtual std::uint16_t height() const = 0;
 };
 
+/// The screen in pixels, whatever the window's size. The level view and the pages are laid out for it.
+inline constexpr int kScreenWidth = 800;
+inline constexpr int kScreenHeight = 600;
+
 /// Draws textured rectangles on the screen of 800 x 600 pixels, origin top-left. An operation returns false when the
 /// device refused; only `init` shows a message. All calls come from the game thread, but `init` and `shutdown` from the
 /// window's thread.

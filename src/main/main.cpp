@@ -18,10 +18,6 @@
 namespace grub {
 namespace {
 
-// The size of the window's client area in pixels. The level view and the pages are laid out for it.
-constexpr std::uint16_t kScreenWidth = 800;
-constexpr std::uint16_t kScreenHeight = 600;
-
 // Packages, sounds and scenes in order of construction.
 struct Game {
     ResourcePackage data{"data64.pak"};

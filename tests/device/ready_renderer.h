@@ -14,10 +14,6 @@
 
 namespace grub {
 
-/// The game's screen, in pixels.
-inline constexpr int kScreenWidth = 800;
-inline constexpr int kScreenHeight = 600;
-
 /// A window whose procedure answers for `renderer`, as the game's does.
 class RendererWindow {
 public:

@@ -10,8 +10,6 @@ namespace grub {
 
 namespace {
 
-constexpr int kScreenWidth = 800;
-constexpr int kScreenHeight = 600;
 /// A lower opacity draws nothing.
 constexpr float kFaintest = 0.05F;
 

@@ -16,8 +16,6 @@ constexpr int kRight = 544;
 constexpr int kTop = 128;
 constexpr int kBottom = 344;
 
-constexpr int kScreenWidth = 800;
-constexpr int kScreenHeight = 600;
 constexpr int kPanelHeight = 64;  // the panel covers the bottom of the screen, so the level may end above it
 constexpr int kFewestColumnsThatScroll = 14;
 
