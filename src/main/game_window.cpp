@@ -127,10 +127,10 @@ constexpr int kIconSize = 32;  // pixels
 constexpr WORD kIconNumber = 101;
 
 constexpr std::uint32_t kNothing = 0x00000000;
-constexpr std::uint32_t kOutline = 0xFF3A2410;
-constexpr std::uint32_t kHelmet = 0xFFE0A020;
-constexpr std::uint32_t kHelmetLight = 0xFFFFD060;
-constexpr std::uint32_t kBrim = 0xFFB87818;
+constexpr std::uint32_t kOutline = 0xFF3A1B2C;
+constexpr std::uint32_t kHelmet = 0xFFF0592B;
+constexpr std::uint32_t kHelmetLight = 0xFFFFB066;
+constexpr std::uint32_t kBrim = 0xFFC23A30;
 constexpr std::uint32_t kLamp = 0xFFFFFFE0;
 
 // Whether the centre of pixel (x, y) lies in the ellipse; all in half pixels, so that whole numbers do.

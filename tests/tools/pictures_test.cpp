@@ -31,6 +31,7 @@ enum Promise : unsigned {
     kBreaks = 128,  // from a whole cell to an open hole
     kGrows = 256,   // from an open hole to a whole cell
     kDoor = 512,    // red while shut, green as it opens
+    kOpens = 2048,  // from a whole cell to next to nothing
     kAcross = 1024  // fills its cell from side to side at row 30, up to its upper edge
 };
 constexpr unsigned kFigure = kInside | kInked;
@@ -86,6 +87,11 @@ constexpr PictureRow kPictures[] = {
     {"font_for_score", 10},
     {"c_imp", 10, 0, 65},
     {"c_small", 10, kInside, 65},
+    // what lies over the halls
+    {"panel\\panel_*", 1, kFull, 35, 48},
+    {"polosa", 1, kFull, 10, 25},
+    {"open", 8, kOpens},
+    {"close", 8, kGrows},
     // walls; the plain one of each world leads its variants
     {"steny\\modul", 1, kWall, 20, 26},
     {"steny\\modul_lampa*", 1, kWall},
@@ -245,7 +251,7 @@ void keepsItsPlace(const PictureRow& row, const Frames& frames, std::size_t i) {
     EXPECT_TRUE(!promises(kSteady) || std::abs(middleOf(frame).first - middleOf(frames[0]).first) <= 3) << "it jitters";
     EXPECT_TRUE(!promises(kInside) || !touchesEdge(frame)) << "it is cut off";
     EXPECT_TRUE(!promises(kInked) || inkShareOf(frame) >= 0.9) << "ink on its edge: " << inkShareOf(frame);
-    EXPECT_TRUE(!promises(kFull) || visiblePixels(frame) == 64 * 64) << "it has a hole";
+    EXPECT_TRUE(!promises(kFull) || visiblePixels(frame) == frame.width * frame.height) << "it has a hole";
 }
 
 void joins(const PixelImage& wall, const PixelImage& plain) {
@@ -305,6 +311,7 @@ TEST(Pictures, KeepWhatTheyPromise) {
             EXPECT_LE(highestRow(frames[0]), 1);
         }
         if ((row->promises & (kBreaks | kGrows)) != 0) opens(frames, (row->promises & kGrows) != 0);
+        if ((row->promises & kOpens) != 0) opens(Frames(frames.rbegin(), frames.rend()), true);
         if ((row->promises & kDoor) != 0) isDoor(frames);
     }
 }

@@ -10,6 +10,7 @@
 #include "grub_room.h"
 #include "jelezo_room.h"
 #include "lady.h"
+#include "overlay_room.h"
 #include "podval_room.h"
 #include "rat.h"
 #include "things_room.h"
@@ -21,7 +22,7 @@ namespace {
 
 constexpr std::array kRooms{
     Room{"grub", grubRoom},   Room{"enemies", enemiesRoom}, Room{"things", thingsRoom}, Room{"common", commonRoom},
-    Room{"turma", turmaRoom}, Room{"jelezo", jelezoRoom},   Room{"podval", podvalRoom},
+    Room{"turma", turmaRoom}, Room{"jelezo", jelezoRoom},   Room{"podval", podvalRoom}, Room{"overlay", overlayRoom},
 };
 
 template <class Entries>
