@@ -92,6 +92,22 @@ TEST(Canvas, LinesGrowWithTheWholeMagnification) {
     EXPECT_NEAR(lineWidth(draw(2.5, 1), 112), 3, 1);
 }
 
+// The game shows mirrored frames beside the others.
+TEST(Canvas, LightsBothSidesAlike) {
+    Canvas canvas(64, 64);
+    canvas.part(ellipse({32, 32}, 20, 26), material(rgb(0x9090a0)), {.bevel = 20});
+    const PixelImage egg = canvas.picture();
+    double left = 0;
+    double right = 0;
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            left += egg.at(x, y).g;
+            right += egg.at(63 - x, y).g;
+        }
+    }
+    EXPECT_NEAR(left / right, 1, 0.06);
+}
+
 TEST(Canvas, StampsPicturesPixelForPixel) {
     PixelImage picture(3, 2);
     for (int i = 0; i < 6; ++i)

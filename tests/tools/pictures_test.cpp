@@ -12,6 +12,9 @@
 #include <vector>
 
 #include "built_strips.h"
+#include "level_list.h"
+#include "level_loader.h"
+#include "level_picture.h"
 #include "loading_list.h"
 
 namespace grub {
@@ -191,11 +194,11 @@ double lightOf(const Pixel& p) {
 }
 double brightnessOf(double light) { return light > 0.008856 ? 116 * std::cbrt(light) - 16 : 903.3 * light; }
 
-/// L* of the mean light of what is visible.
-double brightnessOf(const PixelImage& image) {
+/// Of what is visible.
+double meanLightOf(const PixelImage& image) {
     double sum = 0;
     for (const Pixel& p : image.pixels) sum += isVisible(p) ? lightOf(p) : 0;
-    return brightnessOf(sum / static_cast<double>(std::max<std::ptrdiff_t>(1, visiblePixels(image))));
+    return sum / static_cast<double>(std::max<std::ptrdiff_t>(1, visiblePixels(image)));
 }
 
 /// Share of dark pixels among the visible ones that touch what is clear.
@@ -296,7 +299,7 @@ TEST(Pictures, KeepWhatTheyPromise) {
         ASSERT_NE(row, nullptr) << "the table has no row for it";
         const Frames& frames = builtStrip(strip.name);
         ASSERT_EQ(frames.size(), static_cast<std::size_t>(row->frames));
-        const double brightness = brightnessOf(frames[0]);
+        const double brightness = brightnessOf(meanLightOf(frames[0]));
         EXPECT_TRUE(brightness >= row->darkest && brightness <= row->brightest) << brightness;
         for (std::size_t i = 0; i < frames.size(); ++i) {
             SCOPED_TRACE(i);
@@ -349,6 +352,46 @@ TEST(Pictures, ThatShowDifferentThingsDiffer) {
             seen.push_back(&frame);
         }
     }
+}
+
+/// Mean light of a cell of a level's picture.
+double lightOfCell(const PixelImage& level, int column, int row) {
+    double sum = 0;
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 64; ++x) sum += lightOf(level.at(column * 64 + x, row * 64 + y));
+    }
+    return sum / (64 * 64);
+}
+
+// Torches, keys and figures that stand there at the start may be bright.
+TEST(Levels, AreDarkWhereGrubGoes) {
+    ResourcePackage levels(GRUB_DATA_DIR "/levels.pak");
+    ResourcePackage pictures(GRUB_DATA_DIR "/data64.pak");
+    const double grub = meanLightOf(builtFrame("grub\\ani_01"));
+    int drawn = 0;
+    for (const std::string_view level : kLevelNames) {
+        const std::string name(level);
+        if (!levels.exists(name.c_str())) continue;
+        SCOPED_TRACE(name);
+        LevelLoader loader(levels);
+        std::string reason;
+        ASSERT_TRUE(loader.loadBlockTypes());
+        std::optional<LevelMap> map = loader.load(name, reason);
+        ASSERT_TRUE(map) << reason;
+        const PixelImage picture = drawLevelPicture(*map, pictures).image;
+        ++drawn;
+        int cells = 0;
+        int bright = 0;
+        for (int y = 0; y < map->height(); ++y) {
+            for (int x = 0; x < map->width(); ++x) {
+                if (map->cellAt(x, y).type != BlockType::Empty) continue;
+                ++cells;
+                bright += (grub + 0.05) / (lightOfCell(picture, x, y) + 0.05) < 2.5 ? 1 : 0;
+            }
+        }
+        EXPECT_LE(bright, cells / 10) << "of " << cells << " cells";
+    }
+    EXPECT_GT(drawn, 0);
 }
 
 // The rules move the rat half a cell at once, at the start of its fall and of its leap.

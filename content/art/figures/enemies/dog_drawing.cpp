@@ -29,11 +29,11 @@ constexpr Point kTailTip{9.2, 28.8};
 /// Hips lowered by more than this are those of a sitting dog.
 constexpr double kSitting = 2;
 
-const Joints& jointsOf(View view) {
+const Joints& jointsOf(FigureView view) {
     switch (view) {
-        case View::Side: return kSide;
-        case View::Front: return kFront;
-        case View::Back: return kBack;
+        case FigureView::Side: return kSide;
+        case FigureView::Front: return kFront;
+        case FigureView::Back: return kBack;
     }
     return kSide;
 }
@@ -55,9 +55,9 @@ Point tailInBody(const Pose& pose) { return Affine{}.rotated(-pose.lean).apply(p
 
 void drawTrunk(Canvas& canvas, const Pose& pose) {
     switch (pose.view) {
-        case View::Side: return drawDogSide(canvas, tailInBody(pose));
-        case View::Front: return drawDogChest(canvas);
-        case View::Back: return drawDogBack(canvas);
+        case FigureView::Side: return drawDogSide(canvas, tailInBody(pose));
+        case FigureView::Front: return drawDogChest(canvas);
+        case FigureView::Back: return drawDogBack(canvas);
     }
 }
 
@@ -138,9 +138,9 @@ void drawDog(Canvas& canvas, const Pose& pose, const Expression& expression, con
     const auto cell = canvas.placed(kMiddle * -1);
     const Joints at = posed(pose);
     switch (pose.view) {
-        case View::Side: return drawFromSide(canvas, pose, expression, at);
-        case View::Front: return drawFromFront(canvas, pose, expression, at);
-        case View::Back: return drawFromBehind(canvas, pose, expression, at);
+        case FigureView::Side: return drawFromSide(canvas, pose, expression, at);
+        case FigureView::Front: return drawFromFront(canvas, pose, expression, at);
+        case FigureView::Back: return drawFromBehind(canvas, pose, expression, at);
     }
 }
 

@@ -78,7 +78,7 @@ Pose lying() {
 
 /// Over an edge at the foot of the cell: the body is foreshortened behind the head, which hides the hind legs.
 Pose leaningOver() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .hips = {0, -1},
             .head = {.turn = 0, .shift = {0, 13}},
             .nearArm = {.hand = {12, kRoundPawRow}, .bend = 1, .shoulder = {1, 4}},
@@ -88,7 +88,7 @@ Pose leaningOver() {
 }
 
 Pose begging() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .hips = {0, 3},
             .head = {.turn = 0, .tilt = 0.06, .shift = {0, -4}},
             .nearArm = {.hand = {18, 46.6}, .bend = 1, .shoulder = {-2, -2}},
@@ -158,7 +158,7 @@ Pose dogClimb(double phase) {
     const auto held = [phase](double share, double top) { return heldRow(2 * phase + share, kStride, 0.5, top); };
     const double left = held(0, 8.5);
     const double right = held(0.5, 8.5);
-    return {.view = View::Back,
+    return {.view = FigureView::Back,
             .hips = {0, 0.6 * wave(4 * phase)},
             .lean = 0.004 * (left - right),
             .nearArm = {.hand = {14, left}, .bend = -1},
@@ -170,7 +170,7 @@ Pose dogClimb(double phase) {
 
 Pose dogFall(double phase) {
     const double flail = 3 * wave(phase * 2);
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .head = {.turn = 0, .shift = {0, -1}},
             .nearArm = {.hand = {15 - flail * 0.4, 46 + flail}, .bend = 1, .grip = Grip::Open},
             .farArm = {.hand = {49 - flail * 0.4, 46 - flail}, .bend = -1, .grip = Grip::Open},
@@ -180,7 +180,7 @@ Pose dogFall(double phase) {
 
 Pose dogPlunge(double phase) {
     const double flail = 4 * wave(phase * 2);
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .head = {.turn = 0, .tilt = 0.0125 * flail, .shift = {0, -1}},
             .nearArm = {.hand = {10, 23 + flail}, .bend = 1, .grip = Grip::Open},
             .farArm = {.hand = {54, 23 - flail}, .bend = -1, .grip = Grip::Open},
@@ -193,7 +193,7 @@ Pose dogEscape(double phase, double out) {
     const double right = heldRow(phase + 0.5, kCycle / 2, 0.5, 12);
     const double kick = 3 * wave(phase) * (1 - out);
     const double row = kRoundPawRow - std::abs(kick);
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .head = {.turn = 0, .tilt = 0.05 * (left - right) / 16 * (1 - out), .shift = {0, out - 1}},
             .nearArm = {.hand = mix(Point{10, left}, Point{17, kRoundPawRow}, out), .bend = 1},
             .farArm = {.hand = mix(Point{54, right}, Point{47, kRoundPawRow}, out), .bend = -1},
@@ -202,7 +202,7 @@ Pose dogEscape(double phase, double out) {
 }
 
 Pose dogGuard() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .head = {.turn = 0},
             .nearArm = {.hand = {17, kRoundPawRow}, .bend = 1, .bone = 9.6},
             .farArm = {.hand = {47, kRoundPawRow}, .bend = -1, .bone = 9.6},
@@ -211,7 +211,7 @@ Pose dogGuard() {
 }
 
 Pose dogTrapped() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .hips = {0, 3},
             .head = {.turn = 0, .tilt = 0.14},
             .nearArm = {.hand = {26.4, kRoundPawRow - 0.4}, .bend = 1, .shoulder = {2, 0}},

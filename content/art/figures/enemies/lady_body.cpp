@@ -149,22 +149,22 @@ void drawBowFromSide(Canvas& canvas, double swing) {
 }
 
 /// What of the pin in the bow shows from the front or from the side, beyond the dress.
-void drawPinBehind(Canvas& canvas, View view) {
-    if (view == View::Side) return drawProp(canvas, {9.4, 42}, {Prop::RollingPin, -0.42});
+void drawPinBehind(Canvas& canvas, FigureView view) {
+    if (view == FigureView::Side) return drawProp(canvas, {9.4, 42}, {Prop::RollingPin, -0.42});
     drawKnot(canvas, {32, 36});
     drawProp(canvas, {31, 36.6}, {Prop::RollingPin, 0.12});
 }
 
 }  // namespace
 
-void drawLadyDress(Canvas& canvas, View view, const LadySkirt& skirt) {
-    if (skirt.pinInBow && view != View::Back) drawPinBehind(canvas, view);
+void drawLadyDress(Canvas& canvas, FigureView view, const LadySkirt& skirt) {
+    if (skirt.pinInBow && view != FigureView::Back) drawPinBehind(canvas, view);
     drawSkirt(canvas, skirt);
-    if (view != View::Back) {
-        const double turn = view == View::Side ? 4 : 0;
+    if (view != FigureView::Back) {
+        const double turn = view == FigureView::Side ? 4 : 0;
         drawShoulders(canvas, turn);
         drawApron(canvas, turn, skirt);
-        if (view == View::Side) drawBowFromSide(canvas, skirt.swing);
+        if (view == FigureView::Side) drawBowFromSide(canvas, skirt.swing);
         return;
     }
     canvas.part(ellipse({32, 28.6}, 9.4, 4.8), kLadyDress, {.bevel = 4.4, .line = 1.1});

@@ -21,11 +21,11 @@ struct Joints {
     Point farHip;
 };
 
-constexpr Joints jointsOf(View view) {
+constexpr Joints jointsOf(FigureView view) {
     switch (view) {
-        case View::Side: return {{27, 30.6}, {38, 30}, {33, 47}, {31, 47}};
-        case View::Front: return {{23.6, 30}, {40.4, 30}, {28, 48}, {36, 48}};
-        case View::Back: return {{24, 30}, {40, 30}, {27, 48}, {37, 48}};
+        case FigureView::Side: return {{27, 30.6}, {38, 30}, {33, 47}, {31, 47}};
+        case FigureView::Front: return {{23.6, 30}, {40.4, 30}, {28, 48}, {36, 48}};
+        case FigureView::Back: return {{24, 30}, {40, 30}, {27, 48}, {37, 48}};
     }
     return {};
 }
@@ -42,10 +42,10 @@ void drawLady(Canvas& canvas, const Pose& pose, const Expression& expression, co
     const Joints joints = jointsOf(pose.view);
     const Point neck = body.apply(kLadyNeck);
     const auto layerOf = [&](const ArmPose& arm, Side side) {
-        const bool farFromSide = pose.view == View::Side && side == Side::Far && !arm.acrossBody;
-        if (farFromSide || pose.view == View::Back) return ArmLayer::BehindBody;
+        const bool farFromSide = pose.view == FigureView::Side && side == Side::Far && !arm.acrossBody;
+        if (farFromSide || pose.view == FigureView::Back) return ArmLayer::BehindBody;
         // No sleeve hides the face.
-        const bool below = pose.view == View::Side && side == Side::Near && arm.hand.y >= neck.y;
+        const bool below = pose.view == FigureView::Side && side == Side::Near && arm.hand.y >= neck.y;
         return below ? ArmLayer::OverAll : ArmLayer::BehindHead;
     };
     const auto drawArms = [&](ArmLayer layer) {
@@ -84,7 +84,7 @@ void drawLady(Canvas& canvas, const Pose& pose, const Expression& expression, co
 
 void drawLadyHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style) {
     const auto all = canvas.group(figureGroup(style, kEnemyOutline));
-    drawLadyHeadParts(canvas, View::Side, head, expression, Prop::None);
+    drawLadyHeadParts(canvas, FigureView::Side, head, expression, Prop::None);
 }
 
 }  // namespace grub

@@ -180,9 +180,10 @@ void drawHeadFromBehind(Canvas& canvas, const HeadPose& head) {
 
 }  // namespace
 
-void drawLadyHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression, Prop inMouth) {
+void drawLadyHeadParts(Canvas& canvas, FigureView view, const HeadPose& head, const Expression& expression,
+                       Prop inMouth) {
     const auto placed = canvas.bent(kLadyNeck, head.tilt, head.shift);
-    if (view == View::Back) {
+    if (view == FigureView::Back) {
         drawHeadFromBehind(canvas, head);
     } else {
         drawHeadTowardsUs(canvas, head, expression, inMouth);

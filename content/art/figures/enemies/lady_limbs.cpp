@@ -69,14 +69,14 @@ void drawShoeFromBehind(Canvas& canvas) {
 
 }  // namespace
 
-void drawLadyLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side side) {
-    const bool dark = view == View::Side && side == Side::Far;
+void drawLadyLeg(Canvas& canvas, FigureView view, Point hip, const LegPose& leg, Side side) {
+    const bool dark = view == FigureView::Side && side == Side::Far;
     const Material& stocking = dark ? kFarStocking : kStocking;
     const Material& leather = dark ? kFarShoe : kShoe;
-    if (view != View::Side) {
+    if (view != FigureView::Side) {
         canvas.part(limb({{hip, 3}, {leg.sole + Point{0, -4}, 2.5}}), stocking, {.bevel = 2.4, .line = 1.1});
         const auto foot = canvas.placed(leg.sole, leg.angle);
-        return view == View::Front ? drawShoeFromFront(canvas) : drawShoeFromBehind(canvas);
+        return view == FigureView::Front ? drawShoeFromFront(canvas) : drawShoeFromBehind(canvas);
     }
     const Point ankle = leg.sole + Affine{}.rotated(leg.angle).apply({-1.4, -4});
     const Point knee = jointOf(hip, ankle, 6.4, 6.4, leg.bend);
@@ -85,8 +85,8 @@ void drawLadyLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side 
     drawShoeFromSide(canvas, leather);
 }
 
-void drawLadyArm(Canvas& canvas, View view, Point shoulder, const ArmPose& arm, Side side) {
-    const bool dark = view == View::Side && side == Side::Far && !arm.acrossBody;
+void drawLadyArm(Canvas& canvas, FigureView view, Point shoulder, const ArmPose& arm, Side side) {
+    const bool dark = view == FigureView::Side && side == Side::Far && !arm.acrossBody;
     const Material& skin = dark ? kFarSkin : kLadySkin;
     const double bone = arm.bone > 0 ? arm.bone : std::max(6.6, length(arm.hand - shoulder) / 2 * 1.05);
     const Point elbow = jointOf(shoulder, arm.hand, bone, bone, arm.bend);

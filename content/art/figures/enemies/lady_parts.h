@@ -18,7 +18,8 @@ inline constexpr Material kLadyDress = glossy(material(0xc4489c, 0x6c2a86, 0xf79
 inline constexpr Point kLadyNeck{32, 26};
 
 /// Head with bun over kLadyNeck, stars included. `inMouth` is between her teeth.
-void drawLadyHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression, Prop inMouth);
+void drawLadyHeadParts(Canvas& canvas, FigureView view, const HeadPose& head, const Expression& expression,
+                       Prop inMouth);
 
 /// Her mouth, its middle on the origin.
 void drawLadyMouth(Canvas& canvas, const Expression& expression);
@@ -33,14 +34,14 @@ struct LadySkirt {
     bool pinInBow = false;
 };
 /// Dress with apron, from neck to hem.
-void drawLadyDress(Canvas& canvas, View view, const LadySkirt& skirt);
+void drawLadyDress(Canvas& canvas, FigureView view, const LadySkirt& skirt);
 /// The same from the front while she bends down over an edge, which cuts it off at row 36, before the pose moves it.
 void drawLadyBentDress(Canvas& canvas);
 
 /// A leg with its shoe, from the joint `hip` on.
-void drawLadyLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side side);
+void drawLadyLeg(Canvas& canvas, FigureView view, Point hip, const LegPose& leg, Side side);
 
 /// A sleeved arm with its hand and what it holds: a fist closes around it, on an open hand it lies.
-void drawLadyArm(Canvas& canvas, View view, Point shoulder, const ArmPose& arm, Side side);
+void drawLadyArm(Canvas& canvas, FigureView view, Point shoulder, const ArmPose& arm, Side side);
 
 }  // namespace grub

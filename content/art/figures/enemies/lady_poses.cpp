@@ -78,7 +78,7 @@ Pose tiptoe() {
 
 /// Bends down over an edge at the cell's foot, which her hands grip.
 Pose leanOver() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .hips = {0, 24.6},
             .bentOver = true,
             .head = {.turn = 0, .shift = {0, 1}},
@@ -99,7 +99,7 @@ Pose serve() {
 
 /// The winner: the pin on her shoulder, a fist on her hip.
 Pose pinOnShoulder() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .hips = {-0.6, 0},
             .lean = -0.03,
             .head = {.turn = 2, .tilt = -0.05},
@@ -145,7 +145,7 @@ Pose ladyClimb(double phase) {
     const double right = heldRow(phase + 0.5, kCycle, kDuty, 8);
     // The hem hides how far a shoe goes up.
     const auto sole = [](double at) { return std::clamp(heldRow(at, kCycle, 0.25, 45.4), 57.0, kGround); };
-    return {.view = View::Back,
+    return {.view = FigureView::Back,
             .hips = {0, 1},
             .lean = 0.0026 * (left - right),
             .head = {.turn = 0},
@@ -177,7 +177,7 @@ Pose ladyHang(double phase) {
 }
 
 Pose ladyStand() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .head = {.turn = 0},
             .nearArm = leftArm({20, 41}),
             .farArm = rightArm({44, 38}, pin(-1.2)),
@@ -187,7 +187,7 @@ Pose ladyStand() {
 
 Pose ladyFall(double phase) {
     const double flail = wave(phase * 2);
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .lean = 0.016 * flail,
             .head = {.turn = 0, .tilt = 0.024 * flail},
             .nearArm = leftArm({12 - flail, 25 + 3 * flail}, Grip::Open),
@@ -198,7 +198,7 @@ Pose ladyFall(double phase) {
 }
 
 Pose ladyTrapped() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .hips = {0, 3.6},
             .lean = 0.056,
             .head = {.turn = 0, .tilt = 0.09, .hatShift = {1.6, 0.6}},
@@ -220,7 +220,7 @@ Pose ladyEscape(int index) {
     const double kick = 1.8 * wave(turns) * (1 - out);
     const double tilt = 0.05 * (left - right) / 16 * (1 - out);
     const Grip grip = climbing ? Grip::Open : Grip::Fist;
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .lean = 0.4 * tilt,
             .head = {.turn = 0, .tilt = 0.6 * tilt},
             .nearArm = leftArm(mix(Point{9, left}, {20, 41}, out), grip),

@@ -40,7 +40,7 @@ constexpr double kThigh = 4.6;
 constexpr double kProfileTurn = 1.5;
 
 /// From the front the rat sits; it has no view from behind.
-const Joints& jointsOf(View view) { return view == View::Side ? kSide : kFront; }
+const Joints& jointsOf(FigureView view) { return view == FigureView::Side ? kSide : kFront; }
 
 /// A raised chin turns a head that is seen from the side, by radians for each pixel.
 constexpr double kChinTurn = 0.07;
@@ -99,7 +99,7 @@ void drawPebble(Canvas& canvas, const Pose& pose, const Expression& expression, 
 
 /// All of the head, or what lies on it where the body has drawn its shape.
 void drawHead(Canvas& canvas, const Pose& pose, const Expression& expression, Point at) {
-    const bool profile = pose.view == View::Side && pose.head.turn >= kProfileTurn;
+    const bool profile = pose.view == FigureView::Side && pose.head.turn >= kProfileTurn;
     const auto head = canvas.placed(at, headTilt(pose.head, expression));
     drawProp(canvas, {0, 10}, {pose.atNeck});
     if (profile) {
@@ -150,7 +150,7 @@ void drawRat(Canvas& canvas, const Pose& pose, const Expression& expression, con
     const auto turned = canvas.placed(kMiddle, pose.roll, pose.size, pose.size);
     const auto cell = canvas.placed(kMiddle * -1);
     const Joints at = posed(pose);
-    if (pose.view == View::Side) return drawFromSide(canvas, pose, expression, at);
+    if (pose.view == FigureView::Side) return drawFromSide(canvas, pose, expression, at);
     drawFromFront(canvas, pose, expression, at);
 }
 

@@ -124,7 +124,7 @@ Pose ratStand() {
 }
 
 Pose ratSit() {
-    return {.view = View::Front,
+    return {.view = FigureView::Front,
             .head = {.turn = 0},
             .nearArm = {.hand = {24.5, 53}, .bend = 1, .grip = Grip::Open},
             .farArm = {.hand = {39.5, 53}, .bend = -1, .grip = Grip::Open},

@@ -31,8 +31,8 @@ struct Joints {
     Point farHip;
 };
 
-constexpr Joints jointsOf(View view) {
-    if (view == View::Side) return {{24, 39}, {42, 38.6}, {33, 46.5}, {31, 46.5}};
+constexpr Joints jointsOf(FigureView view) {
+    if (view == FigureView::Side) return {{24, 39}, {42, 38.6}, {33, 46.5}, {31, 46.5}};
     return {{21, 37.5}, {43, 37.5}, {27, 46}, {37, 46}};
 }
 
@@ -98,7 +98,9 @@ struct Drawing {
     Point hung(Point joint, Point shift) const { return body.apply(joint + shift); }
 
     bool behindHead(const ArmPose& arm) const { return !arm.acrossHead && arm.hand.y < kRaised + pose.hips.y; }
-    bool beyondBody() const { return pose.view == View::Side && !pose.farArm.acrossBody && !behindHead(pose.farArm); }
+    bool beyondBody() const {
+        return pose.view == FigureView::Side && !pose.farArm.acrossBody && !behindHead(pose.farArm);
+    }
 
     void nearArm() const {
         drawGrubArm(canvas, pose.view, hung(joints.nearShoulder, pose.nearArm.shoulder), pose.nearArm, Side::Near);
@@ -147,7 +149,7 @@ void drawGrub(Canvas& canvas, const Pose& pose, const Expression& expression, co
 
 void drawGrubHead(Canvas& canvas, const HeadPose& head, const Expression& expression, const FigureStyle& style) {
     const auto group = canvas.group(figureGroup(style, kOutline));
-    drawGrubHeadParts(canvas, View::Side, head, expression);
+    drawGrubHeadParts(canvas, FigureView::Side, head, expression);
     if (expression.eyes == Eyes::Spiral) drawGrubStars(canvas, head, expression.stars);
 }
 

@@ -198,8 +198,8 @@ void drawHelmet(Canvas& canvas, double turn, bool dented) {
 
 }  // namespace
 
-void drawGrubHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression) {
-    const bool fromBehind = view == View::Back;
+void drawGrubHeadParts(Canvas& canvas, FigureView view, const HeadPose& head, const Expression& expression) {
+    const bool fromBehind = view == FigureView::Back;
     const double turn = fromBehind ? 0 : head.turn;
     const auto turned = canvas.bent(kGrubNeck, head.tilt, head.shift);
     canvas.part(headShape(), kGrubSkin, {.bevel = 6.5, .line = 1.1});

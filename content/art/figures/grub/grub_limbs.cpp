@@ -111,25 +111,26 @@ void drawBackBoot(Canvas& canvas, const Material& leather) {
 
 }  // namespace
 
-void drawGrubLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side side) {
-    const bool bright = side == Side::Near || view != View::Side;
+void drawGrubLeg(Canvas& canvas, FigureView view, Point hip, const LegPose& leg, Side side) {
+    const bool bright = side == Side::Near || view != FigureView::Side;
     const Affine foot = Affine{}.translated(leg.sole).rotated(leg.angle);
-    const Point ankle = foot.apply(view == View::Side ? Point{-0.8, -6.4} : Point{0, -6});
+    const Point ankle = foot.apply(view == FigureView::Side ? Point{-0.8, -6.4} : Point{0, -6});
     const double bone = std::clamp(kLegSlack * length(ankle - hip), kLegBoneMin, kLegBoneMax);
-    const Point knee = view == View::Side ? jointOf(hip, ankle, bone, bone, leg.bend) : mix(hip, ankle, 0.5);
+    const Point knee = view == FigureView::Side ? jointOf(hip, ankle, bone, bone, leg.bend) : mix(hip, ankle, 0.5);
     canvas.part(limb({{hip, 4.2}, {knee, 3.9}, {ankle, 3.4}}), bright ? kTrousers : kFarTrousers,
                 {.bevel = 3.6, .line = 1.2});
     const auto placed = canvas.placed(leg.sole, leg.angle);
     const Material& leather = bright ? kBoot : kFarBoot;
     switch (view) {
-        case View::Side: return leg.toes == 0 ? drawSideBoot(canvas, leather) : drawBentBoot(canvas, leather, leg.toes);
-        case View::Front: return drawFrontBoot(canvas, leather);
-        case View::Back: return drawBackBoot(canvas, leather);
+        case FigureView::Side:
+            return leg.toes == 0 ? drawSideBoot(canvas, leather) : drawBentBoot(canvas, leather, leg.toes);
+        case FigureView::Front: return drawFrontBoot(canvas, leather);
+        case FigureView::Back: return drawBackBoot(canvas, leather);
     }
 }
 
-void drawGrubArm(Canvas& canvas, View view, Point shoulder, const ArmPose& arm, Side side) {
-    const bool bright = side == Side::Near || view != View::Side;
+void drawGrubArm(Canvas& canvas, FigureView view, Point shoulder, const ArmPose& arm, Side side) {
+    const bool bright = side == Side::Near || view != FigureView::Side;
     const Material& skin = bright ? kGrubSkin : kGrubFarSkin;
     const double bone = arm.bone > 0 ? arm.bone : std::max(kShortBone, length(arm.hand - shoulder) / 2 * 1.05);
     const Point elbow = jointOf(shoulder, arm.hand, bone, bone, arm.bend);

@@ -96,7 +96,7 @@ Pose grubClimb(double phase) {
     const double left = heldRow(phase, kCycle, 0.375, kTopRung);
     const double right = heldRow(phase + 0.5, kCycle, 0.375, kTopRung);
     return {
-        .view = View::Back,
+        .view = FigureView::Back,
         .hips = {0, 1},
         .lean = 0.0022 * (left - right),
         .head = {.hatShift = {0, 0.3 * wave(2 * phase)}},
@@ -132,7 +132,7 @@ Pose grubFall(double phase) {
     const double flail = wave(phase);
     const double sideways = 1.5 * flail;
     return {
-        .view = View::Front,
+        .view = FigureView::Front,
         .hips = {0, 2},
         .lean = 0.04 * flail,
         .squash = -0.02,
@@ -159,7 +159,7 @@ Pose grubStand(double breath) {
 
 Pose grubFront(double breath) {
     Pose pose = grubStand(breath);
-    pose.view = View::Front;
+    pose.view = FigureView::Front;
     pose.head.turn = 0;
     pose.nearArm.shoulder = pose.farArm.shoulder = {0, -0.6 * breath};
     pose.nearArm.hand = {17.4, 45.4};

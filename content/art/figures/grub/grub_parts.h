@@ -17,13 +17,13 @@ inline constexpr Point kGrubNeck{32, 34};
 
 /// Head with helmet and face, moved and turned about the neck. Stars of dizziness are drawn apart, since they go around
 /// all of the head.
-void drawGrubHeadParts(Canvas& canvas, View view, const HeadPose& head, const Expression& expression);
+void drawGrubHeadParts(Canvas& canvas, FigureView view, const HeadPose& head, const Expression& expression);
 void drawGrubStars(Canvas& canvas, const HeadPose& head, double turn);
 
 /// An arm without what lies over it: sleeve and bones from `shoulder` to the hand.
-void drawGrubArm(Canvas& canvas, View view, Point shoulder, const ArmPose& arm, Side side);
+void drawGrubArm(Canvas& canvas, FigureView view, Point shoulder, const ArmPose& arm, Side side);
 
 /// A leg with its boot, from the joint `hip` on.
-void drawGrubLeg(Canvas& canvas, View view, Point hip, const LegPose& leg, Side side);
+void drawGrubLeg(Canvas& canvas, FigureView view, Point hip, const LegPose& leg, Side side);
 
 }  // namespace grub

@@ -65,11 +65,11 @@ void drawHand(Canvas& canvas, Point at, double along, Thumb thumb, Grip grip, do
     }
 }
 
-Thumb thumbOf(View view, bool nearArm) {
+Thumb thumbOf(FigureView view, bool nearArm) {
     switch (view) {
-        case View::Side: return Thumb::Left;
-        case View::Front: return nearArm ? Thumb::Left : Thumb::Right;
-        case View::Back: return nearArm ? Thumb::Right : Thumb::Left;
+        case FigureView::Side: return Thumb::Left;
+        case FigureView::Front: return nearArm ? Thumb::Left : Thumb::Right;
+        case FigureView::Back: return nearArm ? Thumb::Right : Thumb::Left;
     }
     return Thumb::Left;
 }

@@ -13,6 +13,6 @@ enum class Thumb { Left, Right };
 void drawHand(Canvas& canvas, Point at, double along, Thumb thumb, Grip grip, double size, const Material& skin);
 
 /// Where the thumb of an arm is as the view shows it: forwards and up from the side, inwards from the others.
-Thumb thumbOf(View view, bool nearArm);
+Thumb thumbOf(FigureView view, bool nearArm);
 
 }  // namespace grub

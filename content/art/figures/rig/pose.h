@@ -11,7 +11,7 @@ namespace grub {
 // clockwise. Figures face right; see FigureStyle for the other side.
 
 /// From where a figure is seen. A side view is turned a little towards the viewer.
-enum class View { Side, Front, Back };
+enum class FigureView { Side, Front, Back };
 
 /// What the fingers do.
 enum class Grip { Fist, Open, Pointing };
@@ -78,7 +78,7 @@ struct HeadPose {
 /// One attitude of a figure. "Near" is the side of the viewer in a side view, the left one on the picture in the
 /// others.
 struct Pose {
-    View view = View::Side;
+    FigureView view = FigureView::Side;
     /// Moves the body: its hips, and with them shoulders and head.
     Point hips = {};
     /// Turn of the body about the hips; forward is positive.
