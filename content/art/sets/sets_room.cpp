@@ -9,8 +9,7 @@ namespace grub {
 namespace {
 
 constexpr std::array kTables{
-    menuWallSets,
-    openingSets,
+    menuWallSets, openingSets, tunnelSets, kitchenSets, cellSets,
 };
 
 }  // namespace

@@ -17,6 +17,8 @@ struct SetDrawing {
     /// Fills `area`, whose corner lies at the origin, with what the place shows at its natural size: a smaller area
     /// shows its upper left part. It may draw beyond the area; drawSet cuts that off.
     void (*draw)(Canvas& canvas, const Rect& area);
+    /// It lies in front of figures and leaves places clear.
+    bool inFront = false;
 };
 
 /// Draws the set into `area` of the canvas; nothing of it shows outside.
@@ -35,5 +37,10 @@ std::span<const SetDrawing> menuWallSets();
 
 /// The night that the game opens with.
 std::span<const SetDrawing> openingSets();
+
+/// How Grub got in: his tunnel, the kitchen above it, the cell that they gave him.
+std::span<const SetDrawing> tunnelSets();
+std::span<const SetDrawing> kitchenSets();
+std::span<const SetDrawing> cellSets();
 
 }  // namespace grub
