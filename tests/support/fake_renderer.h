@@ -24,6 +24,18 @@ public:
         friend bool operator==(const Drawn&, const Drawn&) = default;
     };
 
+    /// What `drawPart` drew of a texture.
+    struct Part {
+        std::int16_t x;
+        std::int16_t y;
+        std::int16_t srcX;
+        std::int16_t srcY;
+        std::uint16_t w;
+        std::uint16_t h;
+
+        friend bool operator==(const Part&, const Part&) = default;
+    };
+
     /// One at a time: the end of one leaves the program without a renderer.
     FakeRenderer() { EngineServices::installRenderer(this); }
     FakeRenderer(const FakeRenderer&) = delete;
@@ -38,8 +50,9 @@ public:
     bool endFrame() override { return onEndFrame ? onEndFrame(), true : true; }
     bool clearRect(std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, Colour) override { return true; }
     bool clear(Colour) override { return true; }
-    bool drawPart(std::int16_t x, std::int16_t y, const Texture& texture, std::int16_t, std::int16_t, std::uint16_t,
-                  std::uint16_t, float alpha) override {
+    bool drawPart(std::int16_t x, std::int16_t y, const Texture& texture, std::int16_t srcX, std::int16_t srcY,
+                  std::uint16_t w, std::uint16_t h, float alpha) override {
+        parts.push_back({x, y, srcX, srcY, w, h});
         return draw(x, y, texture, alpha);
     }
     bool draw(std::int16_t x, std::int16_t y, const Texture& texture, float alpha) override {
@@ -51,6 +64,7 @@ public:
     int uploadsLeft = 1000000;           ///< the uploads after these fail
     std::vector<FakeTexture*> textures;  ///< that exist, oldest first
     std::vector<Drawn> drawn;            ///< everything drawn so far
+    std::vector<Part> parts;             ///< those of `drawn` that are parts of a texture
     /// Called in the middle of `endFrame`, on the thread that draws; may be empty.
     std::function<void()> onEndFrame;
 };
