@@ -11,6 +11,7 @@ namespace grub {
 [[nodiscard]] std::vector<Command> packCommands();
 [[nodiscard]] std::vector<Command> levelCommands();
 [[nodiscard]] std::vector<Command> renderCommands();
+[[nodiscard]] std::vector<Command> pageCommands();
 [[nodiscard]] std::vector<Command> synthCommands();
 /// Exit code 2 when the game cannot be played.
 [[nodiscard]] std::vector<Command> captureCommands();

@@ -11,7 +11,8 @@ constexpr int kSamples = 4;
 /// Design pixels drawn beyond the edges of a cell that joins its neighbours: more than any bevel and shadow reaches.
 constexpr int kJoinMargin = 16;
 
-/// Gives clear pixels the colour of the nearest pixel that is not clear; alpha stays.
+}  // namespace
+
 void spreadColours(PixelImage& image) {
     std::vector<Box> ring;  // the pixels coloured last, each as a box of one
     std::vector<bool> coloured(image.pixels.size());
@@ -43,8 +44,6 @@ void spreadColours(PixelImage& image) {
         ring = std::move(next);
     }
 }
-
-}  // namespace
 
 std::vector<StripDrawing> joined(std::initializer_list<std::span<const StripDrawing>> tables) {
     std::vector<StripDrawing> all;

@@ -41,6 +41,9 @@ struct StripDrawing {
     void (*draw)(Canvas& canvas, FrameOf frame);
 };
 
+/// Gives clear pixels the colour of the nearest pixel that is not clear; alpha stays.
+void spreadColours(PixelImage& image);
+
 /// The strips of several tables, one table after another.
 std::vector<StripDrawing> joined(std::initializer_list<std::span<const StripDrawing>> tables);
 
