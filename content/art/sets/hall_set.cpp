@@ -7,6 +7,7 @@
 #include <mutex>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "jelezo_room.h"
 #include "podval_room.h"
@@ -42,15 +43,28 @@ constexpr std::array kHalls{
               {"poly\\tr_pol3", "poly\\tr_pol4"}},
 };
 
-/// The first frame of a strip, drawn once. Any thread may ask.
-const PixelImage& tile(const HallTiles& hall, std::string_view name) {
+/// The first frame of a strip, `scale` times as large as in play. Tiles join, so the drawing goes on around the cell.
+PixelImage drawnTile(const StripDrawing& strip, double scale) {
+    constexpr int kSamples = 2;
+    constexpr int kMargin = 32;
+    if (scale == 1) return renderFrame(strip, 0);
+    const int side = static_cast<int>(kCell * scale);
+    Canvas canvas(side, side, kSamples, kMargin);
+    const auto enlarged = canvas.placed({}, 0, scale, scale);
+    strip.draw(canvas, {0, strip.frames, strip.name});
+    return canvas.picture();
+}
+
+/// The tile of that name and size, drawn once. Any thread may ask.
+const PixelImage& tile(const HallTiles& hall, std::string_view name, double scale) {
     static std::mutex mutex;
-    static std::map<std::string_view, PixelImage> drawn;
+    static std::map<std::pair<std::string_view, double>, PixelImage> drawn;
     const std::scoped_lock lock(mutex);
-    if (const auto known = drawn.find(name); known != drawn.end()) return known->second;
+    if (const auto known = drawn.find({name, scale}); known != drawn.end()) return known->second;
     const auto strips = hall.room();
     const auto strip = std::ranges::find(strips, name, &StripDrawing::name);
-    return drawn.emplace(name, strip == strips.end() ? PixelImage{} : renderFrame(*strip, 0)).first->second;
+    return drawn.emplace(std::pair{name, scale}, strip == strips.end() ? PixelImage{} : drawnTile(*strip, scale))
+        .first->second;
 }
 
 /// One of the variants, the first more often than the others.
@@ -66,10 +80,11 @@ void drawHall(Canvas& canvas, const HallSet& set, Point corner) {
     const HallTiles& hall = kHalls[static_cast<std::size_t>(set.hall)];
     for (int row = 0; row < set.rows; ++row) {
         for (int column = 0; column < set.columns; ++column) {
-            const Point at = corner + Point{column * 1.0 * kCell, row * 1.0 * kCell};
-            canvas.stamp(tile(hall, mixed(hall.walls, column, row)), at);
+            const Point at = corner + Point{1.0 * column, 1.0 * row} * (kCell * set.scale);
+            canvas.stamp(tile(hall, mixed(hall.walls, column, row), set.scale), at);
             if (row < set.floorRow) continue;
-            canvas.stamp(tile(hall, mixed(row == set.floorRow ? hall.floors : hall.under, column, row)), at);
+            const auto& floors = row == set.floorRow ? hall.floors : hall.under;
+            canvas.stamp(tile(hall, mixed(floors, column, row), set.scale), at);
         }
     }
 }

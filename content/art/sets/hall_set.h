@@ -7,16 +7,18 @@ namespace grub {
 /// A world to stand in.
 enum class Hall { Turma, Jelezo, Podval };
 
-/// The part of a hall that a page shows behind its figures, in cells of 64 pixels.
+/// The part of a hall that a page shows behind its figures, in cells of 64 pixels times `scale`.
 struct HallSet {
     Hall hall = Hall::Turma;
     int columns = 1;
     int rows = 1;
     /// The row whose upper edge is walked on; from `rows` on there is wall alone.
     int floorRow = 1;
+    /// How many times as large as in play; 64 times it is a whole number.
+    double scale = 1;
 };
 
-/// Draws the hall with the tiles of the game, pixel for pixel, its upper left corner at `corner`.
+/// Draws the hall with the tiles of the game, its upper left corner at the whole pixel nearest to `corner`.
 void drawHall(Canvas& canvas, const HallSet& set, Point corner);
 
 }  // namespace grub

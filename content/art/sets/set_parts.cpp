@@ -25,14 +25,14 @@ Rect around(std::span<const Point> points) {
 
 }  // namespace
 
-void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scale) {
+void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scale, int frame) {
     for (const auto room : {turmaRoom, jelezoRoom, podvalRoom, commonRoom}) {
         const auto strips = room();
         const auto found = std::ranges::find(strips, strip, &StripDrawing::name);
         if (found == strips.end()) continue;
         const auto cell = canvas.placed(corner, 0, scale, scale);
         const auto group = canvas.group({.box = Rect{0, 0, 1.0 * found->width, 1.0 * found->frameHeight}});
-        found->draw(canvas, {0, found->frames, strip});
+        found->draw(canvas, {frame, found->frames, strip});
         return;
     }
 }
@@ -59,6 +59,30 @@ void drawBeam(Canvas& canvas, Point from, double fromWidth, Point to, double toW
         const auto light = canvas.group({.box = around(corners), .clip = &cone});
         canvas.halo(from, length(to - from), colour, 2 * strength / kLayers);
     }
+}
+
+void drawCrumbs(Canvas& canvas, double left, double right, double floor, double height, Rgb colour,
+                std::uint32_t seed) {
+    const auto count = static_cast<std::uint32_t>((right - left) * height / 70);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const double up = 1 - static_cast<double>(i + 1) / count;  // from the top, so that the lower ones lie in front
+        const double half = (right - left) / 2 * (1 - 0.85 * up);
+        const double x = (left + right) / 2 + half * (2.0 * randomShare(i, 1, seed) - 1);
+        const double radius = 4.5 + 4.5 * randomShare(i, 2, seed);
+        const Rgb shade = colour * (0.85F + 0.3F * randomShare(i, 3, seed));
+        canvas.part(ellipse({x, floor - radius * 0.8 - up * height}, radius, radius * 0.88, i), stony(shade, 1, 0.12F),
+                    {.bevel = radius * 0.9, .line = 1.2});
+    }
+}
+
+void drawRubblePiece(Canvas& canvas, Point centre, double width, double height, double angle, Rgb colour) {
+    const auto turned = canvas.placed(centre, angle);
+    const double x = width / 2;
+    const double y = height / 2;
+    canvas.part(
+        polygon({{-x, -y * 0.8}, {-x * 0.2, -y}, {x * 0.9, -y * 0.9}, {x, y * 0.5}, {x * 0.4, y}, {-x * 0.9, y}},
+                height * 0.18),
+        stony(colour, 1.2F, 0.13F), {.bevel = height * 0.3, .line = 1.4});
 }
 
 void drawRibbon(Canvas& canvas, std::span<const Point> points, double width, Rgb colour, float strength) {

@@ -10,9 +10,9 @@ namespace grub {
 
 // What the sets of several pages are made of. Lengths in pixels of the page.
 
-/// A thing of the halls, `scale` times as large as in play: the first frame of that strip, its upper left corner at
-/// `corner`. Draws nothing for a name that no hall has.
-void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scale = 1);
+/// A thing of the halls, `scale` times as large as in play: a frame of that strip, its upper left corner at `corner`.
+/// Draws nothing for a name that no hall has.
+void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scale = 1, int frame = 0);
 
 /// An even change of colour from the upper edge of the area to its lower one.
 void drawGradient(Canvas& canvas, const Rect& area, Rgb top, Rgb bottom);
@@ -20,6 +20,12 @@ void drawGradient(Canvas& canvas, const Rect& area, Rgb top, Rgb bottom);
 /// A soft beam of light from a lamp at `from`, where it is `fromWidth` wide, to `to`, where it is `toWidth` wide. It is
 /// strongest at the lamp, with `strength` 0 to 1, and has faded away at `to`.
 void drawBeam(Canvas& canvas, Point from, double fromWidth, Point to, double toWidth, Rgb colour, float strength);
+
+/// A heap of round crumbs of earth and stone on the row `floor`, highest in its middle.
+void drawCrumbs(Canvas& canvas, double left, double right, double floor, double height, Rgb colour, std::uint32_t seed);
+
+/// A block or clod that flies: an uneven stone about `centre`, turned by `angle`.
+void drawRubblePiece(Canvas& canvas, Point centre, double width, double height, double angle, Rgb colour);
 
 /// A translucent ribbon through the points of a curve (a start, then triples of handle, handle, end) that is thin at
 /// its ends: steam, smoke. `width` in the middle.

@@ -9,7 +9,7 @@ namespace grub {
 namespace {
 
 constexpr std::array kTables{
-    menuWallSets, openingSets, tunnelSets, kitchenSets, cellSets,
+    menuWallSets, openingSets, tunnelSets, kitchenSets, cellSets, prisonSets, worksSets, cellarSets, meadowSets,
 };
 
 }  // namespace

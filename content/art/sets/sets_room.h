@@ -43,4 +43,16 @@ std::span<const SetDrawing> tunnelSets();
 std::span<const SetDrawing> kitchenSets();
 std::span<const SetDrawing> cellSets();
 
+/// How Grub digs on: the cell by moonlight, the corridor of the rats, the hall with a door.
+std::span<const SetDrawing> prisonSets();
+
+/// The iron works: where Grub falls in, the hole above him, the way down.
+std::span<const SetDrawing> worksSets();
+
+/// The end of the cellar.
+std::span<const SetDrawing> cellarSets();
+
+/// The meadow outside, at sunrise and at noon.
+std::span<const SetDrawing> meadowSets();
+
 }  // namespace grub
