@@ -43,40 +43,42 @@ void drawShelf(Canvas& canvas, Point left, double width) {
         canvas.part(polygon({{x - 3, 5}, {x + 3, 5}, {x + 2, 15}, {x - 2, 15}}, 1), kWood, {.bevel = 2, .line = 1});
 }
 
-namespace {
-
-/// Rows of the floor, where it meets the wall and where the picture ends, and the point to which its joints run.
-constexpr double kFloorTop = 206;
-constexpr double kFloorEnd = 288;
-constexpr Point kVanishing{200, 40};
-
-/// Tiles of the floor, seen from above its edge.
-void drawTiles(Canvas& canvas) {
-    constexpr std::array kRows{206.0, 219.0, 236.0, 258.0, 290.0};
-    constexpr double kEvery = 58;  // columns of joints at the lowest row
+void drawTiledFloor(Canvas& canvas, const TiledFloor& floor) {
+    const double top = floor.rows.front();
+    const double end = floor.rows.back();
+    const double gap = 0.8 * floor.scale;
     const auto at = [&](double x, double y) {
-        const double share = (y - kVanishing.y) / (kRows.back() - kVanishing.y);
-        return Point{kVanishing.x + (x - kVanishing.x) * share, y};
+        const double share = (y - floor.vanishing.y) / (end - floor.vanishing.y);
+        return Point{floor.vanishing.x + (x - floor.vanishing.x) * share, y};
     };
-    canvas.flat(rectangle(0, kFloorTop, 400, kFloorEnd - kFloorTop), rgb(0x2a1c28));
-    for (std::size_t row = 0; row + 1 < kRows.size(); ++row) {
-        for (int column = -5; column < 10; ++column) {
-            const double left = column * kEvery;
+    canvas.flat(rectangle(0, top, floor.width, end - top), rgb(0x2a1c28));
+    for (std::size_t row = 0; row + 1 < floor.rows.size(); ++row) {
+        const double upper = floor.rows[row] + gap;
+        const double lower = floor.rows[row + 1] - gap / 2;
+        for (int column = -5; column < 11; ++column) {
+            const double left = column * floor.every + gap;
+            const double right = (column + 1) * floor.every - gap;
             const bool light = (static_cast<int>(row) + column) % 2 == 0;
-            canvas.part(polygon({at(left + 0.8, kRows[row] + 0.8), at(left + kEvery - 0.8, kRows[row] + 0.8),
-                                 at(left + kEvery - 0.8, kRows[row + 1] - 0.4), at(left + 0.8, kRows[row + 1] - 0.4)},
-                                2),
-                        glossy(material(light ? rgb(0x9c7f70) : rgb(0x5d4052)), 0.25F, 0.05F),
-                        {.bevel = 2.4, .line = 0, .shadow = 0});
+            canvas.part(
+                polygon({at(left, upper), at(right, upper), at(right, lower), at(left, lower)}, 2 * floor.scale),
+                glossy(material(light ? rgb(0x9c7f70) : rgb(0x5d4052)), 0.25F, 0.05F),
+                {.bevel = 2.4 * floor.scale, .line = 0, .shadow = 0});
         }
     }
-    canvas.shadeRows(kFloorTop, kFloorTop + 30, 0.5F, 0.95F);
+    canvas.shadeRows(top, top + 0.36 * (end - top), 0.5F, 0.95F);
 }
+
+namespace {
+
+/// Row in which the floor meets the wall.
+constexpr double kFloorTop = 206;
+constexpr std::array kFloorRows{kFloorTop, 219.0, 236.0, 258.0, 290.0};
+constexpr TiledFloor kFloor{.rows = kFloorRows, .every = 58, .vanishing = {200, 40}, .width = 400, .scale = 1};
 
 /// The fire lights what has been drawn.
 void lightKitchen(Canvas& canvas) {
-    canvas.glow({20, 180}, 360, kTurma.glow, 0.42F);
-    canvas.dimAround({110, 190}, 420, 0.5F);
+    canvas.glow({30, 190}, 330, kTurma.glow, 0.3F);
+    canvas.dimAround({130, 190}, 400, 0.4F);
 }
 
 /// The hole that Grub's head looks out of.
@@ -96,7 +98,7 @@ void drawKitchen(Canvas& canvas, const Rect&) {
     }
     {
         const auto floor = canvas.group();
-        drawTiles(canvas);
+        drawTiledFloor(canvas, kFloor);
     }
     drawShelf(canvas, {124, 116}, 118);
     drawHearth(canvas, {-52, 82}, 1.02);
@@ -130,7 +132,7 @@ void drawHoleEdge(Canvas& canvas, const Rect&) {
                                          {middle.x - rx, middle.y}}));
     {
         const auto before = canvas.group({.outline = 1.4, .clip = &front});
-        drawTiles(canvas);
+        drawTiledFloor(canvas, kFloor);
         lightKitchen(canvas);
     }
     const Material loose = glossy(material(rgb(0xa98a78)), 0.25F, 0.1F);

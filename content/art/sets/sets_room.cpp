@@ -9,7 +9,9 @@ namespace grub {
 namespace {
 
 constexpr std::array kTables{
-    menuWallSets, openingSets, tunnelSets, kitchenSets, cellSets, prisonSets, worksSets, cellarSets, meadowSets,
+    menuWallSets, openingSets, tunnelSets,     kitchenSets,    cellSets,        prisonSets,
+    worksSets,    cellarSets,  meadowSets,     menuWallSets,   openingSets,     tunnelSets,
+    kitchenSets,  cellSets,    dogKitchenSets, shadowWallSets, closedFloorSets, openDoorSets,
 };
 
 }  // namespace

@@ -55,4 +55,10 @@ std::span<const SetDrawing> cellarSets();
 /// The meadow outside, at sunrise and at noon.
 std::span<const SetDrawing> meadowSets();
 
+/// Where an attempt ends: the dog's kitchen; walls on which shadows fall; a floor that has closed; an open door.
+std::span<const SetDrawing> dogKitchenSets();
+std::span<const SetDrawing> shadowWallSets();
+std::span<const SetDrawing> closedFloorSets();
+std::span<const SetDrawing> openDoorSets();
+
 }  // namespace grub
