@@ -81,7 +81,7 @@ inline constexpr std::uint16_t kDrawnCodes[] = {
 /// picture 5, exits open with animation 99.
 [[nodiscard]] inline std::string drawnBlockTable() {
     return "[1]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=90\r\n[2]\r\ntype=2\r\n[3]\r\ntype=3\r\n[5]\r\ntype=5\r\n"
-           "[6]\r\ntype=6\r\nspriteRost=50\r\n[8]\r\ntype=8\r\nspriteRost=169\r\n[9]\r\ntype=9\r\n";
+           "[6]\r\ntype=6\r\nspriteRost=50\r\n[8]\r\ntype=8\r\nspriteRost=169\r\n[9]\r\ntype=9\r\n[20]\r\ntype=0\r\n";
 }
 
 /// The map of a drawing, built the way the game builds it.

@@ -3,9 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "glyph_writer.h"
 #include "grubtool_run.h"
 #include "level_list.h"
 #include "level_writer.h"
+#include "ogg_writer.h"
 #include "package_files.h"
 #include "package_writer.h"
 #include "pixel_image.h"
@@ -87,6 +89,19 @@ Bytes levelsOf(const Bytes& level, const std::string& below = "") {
     return PackageWriter().add(kBlockTableName, bytesOf(drawnBlockTable() + below)).add("a.lvl", level).package();
 }
 
+Bytes interfaceOf(const std::string& records) {
+    return holding("data\\ui._i_2", bytesOf("S,\"p\",1\nL,\"i\",1\n" + records));
+}
+/// An interface with a picture of the one file in "ui.pak", which has 2 x 4 pixels.
+Bytes pictured(const std::string& file, const std::string& size, const std::string& grid = "1,1,0") {
+    return interfaceOf("A,\"\",\"" + file + "\",0,0," + size + ",0,0," + grid + "\n");
+}
+const Bytes kInterfacePackage = holding("ui\\one.bmp", bmpBytes(PixelImage(2, 4)));
+Bytes glyphsOf(const Bytes& table) { return holding("f_1_0.bmp.dat", table); }
+
+Bytes soundsOf(const Bytes& ogg) { return holding("a.ogg", ogg); }
+const Bytes kOgg = writeOgg({sine(44100, 440, 44100)}, {.smallPages = true});
+
 /// A package and how the first line about it begins, behind the name of the file.
 struct VerifyRule {
     const char* what;
@@ -112,8 +127,29 @@ const VerifyRule kVerifyRules[] = {
     {"nine channels",       wavOf({.channels = 9, .samples = Bytes(18)}), "a.wav: the sound has 9 channels"},
     {"a data size too high", holding("a.wav", with(kWav, 40, 12, 4)), "a.wav: the chunk 'data' claims 12 bytes, the file has 10"},
     {"a missing sound",     holding("sound\\sound.ini", bytesOf("[sound]\r\nlov=b.wav\r\n")), "sound\\sound.ini: line 2 names \"sound\\b.wav\", which the package lacks"},
+    {"no sound table",      holding("sound\\a.wav", kWav), "sound\\sound.ini: is missing"},
+    {"a whole Ogg file",    soundsOf(kOgg), ""},
+    {"a cut Ogg file",      soundsOf(cut(kOgg, kOgg.size() - 1)), "a.ogg: the Ogg file ends inside a page"},
+    {"an Ogg page missing", soundsOf(cut(kOgg, oggPages(kOgg).back().start)), "a.ogg: the Ogg file ends before its last page"},
+    {"an Ogg page damaged", soundsOf(with(kOgg, oggPages(kOgg).back().start, 'x', 1)), "a.ogg: the Ogg file has no page where one must begin"},
+    {"a good interface",    pictured("one.bmp", "2,4,2"), ""},
+    {"an unknown tag",      interfaceOf("X,\"\"\n"), "data\\ui._i_2: line 3: wanted Screens, S, L, A or T, found 'X'"},
+    {"no such picture",     pictured("two.bmp", "2,4,1"), "data\\ui._i_2: layout \"p\", item \"i\": a picture is \"ui\\two.bmp\", which ui.pak lacks"},
+    {"another size",        pictured("one.bmp", "2,5,1"), "data\\ui._i_2: layout \"p\", item \"i\": a picture is described as 2 x 5, \"ui\\one.bmp\" is 2 x 4"},
+    {"frames left over",    pictured("one.bmp", "2,4,3"), "data\\ui._i_2: layout \"p\", item \"i\": a picture is 4 pixels high, which 3 frames do not divide"},
+    {"a grid too large",    pictured("one.bmp", "2,4,1", "999,999,1"), "data\\ui._i_2: layout \"p\", item \"i\": a picture has 999 x 999 cells, the game draws at most 10000"},
+    {"no such font",        interfaceOf("T,\"\",\"\",0,0,0,0,0,0,0,0,0,0,\"f\",1,0,0,\"\"\n"), "data\\ui._i_2: a font is \"ui\\f_1_0.bmp\", which ui.pak lacks"},
+    {"no interface package", holding("data\\ux._i_2", {}), "data\\ux._i_2: needs ux.pak beside its package: cannot be read"},
+    {"a good glyph table",  glyphsOf(writeGlyphTable('A', 'A', 9, {{}})), ""},
+    {"a cut glyph table",   glyphsOf(writeGlyphTable('A', 'B', 9, {{}})), "f_1_0.bmp.dat: the glyph table has 26 bytes, the codes 65 to 66 take 46"},
+    {"no glyph",            glyphsOf(writeGlyphTable('B', 'A', 9, {})), "f_1_0.bmp.dat: the glyph table has the codes 66 to 65: no glyph"},
     {"a bad block table",   levelsOf(kLevel, "[7]\r\ntype=8\r\n"), "levels\\typeblok.ini: line "},
     {"a cut level",         levelsOf(cut(kLevel, kLevel.size() - 1)), "a.lvl: the level is refused: 72 bytes of cells announced, 71 there"},
+    {"a level of no width", levelsOf(with(kLevel, 24, 0, 4)), "a.lvl: the level is refused: "},
+    {"a level too wide",    levelsOf(with(kLevel, 24, 101, 4)), "a.lvl: the level is refused: "},
+    {"a level without hero", levelsOf(drawn({"k . E", "# # #"})), "a.lvl: the level is refused: "},
+    {"an unknown block",    levelsOf(with(kLevel, 32 + 3 * 12, 77, 2)), "a.lvl: the cell 0 1 has the block 77, which the table lacks"},
+    {"no block table",      holding("a.lvl", kLevel), "levels\\typeblok.ini: is missing"},
     {"a level without key", levelsOf(drawn({"@ . E", "# # #"})), "a.lvl: the level cannot be played: wanted 1 to 100 keys (k), found 0"},
 };
 // clang-format on
@@ -123,6 +159,7 @@ TEST(PackageVerifier, NamesEntryAndFault) {
     for (const VerifyRule& rule : kVerifyRules) {
         SCOPED_TRACE(rule.what);
         const std::string path = scratch.write("test.pak", rule.package);
+        scratch.write("ui.pak", kInterfacePackage);
         const GrubtoolRun run = grubtool({"verify", path});
         EXPECT_EQ(run.exitCode, rule.line.empty() || rule.line.starts_with("warning: ") ? 0 : 1);
         EXPECT_TRUE(rule.line.empty() ? run.errors.empty()

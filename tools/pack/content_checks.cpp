@@ -1,10 +1,13 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <numeric>
 
+#include "bitmap_font.h"
 #include "byte_reader.h"
 #include "image_decoder.h"
 #include "ini_table.h"
+#include "layout_description.h"
 #include "package_verifier.h"
 #include "sound_decoder.h"
 #include "text_lines.h"
@@ -80,6 +83,24 @@ std::string wavFault(std::span<const std::uint8_t> bytes) {
     return {};
 }
 
+/// One line about pages that are damaged or missing at the end; empty when there are none. The game plays what is
+/// there.
+std::string oggFault(std::span<const std::uint8_t> bytes) {
+    constexpr std::uint8_t kLastPage = 4;
+    ByteReader reader(bytes);
+    bool isLast = false;
+    while (reader.remaining() > 0) {
+        if (textOf(reader.take(4)) != "OggS") return "the Ogg file has no page where one must begin";
+        reader.skip(1);  // version
+        isLast = (reader.u8() & kLastPage) != 0;
+        reader.skip(20);  // position, stream, number, checksum
+        const auto lengths = reader.take(reader.u8());
+        reader.skip(std::accumulate(lengths.begin(), lengths.end(), std::size_t{0}));
+        if (!reader.ok()) return "the Ogg file ends inside a page";
+    }
+    return isLast ? "" : "the Ogg file ends before its last page";
+}
+
 std::string soundFault(std::span<const std::uint8_t> bytes) {
     const auto decoder = createSoundDecoder(SharedBuffer::view(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
     if (!decoder || !decoder->rewind() || decoder->channels() == 0) return "the sound does not decode";
@@ -95,7 +116,7 @@ std::string soundFault(std::span<const std::uint8_t> bytes) {
     }
     SharedBuffer piece = SharedBuffer::create(4096);
     if (decoder->read(piece) == 0) return "the sound does not decode";
-    return textOf(bytes).starts_with("RIFF") ? wavFault(bytes) : std::string();
+    return textOf(bytes).starts_with("RIFF") ? wavFault(bytes) : oggFault(bytes);
 }
 
 std::string iniFault(std::span<const std::uint8_t> bytes) {
@@ -108,6 +129,22 @@ std::string iniFault(std::span<const std::uint8_t> bytes) {
     });
     if (fault.empty() && !unended.empty()) fault = "the last line lacks its line end and is lost";
     return fault;
+}
+
+std::string glyphTableFault(std::span<const std::uint8_t> bytes) {
+    const GlyphTable table = readGlyphTable(bytes);
+    const std::string codes = std::to_string(table.first) + " to " + std::to_string(table.last);
+    if (table.glyphs.empty()) return "the glyph table has the codes " + codes + ": no glyph";
+    const std::size_t wanted = kGlyphTableHeader + table.glyphs.size() * kGlyphRecordSize;
+    if (bytes.size() >= wanted) return {};
+    return "the glyph table has " + std::to_string(bytes.size()) + " bytes, the codes " + codes + " take " +
+           std::to_string(wanted);
+}
+
+std::string descriptionFault(std::span<const std::uint8_t> bytes) {
+    std::vector<TextError> faults;
+    (void)readLayoutDescription(textOf(bytes), &faults);
+    return faults.empty() ? "" : "line " + std::to_string(faults[0].line) + ": " + faults[0].message;
 }
 
 /// Whether all alpha bytes are zero. They follow the pixel offset, one behind every three colour bytes. The game uses
@@ -135,6 +172,8 @@ bool isInvisibleBmp(std::span<const std::uint8_t> bytes) {
 std::string contentFault(std::string_view name, std::span<const std::uint8_t> bytes) {
     const std::string lowerName = lowerCase(name);
     if (lowerName.ends_with(".ini")) return iniFault(bytes);
+    if (lowerName.ends_with(kDescriptionEnding)) return descriptionFault(bytes);
+    if (lowerName.ends_with(kGlyphTableEnding)) return glyphTableFault(bytes);
     if (isOfKind(kPictureEndings, kPictureMagics, lowerName, bytes)) return pictureFault(bytes);
     if (isOfKind(kSoundEndings, kSoundMagics, lowerName, bytes)) return soundFault(bytes);
     return {};

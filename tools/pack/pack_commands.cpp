@@ -41,7 +41,8 @@ void extract(const Arguments& arguments) {
 void verify(const Arguments& arguments) {
     const std::string package = arguments.text("PAK");
     bool isSound = true;
-    for (const PackageFinding& finding : verifyPackage(open(package))) {
+    const std::filesystem::path directory = std::filesystem::path(package).parent_path();
+    for (const PackageFinding& finding : verifyPackage(open(package), directory)) {
         std::fprintf(stderr, "%s: %s%s%s\n", package.c_str(), finding.isWarning ? "warning: " : "",
                      finding.entry.empty() ? "" : (finding.entry + ": ").c_str(), finding.text.c_str());
         isSound = isSound && finding.isWarning;

@@ -95,6 +95,11 @@ std::optional<std::span<const std::uint8_t>> PackageContents::bytesOf(const Pack
     return std::span(file).subspan(offset, size);
 }
 
+std::optional<std::span<const std::uint8_t>> PackageContents::bytesOf(std::string_view name) const {
+    const auto entry = std::ranges::find(entries, name, &PackageEntry::name);
+    return entry == entries.end() ? std::nullopt : bytesOf(*entry);
+}
+
 std::optional<PackageContents> readPackageContents(const std::filesystem::path& path, std::string& fault) {
     auto bytes = readWholeFile(path);
     if (!bytes) {

@@ -30,6 +30,8 @@ struct PackageContents {
     [[nodiscard]] std::uint32_t dataStart() const { return kPackageHeaderSize + header.directorySize; }
     /// Nothing when the entry reaches beyond the file.
     [[nodiscard]] std::optional<std::span<const std::uint8_t>> bytesOf(const PackageEntry& entry) const;
+    /// The same of the first entry with this name; nothing as well when the directory has no such entry.
+    [[nodiscard]] std::optional<std::span<const std::uint8_t>> bytesOf(std::string_view name) const;
 };
 
 /// Reads a package. Nothing, and a sentence in `fault`, when the file cannot be read or does not start as a package.

@@ -91,15 +91,12 @@ void checkContents(const PackageContents& package, Findings& findings) {
 
 constexpr std::string_view kSoundTableName = "sound\\sound.ini";
 
-std::optional<std::span<const std::uint8_t>> bytesOf(const PackageContents& package, std::string_view name) {
-    const auto entry = std::ranges::find(package.entries, name, &PackageEntry::name);
-    return entry == package.entries.end() ? std::nullopt : package.bytesOf(*entry);
-}
-
 /// The sections of the sound table name files that lie beside it.
 void checkSoundTable(const PackageContents& package, Findings& findings) {
-    const auto table = bytesOf(package, kSoundTableName);
-    if (!table) return;
+    const auto isSound = [](const PackageEntry& entry) { return entry.name.starts_with("sound\\"); };
+    if (std::ranges::none_of(package.entries, isSound)) return;
+    const auto table = package.bytesOf(kSoundTableName);
+    if (!table) return findings.push_back({std::string(kSoundTableName), "is missing: no sound can be played without"});
     int number = 0;
     forEachIniLine(
         std::string_view(reinterpret_cast<const char*>(table->data()), table->size()), [&](std::string_view text) {
@@ -107,25 +104,40 @@ void checkSoundTable(const PackageContents& package, Findings& findings) {
             const IniLine line = parseIniLine(text);
             if (line.kind != IniLine::Kind::Entry) return;
             const std::string file = "sound\\" + std::string(line.value);
-            if (bytesOf(package, file)) return;
+            if (package.bytesOf(file)) return;
             findings.push_back({std::string(kSoundTableName),
                                 "line " + std::to_string(number) + " names \"" + file + "\", which the package lacks"});
         });
+}
+
+/// A sentence about the first block of a level that the table lacks: the game shows nothing in its place.
+std::string unknownBlock(const LevelFile& level, const BlockPalette& palette) {
+    for (std::size_t cell = 0; cell < level.records.size(); ++cell) {
+        const CellRecord& record = level.records[cell];
+        for (const std::uint16_t id : {record.base, record.layer2, record.layer3, record.layer4, record.layer5}) {
+            if (id == 0 || palette.byId(id) != nullptr) continue;
+            const auto width = static_cast<std::size_t>(level.width);
+            return "the cell " + std::to_string(cell % width) + " " + std::to_string(cell / width) + " has the block " +
+                   std::to_string(id) + ", which the table lacks";
+        }
+    }
+    return {};
 }
 
 /// The fault of a level file, by the game's own reader and the compiler's checks.
 std::string levelFileFault(std::span<const std::uint8_t> bytes, TableSource& blocks, const BlockPalette& palette) {
     std::string fault;
     if (!levelMapOf(bytes, blocks, fault)) return "the level is refused: " + fault;
-    fault = levelFault(*readLevelFile(bytes, fault), palette);
-    return fault.empty() ? fault : "the level cannot be played: " + fault;
+    const LevelFile level = *readLevelFile(bytes, fault);
+    fault = levelFault(level, palette);
+    return fault.empty() ? unknownBlock(level, palette) : "the level cannot be played: " + fault;
 }
 
 /// The block table says what the blocks of a level are, so that levels cannot be checked without it.
 void checkLevels(const PackageContents& package, Findings& findings) {
     const auto isLevel = [](const PackageEntry& entry) { return entry.name.ends_with(".lvl"); };
     if (std::ranges::none_of(package.entries, isLevel)) return;
-    const auto table = bytesOf(package, kBlockTableName);
+    const auto table = package.bytesOf(kBlockTableName);
     if (!table) return findings.push_back({std::string(kBlockTableName), "is missing: no level can be played without"});
     TextError error;
     const std::string_view text(reinterpret_cast<const char*>(table->data()), table->size());
@@ -142,7 +154,7 @@ void checkLevels(const PackageContents& package, Findings& findings) {
 
 }  // namespace
 
-std::vector<PackageFinding> verifyPackage(const PackageContents& package) {
+std::vector<PackageFinding> verifyPackage(const PackageContents& package, const std::filesystem::path& directory) {
     Findings findings;
     checkDirectory(package, findings);
     checkNames(package, findings);
@@ -151,6 +163,7 @@ std::vector<PackageFinding> verifyPackage(const PackageContents& package) {
     checkContents(package, findings);
     checkSoundTable(package, findings);
     checkLevels(package, findings);
+    checkInterfaces(package, directory, findings);
     return findings;
 }
 

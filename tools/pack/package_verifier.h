@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,13 +18,24 @@ struct PackageFinding {
     bool isWarning = false;  // the game can use the entry all the same
 };
 
-/// All faults of a package, in this order: its structure (counts, names, extents), what each resource holds, and what
-/// its tables and levels need of each other.
-[[nodiscard]] std::vector<PackageFinding> verifyPackage(const PackageContents& package);
+/// The ends of the names of interface descriptions and of the glyph tables of fonts.
+inline constexpr std::string_view kDescriptionEnding = "._i_2";
+inline constexpr std::string_view kGlyphTableEnding = ".bmp.dat";
+
+/// All faults of a package, in this order: its structure (counts, names, extents), what each resource holds, what its
+/// tables and levels need of each other, and what its interface descriptions need. These name pictures of other
+/// packages, which must lie in `directory`.
+[[nodiscard]] std::vector<PackageFinding> verifyPackage(const PackageContents& package,
+                                                        const std::filesystem::path& directory);
+
+/// Appends what the interface descriptions of a package need and do not find: pictures and fonts in the interface's
+/// package, sizes and frames as described, no more pictures and cells than the game shows.
+void checkInterfaces(const PackageContents& package, const std::filesystem::path& directory,
+                     std::vector<PackageFinding>& findings);
 
 /// One line that says what keeps the game from using a resource; empty when nothing does. It looks into pictures (BMP,
 /// GIF, JPEG) and sounds (WAV, Ogg Vorbis), which it knows by the end of the name or by the first bytes, and into
-/// tables (`.ini`). It passes all other resources.
+/// tables (`.ini`), interface descriptions and glyph tables. It passes all other resources.
 [[nodiscard]] std::string contentFault(std::string_view name, std::span<const std::uint8_t> bytes);
 
 /// One line about what is allowed but probably a mistake, in a resource without a `contentFault`; empty when there is

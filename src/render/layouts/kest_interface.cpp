@@ -11,12 +11,8 @@
 namespace grub {
 namespace {
 
-constexpr std::size_t kMostAnimations = 200;
 /// Widths of the pictures that fill a screen, in whole or in halves; these have no transparent colour.
 constexpr std::array<std::int16_t, 2> kOpaqueWidths{640, 320};
-/// Cells that a grid draws at most. More than 8 x 8 pixels each on the whole screen; without it, a damaged grid of
-/// 32767 x 32767 cells with a step of 0 or 1 would take minutes.
-constexpr int kMostCells = 10'000;
 
 LayoutDescription loadDescription(ResourceSource& data, const EngineString& name) {
     const EngineString path = "data\\" + name + "._i_2";

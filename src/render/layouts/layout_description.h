@@ -16,6 +16,12 @@ inline constexpr std::size_t kMostItems = 50;     ///< in a layout
 inline constexpr std::size_t kMostElements = 50;  ///< of pictures in an item, and as many of texts
 inline constexpr std::size_t kMostFonts = 3;      ///< in a description
 
+/// What an interface shows of a description; the rest stays out.
+inline constexpr std::size_t kMostAnimations = 200;  ///< different files
+/// Cells of a grid. Patches of 8 x 8 pixels on the whole screen are fewer; without this limit, a damaged grid of
+/// 32767 x 32767 cells with a step of 0 or 1 would take minutes.
+inline constexpr int kMostCells = 10'000;
+
 /// A picture of an item, drawn once or on a grid. Numbers are screen pixels unless they are counts.
 struct PictureElement {
     std::string name;         ///< of the element, for hit tests
