@@ -111,7 +111,7 @@ void drawSunrise(Canvas& canvas, const Rect& area) {
     canvas.halo(kSun, 230, rgb(0xfff0b8), 0.75F);
     drawCloud(canvas, {398, 60}, 22);
     drawCloud(canvas, {300, 92}, 13);
-    canvas.part(circle(kSun, 74), glossy(material(0xffe07a, 0xffc85a, 0xfff6c8), 0, 0),
+    canvas.part(circle(kSun, 96), glossy(material(0xffe07a, 0xffc85a, 0xfff6c8), 0, 0),
                 {.bevel = 30, .line = 0, .shadow = 0});
     canvas.part(ellipse({76, 200}, 150, 62), kFarGrass, {.bevel = 12, .line = 1, .shadow = 0});
     canvas.part(ellipse({410, 214}, 150, 62), kFarGrass, {.bevel = 12, .line = 1, .shadow = 0});
@@ -161,10 +161,10 @@ void drawMolehill(Canvas& canvas, const Rect& area) {
                       {middle, area.height + 10},
                       {8, area.height + 8}}),
                 kEarth, {.bevel = 18, .line = 2});
-    for (std::uint32_t i = 0; i < 16; ++i) {
-        const Point at{30 + (area.width - 60) * share(i, 1, 11), 36 + (area.height - 40) * share(i, 2, 11)};
+    for (std::uint32_t i = 0; i < 12; ++i) {
+        const Point at{30 + (area.width - 60) * share(i, 1, 11), 44 + (area.height - 46) * share(i, 2, 11)};
         if (std::abs(at.x - middle) > 40 + at.y * 0.7) continue;
-        drawRubblePiece(canvas, at, 13 + 8 * share(i, 3, 11), 11, 3 * share(i, 4, 11), kEarth.base * 1.08F);
+        drawRubblePiece(canvas, at, 9 + 6 * share(i, 3, 11), 8, 3 * share(i, 4, 11), kEarth.base * 1.1F);
     }
     drawTuft(canvas, {22, area.height}, 16, rgb(0x8ab45a));
     drawTuft(canvas, {area.width - 26, area.height}, 18, rgb(0x8ab45a));
@@ -297,7 +297,7 @@ void drawPicnic(Canvas& canvas, const Rect& area) {
     drawCottageWindow(canvas, {42, 72});
     canvas.glow({420, 220}, 320, rgb(0xfff4c8), 0.3F);
     drawCloth(canvas, 64, 520, 240, 286);
-    drawJug(canvas, 322, 262);
+    drawJug(canvas, 334, 254);
     drawGrowth(canvas, {0, 284, area.width, 20}, 16, 5);
 }
 

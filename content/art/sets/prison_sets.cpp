@@ -66,9 +66,9 @@ void drawDugHole(Canvas& canvas, double left, double right, double floor) {
 }
 
 void drawMoonlitCell(Canvas& canvas, const Rect& area) {
-    constexpr double kFloor = 260;
+    constexpr double kFloor = 246;
     drawPrisonHall(canvas, -28, kFloor, area.width);
-    drawTally(canvas, {284, 182}, 5);
+    drawTally(canvas, {288, 178}, 5);
     canvas.dimAround({190, 190}, 330, 0.5F);
     canvas.glow({62, 106}, 150, kMoonlight, 0.4F);
     drawPiece(canvas, "fon\\window", {2, 44}, 1.9);
@@ -106,7 +106,7 @@ void drawRatCorridor(Canvas& canvas, const Rect& area) {
     drawPrisonHall(canvas, -60, kFloor, area.width);
     canvas.dimAround({210, 170}, 300, 0.42F);
     drawRatHole(canvas, 20, kFloor);
-    for (const auto& [x, y] : {std::array{188.0, 186.0}, std::array{364.0, 112.0}}) {
+    for (const auto& [x, y] : {std::array{188.0, 186.0}, std::array{362.0, 92.0}}) {
         canvas.glow({x, y}, 190, kTurma.glow, 0.62F);
         canvas.glow({x, kFloor + 4}, 130, kTurma.glow, 0.25F);
         drawPiece(canvas, "fon\\fakel", {x - 32 * 1.5, y - 26 * 1.5}, 1.5, static_cast<int>(x) % 5);
@@ -134,7 +134,6 @@ void drawKeyHall(Canvas& canvas, const Rect& area) {
     constexpr double kFloor = 244;
     constexpr double kLadder = 2;
     drawPrisonHall(canvas, -40, kFloor, area.width);
-    drawPiece(canvas, "dveri\\reshet", {318, 74}, 1.7);
     drawPiece(canvas, "fon\\ruki", {404, 132}, 1.4);
     canvas.dimAround({360, 190}, 520, 0.42F);
     for (const double top : {kFloor - 64 * kLadder, kFloor - 128 * kLadder})

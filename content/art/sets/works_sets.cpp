@@ -77,9 +77,9 @@ void drawBrokenLadder(Canvas& canvas, Point top) {
 
 void drawFallingBricks(Canvas& canvas) {
     for (const auto& [x, y, size, angle] :
-         {std::array{290.0, 150.0, 30.0, 0.6}, std::array{316.0, 96.0, 22.0, -0.5}, std::array{438.0, 196.0, 28.0, 1.0},
-          std::array{300.0, 222.0, 20.0, -0.9}, std::array{456.0, 244.0, 17.0, 0.3}, std::array{424.0, 84.0, 18.0, 0.8},
-          std::array{338.0, 258.0, 15.0, 0.2}}) {
+         {std::array{262.0, 176.0, 30.0, 0.6}, std::array{298.0, 98.0, 22.0, -0.5}, std::array{430.0, 200.0, 28.0, 1.0},
+          std::array{284.0, 230.0, 20.0, -0.9}, std::array{448.0, 248.0, 17.0, 0.3}, std::array{414.0, 92.0, 18.0, 0.8},
+          std::array{316.0, 262.0, 15.0, 0.2}}) {
         for (const double shift : {-0.25, 0.25}) {  // the way it came
             canvas.flat(limb({{{x + shift * size, y - size * 0.8}, 1.3}, {{x + shift * size, y - size * 2}, 0.4}}),
                         kLightAbove, {.alpha = 0.4F});
@@ -105,11 +105,11 @@ void drawSparks(Canvas& canvas, const Rect& area, int count) {
 
 void drawIronHall(Canvas& canvas, const Rect& area) {
     constexpr double kFloor = 276;
-    constexpr double kMiddle = 372;
+    constexpr double kMiddle = 356;
     drawHall(canvas, {.hall = Hall::Jelezo, .columns = 9, .rows = 4, .floorRow = 3, .scale = kScale},
              {-20, kFloor - 3 * kTile});
     canvas.dimAround({kMiddle, 200}, 560, 0.5F);
-    for (const double x : {210.0, 232.0, 604.0}) drawPiece(canvas, "sten_jel\\chain_proz", {x - 48, 60}, 1.5);
+    for (const double x : {202.0, 604.0}) drawPiece(canvas, "sten_jel\\chain_proz", {x - 48, 60}, 1.5);
     drawBrokenCeiling(canvas, area.width, kMiddle, 72);
     const Mask below = canvas.mask(rectangle(0, 72, area.width, 40));
     canvas.shadeRows(72, 108, 0.5F, 1, &below);
@@ -121,7 +121,7 @@ void drawIronHall(Canvas& canvas, const Rect& area) {
     canvas.glow({676, 240}, 330, kJelezo.glow, 0.75F);
     drawSparks(canvas, {590, 150, 170, 110}, 16);
     drawSparks(canvas, {70, 190, 100, 40}, 6);
-    drawBrokenLadder(canvas, {250, 70});
+    drawBrokenLadder(canvas, {222, 70});
     drawFallingBricks(canvas);
 }
 
