@@ -141,6 +141,15 @@ Draw readArrow(LineReader& line) {
     };
 }
 
+/// What a control is about: loudness of sounds, or of music.
+Draw readIcon(LineReader& line) {
+    const Point centre = line.point();
+    const double size = line.number("a size", 8, 100);
+    const bool speaker = line.takes("speaker");
+    if (!speaker && !line.takes("note")) line.fail("speaker or note", line.word("speaker or note"));
+    return [=](Painting& p) { speaker ? drawSpeaker(p.canvas, centre, size) : drawNote(p.canvas, centre, size); };
+}
+
 /// A row of dots in ink, 4 pixels apart, as wide as the area.
 Draw readDots(LineReader& line) {
     const Rect area = line.area();
@@ -155,7 +164,7 @@ constexpr std::array kKinds{
     DrawingKind{"board", readBoard}, DrawingKind{"W", readWords},   DrawingKind{"groove", readGroove},
     DrawingKind{"knob", readKnob},   DrawingKind{"tick", readTick}, DrawingKind{"plate", readPlate},
     DrawingKind{"cap", readCap},     DrawingKind{"nail", readNail}, DrawingKind{"spoon", readSpoon},
-    DrawingKind{"arrow", readArrow}, DrawingKind{"dots", readDots},
+    DrawingKind{"arrow", readArrow}, DrawingKind{"dots", readDots}, DrawingKind{"icon", readIcon},
 };
 
 }  // namespace

@@ -56,6 +56,11 @@ Point pairOf(LineReader& line, const std::string& text) {
     return {x, line.valueOf(second, "a pair such as 0.5:-0.2")};
 }
 
+Tint tintOf(LineReader& line, const std::string& text) {
+    const auto [colour, share] = halvesOf(text);
+    return {line.colourOf(colour), static_cast<float>(line.valueOf(share, "a share", 0, 1))};
+}
+
 const FigureDrawing* readFigureName(LineReader& line) {
     const std::string name = line.word("a figure");
     const FigureDrawing* figure = findFigure(name);
@@ -92,8 +97,7 @@ void readStanding(LineReader& line, Actor& actor) {
 bool readChange(LineReader& line, Actor& actor) {
     Pose& pose = actor.pose;
     if (const auto tint = line.takesValue("tint")) {
-        const auto [colour, share] = halvesOf(*tint);
-        actor.style.tint = {line.colourOf(colour), static_cast<float>(line.valueOf(share, "a share", 0, 1))};
+        actor.style.tint = tintOf(line, *tint);
     } else if (const auto shadow = line.takesValue("shadow")) {
         actor.style.shadow = static_cast<float>(line.valueOf(*shadow, "a share", 0, 1));
     } else if (const auto roll = line.takesValue("roll")) {
@@ -166,8 +170,11 @@ Draw readProp(LineReader& line) {
     const double scale = line.scale();
     const Point at = line.point();
     const double degrees = line.number("degrees");
+    Tint tint;
+    if (const auto text = line.takesValue("tint")) tint = tintOf(line, *text);
     if (prop == nullptr) return {};
     return [=, prop = prop->prop](Painting& p) {
+        const auto alone = p.canvas.group({.tint = tint});
         const auto placed = p.canvas.placed(at, 0, scale, scale);
         drawProp(p.canvas, {}, {prop, radians(degrees)});
     };

@@ -6,6 +6,8 @@
 #include "command_lists.h"
 #include "font_files.h"
 #include "layout_text.h"
+#include "page_checks.h"
+#include "page_folder.h"
 #include "page_picture.h"
 #include "page_source.h"
 #include "whole_file.h"
@@ -33,7 +35,13 @@ void failWhen(const std::vector<std::string>& faults) {
     if (!faults.empty()) throw CommandEnd{};
 }
 
-void describe(const Arguments& arguments) { outputText(arguments.text("OUT"), layoutText(sourceOf(arguments))); }
+void describe(const Arguments& arguments) {
+    const PageSource source = sourceOf(arguments);
+    std::vector<std::string> faults = pageFaults(source);
+    if (arguments.has("--pictures")) tidyPictures(source, arguments.text("--pictures"), faults);
+    failWhen(faults);
+    outputText(arguments.text("OUT"), layoutText(source));
+}
 
 /// Writes all pictures even when there are faults, so that they can be looked at.
 void draw(const Arguments& arguments) {
@@ -81,8 +89,9 @@ std::vector<Command> pageCommands() {
     return {
         {"layout", "Make the menus, dialogs and comics from their texts", {}, nullptr},
         {"layout describe",
-         "Write the description that the game reads",
-         {kInterface, word("OUT", "file to write")},
+         "Check the pages, and write the description that the game reads",
+         {kInterface, word("OUT", "file to write"),
+          option("--pictures", "folder of the pictures: each must be there, and others are removed")},
          describe},
         {"layout draw",
          "Draw the pictures of one page, and say which words do not fit",

@@ -90,7 +90,7 @@ private:
 
     bool picture(const PageLine& line) {
         LineReader reader(line, lines_.measures);
-        PictureElement e;
+        PageElement e;
         e.place = line.place;
         e.name = reader.word("the name of an element");
         e.file = reader.word("a file");
@@ -123,7 +123,7 @@ private:
 
     bool text(const PageLine& line) {
         LineReader reader(line, lines_.measures);
-        TextElement t;
+        PageText t;
         t.place = line.place;
         t.name = reader.word("the name of an element");
         t.x = reader.whole("a column");
@@ -214,7 +214,7 @@ std::vector<FontKey> PageSource::fonts() const {
     std::vector<FontKey> keys;
     for (const PageLayout& layout : layouts) {
         for (const PageItem& item : layout.items) {
-            for (const TextElement& text : item.texts) {
+            for (const PageText& text : item.texts) {
                 if (std::ranges::find(keys, text.font) == keys.end()) keys.push_back(text.font);
             }
         }

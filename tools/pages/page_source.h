@@ -14,7 +14,7 @@ namespace grub {
 enum class Motion { Fixed, Slide, Dialog };
 
 /// Where a picture stands on the screen. Sizes in pixels.
-struct PictureElement {
+struct PageElement {
     LinePlace place;
     std::string name;
     std::string file;
@@ -48,7 +48,7 @@ struct FontKey {
 };
 
 /// Where the game writes a text.
-struct TextElement {
+struct PageText {
     LinePlace place;
     std::string name;
     /// Its upper left corner; with Align::Centre the middle of its upper edge.
@@ -68,8 +68,8 @@ struct PageItem {
     LinePlace place;
     std::string name;
     Motion motion = Motion::Fixed;
-    std::vector<PictureElement> pictures;
-    std::vector<TextElement> texts;
+    std::vector<PageElement> pictures;
+    std::vector<PageText> texts;
 };
 
 struct PageLayout {
@@ -81,7 +81,7 @@ struct PageLayout {
 /// A file that the interface shows.
 struct PagePicture {
     /// The first element that shows it.
-    PictureElement element;
+    PageElement element;
     std::vector<Drawing> drawings;
 
     bool isJpeg() const { return element.file.ends_with(".jpg"); }

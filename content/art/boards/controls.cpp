@@ -72,4 +72,23 @@ void drawDigitPlate(Canvas& canvas, const Rect& area, BoardKind board) {
     canvas.part(body.path(8), surface, {.bevel = 2.5, .line = 1.2, .shadow = 0});
 }
 
+void drawSpeaker(Canvas& canvas, Point centre, double size) {
+    const auto placed = canvas.placed(centre, 0, size / 24, size / 24);
+    canvas.flat(polygon({{-11, -4}, {-6.5, -4}, {0, -10}, {0, 10}, {-6.5, 4}, {-11, 4}}, 1.5), kBoardInk);
+    for (const double reach : {1.0, 1.9}) {
+        canvas.flat(
+            curve({{2.4 + 1.4 * reach, -3.6 * reach}, {3.4 + 2.6 * reach, 0}, {2.4 + 1.4 * reach, 3.6 * reach}}),
+            kBoardInk, {.stroke = 2.2});
+    }
+}
+
+void drawNote(Canvas& canvas, Point centre, double size) {
+    const auto placed = canvas.placed(centre, 0, size / 24, size / 24);
+    for (const double x : {-6.5, 5.5}) {
+        canvas.flat(ellipse({x, 8.5 - x * 0.15}, 4.2, 3.2, -0.35), kBoardInk);
+        canvas.flat(polyline({{x + 3.2, 8 - x * 0.15}, {x + 3.2, -8 - x * 0.15}}), kBoardInk, {.stroke = 2});
+    }
+    canvas.flat(polygon({{-4.3, -9.4}, {9.7, -11.5}, {9.7, -7}, {-4.3, -4.9}}, 0.5), kBoardInk);
+}
+
 }  // namespace grub

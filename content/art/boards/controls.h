@@ -21,4 +21,8 @@ void drawTickBox(Canvas& canvas, const Rect& area, bool ticked);
 /// A small round-cornered plate for one or two digits, let into a board of that kind: its colour stays the board's own.
 void drawDigitPlate(Canvas& canvas, const Rect& area, BoardKind board);
 
+/// A loudspeaker with two waves, and two notes on one beam, in ink and `size` high.
+void drawSpeaker(Canvas& canvas, Point centre, double size);
+void drawNote(Canvas& canvas, Point centre, double size);
+
 }  // namespace grub
