@@ -5,15 +5,14 @@
 
 #include "board_looks.h"
 #include "font_files.h"
+#include "layout_description.h"
 #include "name_checks.h"
 
 namespace grub {
 
 namespace {
 
-// The game's limits.
-constexpr std::size_t kMostInList = 50;  // layouts; items of a layout; pictures, and texts, of an item
-constexpr std::size_t kMostFonts = 3;
+/// Pictures that an interface can hold.
 constexpr std::size_t kMostPictures = 200;
 
 constexpr double kScreenWidth = 800;
@@ -31,7 +30,7 @@ public:
     void run() {
         checkNumbers();
         for (const PageLayout& layout : source_.layouts) {
-            if (layout.items.size() > kMostInList) say(layout.place, "more than 50 items in a layout");
+            if (layout.items.size() > kMostItems) say(layout.place, "more than 50 items in a layout");
             for (const PageItem& item : layout.items) checkItem(item);
         }
         for (const PagePicture& picture : source_.pictures) checkPicture(picture);
@@ -42,13 +41,13 @@ private:
 
     void checkNumbers() {
         const LinePlace whole{source_.name, 0};
-        if (source_.layouts.size() > kMostInList) say(whole, "more than 50 layouts");
+        if (source_.layouts.size() > kMostLayouts) say(whole, "more than 50 layouts");
         if (source_.pictures.size() > kMostPictures) say(whole, "more than 200 pictures");
         if (source_.fonts().size() > kMostFonts) say(whole, "more than 3 fonts");
     }
 
     void checkItem(const PageItem& item) {
-        if (std::max(item.pictures.size(), item.texts.size()) > kMostInList)
+        if (std::max(item.pictures.size(), item.texts.size()) > kMostElements)
             say(item.place, "more than 50 elements in an item");
         if (item.pictures.empty() && item.texts.empty()) say(item.place, item.name + " has no elements");
         for (const PageElement& e : item.pictures) {

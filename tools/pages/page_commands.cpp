@@ -35,6 +35,14 @@ void failWhen(const std::vector<std::string>& faults) {
     if (!faults.empty()) throw CommandEnd{};
 }
 
+/// The folder that a command writes to; makes it when there is none.
+std::filesystem::path folderOf(const Arguments& arguments) {
+    const std::filesystem::path folder = arguments.text("DIR");
+    std::error_code ignored;
+    std::filesystem::create_directories(folder, ignored);
+    return folder;
+}
+
 void describe(const Arguments& arguments) {
     const PageSource source = sourceOf(arguments);
     std::vector<std::string> faults = pageFaults(source);
@@ -46,7 +54,7 @@ void describe(const Arguments& arguments) {
 /// Writes all pictures even when there are faults, so that they can be looked at.
 void draw(const Arguments& arguments) {
     const PageSource source = sourceOf(arguments);
-    const std::filesystem::path folder = arguments.text("DIR");
+    const std::filesystem::path folder = folderOf(arguments);
     const std::string page = arguments.text("PAGE");
     std::vector<std::string> faults;
     for (const PagePicture& picture : source.pictures) {
@@ -73,7 +81,7 @@ void drawOne(const Arguments& arguments) {
 }
 
 void fonts(const Arguments& arguments) {
-    const std::filesystem::path folder = arguments.text("DIR");
+    const std::filesystem::path folder = folderOf(arguments);
     for (const FontKey& key : sourceOf(arguments).fonts()) {
         if (!isKnownFont(key)) failWith(kFailed, key.text() + ": there is no such font");
         const FontFiles files = drawFont(key);
