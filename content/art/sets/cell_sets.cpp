@@ -29,14 +29,14 @@ void drawCellByNight(Canvas& canvas, const Rect&) {
         const auto cell = canvas.group({.box = kCell, .clip = &inside});
         drawHall(canvas, {.hall = Hall::Turma, .columns = 4, .rows = 4, .floorRow = 4}, {kCell.x - 12, kCell.y - 40});
         canvas.shadeRows(kCell.y, kCell.bottom(), 0.4F, 0.75F);
-        drawPiece(canvas, "fon\\window", {kCell.x - 2, kCell.y + 12}, 0.9);
-        drawPiece(canvas, "poly\\paut1", {kCell.right() - 46, kCell.y}, 0.72);
-        canvas.glow({kCell.x + 28, kCell.y + 40}, 100, kMoonlight, 0.35F);
+        drawPiece(canvas, "fon\\window", {kCell.right() - 62, kCell.y + 26}, 1);
+        drawPiece(canvas, "poly\\paut", {kCell.x, kCell.y}, 0.72);
+        canvas.glow({kCell.right() - 30, kCell.y + 58}, 110, kMoonlight, 0.4F);
     }
-    drawBeam(canvas, {kCell.x + 34, kCell.y + 36}, 40, {kCell.right() + 40, kFloor + 60}, 120, kMoonlight, 0.3F);
+    drawBeam(canvas, {kCell.right() - 30, kCell.y + 54}, 36, {kCell.x - 60, kFloor + 60}, 130, kMoonlight, 0.32F);
     for (int i = 0; i < 4; ++i) {  // moonlight between the shadows of the bars
-        const double x = 214 + 26 * i;
-        canvas.flat(polygon({{x, kFloor + 1}, {x + 16, kFloor + 1}, {x + 46, 288}, {x + 20, 288}}, 1), kMoonlight,
+        const double x = 162 + 26 * i;
+        canvas.flat(polygon({{x, kFloor + 1}, {x + 16, kFloor + 1}, {x - 14, 288}, {x - 40, 288}}, 1), kMoonlight,
                     {.alpha = 0.3F});
     }
     canvas.glow({80, 190}, 150, kTurma.glow, 0.16F);

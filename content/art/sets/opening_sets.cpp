@@ -165,8 +165,8 @@ void drawPodvalRooms(Canvas& canvas) {
     canvas.glow({236, 528}, 80, kPodval.glow, 0.45F);
     drawPiece(canvas, "fon\\kam4", {222, 528}, 0.7);
     drawRoom(canvas, Hall::Podval, {512, 506, 156, 78});
-    drawPiece(canvas, "fon\\pol_lam", {612, 524}, 0.8);
-    canvas.glow({638, 532}, 80, kPodval.glow, 0.45F);
+    drawPiece(canvas, "fon\\pol_lam", {622, 524}, 0.8);
+    canvas.glow({648, 532}, 80, kPodval.glow, 0.45F);
     drawRoom(canvas, Hall::Podval, {694, 502, 88, 56});
     drawPiece(canvas, "fon\\bochka", {716, 503}, 0.68);
 }
@@ -211,7 +211,7 @@ void drawOpening(Canvas& canvas, const Rect&) {
     drawJelezoRooms(canvas);
     drawPodvalRooms(canvas);
     drawShaft(canvas);
-    drawBeam(canvas, kLamp + Point{0, 10}, 110, {kShaft, -60}, 560, kLampLight, 0.34F);
+    drawBeam(canvas, kLamp + Point{0, 10}, 110, {kShaft, -240}, 900, kLampLight, 0.55F);
 }
 
 constexpr std::array kSets{

@@ -20,7 +20,7 @@ constexpr Rgb kRock = rgb(0x5a4150);
 constexpr Rgb kSteam = rgb(0xfff1cf);
 
 /// Where Grub's lamp is when he stands at the end of his tunnel, and the row of its floor.
-constexpr Point kLamp{268, 146};
+constexpr Point kLamp{226, 132};
 constexpr double kTunnelFloor = 262;
 
 float share(std::uint32_t number, std::uint32_t which) { return randomShare(number, which, 21); }
@@ -44,7 +44,7 @@ void drawRock(Canvas& canvas) {
                           {-30, y + 40},
                           {-30, y + 20},
                           {-30, y}}),
-                    stony(colour, 1.8F, 0.14F, 0), {.bevel = 8, .line = 0, .shadow = 0.2F});
+                    stony(colour, 1.1F, 0.1F, 0), {.bevel = 8, .line = 0, .shadow = 0.2F});
     }
     for (std::uint32_t i = 0; i < 44; ++i) {
         const Point at{kWidth * share(i, 1), kHeight * share(i, 2)};
@@ -63,7 +63,7 @@ VectorPath tunnel() {
 
 void drawTunnel(Canvas& canvas) {
     const VectorPath dug = tunnel();
-    canvas.part(dug, stony(rgb(0x2a1c2c), 2.4F, 0.2F, 0), {.bevel = 16, .line = 2.6, .shadow = 0});
+    canvas.part(dug, stony(rgb(0x34232f), 1.2F, 0.12F, 0), {.bevel = 16, .line = 2.6, .shadow = 0});
     const Mask inside = canvas.mask(dug);
     const auto group = canvas.group({.clip = &inside});
     for (std::uint32_t i = 0; i < 40; ++i) {  // marks of the spoon
@@ -74,7 +74,7 @@ void drawTunnel(Canvas& canvas) {
     canvas.part(rectangle(-20, kTunnelFloor, 480, 40, 3), stony(rgb(0x6e5058), 1.8F, 0.15F, 0),
                 {.bevel = 5, .line = 1.6});
     canvas.glow({300, 170}, 230, rgb(0xffe2a0), 0.45F);
-    drawBeam(canvas, kLamp, 16, {470, 196}, 190, rgb(0xffe2a0), 0.6F);
+    drawBeam(canvas, kLamp, 14, {470, 210}, 210, rgb(0xffe2a0), 0.75F);
     for (const Joint& crumb :
          {Joint{{340, 256}, 9}, Joint{{356, 258}, 7}, Joint{{349, 246}, 7}, Joint{{372, 258}, 5}, Joint{{326, 259}, 4}})
         canvas.part(circle(crumb.at, crumb.radius), stony(rgb(0x8a6258), 1, 0.12F), {.bevel = 5, .line = 1.3});
@@ -109,15 +109,16 @@ void drawKitchenAbove(Canvas& canvas) {
 void drawSmell(Canvas& canvas) {
     drawCrack(canvas, {{628, 136}, {622, 146}, {627, 154}, {620, 166}}, 1);
     constexpr std::array kWay{Point{632, 90},  Point{640, 150}, Point{590, 160}, Point{560, 196}, Point{524, 236},
-                              Point{480, 246}, Point{440, 216}, Point{404, 188}, Point{376, 170}, Point{312, 182}};
+                              Point{480, 262}, Point{410, 230}, Point{346, 201}, Point{300, 236}, Point{244, 188}};
     drawRibbon(canvas, kWay, 26, kSteam, 0.35F);
 }
 
 void drawTunnelToKitchen(Canvas& canvas, const Rect&) {
     drawRock(canvas);
     drawTunnel(canvas);
+    canvas.dimAround({340, 150}, 520, 0.5F);
     drawKitchenAbove(canvas);
-    canvas.dimAround({420, 130}, 560, 0.45F);
+    canvas.glow({650, 90}, 210, kTurma.glow, 0.3F);
     drawSmell(canvas);
 }
 
