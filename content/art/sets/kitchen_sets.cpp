@@ -77,8 +77,8 @@ constexpr TiledFloor kFloor{.rows = kFloorRows, .every = 58, .vanishing = {200, 
 
 /// The fire lights what has been drawn.
 void lightKitchen(Canvas& canvas) {
-    canvas.glow({30, 190}, 330, kTurma.glow, 0.3F);
-    canvas.dimAround({130, 190}, 400, 0.4F);
+    canvas.glow({20, 180}, 360, kTurma.glow, 0.42F);
+    canvas.dimAround({110, 190}, 420, 0.5F);
 }
 
 /// The hole that Grub's head looks out of.

@@ -305,7 +305,7 @@ constexpr std::array kSets{
     //         name             px   px
     SetDrawing{"sunrise", 462, 264, drawSunrise},
     SetDrawing{"picnic", 776, 300, drawPicnic},
-    SetDrawing{"molehill", 210, 76, drawMolehill},
+    SetDrawing{"molehill", 210, 76, drawMolehill, true},
 };
 
 }  // namespace

@@ -105,26 +105,26 @@ void drawKitchenAbove(Canvas& canvas) {
                     {.bevel = 2.5, .line = 0.8, .shadow = 0});
 }
 
-/// The smell of pie: it finds a crack in the kitchen's floor and winds down to Grub's nose.
-void drawSmell(Canvas& canvas) {
-    drawCrack(canvas, {{628, 136}, {622, 146}, {627, 154}, {620, 166}}, 1);
-    constexpr std::array kWay{Point{632, 90},  Point{640, 150}, Point{590, 160}, Point{560, 196}, Point{524, 236},
-                              Point{480, 262}, Point{410, 230}, Point{346, 201}, Point{300, 236}, Point{244, 188}};
-    drawRibbon(canvas, kWay, 26, kSteam, 0.35F);
-}
-
 void drawTunnelToKitchen(Canvas& canvas, const Rect&) {
     drawRock(canvas);
     drawTunnel(canvas);
     canvas.dimAround({340, 150}, 520, 0.5F);
     drawKitchenAbove(canvas);
     canvas.glow({650, 90}, 210, kTurma.glow, 0.3F);
-    drawSmell(canvas);
+}
+
+/// The smell of pie: it finds a crack in the kitchen's floor and winds down to Grub's nose.
+void drawSmell(Canvas& canvas, const Rect&) {
+    drawCrack(canvas, {{628, 136}, {622, 146}, {627, 154}, {620, 166}}, 1);
+    constexpr std::array kWay{Point{632, 90},  Point{640, 150}, Point{590, 160}, Point{560, 196}, Point{524, 236},
+                              Point{480, 268}, Point{430, 220}, Point{380, 172}, Point{330, 118}, Point{242, 174}};
+    drawRibbon(canvas, kWay, 26, kSteam, 0.35F);
 }
 
 constexpr std::array kSets{
-    //         name      px   px
+    //         name         px   px
     SetDrawing{"tunnel", 776, 276, drawTunnelToKitchen},
+    SetDrawing{"pie-smell", 776, 276, drawSmell, true},
 };
 
 }  // namespace
