@@ -5,6 +5,7 @@
 #include "hall_set.h"
 #include "sets_room.h"
 #include "shapes.h"
+#include "stage.h"
 
 namespace grub {
 
@@ -29,6 +30,20 @@ Draw readHall(LineReader& line) {
     if (hall == nullptr) return {};
     const HallSet set{hall->hall, columns, rows, floorRow};
     return [=](Painting& p) { drawHall(p.canvas, set, corner); };
+}
+
+/// Rows of signs up to the end of the line.
+Draw readStage(LineReader& line) {
+    const HallName* hall = line.row("a world", std::span<const HallName>(kHalls));
+    const Point corner = line.point();
+    if (hall == nullptr) return {};
+    Stage stage{hall->hall, {}};
+    do {
+        stage.rows.push_back(line.quoted("a row of signs"));
+    } while (line.ok() && !line.atEnd());
+    if (const std::string fault = faultOf(stage); !fault.empty())
+        line.fail("signs that README.md lists, a blank between two, as many in each row", fault);
+    return [=](Painting& p) { p.fit = drawStage(p.canvas, stage, corner); };
 }
 
 Draw readSet(LineReader& line) {
@@ -97,9 +112,9 @@ Draw readEnd(LineReader&) {
 }
 
 constexpr std::array kKinds{
-    DrawingKind{"hall", readHall},   DrawingKind{"set", readSet}, DrawingKind{"fill", readFill},
-    DrawingKind{"glow", readGlow},   DrawingKind{"dim", readDim}, DrawingKind{"shade", readShade},
-    DrawingKind{"panel", readPanel}, DrawingKind{"end", readEnd},
+    DrawingKind{"hall", readHall},   DrawingKind{"stage", readStage}, DrawingKind{"set", readSet},
+    DrawingKind{"fill", readFill},   DrawingKind{"glow", readGlow},   DrawingKind{"dim", readDim},
+    DrawingKind{"shade", readShade}, DrawingKind{"panel", readPanel}, DrawingKind{"end", readEnd},
 };
 
 }  // namespace
