@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "board_looks.h"
+#include "palette.h"
 #include "rooms.h"
 #include "shapes.h"
 
@@ -14,8 +15,8 @@ namespace {
 
 constexpr int kCell = 64;
 
-/// Rows of the strip of floor below a scene whose last row has none.
-constexpr int kStrip = 20;
+/// Height of the strip of floor below a scene whose last row has none.
+constexpr int kStrip = 16;
 
 // ---- tables
 
@@ -28,6 +29,7 @@ struct StageTiles {
     std::array<std::string_view, 3> ladder;  // top, middle, foot
     std::array<std::string_view, 4> pipe;
     std::string_view door;
+    Rgb light;
 };
 constexpr std::array<std::string_view, 3> kWoodLadder{"lesenki\\lest_v", "lesenki\\modul_lestn", "lesenki\\lest_n"};
 constexpr std::array<std::string_view, 4> kCopperPipe{"trubi\\mod_trub04", "trubi\\tr_kray1", "trubi\\tr_kray2",
@@ -39,21 +41,24 @@ constexpr std::array kTiles{
                "poly\\modul_pol04",
                kWoodLadder,
                kCopperPipe,
-               "dveri\\door_a"},
+               "dveri\\door_a",
+               kTurma.glow},
     StageTiles{{"poly\\pol_jel", "poly\\pol_kray4", "poly\\pol_kray5", "poly\\pol_kray6"},
                "jelezo\\pol_der_full",
                "jelezo\\animation_floor_iron_01",
                "poly\\kam_jel",
                {"trubi\\tr_lest1", "lesenki\\lest_j", "trubproz\\tr_lest"},
                {"trubi\\mod_trub14", "trubi\\tr_kray4", "trubi\\tr_kray5", "trubi\\tr_kray6"},
-               "dveri\\animation_door_iron_01"},
+               "dveri\\animation_door_iron_01",
+               kJelezo.glow},
     StageTiles{{"poly\\tr_pol1", "poly\\truba_za3", "poly\\truba_za5", "poly\\truba_za6"},
                "poly\\tr_pol3",
                "poly\\truba_za1",
                "fon\\kam1",
                kWoodLadder,
                kCopperPipe,
-               "dveri\\dverfin1"},
+               "dveri\\dverfin1",
+               kPodval.glow},
 };
 
 /// A frame of a strip.
@@ -149,8 +154,11 @@ std::size_t ends(bool left, bool right) { return (left ? 1U : 0U) + (right ? 2U 
 void stampShown(Canvas& canvas, Shown shown, Point at, bool mirrored = false) {
     const StripDrawing* strip = findStrip(shown.strip);
     if (strip == nullptr) return;
-    const auto cell = canvas.group({.box = Rect{at.x, at.y, 1.0 * kCell, 1.0 * kCell}, .mirrored = mirrored});
-    canvas.stamp(renderFrame(*strip, shown.frame), at);
+    PixelImage image = renderFrame(*strip, shown.frame);
+    if (mirrored) {
+        for (int y = 0; y < image.height; ++y) std::reverse(image.row(y), image.row(y) + image.width);
+    }
+    canvas.stamp(image, at);
 }
 
 void drawLadderCell(Canvas& canvas, const Signs& signs, const StageTiles& tiles, int column, int row, Point at) {
@@ -205,11 +213,12 @@ void drawFigureAt(Canvas& canvas, const Signs& signs, int column, int row, Point
     stampShown(canvas, left == right ? figure->resting : figure->going, at, right && !left);
 }
 
-Fit drawBonusAt(Canvas& canvas, const StageBonus& bonus, Point at) {
+Fit drawBonusAt(Canvas& canvas, const StageBonus& bonus, Point at, double width) {
     constexpr double kScale = 1.5;
     constexpr double kNameHeight = 26;
     const StripDrawing* strip = findStrip(bonus.strip);
     if (strip == nullptr) return {};
+    at.x = std::min(at.x, width - kCell * (1 + kScale) / 2);
     {
         const auto larger =
             canvas.placed(at + Point{kCell / 2.0 * (1 - kScale), kCell * (1 - kScale)}, 0, kScale, kScale);
@@ -254,20 +263,21 @@ std::string faultOf(const Stage& stage) {
 Fit drawStage(Canvas& canvas, const Stage& stage, Point corner) {
     const Signs signs(stage);
     const StageTiles& tiles = kTiles[static_cast<std::size_t>(stage.world)];
-    const Rect area{corner.x, corner.y, 1.0 * signs.columns() * kCell, 1.0 * signs.rows() * kCell};
-    const bool raised = !signs.hasGround();
+    const int strip = signs.hasGround() ? 0 : kStrip;
+    const Rect area{corner.x, corner.y, 1.0 * signs.columns() * kCell, 1.0 * signs.rows() * kCell + strip};
     Fit fit;
     {
         const auto cut = canvas.group({.box = area});
-        const auto placed = canvas.placed(corner - Point{0, raised ? 1.0 * kStrip : 0});
+        const auto placed = canvas.placed(corner);
         drawHall(canvas,
                  {.hall = stage.world, .columns = signs.columns(), .rows = signs.rows() + 1, .floorRow = signs.rows()},
                  {});
         forEachCell(signs, [&](int column, int row, Point at) { drawTileAt(canvas, signs, tiles, column, row, at); });
+        canvas.glow({area.width / 2, 40}, 0.7 * area.width, tiles.light, 0.24F);
         forEachCell(signs, [&](int column, int row, Point at) { drawFigureAt(canvas, signs, column, row, at); });
         forEachCell(signs, [&](int column, int row, Point at) {
             const char sign = signs.at(column, row);
-            if (const StageBonus* bonus = rowFor(kBonuses, sign)) fit.add(drawBonusAt(canvas, *bonus, at));
+            if (const StageBonus* bonus = rowFor(kBonuses, sign)) fit.add(drawBonusAt(canvas, *bonus, at, area.width));
             if (isOneOf(sign, kArrows)) drawArrowAt(canvas, static_cast<double>(kArrows.find(sign)), at);
         });
     }

@@ -21,7 +21,7 @@ struct Stage {
 std::string faultOf(const Stage& stage);
 
 /// Draws the scene with its upper left corner at `corner`, and an ink line around it. Where the last row has no floor,
-/// all is raised by 20 px and a strip of floor shows below. Says whether the names of bonuses fit.
+/// a strip of floor of 16 px is added below. Says whether the names of bonuses fit.
 [[nodiscard]] Fit drawStage(Canvas& canvas, const Stage& stage, Point corner);
 
 }  // namespace grub
