@@ -58,7 +58,7 @@ void drawClosedFloor(Canvas& canvas, const Rect& area) {
 constexpr std::array kSets{
     //         name            px   px
     SetDrawing{"closed-hall", 800, 600, drawHalls},
-    SetDrawing{"closed-floor", 800, 88, drawClosedFloor},
+    SetDrawing{"closed-floor", 800, 88, drawClosedFloor, true},
 };
 
 }  // namespace

@@ -95,7 +95,7 @@ void drawFarPrison(Canvas& canvas, Point foot, double scale, Rgb stone) {
 
 void drawSunrise(Canvas& canvas, const Rect& area) {
     constexpr Point kSun{246, 152};
-    constexpr double kHorizon = 156;
+    constexpr double kHorizon = 176;
     drawGradient(canvas, {0, 0, area.width, 90}, rgb(0x7d9cd6), rgb(0xd9c4d8));
     drawGradient(canvas, {0, 90, area.width, kHorizon - 90}, rgb(0xd9c4d8), rgb(0xffe2a4));
     {

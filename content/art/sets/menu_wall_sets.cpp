@@ -112,7 +112,7 @@ void drawSwungDoor(Canvas& canvas, double hinge, double top, double bottom) {
 void drawOpenCell(Canvas& canvas, const Rect&) {
     drawHallOfMenus(canvas);
     canvas.dimAround({120, 380}, 760, 0.42F);
-    const Rect opening{-30, 168, 122, kFloor - 168};
+    const Rect opening{-30, 168, 110, kFloor - 168};
     canvas.part(rectangle(opening.x, opening.y - 22, opening.width + 22, opening.height + 22, 8),
                 stony(kTurma.solid[1] * 0.62F, 1, 0.12F), {.bevel = 8, .line = 1.4, .shadow = 0.5F});
     {
@@ -130,7 +130,7 @@ void drawOpenCell(Canvas& canvas, const Rect&) {
         canvas.flat(polygon({{x, kFloor}, {x + 28, kFloor}, {x * 2.2 + 190, 600}, {x * 2.2 + 130, 600}}), rgb(0xc4d0ff),
                     {.alpha = 0.22F});
     }
-    drawSwungDoor(canvas, 96, 176, kFloor);
+    drawSwungDoor(canvas, 84, 176, kFloor);
     drawPiece(canvas, "fon\\ruki", {694, 200}, 1.3);
     drawPiece(canvas, "poly\\paut1", {800 - 96, 0}, 1.5);
     drawPiece(canvas, "bonuses\\modul_stol_pust", {664, kFloor - 62 * 1.5}, 1.5);

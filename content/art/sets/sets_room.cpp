@@ -9,9 +9,8 @@ namespace grub {
 namespace {
 
 constexpr std::array kTables{
-    menuWallSets, openingSets, tunnelSets,     kitchenSets,    cellSets,        prisonSets,
-    worksSets,    cellarSets,  meadowSets,     menuWallSets,   openingSets,     tunnelSets,
-    kitchenSets,  cellSets,    dogKitchenSets, shadowWallSets, closedFloorSets, openDoorSets,
+    menuWallSets, openingSets, tunnelSets,     kitchenSets,    cellSets,        prisonSets,   worksSets,
+    cellarSets,   meadowSets,  dogKitchenSets, shadowWallSets, closedFloorSets, openDoorSets,
 };
 
 }  // namespace
