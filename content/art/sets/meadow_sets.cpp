@@ -3,6 +3,7 @@
 #include <numbers>
 #include <vector>
 
+#include "meadow_parts.h"
 #include "set_parts.h"
 #include "sets_room.h"
 #include "shapes.h"
@@ -12,84 +13,7 @@ namespace grub {
 
 namespace {
 
-constexpr Material kGrass = stony(rgb(0x6f9a4a), 1.4F, 0.12F, 0);
-constexpr Material kFarGrass = stony(rgb(0x86a874), 0.8F, 0.06F, 0);
 constexpr Material kEarth = stony(rgb(0x8a5f44), 1.6F, 0.16F, 0);
-constexpr Material kCloud = glossy(material(0xfdf6ea, 0xc9cfe6, 0xffffff), 0, 0);
-
-double share(std::uint32_t i, std::uint32_t of, std::uint32_t seed) { return randomShare(i, of, seed); }
-
-// ---- what grows and drifts there
-
-void drawTuft(Canvas& canvas, Point at, double height, Rgb colour) {
-    for (const double lean : {-0.5, 0.0, 0.45}) {
-        const Point tip = at + Point{lean * height, -height * (1 - 0.3 * std::abs(lean))};
-        canvas.flat(limb({{at + Point{lean * 4, 0}, height * 0.13}, {mix(at, tip, 0.6), height * 0.1}, {tip, 0.4}}),
-                    colour);
-    }
-}
-
-void drawFlower(Canvas& canvas, Point at, double size, Rgb petals) {
-    canvas.flat(polyline({at, at + Point{0, size * 2.6}}), rgb(0x4f7a38), {.stroke = size * 0.35});
-    VectorPath head;
-    for (int i = 0; i < 5; ++i) {
-        const double angle = 2 * std::numbers::pi * i / 5 - 0.4;
-        head.unite(circle(at + Point{std::cos(angle), std::sin(angle)} * (size * 0.7), size * 0.55));
-    }
-    canvas.part(head, material(petals), {.bevel = size * 0.4, .line = 0.8, .shadow = 0.2F});
-    canvas.flat(circle(at, size * 0.42), rgb(0xf2c84a));
-}
-
-/// Tufts and flowers, larger towards the viewer.
-void drawGrowth(Canvas& canvas, const Rect& area, int count, std::uint32_t seed) {
-    const auto all = static_cast<std::uint32_t>(count);
-    for (std::uint32_t i = 0; i < all; ++i) {
-        const double depth = (i + 0.5) / all;
-        const Point at{area.x + area.width * share(i, 1, seed), area.y + area.height * depth};
-        const double size = 4 + 7 * depth;
-        if (i % 3 == 0) {
-            const Rgb petals = i % 2 == 0 ? rgb(0xfdf4f8) : rgb(0xd8b8ec);
-            drawFlower(canvas, at - Point{0, size * 1.2}, size * 0.5, petals);
-        }
-        drawTuft(canvas, at, size * 1.5, share(i, 2, seed) < 0.5 ? rgb(0x557f3a) : rgb(0x8ab45a));
-    }
-}
-
-void drawCloud(Canvas& canvas, Point at, double size) {
-    VectorPath puffs;
-    for (const Joint& puff : {Joint{{-1.3, 0.1}, 0.42}, Joint{{-0.6, -0.25}, 0.6}, Joint{{0.2, -0.4}, 0.72},
-                              Joint{{0.9, -0.1}, 0.55}, Joint{{1.5, 0.15}, 0.36}})
-        puffs.unite(circle(at + puff.at * size, puff.radius * size));
-    puffs.unite(rectangle(at.x - 1.4 * size, at.y, 3 * size, 0.45 * size, 0.22 * size));
-    canvas.part(puffs, kCloud, {.bevel = size * 0.4, .line = 0, .shadow = 0, .alpha = 0.9F});
-}
-
-void drawTree(Canvas& canvas, Point foot, double height, Rgb leaves) {
-    const auto grown = canvas.placed(foot, 0, height / 100, height / 100);
-    canvas.part(limb({{{0, 0}, 8}, {{1, -22}, 5.5}, {{-1, -52}, 4}}), kWood, {.bevel = 5, .line = 1.2});
-    const Material crown = stony(leaves, 1.6F, 0.14F, 0);
-    for (const Joint& puff : {Joint{{-22, -48}, 19}, Joint{{22, -50}, 20}, Joint{{0, -44}, 18}, Joint{{-14, -70}, 20},
-                              Joint{{14, -72}, 19}, Joint{{0, -84}, 16}})
-        canvas.part(circle(puff.at, puff.radius), crown, {.bevel = 14, .line = 1.2, .shadow = 0.3F});
-}
-
-/// The prison, tiny on its hill, with a thread of smoke. `foot`: the middle of its lowest row.
-void drawFarPrison(Canvas& canvas, Point foot, double scale, Rgb stone) {
-    const auto far = canvas.placed(foot, 0, scale, scale);
-    const std::array smoke{Point{16, -40}, Point{10, -52}, Point{24, -60}, Point{14, -74},
-                           Point{6, -86},  Point{22, -92}, Point{16, -108}};
-    drawRibbon(canvas, smoke, 6, rgb(0xf4ecf0), 0.7F);
-    const Material walls = glossy(material(stone), 0, 0.3F);
-    const Material roofs = glossy(material(stone * 0.72F), 0, 0.3F);
-    canvas.part(rectangle(12.5, -40, 6, 14), walls, {.bevel = 2, .line = 0.8});
-    canvas.part(rectangle(-26, -20, 52, 20), walls, {.bevel = 3, .line = 0.8});
-    for (const double x : {-25.0, 0.0, 25.0}) {
-        const double top = x == 0 ? -32 : -26;
-        canvas.part(rectangle(x - 6, top, 12, -top), walls, {.bevel = 4, .line = 0.8});
-        canvas.part(polygon({{x - 8, top}, {x, top - 13}, {x + 8, top}}, 1), roofs, {.bevel = 4, .line = 0.8});
-        canvas.flat(rectangle(x - 1.4, top + 7, 2.8, 5, 1.2), rgb(0xffd890));
-    }
-}
 
 // ---- at sunrise
 
@@ -144,30 +68,29 @@ void drawSunrise(Canvas& canvas, const Rect& area) {
         drawRubblePiece(canvas, {x, y}, size, size * 0.8, angle, kEarth.base);
 }
 
-/// A molehill whose near side hides what comes out of it. Around it nothing is drawn.
+/// A molehill whose near side hides what comes out of it, as large as `area`. Around it nothing is drawn.
 void drawMolehill(Canvas& canvas, const Rect& area) {
-    const double middle = area.centre().x;
-    canvas.part(loop({{8, area.height + 8},
-                      {24, 60},
-                      {44, 30},
-                      {58, 18},
-                      {80, 34},
-                      {area.width - 80, 34},
-                      {area.width - 58, 18},
-                      {area.width - 44, 30},
-                      {area.width - 24, 60},
-                      {area.width - 8, area.height + 8},
-                      {middle, area.height + 10},
-                      {middle, area.height + 10},
-                      {8, area.height + 8}}),
-                kEarth, {.bevel = 18, .line = 2});
-    for (std::uint32_t i = 0; i < 12; ++i) {
-        const Point at{30 + (area.width - 60) * share(i, 1, 11), 44 + (area.height - 46) * share(i, 2, 11)};
-        if (std::abs(at.x - middle) > 40 + at.y * 0.7) continue;
-        drawRubblePiece(canvas, at, 9 + 6 * share(i, 3, 11), 8, 3 * share(i, 4, 11), kEarth.base * 1.1F);
+    constexpr std::uint32_t kLumps = 9;
+    const Point middle{area.centre().x, area.height + 10};
+    VectorPath hill = ellipse(middle, area.width * 0.46, area.height * 0.8);
+    for (std::uint32_t i = 0; i < kLumps; ++i) {  // lumps on its outline, the ones at the rim larger
+        const double angle = std::numbers::pi * (1 + (i + 0.5) / kLumps);
+        const double rim = i > 1 && i + 2 < kLumps ? 1 : 0.6;
+        hill.unite(circle(middle + Point{area.width * 0.41 * std::cos(angle), area.height * 0.76 * std::sin(angle)},
+                          rim * (13 + 6 * randomShare(i, 1, 11))));
     }
-    drawTuft(canvas, {22, area.height}, 16, rgb(0x8ab45a));
-    drawTuft(canvas, {area.width - 26, area.height}, 18, rgb(0x8ab45a));
+    canvas.part(hill, kEarth, {.bevel = 13, .line = 2});
+    for (std::uint32_t i = 0; i < 30; ++i) {
+        const double angle = std::numbers::pi * (1 + randomShare(i, 2, 11));
+        const double reach = std::sqrt(randomShare(i, 3, 11)) * 0.86;
+        const Point at =
+            middle + Point{area.width * 0.44 * std::cos(angle), area.height * 0.8 * std::sin(angle)} * reach;
+        const double size = 3 + 4 * randomShare(i, 4, 11);
+        canvas.part(ellipse(at, size, size * 0.8), stony(kEarth.base * (0.86F + 0.3F * randomShare(i, 5, 11)), 1, 0.1F),
+                    {.bevel = size * 0.8, .line = 0.6, .shadow = 0.3F});
+    }
+    for (const double x : {10.0, 22.0, area.width - 24, area.width - 10})
+        drawTuft(canvas, {x, area.height + 2}, 15, rgb(0x8ab45a));
 }
 
 // ---- at noon
@@ -209,7 +132,8 @@ void drawCottageWindow(Canvas& canvas, Point corner) {
     canvas.part(rectangle(-8, 80, 86, 15, 3), kWood, {.bevel = 5, .line = 1.4});
     for (std::uint32_t i = 0; i < 7; ++i) {
         drawTuft(canvas, {2.0 + 11 * i, 82}, 13, rgb(0x5f8a40));
-        drawFlower(canvas, {3.0 + 11 * i, 70 + 6 * share(i, 2, 4)}, 4.4, i % 2 == 0 ? rgb(0xf6eefc) : rgb(0xc9a4e6));
+        drawFlower(canvas, {3.0 + 11 * i, 70 + 6 * randomShare(i, 2, 4)}, 4.4,
+                   i % 2 == 0 ? rgb(0xf6eefc) : rgb(0xc9a4e6));
     }
 }
 
@@ -305,7 +229,7 @@ constexpr std::array kSets{
     //         name             px   px
     SetDrawing{"sunrise", 462, 264, drawSunrise},
     SetDrawing{"picnic", 776, 300, drawPicnic},
-    SetDrawing{"molehill", 210, 76, drawMolehill, true},
+    SetDrawing{"molehill", 230, 80, drawMolehill, true},
 };
 
 }  // namespace

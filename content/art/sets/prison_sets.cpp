@@ -84,14 +84,10 @@ void drawMoonlitCell(Canvas& canvas, const Rect& area) {
 
 /// The way home of a rat: a hole in the wall, and what it has carried there.
 void drawRatHole(Canvas& canvas, double middle, double floor) {
-    const VectorPath hole = loop({{middle - 38, floor},
-                                  {middle - 40, floor - 90},
-                                  {middle + 40, floor - 90},
-                                  {middle + 38, floor},
-                                  {middle + 20, floor},
-                                  {middle - 20, floor},
-                                  {middle - 38, floor}});
-    canvas.part(hole, stony(kTurma.solid[1] * 0.5F, 1.2F, 0.12F), {.bevel = 5, .line = 1.4, .stroke = 13});
+    const std::initializer_list<Point> arch{
+        {middle - 38, floor}, {middle - 40, floor - 90}, {middle + 40, floor - 90}, {middle + 38, floor}};
+    canvas.part(curve(arch), stony(kTurma.solid[1] * 0.5F, 1.2F, 0.12F), {.bevel = 5, .line = 1.4, .stroke = 13});
+    const VectorPath hole = curve(arch).close();
     canvas.flat(hole, rgb(0x0d0a1c));
     const Mask inside = canvas.mask(hole);
     canvas.flat(ellipse({middle, floor}, 26, 13), kGold.shadow, {.alpha = 0.8F, .clip = &inside});

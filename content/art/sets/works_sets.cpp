@@ -163,6 +163,8 @@ void drawHoleAbove(Canvas& canvas, const Rect& area) {
 
 // ---- the way down
 
+constexpr Material kGirder = glossy(material(0x38525c, 0x18262e, 0x6f8f98), 0.4F, 0.2F);
+
 /// What shows of the cellar: its wall comes out of the dark, a barrel stands on its floor.
 void drawCellarBelow(Canvas& canvas, const Rect& area) {
     constexpr double kGround = 9;
@@ -200,7 +202,9 @@ void drawWayDown(Canvas& canvas, const Rect& area) {
     canvas.flat(polyline({{0, kPit.y}, {146, kPit.y}}), kInk, {.stroke = 2});
     for (const double top : {kLeftFloor - 20, kLeftFloor + 76})
         drawPiece(canvas, "lesenki\\modul_lestn", {156, top}, kScale);
-    canvas.flat(rectangle(kPit.width - 2, kRightFloor, 6, 40), kInk);
+    canvas.part(rectangle(kPit.width - 8, kPit.y - 40, 14, 140, 2), kGirder, {.bevel = 4, .line = 1.4});
+    for (double y = kPit.y - 30; y < area.height; y += 17)
+        canvas.part(circle({kPit.width - 1, y}, 2.2), kGirder, {.bevel = 2, .line = 0.8});
     for (const auto& [name, x] : {std::tuple{"poly\\pol_kray4", 298.0}, std::tuple{"poly\\pol_jel", 394.0}})
         drawPiece(canvas, name, {x, kRightFloor}, kScale);
     for (const auto& [name, x] : {std::tuple{"trubi\\tr_kray1", 154.0}, std::tuple{"trubi\\mod_trub04", 282.0},
