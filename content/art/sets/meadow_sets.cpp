@@ -42,6 +42,7 @@ void drawSunrise(Canvas& canvas, const Rect& area) {
     drawFarPrison(canvas, {72, 142}, 0.95, rgb(0x7d7299));
     drawTree(canvas, {430, 166}, 46, rgb(0x6f9468));
     drawTree(canvas, {400, 164}, 34, rgb(0x7a9c70));
+    canvas.flat(rectangle(0, 190, area.width, area.height - 190), kGrass.base);
     canvas.part(loop({{-20, 176},
                       {60, 150},
                       {150, 172},
