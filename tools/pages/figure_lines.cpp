@@ -20,9 +20,16 @@ struct PropName {
     Prop prop;
 };
 constexpr std::array kProps{
-    PropName{"none", Prop::None},      PropName{"spoon", Prop::Spoon}, PropName{"spoonkeys", Prop::SpoonWithKeys},
-    PropName{"pin", Prop::RollingPin}, PropName{"pie", Prop::Pie},     PropName{"key", Prop::Key},
-    PropName{"keys", Prop::Keys},      PropName{"crumb", Prop::Crumb}, PropName{"napkin", Prop::Napkin},
+    PropName{"none", Prop::None},
+    PropName{"spoon", Prop::Spoon},
+    PropName{"goldspoon", Prop::GoldSpoon},
+    PropName{"spoonkeys", Prop::SpoonWithKeys},
+    PropName{"pin", Prop::RollingPin},
+    PropName{"pie", Prop::Pie},
+    PropName{"key", Prop::Key},
+    PropName{"keys", Prop::Keys},
+    PropName{"crumb", Prop::Crumb},
+    PropName{"napkin", Prop::Napkin},
 };
 
 double radians(double degrees) { return degrees * std::numbers::pi / 180; }
@@ -41,7 +48,7 @@ Halves halvesOf(const std::string& text) {
 Prop propOf(LineReader& line, const std::string& name) {
     const auto* found = std::ranges::find(kProps, name, &PropName::name);
     if (found != kProps.end()) return found->prop;
-    line.fail("none, spoon, spoonkeys, pin, pie, key, keys, crumb or napkin", name);
+    line.fail("none, spoon, goldspoon, spoonkeys, pin, pie, key, keys, crumb or napkin", name);
     return Prop::None;
 }
 

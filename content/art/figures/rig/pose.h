@@ -17,7 +17,7 @@ enum class FigureView { Side, Front, Back };
 enum class Grip { Fist, Open, Pointing };
 
 /// What a hand, a mouth or a tail can hold, and what can hang on a collar.
-enum class Prop { None, Spoon, SpoonWithKeys, RollingPin, Pie, Key, Keys, Crumb, Napkin };
+enum class Prop { None, Spoon, GoldSpoon, SpoonWithKeys, RollingPin, Pie, Key, Keys, Crumb, Napkin };
 
 /// A prop and where it points: 0 to the right, positive downwards.
 struct Held {

@@ -11,6 +11,7 @@ namespace grub {
 namespace {
 
 constexpr Material kBowl = glossy(material(0x8b98ae, 0x59657f, 0xcfd9e6), 0.2F);
+constexpr Material kGoldBowl = glossy(material(0xdf9f2e, 0x9c5a22, 0xffdf86), 0.3F);
 constexpr Material kCrust = glossy(material(0xe6a94e, 0x9a5a34, 0xffe0a0), 0.4F);
 constexpr Material kPlum = glossy(material(0x7c2c63, 0x3c143c, 0xd477a8), 0.9F);
 constexpr Material kTin = glossy(material(0x9aa6b8, 0x46506c, 0xe4eef6), 0.9F, 0.5F);
@@ -28,10 +29,10 @@ constexpr Point kKeyBow{-9.4, 0};
 constexpr double kSpoonNeck = 6.2;
 constexpr double kLongSpoonNeck = 20;
 
-void drawSpoon(Canvas& canvas, double neck) {
-    canvas.part(limb({{{-10.5, 0}, 1.9}, {{-8, 0}, 1.4}, {{neck + 1.8, 0}, 1.5}}), kMetal, {.bevel = 1.6, .line = 1.1});
-    canvas.part(ellipse({neck + 7.2, 0}, 7.2, 5.8), kMetal, {.bevel = 4.2, .line = 1.2});
-    canvas.part(ellipse({neck + 7.4, 0.2}, 4.8, 3.5), kBowl, {.bevel = 3, .line = 0, .shadow = 0});
+void drawSpoon(Canvas& canvas, double neck, const Material& metal, const Material& bowl) {
+    canvas.part(limb({{{-10.5, 0}, 1.9}, {{-8, 0}, 1.4}, {{neck + 1.8, 0}, 1.5}}), metal, {.bevel = 1.6, .line = 1.1});
+    canvas.part(ellipse({neck + 7.2, 0}, 7.2, 5.8), metal, {.bevel = 4.2, .line = 1.2});
+    canvas.part(ellipse({neck + 7.4, 0.2}, 4.8, 3.5), bowl, {.bevel = 3, .line = 0, .shadow = 0});
 }
 
 void drawRollingPin(Canvas& canvas) {
@@ -91,7 +92,7 @@ void drawKeys(Canvas& canvas, const KeyRing& keys) {
 
 /// Keys slide down an upright handle to its end; on a shoulder they hang behind it, before the bowl.
 void drawSpoonWithKeys(Canvas& canvas, double angle) {
-    drawSpoon(canvas, kLongSpoonNeck);
+    drawSpoon(canvas, kLongSpoonNeck, kMetal, kBowl);
     const bool upright = std::abs(std::sin(angle)) > 0.8;
     // Whatever way the spoon points, the keys hang down.
     const auto hung = canvas.placed({upright ? -9.2 : kLongSpoonNeck - 2.6, 0}, -angle);
@@ -179,7 +180,8 @@ void drawProp(Canvas& canvas, Point grip, const Held& held) {
     const auto placed = canvas.placed(grip, held.angle);
     switch (held.prop) {
         case Prop::None: return;
-        case Prop::Spoon: return drawSpoon(canvas, kSpoonNeck);
+        case Prop::Spoon: return drawSpoon(canvas, kSpoonNeck, kMetal, kBowl);
+        case Prop::GoldSpoon: return drawSpoon(canvas, kSpoonNeck, kGold, kGoldBowl);
         case Prop::SpoonWithKeys: return drawSpoonWithKeys(canvas, held.angle);
         case Prop::RollingPin: return drawRollingPin(canvas);
         case Prop::Pie: return drawPie(canvas);
