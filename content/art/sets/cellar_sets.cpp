@@ -27,10 +27,10 @@ void drawBrightCrack(Canvas& canvas, std::span<const Point> points, double width
         }
         return limb(joints);
     };
-    for (const Point& at : points) canvas.glow(at, 30, kDaylight, 0.3F);
-    canvas.flat(tapered(1.4), rgb(0x2a2012), {.alpha = 0.85F});
+    for (const Point& at : points) canvas.glow(at, 34, kDaylight, 0.34F);
+    canvas.flat(tapered(2), rgb(0x2a2012), {.alpha = 0.75F});
     canvas.flat(tapered(0), kDaylight);
-    canvas.flat(tapered(-0.5 - width / 5), rgb(0xfffbe0));
+    canvas.flat(tapered(-0.2 - width / 6), rgb(0xfffbe0));
 }
 
 // The cracks around the barrel.
@@ -53,12 +53,12 @@ void drawLastBarrel(Canvas& canvas, const Rect&) {
     drawPiece(canvas, "fon\\fakel", {34 - 48, 96 - 39}, kScale, 3);
     canvas.glow({236, 180}, 170, kDaylight, 0.5F);
     for (const Point& end : {Point{96, 120}, Point{70, 200}, Point{150, 20}, Point{262, 10}})
-        drawBeam(canvas, {238, 168}, 8, end, 60, kDaylight, 0.28F);
-    drawBrightCrack(canvas, kMain, 7);
-    drawBrightCrack(canvas, kOver, 6);
-    drawBrightCrack(canvas, kBranchUp, 4);
-    drawBrightCrack(canvas, kBranchLeft, 4);
-    drawBrightCrack(canvas, kBranchRight, 4);
+        drawBeam(canvas, {238, 168}, 8, end, 60, kDaylight, 0.42F);
+    drawBrightCrack(canvas, kMain, 5.6);
+    drawBrightCrack(canvas, kOver, 5);
+    drawBrightCrack(canvas, kBranchUp, 3);
+    drawBrightCrack(canvas, kBranchLeft, 3);
+    drawBrightCrack(canvas, kBranchRight, 3);
     drawPiece(canvas, "fon\\bochka", {246 - 32 * kBarrel, kFloor + 3 - 62 * kBarrel}, kBarrel);
     canvas.halo({200, kFloor - 4}, 44, kDaylight, 0.3F);
     drawPiece(canvas, "poly\\paut", {0, 0}, 1.3);

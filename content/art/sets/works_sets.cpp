@@ -207,8 +207,8 @@ void drawWayDown(Canvas& canvas, const Rect& area) {
         canvas.part(circle({kPit.width - 1, y}, 2.2), kGirder, {.bevel = 2, .line = 0.8});
     for (const auto& [name, x] : {std::tuple{"poly\\pol_kray4", 298.0}, std::tuple{"poly\\pol_jel", 394.0}})
         drawPiece(canvas, name, {x, kRightFloor}, kScale);
-    for (const auto& [name, x] : {std::tuple{"trubi\\tr_kray1", 154.0}, std::tuple{"trubi\\mod_trub04", 282.0},
-                                  std::tuple{"trubi\\tr_styk3", 410.0}})
+    for (const auto& [name, x] : {std::tuple{"trubi\\tr_kray1", 224.0}, std::tuple{"trubi\\mod_trub04", 352.0},
+                                  std::tuple{"trubi\\tr_styk3", 480.0}})
         drawPiece(canvas, name, {x, kPipe - 10 * kPipeScale}, kPipeScale);
 }
 
