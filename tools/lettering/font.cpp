@@ -74,7 +74,7 @@ double Font::pitch() const { return std::ceil(kPitch * size_); }
 double Font::width(std::string_view line) const {
     double pen = 0;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        const Glyph* glyph = typeface_->glyph(line[i]);
+        const GlyphOutline* glyph = typeface_->glyph(line[i]);
         if (i > 0) pen += typeface_->kerning(line[i - 1], line[i]);
         if (glyph != nullptr) pen += glyph->advance;
     }
@@ -84,7 +84,7 @@ double Font::width(std::string_view line) const {
 double Font::depth(std::string_view line) const {
     double deepest = 0;
     for (const char code : line) {
-        const Glyph* glyph = typeface_->glyph(code);
+        const GlyphOutline* glyph = typeface_->glyph(code);
         // Round letters reach a little below the line and still stand on it.
         if (glyph != nullptr && glyph->bottom > kOvershoot) deepest = std::max(deepest, glyph->bottom);
     }
@@ -118,7 +118,7 @@ VectorPath Font::line(std::string_view line, Point at, Align align) const {
     VectorPath path;
     Point pen = at - Point{width(line) * shareBefore(align), 0};
     for (std::size_t i = 0; i < line.size(); ++i) {
-        const Glyph* glyph = typeface_->glyph(line[i]);
+        const GlyphOutline* glyph = typeface_->glyph(line[i]);
         if (i > 0) pen.x += typeface_->kerning(line[i - 1], line[i]) * size_;
         if (glyph == nullptr) continue;
         append(path, glyph->outline, pen, size_);

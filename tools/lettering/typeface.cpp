@@ -84,7 +84,7 @@ struct OutlineReader {
     }
 };
 
-bool readGlyph(FT_Face face, FT_UInt index, Glyph& glyph) {
+bool readGlyph(FT_Face face, FT_UInt index, GlyphOutline& glyph) {
     if (FT_Load_Glyph(face, index, FT_LOAD_NO_SCALE | FT_LOAD_NO_HINTING) != 0) return false;
     if (face->glyph->format != FT_GLYPH_FORMAT_OUTLINE) return false;
     FT_Outline& outline = face->glyph->outline;
@@ -132,7 +132,7 @@ Typeface::Typeface(const std::filesystem::path& file) {
     }
 }
 
-const Glyph* Typeface::glyph(char code) const {
+const GlyphOutline* Typeface::glyph(char code) const {
     if (!held(code)) return nullptr;
     const Entry& entry = entries_[placeOf(code)];
     return entry.present ? &entry.glyph : nullptr;
@@ -143,7 +143,7 @@ double Typeface::kerning(char left, char right) const {
 }
 
 double Typeface::heightOf(char code) const {
-    const Glyph* found = glyph(code);
+    const GlyphOutline* found = glyph(code);
     return found == nullptr ? 0 : -found->top;
 }
 

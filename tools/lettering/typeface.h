@@ -15,7 +15,7 @@ inline constexpr char kLastCode = 126;
 inline constexpr std::size_t kCodes = kLastCode - kFirstCode + 1;
 
 /// One letter in ems: 1 is the size of the text. The pen stands at (0, 0) on the baseline, y points down.
-struct Glyph {
+struct GlyphOutline {
     /// Unhinted; holes run the other way round than what is around them.
     VectorPath outline;
     /// From this pen to the next one.
@@ -37,7 +37,7 @@ public:
     /// One line that names the file, or empty when all went well.
     const std::string& fault() const { return fault_; }
     /// Null for a code outside kFirstCode to kLastCode, and for one that the font does not have.
-    const Glyph* glyph(char code) const;
+    const GlyphOutline* glyph(char code) const;
     /// What the font adds between the pens of two neighbours, in ems; mostly negative. Only the table "kern" counts.
     double kerning(char left, char right) const;
 
@@ -52,7 +52,7 @@ private:
 
     struct Entry {
         bool present = false;
-        Glyph glyph;
+        GlyphOutline glyph;
         std::array<float, kCodes> kerning{};  // before each code
     };
     std::array<Entry, kCodes> entries_;

@@ -50,7 +50,7 @@ struct Widths {
 };
 
 Widths widthsOf(const GameFont& font, char code) {
-    const Glyph* glyph = typeface(font.face).glyph(code);
+    const GlyphOutline* glyph = typeface(font.face).glyph(code);
     if (glyph == nullptr) return {0, 0, 0, 0};
     const bool digit = (code >= '0' && code <= '9') || code == ' ';
     const int fixed = digit && font.digitCell > 0 ? font.digitCell : font.cell;

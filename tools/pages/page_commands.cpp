@@ -10,6 +10,8 @@
 #include "page_folder.h"
 #include "page_picture.h"
 #include "page_source.h"
+#include "page_states.h"
+#include "state_picture.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -29,7 +31,14 @@ PageSource sourceOf(const Arguments& arguments) {
     return std::move(*source);
 }
 
-/// All faults but the last go to standard error; the last one ends the command.
+std::vector<PageState> statesOf(const std::string& file) {
+    std::string error;
+    auto states = readPageStates(file, textOf, error);
+    if (!states) failWith(kFailed, error);
+    return std::move(*states);
+}
+
+/// Faults go to standard error and end the command.
 void failWhen(const std::vector<std::string>& faults) {
     for (const std::string& fault : faults) std::fprintf(stderr, "%s\n", fault.c_str());
     if (!faults.empty()) throw CommandEnd{};
@@ -46,6 +55,7 @@ std::filesystem::path folderOf(const Arguments& arguments) {
 void describe(const Arguments& arguments) {
     const PageSource source = sourceOf(arguments);
     std::vector<std::string> faults = pageFaults(source);
+    if (arguments.has("--states")) checkStates(source, statesOf(arguments.text("--states")), faults);
     if (arguments.has("--pictures")) tidyPictures(source, arguments.text("--pictures"), faults);
     failWhen(faults);
     outputText(arguments.text("OUT"), layoutText(source));
@@ -65,6 +75,10 @@ void draw(const Arguments& arguments) {
     failWhen(faults);
 }
 
+void writePicture(const std::string& file, const PixelImage& image) {
+    if (!writePng(file, image)) failWith(kFailed, file + ": cannot be written");
+}
+
 /// Over the colour of the menu's wall.
 void drawOne(const Arguments& arguments) {
     const PageSource source = sourceOf(arguments);
@@ -76,8 +90,29 @@ void drawOne(const Arguments& arguments) {
     PixelImage ground(drawn.width, drawn.height);
     ground.pixels.assign(ground.pixels.size(), Pixel{45, 54, 90, 255});
     layOver(ground, drawn, 0, 0);
-    if (!writePng(arguments.text("OUT"), ground)) failWith(kFailed, arguments.text("OUT") + ": cannot be written");
+    writePicture(arguments.text("OUT"), ground);
     failWhen(faults);
+}
+
+/// One state, or all of them.
+void show(const Arguments& arguments) {
+    std::string error;
+    StateArtist artist(arguments.text("--data"), error);
+    if (!error.empty()) failWith(kFailed, error);
+    const std::string wanted = arguments.text("NAME");
+    const bool all = arguments.has("--states");
+    if (all == arguments.has("OUT")) failWith(kFailed, "give NAME and OUT, or --states DIR");
+    const std::filesystem::path folder = arguments.text("--states");
+    std::error_code ignored;
+    if (all) std::filesystem::create_directories(folder, ignored);
+    bool found = all;
+    for (const PageState& state : statesOf(arguments.text("STATES"))) {
+        if (all) writePicture((folder / (state.name + ".png")).string(), artist.draw(state));
+        if (all || state.name != wanted) continue;
+        writePicture(arguments.text("OUT"), artist.draw(state));
+        found = true;
+    }
+    if (!found) failWith(kFailed, wanted + ": there is no such state");
 }
 
 void fonts(const Arguments& arguments) {
@@ -98,7 +133,7 @@ std::vector<Command> pageCommands() {
         {"layout", "Make the menus, dialogs and comics from their texts", {}, nullptr},
         {"layout describe",
          "Check the pages, and write the description that the game reads",
-         {kInterface, word("OUT", "file to write"),
+         {kInterface, word("OUT", "file to write"), option("--states", "text of the states, which are checked too"),
           option("--pictures", "folder of the pictures: each must be there, and others are removed")},
          describe},
         {"layout draw",
@@ -109,6 +144,14 @@ std::vector<Command> pageCommands() {
          "Draw one picture as a PNG file to look at",
          {kInterface, word("FILE", "picture, such as title.bmp"), word("OUT", "PNG file to write")},
          drawOne},
+        {"layout show",
+         "Draw what the player sees, as the game draws it from its packages",
+         {word("STATES", "text of the states, such as content/pages/states.txt"),
+          {.name = "NAME", .help = "state", .isRequired = false},
+          {.name = "OUT", .help = "PNG file to write", .isRequired = false},
+          option("--states", "draw all states into this folder"),
+          option("--data", "folder of the packages", true)},
+         show},
         {"layout fonts",
          "Draw the fonts of an interface, with their tables",
          {kInterface, word("DIR", "folder to write to")},
