@@ -76,9 +76,9 @@ void drawSpeaker(Canvas& canvas, Point centre, double size) {
     const auto placed = canvas.placed(centre, 0, size / 24, size / 24);
     canvas.flat(polygon({{-11, -4}, {-6.5, -4}, {0, -10}, {0, 10}, {-6.5, 4}, {-11, 4}}, 1.5), kBoardInk);
     for (const double reach : {1.0, 1.9}) {
-        canvas.flat(
-            curve({{2.4 + 1.4 * reach, -3.6 * reach}, {3.4 + 2.6 * reach, 0}, {2.4 + 1.4 * reach, 3.6 * reach}}),
-            kBoardInk, {.stroke = 2.2});
+        const double x = 2.2 + 1.6 * reach;
+        const Point bulge{x + 1.9 * reach, 1.6 * reach};
+        canvas.flat(curve({{x, -4 * reach}, {bulge.x, -bulge.y}, bulge, {x, 4 * reach}}), kBoardInk, {.stroke = 2.2});
     }
 }
 
