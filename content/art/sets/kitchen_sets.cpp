@@ -27,8 +27,10 @@ constexpr Material kCrockery = glossy(material(0x9aa3b8, 0x4d5070, 0xdfe3ee), 0.
 
 void drawShelf(Canvas& canvas, Point left, double width) {
     const auto placed = canvas.placed(left);
-    for (double x = 14; x + 10 < width; x += 38) {
-        const bool pot = static_cast<int>(x / 38) % 2 == 0;
+    constexpr double kEvery = 38;
+    for (int i = 0; 24 + i * kEvery < width; ++i) {
+        const double x = 14 + i * kEvery;
+        const bool pot = i % 2 == 0;
         if (pot) {
             canvas.part(rectangle(x - 11, -21, 22, 21, 5), kCopper, {.bevel = 8, .line = 1.1});
             canvas.part(rectangle(x - 12.5, -23, 25, 5, 2), kCopper, {.bevel = 2.4, .line = 1});
@@ -90,7 +92,8 @@ void drawKitchen(Canvas& canvas, const Rect&) {
         const auto paint = canvas.group({.box = Rect{0, 150, 382, kFloorTop - 150}});  // glazed tiles up to the hip
         canvas.flat(rectangle(0, 150, 382, 60), rgb(0x2c2032));
         for (int i = 0; i < 34; ++i) {
-            canvas.part(rectangle(i % 17 * 23 - 4 + i / 17 * 11, 156 + i / 17 * 25, 21.5, 23.5, 2),
+            const int row = i / 17;
+            canvas.part(rectangle(i % 17 * 23 - 4 + row * 11, 156 + row * 25, 21.5, 23.5, 2),
                         glossy(material(rgb(0x54455c)), 0.3F, 0.05F), {.bevel = 2.6, .line = 0, .shadow = 0});
         }
         canvas.part(rectangle(-4, 149, 400, 7, 2), kWood, {.bevel = 2.6, .line = 1.1});

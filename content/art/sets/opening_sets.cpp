@@ -55,7 +55,8 @@ void drawTower(Canvas& canvas, const Tower& tower) {
 
 void drawWallBetween(Canvas& canvas, double from, double to, double top) {
     VectorPath wall = rectangle(from, top, to - from, kGroundTop - top + 8);
-    for (double x = from; x < to - 4; x += 15) wall.unite(rectangle(x, top - 7, 8, 9, 1));
+    constexpr double kEvery = 15;
+    for (int i = 0; i * kEvery < to - from - 4; ++i) wall.unite(rectangle(from + i * kEvery, top - 7, 8, 9, 1));
     canvas.part(wall, kPrisonStone, {.bevel = 4, .line = 1});
 }
 
@@ -104,8 +105,7 @@ void drawSoil(Canvas& canvas) {
     }
     // The grass on top of it.
     VectorPath grass;
-    for (double x = -6; x < kWidth; x += 9)
-        grass.unite(circle({x, kGroundTop + 2 + 2 * ((static_cast<int>(x) / 9) % 3)}, 6.5));
+    for (int x = -6; x < kWidth; x += 9) grass.unite(circle({1.0 * x, kGroundTop + 2 + 2.0 * (x / 9 % 3)}, 6.5));
     canvas.part(grass, stony(rgb(0x33503f), 1, 0.15F, 0), {.bevel = 4, .line = 1.1});
 }
 
@@ -122,6 +122,7 @@ void drawRoom(Canvas& canvas, Hall hall, const Rect& area) {
     const auto slab = canvas.group({.box = Rect{area.x, area.bottom() - kSlab, area.width, kSlab}});
     drawHall(canvas, {.hall = hall, .columns = columns, .rows = 1, .floorRow = 0},
              {area.x - 20, area.bottom() - kSlab});
+    canvas.shadeRows(area.bottom() - kSlab, area.bottom(), 0.85F, 0.6F);
 }
 
 void drawTurmaRooms(Canvas& canvas) {
@@ -191,7 +192,8 @@ void drawShaft(Canvas& canvas) {
     canvas.part(hole, stony(rgb(0x241a2c), 2, 0.2F, 0), {.bevel = 10, .line = 2.4, .shadow = 0});
     const Mask inside = canvas.mask(hole);
     const auto group = canvas.group({.box = shaft, .clip = &inside});
-    for (double y = shaft.y + 20; y < shaft.bottom(); y += 34) {
+    for (int i = 0; i < 8; ++i) {
+        const double y = shaft.y + 20 + 34 * i;
         for (const double side : {-1.0, 1.0})
             canvas.part(ellipse({kShaft + side * 96, y + side * 8}, 22, 20), stony(rgb(0x4a3540), 1.6F, 0.16F, 0),
                         {.bevel = 9, .line = 1.2});

@@ -39,7 +39,8 @@ void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scal
 
 void drawGradient(Canvas& canvas, const Rect& area, Rgb top, Rgb bottom) {
     constexpr double kStep = 2;
-    for (double y = 0; y < area.height; y += kStep) {
+    for (int i = 0; i * kStep < area.height; ++i) {
+        const double y = i * kStep;
         const auto share = static_cast<float>(y / area.height);
         canvas.flat(rectangle(area.x, area.y + y, area.width, std::min(kStep, area.height - y)),
                     mix(top, bottom, share));
@@ -87,22 +88,21 @@ void drawRubblePiece(Canvas& canvas, Point centre, double width, double height, 
 
 void drawRibbon(Canvas& canvas, std::span<const Point> points, double width, Rgb colour, float strength) {
     constexpr int kSteps = 24;  // of each curve
+    const std::size_t curves = (points.size() - 1) / 3;
     const auto at = [&](double t) {
-        const auto curves = (points.size() - 1) / 3;
         const auto first = std::min(static_cast<std::size_t>(t), curves - 1);
         const double u = t - static_cast<double>(first);
         const auto p = points.subspan(first * 3, 4);
         const double v = 1 - u;
         return p[0] * (v * v * v) + p[1] * (3 * v * v * u) + p[2] * (3 * v * u * u) + p[3] * (u * u * u);
     };
-    const double curves = static_cast<double>((points.size() - 1) / 3);
     const int steps = static_cast<int>(curves) * kSteps;
     for (const double share : {1.0, 0.72, 0.44}) {
         std::vector<Joint> joints;
         for (int i = 0; i <= steps; ++i) {
             const double t = static_cast<double>(i) / steps;
             const double swell = std::sin(t * std::numbers::pi) * (0.8 + 0.2 * std::sin(t * 19));
-            joints.push_back({at(t * curves), 1 + share * swell * width / 2});
+            joints.push_back({at(t * static_cast<double>(curves)), 1 + share * swell * width / 2});
         }
         canvas.flat(limb(joints), colour, {.alpha = strength / 2});
     }
