@@ -35,7 +35,8 @@ GlyphTable readGlyphTable(std::span<const std::uint8_t> bytes) {
     table.first = reader.i8();
     table.last = reader.i8();
     table.cellHeight = static_cast<std::uint16_t>(reader.u32());
-    for (int code = table.first; code <= table.last; ++code) table.glyphs.push_back(readGlyph(reader));
+    table.glyphs.resize(static_cast<std::size_t>(std::max(table.last - table.first + 1, 0)));
+    for (Glyph& glyph : table.glyphs) glyph = readGlyph(reader);
     return table;
 }
 

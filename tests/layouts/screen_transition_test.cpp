@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "memory_source.h"
 #include "named_pictures.h"
+#include "ready_renderer.h"
 
 namespace grub {
 namespace {
@@ -58,23 +61,50 @@ TEST(ScreenTransition, DrawsItsModeStepByStepUntilItIsFinished) {
         << "from the first frame, after a run that was left";
 }
 
-TEST(ScreenTransition, CoversTheScreenFromItsEdgesOrInTiles) {
-    FakeRenderer renderer;
-    MemorySource source;
-    putPictures(source);
-    ScreenTransition transition(source);
-    for (const FakeTexture* texture : renderer.textures)
-        EXPECT_EQ(texture->keys, letterOf(*texture) == 's' ? std::vector<Colour>{} : std::vector{kBlue});
+/// A white stripe and two tiles, whose frames are red and blue, on the game's renderer.
+class TransitionOnScreen : public ReadyRenderer {
+protected:
+    void SetUp() override {
+        ReadyRenderer::SetUp();
+        EngineServices::installRenderer(&renderer);
+        Bytes tiles(std::size_t{64} * 64 * 3 * 2);
+        for (std::size_t i = 0; i < tiles.size(); i += 3) tiles[i < tiles.size() / 2 ? i : i + 2] = 255;
+        source_.put("data\\gif\\polosa.bmp", writeBmp(800, 50, Bytes(std::size_t{800} * 50 * 3, 255)));
+        source_.put("data\\gif\\open.bmp", writeBmp(64, 128, tiles));
+    }
+    void TearDown() override { EngineServices::installRenderer(nullptr); }
+
+    /// The middles of the twelve rows of 50 pixels after a step over a green screen, from the left and the right edge:
+    /// W white, R red, G green, or ? where the two differ.
+    std::string step(ScreenTransition& transition) {
+        const ScreenPixels screen = frameOver({0, 255, 0}, [&] { transition.step(); });
+        const std::map<std::uint32_t, char> letters{{0xFFFFFF, 'W'}, {0xFF0000, 'R'}, {0xFF00, 'G'}};
+        std::string rows;
+        for (int y = 25; y < kScreenHeight; y += 50)
+            rows += screen.at(0, y) == screen.at(kScreenWidth - 1, y) ? letters.at(screen.at(0, y)) : '?';
+        return rows;
+    }
+
+    MemorySource source_;
+};
+
+TEST_F(TransitionOnScreen, CoversItFromItsEdgesOrInTiles) {
+    const std::string all(12, 'W');
+    const std::string none(12, 'G');
+    const std::vector<std::string> closing{
+        none, "WGGGGGGGGGGW", "WWGGGGGGGGWW", "WWWGGGGGGWWW", "WWWWGGGGWWWW", "WWWWWGGWWWWW", all, all};
+    ScreenTransition transition(source_);
     transition.start(ShutterClose);
-    for (int step = 0; step < 2; ++step) transition.step();
-    renderer.drawn.clear();
-    transition.step();
-    EXPECT_EQ(takeDrawn(renderer), "s0,0 s0,550 s0,50 s0,500");
-    transition.start(TileOut);
-    transition.step();
-    EXPECT_TRUE(takeDrawn(renderer).starts_with("x0,0 x64,0 x128,0 "));
-    transition.step();
-    EXPECT_TRUE(takeDrawn(renderer).ends_with(" y704,576 y768,576"));
+    for (const std::string& rows : closing) EXPECT_EQ(step(transition), rows);
+    transition.start(ShutterOpen);
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(step(transition), all);
+    for (std::size_t i = closing.size(); i-- > 0;) EXPECT_EQ(step(transition), closing[i]);
+    EXPECT_EQ(step(transition), none);
+    EXPECT_TRUE(transition.isFinished());
+    transition.start(TileIn);
+    EXPECT_EQ(step(transition), std::string(12, 'R'));
+    EXPECT_EQ(step(transition), none) << "blue is transparent";
+    EXPECT_TRUE(transition.isFinished());
 }
 
 }  // namespace
