@@ -107,7 +107,10 @@ void drawCottage(Canvas& canvas, double right, double floor) {
     canvas.part(polygon({{-10, floor}, {-10, floor - 14}, {right + 4, floor - 12}, {right + 4, floor}}, 3),
                 stony(rgb(0x9a94a0), 1.2F, 0.12F), {.bevel = 6, .line = 1.4});
     VectorPath eaves = rectangle(-20, -30, right + 42, 52, 4);
-    for (double x = -12; x < right + 22; x += 13) eaves.unite(circle({x, 22 + 2 * std::sin(x)}, 8));
+    for (int i = 0; 13 * i < right + 34; ++i) {
+        const double x = 13.0 * i - 12;
+        eaves.unite(circle({x, 22 + 2 * std::sin(x)}, 8));
+    }
     canvas.part(eaves, kThatch, {.bevel = 12, .line = 1.6, .shadow = 0.5F});
 }
 

@@ -38,7 +38,8 @@ void drawPrisonHall(Canvas& canvas, double left, double floor, double width) {
 /// Strokes in groups of five, as prisoners count: four upright, the fifth across.
 void drawTally(Canvas& canvas, Point at, int groups) {
     for (int group = 0; group < groups; ++group) {
-        const Point corner = at + Point{27.0 * (group % 3), 30.0 * (group / 3)};
+        const int row = group / 3;
+        const Point corner = at + Point{27.0 * (group % 3), 30.0 * row};
         for (int i = 0; i < 4; ++i) {
             const double sway = 2.0 * randomShare(static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(group), 3);
             canvas.flat(polyline({corner + Point{5.0 * i + sway, sway}, corner + Point{5.0 * i, 17 + sway}}), kChalk,

@@ -203,8 +203,8 @@ void drawWayDown(Canvas& canvas, const Rect& area) {
     for (const double top : {kLeftFloor - 20, kLeftFloor + 76})
         drawPiece(canvas, "lesenki\\modul_lestn", {156, top}, kScale);
     canvas.part(rectangle(kPit.width - 8, kPit.y - 40, 14, 140, 2), kGirder, {.bevel = 4, .line = 1.4});
-    for (double y = kPit.y - 30; y < area.height; y += 17)
-        canvas.part(circle({kPit.width - 1, y}, 2.2), kGirder, {.bevel = 2, .line = 0.8});
+    for (int i = 0; i < 7; ++i)
+        canvas.part(circle({kPit.width - 1, kPit.y - 30 + 17 * i}, 2.2), kGirder, {.bevel = 2, .line = 0.8});
     for (const auto& [name, x] : {std::tuple{"poly\\pol_kray4", 298.0}, std::tuple{"poly\\pol_jel", 394.0}})
         drawPiece(canvas, name, {x, kRightFloor}, kScale);
     for (const auto& [name, x] : {std::tuple{"trubi\\tr_kray1", 224.0}, std::tuple{"trubi\\mod_trub04", 352.0},
