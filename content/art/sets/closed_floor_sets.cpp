@@ -28,10 +28,10 @@ void drawHalls(Canvas& canvas, const Rect&) {
     canvas.shadeRows(kFloor - 60, kFloor, 1, 0.62F, &above);
     const Mask below = canvas.mask(rectangle(0, kFloor, 800, 600 - kFloor));
     canvas.shadeRows(kFloor + kCell, kFloor + kCell + 60, 0.42F, 0.8F, &below);
-    drawPiece(canvas, "fon\\fakel", {92, 220}, 2);
     drawPiece(canvas, "fon\\ruki", {640, 190}, 1.6);
-    canvas.glow({156, 268}, 360, kTurma.glow, 0.5F);
     canvas.dimAround({380, 330}, 560, 0.4F);
+    drawPiece(canvas, "fon\\fakel", {92, 220}, 2);
+    canvas.glow({156, 268}, 360, kTurma.glow, 0.4F);
     for (const Joint& crumb : {Joint{{296, 427}, 5}, Joint{{282, 429}, 3}, Joint{{508, 427}, 4.4},
                                Joint{{522, 429}, 2.6}, Joint{{538, 428}, 3.4}})
         canvas.part(circle(crumb.at, crumb.radius), stony(kTurma.floor[2], 0.6F, 0.1F), {.bevel = 3, .line = 1.1});

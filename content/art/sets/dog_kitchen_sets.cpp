@@ -108,7 +108,7 @@ void drawDogKitchen(Canvas& canvas, const Rect&) {
         drawShelf(canvas, {}, 156);
     }
     drawPiece(canvas, "bonuses\\modul_stol_pust", {586, 468 - 62 * 3.0}, 3.0);
-    drawBowl(canvas, {676, 534});
+    drawBowl(canvas, {738, 514});
     canvas.dimAround({385, 380}, 470, 0.34F);
     drawLamp(canvas, kLampFoot);
     drawBeam(canvas, kLampFoot, 70, {385, 640}, 560, rgb(0xffd9a0), 0.26F);

@@ -38,8 +38,8 @@ void drawLadysShadow(Canvas& canvas) {
     constexpr Rect kWall{0, 150, 620, kFloor - 150};
     constexpr double kTall = 5.9;
     constexpr double kWide = 5.9;
-    for (const double away : {5.0, 0.0, -5.0}) {
-        const auto shadow = canvas.group({.box = kWall, .cover = 0.3F});
+    for (const double away : {2.5, -2.5}) {
+        const auto shadow = canvas.group({.box = kWall, .cover = 0.4F});
         const auto cell = canvas.placed({54 + away, kFloor + 14 - 61 * kTall - away}, 0.02, kWide, kTall);
         drawLady(canvas, poseOf(ladyFigure(), "pin up"), kAngry, {.facesLeft = true, .tint = {kShadow, 1}});
     }
@@ -68,9 +68,13 @@ void drawFlourHall(Canvas& canvas, const Rect&) {
     drawLadysShadow(canvas);
     drawPiece(canvas, "dveri\\door_a", {646, kFloor + 4 - 64 * 4.4}, 4.4, 9);
     canvas.dimAround({520, 400}, 640, 0.42F);
-    drawBeam(canvas, {800, 440}, 210, {150, 560}, 330, rgb(0xffe2a0), 0.24F);
+    const Mask beam = canvas.mask(polygon({{800, 330}, {800, 550}, {60, 700}, {60, 400}}));
+    {
+        const auto light = canvas.group({.clip = &beam});
+        canvas.halo({790, 440}, 700, rgb(0xffe2a0), 0.34F);
+    }
     canvas.glow({790, 440}, 360, rgb(0xffc878), 0.5F);
-    drawFlour(canvas, {400, 300});
+    drawFlour(canvas, {352, 372});
 }
 
 // ---- the rat's shadow
