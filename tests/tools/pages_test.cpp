@@ -110,7 +110,7 @@ TEST(PageTexts, AreRefusedWithTheLineThatIsWrong) {
         {kItem + "T t 0 0 body_24_0 9 x l\n", "p.txt:3: wanted the longest text in quotes, found 'x'"},
         {"list none\n", "p.txt:1: wanted 'list NAME WORDS...', found a list without words"},
         {"list l a\nA*2 {l}\n",
-         "p.txt:2: wanted {0}, {1}, {02}, {frame} or the name of a list that is long enough, found '{l}'"},
+         "p.txt:2: wanted {0}, {1}, {02}, {count}, {frame} or the name of a list that is long enough, found '{l}'"},
         {"A*x a\n", "p.txt:1: wanted a list or a number from 1 to 100 behind '*', found 'x'"},
         {"T \"open\n", "p.txt:1: wanted a quote at the end of the words, found the end of the line"},
         {"block b\nT\n", "p.txt: wanted 'end' of the block 'b', found the end of the file"},

@@ -72,18 +72,6 @@ inline constexpr std::array kAskedItems{
     AskedItem{"make_m64", "help_menu", "background"},
     AskedItem{"make_m64", "help_menu", "logo"},
     AskedItem{"make_m64", "help_menu", "splash"},
-    AskedItem{"make_m64", "help_menu", "help_00"},
-    AskedItem{"make_m64", "help_menu", "help_01"},
-    AskedItem{"make_m64", "help_menu", "help_02"},
-    AskedItem{"make_m64", "help_menu", "help_03"},
-    AskedItem{"make_m64", "help_menu", "help_04"},
-    AskedItem{"make_m64", "help_menu", "help_05"},
-    AskedItem{"make_m64", "help_menu", "help_06"},
-    AskedItem{"make_m64", "help_menu", "help_07"},
-    AskedItem{"make_m64", "help_menu", "help_08"},
-    AskedItem{"make_m64", "help_menu", "help_09"},
-    AskedItem{"make_m64", "help_menu", "help_10"},
-    AskedItem{"make_m64", "help_menu", "help_11"},
     AskedItem{"make_m64", "help_menu", "arrow_stat", 2},
     AskedItem{"make_m64", "help_menu", "arrow_down", 2},
     AskedItem{"make_m64", "help_menu", "button_down", 6},
@@ -117,6 +105,9 @@ inline constexpr std::array kAskedItems{
     AskedItem{"make_z64", "loss_pit", "screen"},
     AskedItem{"make_z64", "win", "loss"},
 };
+
+/// The sheets of the help are the items help_00, help_01 and so on of "help_menu": at least so many.
+inline constexpr std::size_t kLeastHelpSheets = 12;
 
 /// The boards of the column are targets on every page that has one: all layouts of the menus but the quick way out.
 inline constexpr std::array<std::string_view, 6> kColumnTargets{"start_down", "load_down", "options_down",

@@ -162,7 +162,7 @@ private:
         for (line.index = 0; line.index < *count; ++line.index) {
             PageLine filled = line;
             for (PageWord& word : filled.words) {
-                if (!fill(word.text, line)) return false;
+                if (!fill(word.text, line, *count)) return false;
             }
             append(filled);
         }
@@ -182,8 +182,8 @@ private:
         if (!part.words.empty()) result_.lines.push_back(part);
     }
 
-    /// {0} and {1} count from there, {02} counts from 00, {LIST} is a word of that list.
-    bool fill(std::string& text, const PageLine& line) {
+    /// {0} and {1} count from there, {02} counts from 00, {count} is how many there are, {LIST} is a word of that list.
+    bool fill(std::string& text, const PageLine& line, int count) {
         std::size_t open = 0;
         while ((open = text.find('{', open)) != std::string::npos) {
             const std::size_t close = text.find('}', open);
@@ -193,13 +193,15 @@ private:
                 value = std::to_string(line.index + (name == "1" ? 1 : 0));
             } else if (name == "02") {
                 value = std::string(line.index < 10 ? "0" : "") + std::to_string(line.index);
+            } else if (name == "count") {
+                value = std::to_string(count);
             } else if (name == kFrame) {
                 value = "{frame}";
             } else if (const auto list = lists_.find(name);
                        list != lists_.end() && static_cast<std::size_t>(line.index) < list->second.size()) {
                 value = list->second[static_cast<std::size_t>(line.index)];
             } else {
-                return fail(line.place, "{0}, {1}, {02}, {frame} or the name of a list that is long enough",
+                return fail(line.place, "{0}, {1}, {02}, {count}, {frame} or the name of a list that is long enough",
                             inQuotes('{' + name + '}'));
             }
             text.replace(open, name.size() + 2, value);
