@@ -41,8 +41,8 @@ Draw readStage(LineReader& line) {
     do {
         stage.rows.push_back(line.quoted("a row of signs"));
     } while (line.ok() && !line.atEnd());
-    if (const std::string fault = faultOf(stage); !fault.empty())
-        line.fail("signs that README.md lists, a blank between two, as many in each row", fault);
+    if (const auto fault = faultOf(stage))
+        line.fail("signs that README.md lists, one blank between two, as many in each row", *fault);
     return [=](Painting& p) { p.fit = drawStage(p.canvas, stage, corner); };
 }
 

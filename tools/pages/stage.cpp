@@ -171,9 +171,9 @@ void drawLadderCell(Canvas& canvas, const Signs& signs, const StageTiles& tiles,
         const auto hidden = canvas.group({.cover = 0.5F});
         stampShown(canvas, ladder, at);
     }
-    for (double y = 2; y < kCell; y += 12) {
+    for (int y = 2; y < kCell; y += 12) {
         for (const double x : {6.0, kCell - 6.0})
-            canvas.flat(polyline({at + Point{x, y}, at + Point{x, y + 6}}), kBoardCream, {.stroke = 2.4});
+            canvas.flat(polyline({at + Point{x, 1.0 * y}, at + Point{x, y + 6.0}}), kBoardCream, {.stroke = 2.4});
     }
 }
 
@@ -250,14 +250,14 @@ void forEachCell(const Signs& signs, DrawCell draw) {
 
 }  // namespace
 
-std::string faultOf(const Stage& stage) {
+std::optional<std::string> faultOf(const Stage& stage) {
     for (const std::string& row : stage.rows) {
-        if (row.empty() || row.size() != stage.rows.front().size()) return row;
+        if (row.size() % 2 == 0 || row.size() != stage.rows.front().size()) return row;
         for (std::size_t i = 0; i < row.size(); ++i) {
             if (i % 2 == 0 ? !isKnown(row[i]) : row[i] != ' ') return row;
         }
     }
-    return {};
+    return std::nullopt;
 }
 
 Fit drawStage(Canvas& canvas, const Stage& stage, Point corner) {

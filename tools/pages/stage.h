@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,9 @@ struct Stage {
     std::vector<std::string> rows;
 };
 
-/// What is wrong with the rows: the sign that nobody knows, or the row of another length; empty when they are good.
-std::string faultOf(const Stage& stage);
+/// The first row that has an unknown sign, no single blank between two, or another length than the first; null when all
+/// are good. There must be a row.
+std::optional<std::string> faultOf(const Stage& stage);
 
 /// Draws the scene with its upper left corner at `corner`, and an ink line around it. Where the last row has no floor,
 /// a strip of floor of 16 px is added below. Says whether the names of bonuses fit.

@@ -145,7 +145,7 @@ void drawRiveted(Canvas& canvas) {
         canvas.flat(limb({{{x + 7, 12}, 1.8}, {{x + 7, 20}, 0.5}}), rgb(0x8a4a2e), {.alpha = 0.3F});
     }
     drawLedge(canvas, steel);
-    for (double x = 16; x < kWidth; x += 32) canvas.part(circle({x, 5.2}, 1.8), kMetal, {.bevel = 1.7, .line = 0.6});
+    for (int x = 16; x < kWidth; x += 32) canvas.part(circle({1.0 * x, 5.2}, 1.8), kMetal, {.bevel = 1.7, .line = 0.6});
 }
 
 constexpr Material kBrass = glossy(material(0xa8844a, 0x51372f, 0xf0cf8a), 0.8F, 0.4F);

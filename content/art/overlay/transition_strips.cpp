@@ -26,8 +26,8 @@ void drawSlat(Canvas& canvas, FrameOf) {
     canvas.part(rectangle(-20, 0.6, kScreenWidth + 40, kSlatHeight - 1.2, 4), iron,
                 {.bevel = 7, .line = 0, .shadow = 0});
     canvas.flat(rectangle(-20, kSlatHeight - 6, kScreenWidth + 40, 1.2), kDark * 0.4F, {.alpha = 0.7F});
-    for (double x = 32; x < kScreenWidth; x += 64)
-        canvas.part(circle({x, 10.5}, 3), kDarkMetal, {.bevel = 2.4, .line = 0.8, .shadow = 0.5F});
+    for (int x = 32; x < kScreenWidth; x += 64)
+        canvas.part(circle({1.0 * x, 10.5}, 3), kDarkMetal, {.bevel = 2.4, .line = 0.8, .shadow = 0.5F});
 }
 
 /// A plate much larger than the tile, with a keyhole in it about the middle of the tile, `grown` pixels larger on all

@@ -39,14 +39,14 @@ void drawHalls(Canvas& canvas, const Rect&) {
 
 /// The floor itself, in front of whoever is stuck in it. Where the hole was, it still glows.
 void drawClosedFloor(Canvas& canvas, const Rect& area) {
-    int column = 0;
-    for (double x = kHoleLeft - 4 * kCell; x < area.width; x += kCell, ++column) {
-        const bool fresh = x > kHoleLeft - 1 && x < kHoleRight - 1;
-        drawPiece(canvas,
-                  fresh             ? "poly\\vosstfull"
-                  : column % 3 == 1 ? "poly\\modul_pol"
-                                    : "steny\\modul_pol_11a",
-                  {x, 0}, kScale, fresh ? 7 : 0);
+    constexpr int kBefore = 4;  // cells left of the hole
+    for (int column = 0; (column - kBefore) * kCell + kHoleLeft < area.width; ++column) {
+        const Point corner{kHoleLeft + (column - kBefore) * kCell, 0};
+        if (column == kBefore || column == kBefore + 1) {
+            drawPiece(canvas, "poly\\vosstfull", corner, kScale, 7);
+        } else {
+            drawPiece(canvas, column % 3 == 1 ? "poly\\modul_pol" : "steny\\modul_pol_11a", corner, kScale);
+        }
     }
     for (const double x : {kHoleLeft, kHoleRight}) {
         canvas.flat(polyline({{x, 0}, {x - 3, 18}, {x + 3, 40}, {x - 2, 66}, {x + 2, kCell}}), rgb(0xffc46a),
