@@ -165,7 +165,7 @@ public:
     }
 
     const std::vector<std::uint32_t>& draw() {
-        std::ranges::fill(screen_, 0xFF000000);
+        pixman_fill(screen_.data(), kWidth, 32, 0, 0, kWidth, kHeight, 0xFF000000);
         for (const Rectangle& r : recording_.rectangles) {
             const Pixels& p = recording_.pictures[static_cast<std::size_t>(r.picture)];
             pixman_image_composite32(p.opaque ? PIXMAN_OP_SRC : PIXMAN_OP_OVER,
