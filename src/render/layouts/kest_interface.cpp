@@ -125,7 +125,7 @@ void KestInterface::drawItem(const EngineString& itemName, int dx, int dy, int e
     const LayoutItem* const item = findItem(itemName);
     if (item == nullptr) return;
     if (element == kAllElements) {
-for (const PictureElement& picture : item->pictures) drawPicture(picture, dx, dy, frame);
+        for (const PictureElement& picture : item->pictures) drawPicture(picture, dx, std::min(dy, 0), frame);
         for (const TextElement& text : item->texts) drawWords(text, EngineString(text.text), dx, dy);
         return;
     }
