@@ -20,7 +20,7 @@ constexpr Rgb kDark = rgb(0x1e2138);
 
 /// An iron slat with a row of studs. Its lower edge hooks into the next one.
 void drawSlat(Canvas& canvas, FrameOf) {
-    Material iron = glossy(material(rgb(0x2a2e4c), rgb(0x14162a), rgb(0x474d76)), 0.12F, 0.1F);
+    Material iron = glossy(material(rgb(0x20243e), rgb(0x0f1122), rgb(0x363b5c)), 0.12F, 0.1F);
     iron.grain = 0.05F;
     canvas.flat(rectangle(-20, -20, kScreenWidth + 40, 80), kDark * 0.5F);
     canvas.part(rectangle(-20, 0.6, kScreenWidth + 40, kSlatHeight - 1.2, 4), iron,
