@@ -18,33 +18,32 @@ struct Named {
     Value value;
 };
 
-constexpr std::array kBoards{
-    Named{"plank", BoardKind::Plank},     Named{"gold", BoardKind::Gold},   Named{"tan", BoardKind::Tan},
-    Named{"paper", BoardKind::Paper},     Named{"hint", BoardKind::Hint},   Named{"caption", BoardKind::Caption},
-    Named{"balloon", BoardKind::Balloon}, Named{"slate", BoardKind::Slate}, Named{"tray", BoardKind::Tray},
-    Named{"wall", BoardKind::Wall},       Named{"night", BoardKind::Night},
+constexpr Named<BoardKind> kBoards[] = {
+    {"plank", BoardKind::Plank},     {"gold", BoardKind::Gold},   {"tan", BoardKind::Tan},
+    {"paper", BoardKind::Paper},     {"hint", BoardKind::Hint},   {"caption", BoardKind::Caption},
+    {"balloon", BoardKind::Balloon}, {"slate", BoardKind::Slate}, {"tray", BoardKind::Tray},
+    {"wall", BoardKind::Wall},       {"night", BoardKind::Night},
 };
-constexpr std::array kFastenings{Named{"nails", Fastening::Nails}, Named{"rings", Fastening::Rings},
-                                 Named{"chains", Fastening::Chains}};
-constexpr std::array kMarks{Named{"arrow", Mark::Arrow}, Named{"hollow", Mark::HollowArrow},
-                            Named{"spoon", Mark::Spoon}};
-constexpr std::array kFaces{Named{"display", Face::Display}, Named{"body", Face::Body}};
-constexpr std::array kAligns{Named{"l", Align::Left}, Named{"c", Align::Centre}, Named{"r", Align::Right}};
-constexpr std::array kInks{Named{"ink", Ink::Dark}, Named{"cream", Ink::Cream}, Named{"gold", Ink::Golden}};
+constexpr Named<Fastening> kFastenings[] = {
+    {"nails", Fastening::Nails}, {"rings", Fastening::Rings}, {"chains", Fastening::Chains}};
+constexpr Named<Mark> kMarks[] = {{"arrow", Mark::Arrow}, {"hollow", Mark::HollowArrow}, {"spoon", Mark::Spoon}};
+constexpr Named<Face> kFaces[] = {{"display", Face::Display}, {"body", Face::Body}};
+constexpr Named<Align> kAligns[] = {{"l", Align::Left}, {"c", Align::Centre}, {"r", Align::Right}};
+constexpr Named<Ink> kInks[] = {{"ink", Ink::Dark}, {"cream", Ink::Cream}, {"gold", Ink::Golden}};
 
 /// By how much letters on a pressed board stand lower.
 constexpr double kPress = 2;
 
 /// The value that the next word names.
 template <class Value, std::size_t N>
-Value read(LineReader& line, std::string_view what, const std::array<Named<Value>, N>& names) {
+Value read(LineReader& line, std::string_view what, const Named<Value> (&names)[N]) {
     const auto* row = line.row(what, std::span<const Named<Value>>(names));
     return row == nullptr ? Value{} : row->value;
 }
 
 /// The same, when the next word names one.
 template <class Value, std::size_t N>
-void readIfThere(LineReader& line, Value& value, const std::array<Named<Value>, N>& names) {
+void readIfThere(LineReader& line, Value& value, const Named<Value> (&names)[N]) {
     for (const auto& row : names) {
         if (line.takes(row.name)) value = row.value;
     }
@@ -150,12 +149,17 @@ Draw readIcon(LineReader& line) {
     return [=](Painting& p) { speaker ? drawSpeaker(p.canvas, centre, size) : drawNote(p.canvas, centre, size); };
 }
 
-/// A row of dots in ink, 4 pixels apart, as wide as the area.
+/// From one dot of a dotted line to the next.
+constexpr double kDotPitch = 4;
+
+/// A row of dots in ink, as wide as the area.
 Draw readDots(LineReader& line) {
     const Rect area = line.area();
     return [=](Painting& p) {
-        for (double x = area.x + 1; x < area.right(); x += 4) {
-            p.canvas.flat(circle({x, area.centre().y}, std::min(1.0, area.height / 2)), kBoardInk, {.alpha = 0.6F});
+        const int dots = static_cast<int>(area.width / kDotPitch);
+        for (int i = 0; i < dots; ++i) {
+            const Point at{area.x + 1 + i * kDotPitch, area.centre().y};
+            p.canvas.flat(circle(at, std::min(1.0, area.height / 2)), kBoardInk, {.alpha = 0.6F});
         }
     };
 }

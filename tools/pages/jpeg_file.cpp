@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <set>
 
 #include <jpeglib.h>
 
@@ -83,16 +84,13 @@ void makeBluer(PixelImage& image, int x, int y) {
 
 /// Makes each block bluer that has a forbidden pixel in the decoded picture; false when there is none.
 bool nudge(PixelImage& image, const SharedBuffer& rgb, Pixel forbidden) {
-    std::vector<std::size_t> blocks;
+    std::set<std::pair<int, int>> blocks;  // bluer already
     const auto bytes = rgb.bytes();
     for (std::size_t i = 0; i + 2 < bytes.size(); i += 3) {
         if (bytes[i] != forbidden.r || bytes[i + 1] != forbidden.g || bytes[i + 2] != forbidden.b) continue;
         const int x = static_cast<int>(i / 3) % image.width;
         const int y = static_cast<int>(i / 3) / image.width;
-        const auto block = static_cast<std::size_t>(y / kBlock * 1000 + x / kBlock);
-        if (std::ranges::find(blocks, block) != blocks.end()) continue;
-        blocks.push_back(block);
-        makeBluer(image, x, y);
+        if (blocks.insert({x / kBlock, y / kBlock}).second) makeBluer(image, x, y);
     }
     return !blocks.empty();
 }

@@ -82,7 +82,7 @@ std::string LineReader::word(std::string_view wanted) {
 
 std::string LineReader::quoted(std::string_view wanted) {
     const bool inPlace = !ok() || atEnd() || line_.words[next_].quoted;
-    const std::string text = word(wanted);
+    std::string text = word(wanted);
     if (inPlace) return text;
     fail(std::string(wanted) + " in quotes", text);
     return {};

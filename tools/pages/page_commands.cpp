@@ -46,7 +46,7 @@ void failWhen(const std::vector<std::string>& faults) {
 
 /// The folder that a command writes to; makes it when there is none.
 std::filesystem::path folderOf(const Arguments& arguments) {
-    const std::filesystem::path folder = arguments.text("DIR");
+    std::filesystem::path folder = arguments.text("DIR");
     std::error_code ignored;
     std::filesystem::create_directories(folder, ignored);
     return folder;

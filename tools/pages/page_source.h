@@ -72,9 +72,12 @@ struct PageItem {
     std::vector<PageText> texts;
 };
 
+/// A page, a dialog or a picture that fills the screen.
 struct PageLayout {
     LinePlace place;
+    /// As the game selects it.
     std::string name;
+    /// In the order of the text, which is not that of drawing.
     std::vector<PageItem> items;
 };
 
@@ -93,6 +96,7 @@ struct PageSource {
     std::vector<PageLayout> layouts;
     std::vector<PagePicture> pictures;
 
+    /// Null for a file that no element shows.
     const PagePicture* picture(std::string_view file) const;
     /// In the order of their first use, which gives them their numbers.
     std::vector<FontKey> fonts() const;

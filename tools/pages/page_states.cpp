@@ -117,12 +117,6 @@ private:
 
 }  // namespace
 
-const std::vector<ScoreRow> kScoreRows{
-    {"WWWWWW", "50", "999999"}, {"GRUNTY", "41", " 84200"}, {"POLKQN", "33", " 61050"}, {"TETKO ", "27", " 40800"},
-    {"RUTH  ", "19", " 22450"}, {"      ", "14", " 15300"}, {"KEYS42", "11", "  9900"}, {"WORMY ", " 9", "  7350"},
-    {"PIE   ", " 4", "  2100"}, {"ZZZZZZ", " 1", "   100"},
-};
-
 std::optional<std::vector<PageState>> readPageStates(const std::string& file, const TextSource& texts,
                                                      std::string& error) {
     const auto lines = readPageLines(file, texts, error);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,9 +45,16 @@ struct ScoreRow {
 };
 inline constexpr int kScoreRowsTop = 190;
 inline constexpr int kScoreRowsPitch = 26;
-inline constexpr int kScoreColumns[] = {414, 515, 550};
+inline constexpr int kNameColumn = 414;
+inline constexpr int kLevelColumn = 515;
+inline constexpr int kScoreColumn = 550;
 /// A full table with the longest name, and one that is blank.
-extern const std::vector<ScoreRow> kScoreRows;
+inline constexpr std::array kScoreRows{
+    ScoreRow{"WWWWWW", "50", "999999"}, ScoreRow{"GRUNTY", "41", " 84200"}, ScoreRow{"POLKQN", "33", " 61050"},
+    ScoreRow{"TETKO ", "27", " 40800"}, ScoreRow{"RUTH  ", "19", " 22450"}, ScoreRow{"      ", "14", " 15300"},
+    ScoreRow{"KEYS42", "11", "  9900"}, ScoreRow{"WORMY ", " 9", "  7350"}, ScoreRow{"PIE   ", " 4", "  2100"},
+    ScoreRow{"ZZZZZZ", " 1", "   100"},
+};
 
 /// Follows what each state draws: texts that lie on texts, and pictures that hide a part of one.
 void checkStates(const PageSource& source, const std::vector<PageState>& states, std::vector<std::string>& faults);

@@ -22,12 +22,13 @@ void writeRows(const KestInterface& interface, ImageRenderer& renderer) {
     const BitmapFont* font = interface.font(kRowFont);
     if (font == nullptr) return;
     int y = kScoreRowsTop;
+    const auto write = [&](const char* text, int x) {
+        font->drawText(renderer, text, {static_cast<std::int16_t>(x), static_cast<std::int16_t>(y)}, 1);
+    };
     for (const ScoreRow& row : kScoreRows) {
-        int column = 0;
-        for (const char* text : {row.name, row.level, row.score}) {
-            const Position at{static_cast<std::int16_t>(kScoreColumns[column++]), static_cast<std::int16_t>(y)};
-            font->drawText(renderer, text, at, 1);
-        }
+        write(row.name, kNameColumn);
+        write(row.level, kLevelColumn);
+        write(row.score, kScoreColumn);
         y += kScoreRowsPitch;
     }
 }
@@ -49,6 +50,7 @@ StateArtist::StateArtist(const std::string& data, std::string& error) {
         const auto file = std::filesystem::path(data) / package;
         if (!std::filesystem::exists(file)) error = file.string() + ": there is no such file";
     }
+    if (!error.empty()) return;
     platform::setDataDirectory(data);
     game_ = std::make_unique<Game>();
 }

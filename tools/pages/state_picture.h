@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "page_states.h"
@@ -16,6 +17,7 @@ public:
     StateArtist(const StateArtist&) = delete;
     StateArtist& operator=(const StateArtist&) = delete;
 
+    /// What the player sees, 800 x 600 and opaque.
     PixelImage draw(const PageState& state);
 
 private:
