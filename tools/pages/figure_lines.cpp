@@ -177,11 +177,8 @@ Draw readProp(LineReader& line) {
     const double scale = line.scale();
     const Point at = line.point();
     const double degrees = line.number("degrees");
-    Tint tint;
-    if (const auto text = line.takesValue("tint")) tint = tintOf(line, *text);
     if (prop == nullptr) return {};
     return [=, prop = prop->prop](Painting& p) {
-        const auto alone = p.canvas.group({.tint = tint});
         const auto placed = p.canvas.placed(at, 0, scale, scale);
         drawProp(p.canvas, {}, {prop, radians(degrees)});
     };
