@@ -18,7 +18,8 @@ std::string shown(const LayoutDescription& description) {
             text += item.name;
             for (const auto& [name, file, x, y, w, h, frames, cols, rows, step] : item.pictures) {
                 text += "[" + name + " " + file;
-                for (const int number : {x, y, w, h, frames, cols, rows, step}) text += " " + std::to_string(number);
+                for (const int number : std::initializer_list<int>{x, y, w, h, frames, cols, rows, step})
+                    text += " " + std::to_string(number);
                 text += "]";
             }
             for (const auto& [x, y, font, words] : item.texts) {
@@ -38,7 +39,9 @@ std::string times(int count, const std::string& text) {
 }
 
 const std::string kHead = "S,\"p\",1\nL,\"i\",2\n";
-std::string words(const std::string& font) { return "T,\"\",\"\",1,2,0,0,0,0,0,0,0,0,\"" + font + "\",24,0,0,\"w\"\n"; }
+std::string words(const std::string& font, const std::string& size = "24") {
+    return "T,\"\",\"\",1,2,0,0,0,0,0,0,0,0,\"" + font + "\"," + size + ",0,0,\"w\"\n";
+}
 
 /// A description, what is read of it, and the first fault.
 struct Rule {
@@ -62,8 +65,9 @@ const Rule kRules[] = {
     {"an unclosed quote", kHead + "L,\"j,1\nL,\"k\",1\n", "p(ij,1k)", "a:3: wanted a closing quote, found the end of the line"},
     {"no opening quote", kHead + "L,xj\",1\n", "p(ij)", "a:3: wanted a name in quotes, found 'xj\",1'"},
     {"text behind a quote", kHead + "A,\"n\"x,\"f\",1,2,3,4,5,6,7,8,9,10\n", "p(i[n f 1 2 3 4 5 8 9 10])", "a:3: wanted a comma, found 'x'"},
-    {"huge numbers", kHead + "A,\"\",\"\",32767,32768,-32768,-32769,99999999999,,x,-99999999999,9x,\n", "p(i[  32767 32767 -32768 -32768 32767 -32768 9 0])",
+    {"huge numbers", kHead + "A,\"\",\"\",32767,32768,-32768,-32769,99999999999,,x,-99999999999,9x,\n", "p(i[  32767 32767 -32768 0 32767 -32768 9 0])",
         "a:3: wanted the number y, found '32768'"},
+    {"a strip of many frames", kHead + "A,\"\",\"\",1,2,800,60000,100,6,7,8,9,10\n", "p(i[  1 2 800 60000 100 8 9 10])", ""},
     {"an item too early", "L,\"i\",1\nS,\"p\",1\n", "p()", "a:1: wanted a layout (S) before the item, found 'L'"},
     {"a picture too early", "S,\"o\",1\nL,\"i\",1\nS,\"p\",1\nA,\"n\",\"f\",1,2,3,4,5,6,7,8,9,10\n", "o(i)p()", "a:4: wanted an item (L) before the picture, found 'A'"},
     {"a text too early", "S,\"p\",1\n" + words("f"), "p()", "a:2: wanted an item (L) before the text, found 'T'"},
@@ -71,7 +75,7 @@ const Rule kRules[] = {
     {"an item too many", "S,\"p\",1\n" + times(51, "L,\"i\",1\n") + words("f"), "p(" + times(50, "i") + ")", "a:52: wanted at most 50 items in a layout, found 'one more'"},
     {"a picture too many", kHead + times(51, "A,\"n\",\"f\",1,2,3,4,5,6,7,8,9,1\n"), "p(i" + times(50, "[n f 1 2 3 4 5 8 9 1]") + ")", "a:53: wanted at most 50 pictures in an item, found 'one more'"},
     {"a text too many", kHead + times(51, words("f")), "p(i" + times(50, "[1 2 0 w]") + ")", "a:53: wanted at most 50 texts in an item, found 'one more'"},
-    {"a font too many", kHead + words("f") + words("g") + words("h") + words("i") + words("h"), "p(i[1 2 0 w][1 2 1 w][1 2 2 w][1 2 0 w][1 2 2 w])", "a:6: wanted at most 3 fonts, found 'i_24_0'"},
+    {"a font too many", kHead + words("f") + words("g") + words("h") + words("i", "99999") + words("h"), "p(i[1 2 0 w][1 2 1 w][1 2 2 w][1 2 0 w][1 2 2 w])", "a:6: wanted at most 3 fonts, found 'i_99999_0'"},
 };
 // clang-format on
 

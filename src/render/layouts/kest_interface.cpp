@@ -105,8 +105,7 @@ void KestInterface::addAnimation(const PictureElement& element) {
     const EngineString path = name_ + "\\" + EngineString(element.file);
     if (!package_->exists(path)) return logLine("KestInterface::AddAnimation. Invalid: %s", path.cStr());
 
-    const auto frameHeight = static_cast<std::uint16_t>(std::max(element.frameHeight(), 0));
-    FrameStrip& animation = animations_.emplace_back(package_->load(path), frameHeight);
+    FrameStrip& animation = animations_.emplace_back(package_->load(path), element.frameHeight());
     animationOfFile_.insert(element.file, &animation);
     if (std::ranges::count(kOpaqueWidths, element.w) == 0) animation.setColourKey(kBrown);
     animation.acquire();

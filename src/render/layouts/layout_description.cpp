@@ -1,7 +1,9 @@
 #include "layout_description.h"
 
 #include <algorithm>
+#include <charconv>
 #include <limits>
+#include <system_error>
 #include <utility>
 
 namespace grub {
@@ -28,12 +30,19 @@ public:
     }
 
     /// A field of decimal digits; other characters from the first one on count for nothing.
-    std::int16_t number(std::string_view wanted) {
+    template <class Number = std::int16_t>
+    Number number(std::string_view wanted) {
         if (isOver(wanted)) return 0;
         const std::string_view field = takeToComma();
-        const auto value = numberIn<std::int16_t>(field);
-        if (!value) fail(wanted, field);
-        return value ? *value : nearestNumber(field);
+        const char* const end = field.data() + field.size();
+        Number value = 0;
+        const auto read = std::from_chars(field.data(), end, value);
+        if (read.ec == std::errc::result_out_of_range) {
+            using Limits = std::numeric_limits<Number>;
+            value = field.starts_with('-') ? Limits::min() : Limits::max();
+        }
+        if (read.ec != std::errc() || read.ptr != end) fail(wanted, field);
+        return value;
     }
 
     /// A field that means nothing to the game.
@@ -67,19 +76,6 @@ private:
         return field;
     }
 
-    static std::int16_t nearestNumber(std::string_view field) {
-        const bool isNegative = field.starts_with('-');
-        const auto last =
-            int{isNegative ? std::numeric_limits<std::int16_t>::min() : std::numeric_limits<std::int16_t>::max()};
-        int value = 0;
-        for (const char digit : field.substr(isNegative ? 1 : 0)) {
-            if (digit < '0' || digit > '9') break;
-            value = value * 10 + (isNegative ? '0' - digit : digit - '0');
-            if (isNegative ? value <= last : value >= last) return static_cast<std::int16_t>(last);
-        }
-        return static_cast<std::int16_t>(value);
-    }
-
     int line_;
     std::string_view rest_;
     bool isOver_ = false;  // no comma was behind the last field
@@ -93,7 +89,7 @@ PictureElement readPicture(FieldReader& fields) {
     element.x = fields.number("the number x");
     element.y = fields.number("the number y");
     element.w = fields.number("the width");
-    element.h = fields.number("the height");
+    element.h = fields.number<std::uint16_t>("the height");
     element.frames = fields.number("the count of frames");
     fields.skipNumbers(2, "a number without meaning");
     element.cols = fields.number("the count of columns");
@@ -116,8 +112,8 @@ KeyedText readText(FieldReader& fields) {
     read.element.y = fields.number("the number y");
     fields.skipNumbers(8, "a number without meaning");
     read.fontKey = fields.text("a font in quotes");
-    read.fontKey += '_' + std::to_string(fields.number("the first number of the font"));
-    read.fontKey += '_' + std::to_string(fields.number("the second number of the font"));
+    read.fontKey += '_' + std::to_string(fields.number<std::int32_t>("the first number of the font"));
+    read.fontKey += '_' + std::to_string(fields.number<std::int32_t>("the second number of the font"));
     fields.skipNumbers(1, "a number without meaning");
     read.element.text = fields.text("the words in quotes");
     return read;

@@ -29,14 +29,14 @@ struct PictureElement {
     std::int16_t x = 0;       ///< of the top-left corner
     std::int16_t y = 0;       ///< as x
     std::int16_t w = 0;       ///< of the whole file
-    std::int16_t h = 0;       ///< of the whole file, with all frames
+    std::uint16_t h = 0;      ///< of the whole file, with all frames: a strip may have 65,535 rows
     std::int16_t frames = 0;  ///< that the file has, one below the other; 0 counts as 1
     std::int16_t cols = 0;    ///< of the grid; a grid without columns or rows shows nothing
     std::int16_t rows = 0;
     std::int16_t step = 0;  ///< from a cell of the grid to the next one, right and down
 
     /// Height of one frame.
-    [[nodiscard]] int frameHeight() const { return frames > 1 ? h / frames : h; }
+    [[nodiscard]] std::uint16_t frameHeight() const { return static_cast<std::uint16_t>(frames > 1 ? h / frames : h); }
 };
 
 /// A text of an item.
@@ -69,8 +69,8 @@ struct LayoutDescription {
 };
 
 /// Reads a description: a record a line, whose fields commas separate. Damage costs only what it touches: an unknown or
-/// surplus record and an element without an item are left out, a missing field is 0 or empty, a number that 16 bits do
-/// not hold is the nearest one that they do. Appends to `faults`, if given, the first fault of each bad line.
+/// surplus record and an element without an item are left out, a missing field is 0 or empty, a number that its
+/// type does not hold is the nearest one that it does. Appends to `faults`, if given, the first fault of each bad line.
 [[nodiscard]] LayoutDescription readLayoutDescription(std::string_view text, std::vector<TextError>* faults = nullptr);
 
 }  // namespace grub
