@@ -14,10 +14,10 @@ LIST = pathlib.Path("content/art/pictures.sha256")
 
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("folder", type=pathlib.Path, help="the drawn pictures, build/release/content/data64/data/gif")
+    parser.add_argument("folder", type=pathlib.Path, help="where the build stages what it packs, build/release/content")
     parser.add_argument("--update", action="store_true")
     options = parser.parse_args()
-    files = sorted(options.folder.rglob("*.bmp"))
+    files = sorted(f for f in options.folder.rglob("*") if f.suffix in (".bmp", ".jpg"))
     if not files:
         print(f"{options.folder}: no pictures; build them first")
         return 1
