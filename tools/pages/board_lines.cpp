@@ -55,6 +55,10 @@ Draw readBoard(LineReader& line) {
     board.kind = read(line, "a kind of board", kBoards);
     readIfThere(line, board.fastening, kFastenings);
     readIfThere(line, board.mark, kMarks);
+    if (const auto length = line.takesValue("spoon")) {
+        board.mark = Mark::Spoon;
+        board.spoon = line.valueOf(*length, "a length", 12, 100);
+    }
     return [=](Painting& p) { drawBoard(p.canvas, board); };
 }
 

@@ -17,7 +17,7 @@ constexpr double kLineRoom = 2;
 constexpr double kShadowRoom = 2;
 
 /// From the ends of a plank, and from the corners of a notice, to the middle of a nail.
-constexpr double kNailInset = 14;
+constexpr double kNailInset = 10;
 
 Rect bodyOf(const Rect& area) {
     return {area.x + kLineRoom, area.y + kLineRoom, area.width - 2 * kLineRoom,
@@ -227,7 +227,7 @@ void drawMark(Canvas& canvas, const Board& board) {
         case Mark::None: return;
         case Mark::Arrow: return canvas.flat(arrowHead(atRight, 15), kBoardInk);
         case Mark::HollowArrow: return canvas.flat(arrowHead(atRight, 13), kBoardInk, {.stroke = 2.2});
-        case Mark::Spoon: return drawSpoonMark(canvas, {body.x + 13, body.centre().y}, 16.5);
+        case Mark::Spoon: return drawSpoonMark(canvas, {body.x + 5 + board.spoon / 2, body.centre().y}, board.spoon);
     }
 }
 

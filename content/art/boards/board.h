@@ -44,6 +44,8 @@ struct Board {
     Rect area = {};
     Fastening fastening = Fastening::None;
     Mark mark = Mark::None;
+    /// Length of the spoon; it begins 7 px from the left edge.
+    double spoon = 36;
     /// Where a balloon's tail ends.
     std::optional<Point> speaker = std::nullopt;
 };

@@ -12,6 +12,13 @@ namespace {
 /// From one link of a chain to the next.
 constexpr double kLinkPitch = 12;
 
+/// Metal that stands out on a gold plate.
+Material darker(Material metal) {
+    metal.base = metal.base * 0.8F;
+    metal.shadow = metal.shadow * 0.8F;
+    return metal;
+}
+
 }  // namespace
 
 void drawNail(Canvas& canvas, Point centre) {
@@ -46,12 +53,14 @@ VectorPath arrowHead(Point centre, double length, double angle) {
 }
 
 void drawSpoonMark(Canvas& canvas, Point centre, double length) {
-    const double unit = length / 24;
+    const double unit = length / 36;
     const auto placed = canvas.placed(centre, 0, unit, unit);
-    canvas.part(limb({{{-10.2, 0}, 2.7}, {{-6.5, 0}, 2.1}, {{3, 0}, 2}}), kIron, {.bevel = 1.5, .line = 1.1});
-    canvas.part(ellipse({5.2, 0}, 7, 5.6), kIron, {.bevel = 3, .line = 1.1});
-    canvas.flat(ellipse({5.6, 0.4}, 4.9, 3.6), kIron.shadow, {.alpha = 0.55F});
-    canvas.flat(ellipse({5.6, 1.3}, 4.1, 2.4), kIron.light, {.alpha = 0.65F});
+    const Material steel = darker(kIron);
+    constexpr double kLine = 2;
+    canvas.part(limb({{{-14.4, 0}, 2.6}, {{-8, 0}, 1.9}, {{3, 0}, 1.8}}), steel, {.bevel = 1.7, .line = kLine});
+    canvas.part(ellipse({8.4, 0}, 8.4, 6.6), steel, {.bevel = 3, .line = kLine});
+    canvas.flat(ellipse({8.8, 0.4}, 5.8, 4.2), steel.shadow, {.alpha = 0.6F});
+    canvas.flat(ellipse({8.8, 1.6}, 4.6, 2.6), steel.light, {.alpha = 0.6F});
 }
 
 }  // namespace grub
