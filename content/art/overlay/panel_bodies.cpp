@@ -63,7 +63,7 @@ void drawRoughStone(Canvas& canvas) {
 
 void drawBarred(Canvas& canvas) {
     canvas.flat(rectangle(-20, -20, kWidth + 40, kHeight + 40), kTurma.backdropMortar * 0.8F);
-    constexpr std::array kJoints{-20.0, 38.0, 188.0, 221.0, 362.0, 396.0, 546.0, 580.0, 755.0, 820.0};
+    constexpr std::array kJoints{-20.0, 38.0, 204.0, 362.0, 396.0, 546.0, 580.0, 755.0, 820.0};
     for (std::size_t i = 0; i + 1 < kJoints.size(); ++i) {
         const Material block =
             stony(varied(kTurma.solid[i % 2] * 0.8F, static_cast<std::uint32_t>(i), 0.03F), 1, 0.11F, 0.15F);
@@ -72,6 +72,7 @@ void drawBarred(Canvas& canvas) {
     }
     drawShade(canvas);
     for (const double x : kPosts) {
+        if (x == kPosts[1]) continue;  // too little room between a recess and an icon
         const VectorPath opening = rectangle(x - 10, 18, 20, 39, 4);
         canvas.part(opening, stony(rgb(0x1a1a30), 0, 0), {.bevel = 2, .line = 1.2});
         const Mask inside = canvas.mask(opening);

@@ -57,7 +57,7 @@ constexpr std::array kCounters{
     Counter{68, 107, 80, drawDoorIcon},
     Counter{240, 275, 80, drawHeadIcon},
     Counter{425, 455, 80, drawKeyIcon},
-    Counter{612, 640, 98, drawStarIcon},
+    Counter{608, 640, 98, drawStarIcon},
 };
 
 /// A dark well with a rim of the panel's metal; the light from above falls on its lower lip.
