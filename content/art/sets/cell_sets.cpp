@@ -12,7 +12,7 @@ namespace grub {
 namespace {
 
 /// The row that the dog sits on, before the bars.
-constexpr double kFloor = 256;
+constexpr double kFloor = 248;
 
 /// The opening of the cell.
 constexpr Rect kCell{168, 60, 162, kFloor - 60};
@@ -44,9 +44,9 @@ void drawCellByNight(Canvas& canvas, const Rect&) {
 
 /// The bars, laid over whoever is in the cell.
 void drawBars(Canvas& canvas, const Rect&) {
-    constexpr double kFirst = 184;
+    constexpr double kFirst = 197;
     constexpr double kEvery = 26;
-    constexpr int kBars = 6;
+    constexpr int kBars = 5;
     Material iron = kDarkMetal;
     iron.base = mix(iron.base, kMoonlight, 0.12F);
     for (int i = 0; i < kBars; ++i) {

@@ -1,6 +1,7 @@
 #include "kitchen.h"
 
 #include <array>
+#include <cmath>
 #include <tuple>
 
 #include "common_parts.h"
@@ -84,7 +85,7 @@ void lightKitchen(Canvas& canvas) {
 }
 
 /// The hole that Grub's head looks out of.
-constexpr Rect kHole{14, 240, 174, 40};
+constexpr Rect kHole{10, 224, 182, 54};
 
 void drawKitchen(Canvas& canvas, const Rect&) {
     drawGradient(canvas, {0, 0, 382, kFloorTop}, rgb(0x5c404c), rgb(0x432f42));
@@ -134,17 +135,32 @@ void drawHoleEdge(Canvas& canvas, const Rect&) {
                                          {middle.x - rx, 270},
                                          {middle.x - rx, middle.y}}));
     {
-        const auto before = canvas.group({.outline = 1.4, .clip = &front});
+        const auto before = canvas.group({.clip = &front});
         drawTiledFloor(canvas, kFloor);
         lightKitchen(canvas);
     }
+    VectorPath rim = curve({{middle.x - rx, middle.y + 2},
+                            {middle.x - rx, middle.y + ry * kRound},
+                            {middle.x - rx * kRound, middle.y + ry},
+                            {middle.x, middle.y + ry},
+                            {middle.x + rx * kRound, middle.y + ry},
+                            {middle.x + rx, middle.y + ry * kRound},
+                            {middle.x + rx, middle.y + 2}});
+    canvas.flat(rim, kInk, {.stroke = 4.5});
+    const Material earth = stony(rgb(0x7a5a58), 0.6F, 0.1F);
+    for (const Joint& clod : {Joint{{50, 268}, 6}, Joint{{66, 273}, 8}, Joint{{93, 275}, 6.6}, Joint{{121, 274}, 8.4},
+                              Joint{{139, 269}, 5.6}})
+        drawRubblePiece(canvas, clod.at, 2.2 * clod.radius, 1.5 * clod.radius, std::sin(clod.at.x), rgb(0x7a5a58));
+    for (const Joint& crumb :
+         {Joint{{58, 275}, 3}, Joint{{80, 277}, 3.6}, Joint{{106, 279}, 3}, Joint{{131, 278}, 2.6}})
+        canvas.part(circle(crumb.at, crumb.radius), earth, {.bevel = 3, .line = 1.1});
     const Material loose = glossy(material(rgb(0xa98a78)), 0.25F, 0.1F);
     canvas.part(polygon({{150, 262}, {196, 244}, {212, 262}, {168, 282}}, 3), material(rgb(0x4a3444)),
                 {.bevel = 3, .line = 1.5, .shadow = 0.5F});
     canvas.part(polygon({{150, 256}, {196, 238}, {212, 256}, {168, 276}}, 3), loose, {.bevel = 3, .line = 1.2});
     for (const Joint& crumb : {Joint{{24, 276}, 5}, Joint{{36, 283}, 3.4}, Joint{{226, 276}, 4}, Joint{{14, 266}, 3},
                                Joint{{214, 282}, 2.6}})
-        canvas.part(circle(crumb.at, crumb.radius), stony(rgb(0x7a5a58), 0.6F, 0.1F), {.bevel = 3, .line = 1.1});
+        canvas.part(circle(crumb.at, crumb.radius), earth, {.bevel = 3, .line = 1.1});
 }
 
 constexpr std::array kSets{

@@ -1,4 +1,5 @@
 #include <array>
+#include <cmath>
 #include <vector>
 
 #include "common_parts.h"
@@ -80,15 +81,18 @@ void drawNightOutside(Canvas& canvas, const Rect& area) {
     drawMoon(canvas, {area.x + 54, area.y + 76}, 22);
     canvas.flat(ellipse({area.x + 84, area.bottom() + 10}, 90, 150), rgb(0x35427a));
     canvas.flat(ellipse({area.x + 16, area.bottom() + 30}, 80, 120), rgb(0x263056));
-    canvas.flat(limb({{{area.x + 62, area.bottom() + 4}, 17},
-                      {{area.x + 40, area.bottom() - 28}, 10},
-                      {{area.x + 34, area.bottom() - 52}, 6.5},
-                      {{area.x + 42, area.bottom() - 70}, 4},
-                      {{area.x + 40, area.bottom() - 82}, 2}}),
-                rgb(0x8a98c8), {.alpha = 0.75F});
+    std::vector<Joint> path;  // narrower and in shorter bends the farther it is
+    constexpr int kSteps = 24;
+    for (int i = 0; i <= kSteps; ++i) {
+        const double far = static_cast<double>(i) / kSteps;
+        const double near = (1 - far) * (1 - far);
+        path.push_back({{area.x + 32 + 26 * near + (9 - 4 * far) * std::sin(9 * far), area.bottom() + 10 - 96 * far},
+                        1.4 + 15 * near});
+    }
+    canvas.flat(limb(path), rgb(0x8a98c8), {.alpha = 0.75F});
 }
 
-/// The bars of the cell, swung back against the wall.
+/// The bars of the cell, swung back against the wall; two hinges hold them to the frame, left of `hinge`.
 void drawSwungDoor(Canvas& canvas, double hinge, double top, double bottom) {
     const auto leaned = canvas.placed({hinge, 0});
     const double low = bottom - 5;
@@ -99,6 +103,12 @@ void drawSwungDoor(Canvas& canvas, double hinge, double top, double bottom) {
         const double y = mix(static_cast<float>(top), static_cast<float>(bottom), static_cast<float>(share));
         canvas.part(polygon({{0, y}, {44, y + 10}, {44, y + 18}, {0, y + 10}}, 1.5), kDarkMetal,
                     {.bevel = 3, .line = 1.4});
+    }
+    for (const double y : {top + 52, bottom - 60}) {
+        canvas.part(rectangle(-14, y - 6, 24, 14, 3), kDarkMetal, {.bevel = 3.4, .line = 1.4});
+        for (const double x : {-9.0, -1.0})
+            canvas.part(circle({x, y + 1}, 1.8), kMetal, {.bevel = 1.6, .line = 0.6, .shadow = 0.2F});
+        canvas.part(rectangle(6, y - 13, 9, 28, 3.4), kMetal, {.bevel = 4, .line = 1.4});
     }
     canvas.part(rectangle(26, (top + bottom) / 2 - 4, 20, 30, 3), kMetal, {.bevel = 4, .line = 1.4});
     canvas.flat(circle({36, (top + bottom) / 2 + 8}, 3.2), kInk);
@@ -113,6 +123,7 @@ void drawOpenCell(Canvas& canvas, const Rect&) {
     drawHallOfMenus(canvas);
     canvas.dimAround({120, 380}, 760, 0.42F);
     const Rect opening{-30, 168, 110, kFloor - 168};
+    drawBeam(canvas, {60, 330}, 250, {520, 560}, 300, rgb(0xaebfff), 0.3F);  // the frame covers its beginning
     canvas.part(rectangle(opening.x, opening.y - 22, opening.width + 22, opening.height + 22, 8),
                 stony(kTurma.solid[1] * 0.62F, 1, 0.12F), {.bevel = 8, .line = 1.4, .shadow = 0.5F});
     {
@@ -122,15 +133,11 @@ void drawOpenCell(Canvas& canvas, const Rect&) {
     }
     for (const double y : {232.0, 304.0, 376.0, 448.0})
         drawCrack(canvas, {{opening.right() + 1, y}, {opening.right() + 21, y}}, 0.7F);
-    {
-        const auto room = canvas.group({.box = Rect{opening.right(), 0, 800 - opening.right(), 600}});
-        drawBeam(canvas, {60, 330}, 250, {520, 560}, 300, rgb(0xaebfff), 0.3F);
-    }
     for (const double x : {8.0, 44.0, 80.0}) {  // moonlight on the floor
         canvas.flat(polygon({{x, kFloor}, {x + 28, kFloor}, {x * 2.2 + 190, 600}, {x * 2.2 + 130, 600}}), rgb(0xc4d0ff),
                     {.alpha = 0.22F});
     }
-    drawSwungDoor(canvas, 84, 176, kFloor);
+    drawSwungDoor(canvas, 91, 176, kFloor);
     drawPiece(canvas, "fon\\ruki", {694, 200}, 1.3);
     drawPiece(canvas, "poly\\paut1", {800 - 96, 0}, 1.5);
     drawPiece(canvas, "bonuses\\modul_stol_pust", {664, kFloor - 62 * 1.5}, 1.5);

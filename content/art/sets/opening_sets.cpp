@@ -61,10 +61,10 @@ void drawWallBetween(Canvas& canvas, double from, double to, double top) {
 }
 
 void drawPrison(Canvas& canvas) {
-    drawWallBetween(canvas, 182, 344, 286);
-    drawWallBetween(canvas, 456, 622, 288);
-    for (const Tower& tower : {Tower{250, 30, 262}, Tower{198, 34, 276}, Tower{316, 42, 252}, Tower{552, 30, 268},
-                               Tower{608, 36, 274}, Tower{484, 42, 254}})
+    drawWallBetween(canvas, 130, 292, 286);
+    drawWallBetween(canvas, 508, 674, 288);
+    for (const Tower& tower : {Tower{204, 30, 262}, Tower{148, 34, 276}, Tower{268, 42, 252}, Tower{596, 30, 268},
+                               Tower{652, 36, 274}, Tower{532, 42, 254}})
         drawTower(canvas, tower);
 }
 
@@ -74,8 +74,8 @@ void drawNight(Canvas& canvas) {
     drawMoon(canvas, {90, 90}, 34);
     canvas.flat(ellipse({140, 380}, 260, 110), rgb(0x2a3258));
     canvas.flat(ellipse({700, 390}, 280, 130), rgb(0x272f54));
-    canvas.part(ellipse({kShaft, 420}, 440, 128), stony(rgb(0x26344a), 1.2F, 0.14F, 0), {.bevel = 12, .line = 1});
-    const auto onHill = canvas.placed({0, -14});
+    canvas.part(ellipse({kShaft, 440}, 440, 128), stony(rgb(0x26344a), 1.2F, 0.14F, 0), {.bevel = 12, .line = 1});
+    const auto onHill = canvas.placed({0, -4});
     drawPrison(canvas);
 }
 
@@ -127,7 +127,7 @@ void drawRoom(Canvas& canvas, Hall hall, const Rect& area) {
 
 void drawTurmaRooms(Canvas& canvas) {
     drawRoom(canvas, Hall::Turma, {18, 342, 270, 66});
-    drawPiece(canvas, "fon\\window", {40, 350}, 0.62);
+    drawPiece(canvas, "dveri\\door_b", {34, 354}, 0.66);
     drawPiece(canvas, "fon\\ruki", {110, 346}, 0.62);
     canvas.glow({196, 364}, 90, kTurma.glow, 0.5F);
     drawPiece(canvas, "fon\\fakel", {176, 348}, 0.62);
@@ -137,7 +137,7 @@ void drawTurmaRooms(Canvas& canvas) {
     drawPiece(canvas, "fon\\fakel", {570, 348}, 0.62);
     drawPiece(canvas, "dveri\\door_c", {524, 353}, 0.66);
     drawPiece(canvas, "fon\\kreslo", {640, 357}, 0.6);
-    drawPiece(canvas, "fon\\window", {700, 350}, 0.62);
+    drawPiece(canvas, "dveri\\reshet", {706, 352}, 0.66);
 }
 
 void drawJelezoRooms(Canvas& canvas) {
@@ -172,37 +172,91 @@ void drawPodvalRooms(Canvas& canvas) {
     drawPiece(canvas, "fon\\bochka", {716, 503}, 0.68);
 }
 
-/// The shaft, open above, with the ladder that Grub climbs: as large as he is on the page.
+constexpr double kShaftHalf = 90;
+constexpr double kShaftTop = kGroundTop - 10;
+constexpr double kShaftBottom = 582;
+
+/// The hole in the ground: broken edges at its mouth, uneven sides.
+VectorPath shaftOutline() {
+    constexpr double left = kShaft - kShaftHalf;
+    constexpr double right = kShaft + kShaftHalf;
+    return polygon({{left - 16, kShaftTop - 6},
+                    {left - 10, kShaftTop + 12},
+                    {left + 2, kShaftTop + 20},
+                    {left - 4, 366},
+                    {left + 5, 400},
+                    {left - 4, 440},
+                    {left + 3, 486},
+                    {left - 1, 530},
+                    {left + 8, 564},
+                    {left + 26, kShaftBottom},
+                    {right - 26, kShaftBottom},
+                    {right - 8, 564},
+                    {right + 1, 530},
+                    {right - 3, 486},
+                    {right + 4, 440},
+                    {right - 5, 400},
+                    {right + 4, 366},
+                    {right - 2, kShaftTop + 20},
+                    {right + 10, kShaftTop + 12},
+                    {right + 16, kShaftTop - 6}},
+                   9);
+}
+
+/// The ladder that Grub climbs, as large as he is on the page: even rungs from the bottom to above the ground.
+void drawLadder(Canvas& canvas) {
+    constexpr double kHalf = 62;
+    constexpr double kLowestRung = 554;
+    constexpr double kEvery = 26;
+    const Material wood = glossy(material(rgb(0x8a5a3c), rgb(0x4a2b33), rgb(0xc08a56)), 0.2F, 0.15F);
+    for (double y = kLowestRung; y > kShaftTop - 10; y -= kEvery)
+        canvas.part(rectangle(kShaft - kHalf, y - 5, 2 * kHalf, 11, 3), wood, {.bevel = 4.5, .line = 1.6});
+    for (const double side : {-1.0, 1.0}) {
+        const double x = kShaft + side * kHalf;
+        canvas.part(rectangle(x - 9, kShaftTop - 24, 18, kShaftBottom - kShaftTop + 20, 4), wood,
+                    {.bevel = 6, .line = 1.8});
+        for (double y = kLowestRung; y > kShaftTop - 10; y -= kEvery)
+            canvas.part(circle({x, y}, 2.6), kMetal, {.bevel = 2.2, .line = 0.9, .shadow = 0.3F});
+    }
+}
+
+/// Clods and tufts that hang over the edges of the mouth.
+void drawBrokenEdge(Canvas& canvas) {
+    const Material earth = stony(rgb(0x5a4048), 1.6F, 0.16F, 0);
+    for (const double side : {-1.0, 1.0}) {
+        const auto at = [&](double out, double down) {
+            return Point{kShaft + side * (kShaftHalf + out), kShaftTop + down};
+        };
+        for (const auto& [out, down, size] : {std::tuple{-2.0, 27.0, 9.0}, std::tuple{5.0, 16.0, 12.0},
+                                              std::tuple{17.0, 8.0, 14.0}, std::tuple{34.0, 10.0, 12.0}})
+            canvas.part(ellipse(at(out, down), size, size * 0.8, side * 0.4), earth, {.bevel = 7, .line = 1.4});
+        VectorPath tuft;
+        for (int i = 0; i < 5; ++i) tuft.unite(circle(at(6 + 9 * i, 1 + i % 2 * 2.0 + (i == 0 ? 3 : 0)), 6.5));
+        canvas.part(tuft, stony(rgb(0x33503f), 1, 0.15F, 0), {.bevel = 4, .line = 1.1});
+    }
+}
+
+/// The shaft, open above.
 void drawShaft(Canvas& canvas) {
-    constexpr double kClimber = 3.5;
-    const Rect shaft{kShaft - 90, kGroundTop - 12, 180, 268};
-    const VectorPath hole = loop({{shaft.x - 8, shaft.y},
-                                  {shaft.x + 6, 380},
-                                  {shaft.x - 6, 440},
-                                  {shaft.x + 2, 500},
-                                  {shaft.x + 4, 560},
-                                  {shaft.x + 20, shaft.bottom()},
-                                  {kShaft, shaft.bottom()},
-                                  {shaft.right() - 20, shaft.bottom()},
-                                  {shaft.right() - 4, 560},
-                                  {shaft.right() - 2, 500},
-                                  {shaft.right() + 6, 440},
-                                  {shaft.right() - 6, 380},
-                                  {shaft.right() + 8, shaft.y}});
+    const VectorPath hole = shaftOutline();
     canvas.part(hole, stony(rgb(0x241a2c), 2, 0.2F, 0), {.bevel = 10, .line = 2.4, .shadow = 0});
     const Mask inside = canvas.mask(hole);
-    const auto group = canvas.group({.box = shaft, .clip = &inside});
-    for (int i = 0; i < 8; ++i) {
-        const double y = shaft.y + 20 + 34 * i;
-        for (const double side : {-1.0, 1.0})
-            canvas.part(ellipse({kShaft + side * 96, y + side * 8}, 22, 20), stony(rgb(0x4a3540), 1.6F, 0.16F, 0),
-                        {.bevel = 9, .line = 1.2});
+    {
+        const auto group = canvas.group({.clip = &inside});
+        for (int i = 0; i < 8; ++i) {
+            const double y = kShaftTop + 30 + 33 * i;
+            for (const double side : {-1.0, 1.0})
+                canvas.part(ellipse({kShaft + side * 96, y + side * 8}, 22, 20), stony(rgb(0x4a3540), 1.6F, 0.16F, 0),
+                            {.bevel = 9, .line = 1.2});
+        }
+        canvas.shadeRows(kShaftTop + 40, kShaftBottom, 1, 0.6F);
     }
-    for (const double top : {150.0, 150.0 + kCellSize * kClimber}) {
-        const auto rungs = canvas.group({.tint = {rgb(0x5a3540), 0.55F}});
-        drawPiece(canvas, "lesenki\\modul_lestn", {kShaft - kCellSize / 2 * kClimber, top}, kClimber);
+    {
+        const auto ladder = canvas.group({.shadow = 0.4F});
+        drawLadder(canvas);
+        canvas.shadeRows(kShaftTop + 40, kShaftBottom, 1, 0.7F);
     }
-    canvas.shadeRows(shaft.y + 40, shaft.bottom(), 1, 0.35F);
+    drawBrokenEdge(canvas);
     canvas.glow(kLamp, 170, kLampLight, 0.5F);
 }
 

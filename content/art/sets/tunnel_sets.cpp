@@ -20,7 +20,7 @@ constexpr Rgb kRock = rgb(0x5a4150);
 constexpr Rgb kSteam = rgb(0xfff1cf);
 
 /// Where Grub's lamp is when he stands at the end of his tunnel, and the row of its floor.
-constexpr Point kLamp{226, 132};
+constexpr Point kLamp{224, 130};
 constexpr double kTunnelFloor = 262;
 
 float share(std::uint32_t number, std::uint32_t which) { return randomShare(number, which, 21); }
@@ -74,7 +74,6 @@ void drawTunnel(Canvas& canvas) {
     canvas.part(rectangle(-20, kTunnelFloor, 480, 40, 3), stony(rgb(0x6e5058), 1.8F, 0.15F, 0),
                 {.bevel = 5, .line = 1.6});
     canvas.glow({300, 170}, 230, rgb(0xffe2a0), 0.45F);
-    drawBeam(canvas, kLamp, 14, {470, 210}, 210, rgb(0xffe2a0), 0.75F);
     for (const Joint& crumb :
          {Joint{{340, 256}, 9}, Joint{{356, 258}, 7}, Joint{{349, 246}, 7}, Joint{{372, 258}, 5}, Joint{{326, 259}, 4}})
         canvas.part(circle(crumb.at, crumb.radius), stony(rgb(0x8a6258), 1, 0.12F), {.bevel = 5, .line = 1.3});
@@ -113,11 +112,13 @@ void drawTunnelToKitchen(Canvas& canvas, const Rect&) {
     canvas.glow({650, 90}, 210, kTurma.glow, 0.3F);
 }
 
-/// The smell of pie: it finds a crack in the kitchen's floor and winds down to Grub's nose.
+/// What is in the air before Grub: the light of his lamp, and the smell of pie, which finds a crack in the kitchen's
+/// floor and winds down to his nose.
 void drawSmell(Canvas& canvas, const Rect&) {
     drawCrack(canvas, {{628, 136}, {622, 146}, {627, 154}, {620, 166}}, 1);
+    drawBeam(canvas, kLamp, 16, {470, 206}, 210, rgb(0xffe2a0), 0.5F);
     constexpr std::array kWay{Point{632, 90},  Point{640, 150}, Point{590, 160}, Point{560, 196}, Point{524, 236},
-                              Point{480, 268}, Point{430, 220}, Point{380, 172}, Point{330, 118}, Point{242, 174}};
+                              Point{490, 262}, Point{430, 246}, Point{370, 230}, Point{310, 216}, Point{252, 172}};
     drawRibbon(canvas, kWay, 26, kSteam, 0.35F);
 }
 

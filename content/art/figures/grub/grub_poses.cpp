@@ -19,6 +19,14 @@ Pose pointing() {
     return pose;
 }
 
+/// The same, at something above him.
+Pose pointingUp() {
+    Pose pose = pointing();
+    pose.head.tilt = -0.12;
+    pose.farArm = {.hand = {54, 15}, .bend = 1, .bone = 9, .grip = Grip::Pointing};
+    return pose;
+}
+
 Pose cheering() {
     Pose pose = grubFront(0);
     pose.hips.y -= 1;
@@ -35,12 +43,21 @@ Pose strolling() {
     return pose;
 }
 
-/// The nose follows a smell.
+/// On a ladder of his own size: a hand higher than the other, both boots on rungs.
+Pose onLadder() {
+    Pose pose = grubClimb(0);
+    pose.hips.y -= 5;
+    pose.nearLeg = {.sole = {24.6, 61}};
+    pose.farLeg = {.sole = {39.4, 53.5}};
+    return pose;
+}
+
+/// The nose follows a smell; the spoon rests.
 Pose sniffing() {
     Pose pose = grubStand(0.5);
     pose.lean = 0.05;
     pose.head = {.turn = 3.6, .tilt = -0.36, .shift = {1.5, -1}, .hatShift = {-0.6, 0.4}, .hatTilt = -0.06};
-    pose.nearArm = {.hand = {14.5, 42}, .bend = 1, .bone = 6.4, .grip = Grip::Open};
+    pose.nearArm = {.hand = {14.5, 42}, .bend = 1, .bone = 6.4, .held = {Prop::Spoon, -2.06}};
     pose.farArm = {.hand = {50.5, 42}, .bone = 6.4, .grip = Grip::Open};
     return pose;
 }
@@ -174,6 +191,8 @@ const FigureDrawing& grubFigure() {
         NamedPose{"fall", grubFall(0)},
         NamedPose{"dig", grubDig(kGrubDigHit)},
         NamedPose{"point", pointing()},
+        NamedPose{"point up", pointingUp()},
+        NamedPose{"ladder", onLadder()},
         NamedPose{"cheer", cheering()},
         NamedPose{"stroll", strolling()},
         NamedPose{"sniff", sniffing()},
