@@ -34,7 +34,7 @@ Mark markOf(const Button& button) {
 
 Fit drawButton(Canvas& canvas, const Button& button) {
     const Look look = lookOf(button.state);
-    drawBoard(canvas, {look.board, button.area, Fastening::Nails, markOf(button)});
+    drawBoard(canvas, {look.board, button.area, Fastening::Nails, markOf(button), button.spoon});
     Words words = button.words;
     words.board = look.board;
     words.ink = look.ink;

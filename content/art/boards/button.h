@@ -23,6 +23,8 @@ struct Button {
     Words words;
     /// Held down by the mouse: its letters too stand 2 px lower.
     bool held = false;
+    /// Length of the spoon.
+    double spoon = 36;
 };
 
 /// Draws the board, its nails and mark, and the words; says whether they fit.
