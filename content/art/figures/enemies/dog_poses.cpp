@@ -76,15 +76,15 @@ Pose lying() {
             .tail = {-0.6, 1}};
 }
 
-/// Over an edge at the foot of the cell: the body is foreshortened behind the head, which hides the hind legs.
+/// Over an edge at the foot of the cell, the paws on it; what lies below the edge is for others to hide.
 Pose leaningOver() {
     return {.view = FigureView::Front,
-            .hips = {0, -1},
-            .head = {.turn = 0, .shift = {0, 13}},
-            .nearArm = {.hand = {12, kRoundPawRow}, .bend = 1, .shoulder = {1, 4}},
-            .farArm = {.hand = {52, kRoundPawRow}, .bend = -1, .shoulder = {-1, 4}},
-            .nearLeg = roundPaw({29, 44}, 1),
-            .farLeg = roundPaw({35, 44}, -1)};
+            .hips = {0, 15},
+            .head = {.turn = 0, .shift = {0, -1}},
+            .nearArm = {.hand = {12, kRoundPawRow}, .bend = 1},
+            .farArm = {.hand = {52, kRoundPawRow}, .bend = -1},
+            .nearLeg = roundPaw({26, 78}, 1),
+            .farLeg = roundPaw({38, 78}, -1)};
 }
 
 Pose begging() {

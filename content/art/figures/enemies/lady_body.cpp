@@ -9,9 +9,6 @@ namespace {
 constexpr Rgb kTrim = rgb(0xf7b9da);
 constexpr Rgb kStitch = rgb(0xb9a6c6);
 
-/// The dress on a back that bends away, where less light falls.
-constexpr Material kBack = glossy(material(0x9a3884, 0x54206c, 0xcf6cb4), 0.1F, 0.3F);
-
 /// Half the hem's width, and its row.
 constexpr double kHem = 17.4;
 constexpr double kHemRow = 50.4;
@@ -171,15 +168,6 @@ void drawLadyDress(Canvas& canvas, FigureView view, const LadySkirt& skirt) {
     canvas.part(ellipse({32, 27.6}, 6.6, 2.6), kLadyApron, {.bevel = 2, .line = 0.8});
     if (skirt.pinInBow) drawProp(canvas, {24.6, 42}, {Prop::RollingPin, -0.6});
     drawBow(canvas, skirt.swing);
-}
-
-void drawLadyBentDress(Canvas& canvas) {
-    constexpr double kEdge = 36;
-    const Mask aboveEdge = canvas.mask(rectangle(0, -10, 64, 10 + kEdge + 0.4));
-    canvas.part(ellipse({32, 20.6}, 19.6, 10), kBack, {.bevel = 9, .line = 1.3});
-    canvas.part(ellipse({32, 31}, 18, 11), kLadyDress, {.bevel = 7, .line = 1.2, .clip = &aboveEdge});
-    const auto lower = canvas.placed({0, 4.6});
-    drawCollar(canvas, 32);
 }
 
 }  // namespace grub

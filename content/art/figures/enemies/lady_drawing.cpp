@@ -63,14 +63,12 @@ void drawLady(Canvas& canvas, const Pose& pose, const Expression& expression, co
     const LadySkirt skirt{.swing = pose.tail.x, .flare = -pose.tail.y, .pinInBow = emptyHands};
 
     drawArms(ArmLayer::BehindBody);
-    if (!pose.bentOver) {
-        drawLadyLeg(canvas, pose.view, joints.farHip + pose.hips + pose.farLeg.hip, pose.farLeg, Side::Far);
-        drawLadyLeg(canvas, pose.view, joints.nearHip + pose.hips + pose.nearLeg.hip, pose.nearLeg, Side::Near);
-    }
+    drawLadyLeg(canvas, pose.view, joints.farHip + pose.hips + pose.farLeg.hip, pose.farLeg, Side::Far);
+    drawLadyLeg(canvas, pose.view, joints.nearHip + pose.hips + pose.nearLeg.hip, pose.nearLeg, Side::Near);
     {
         const auto leant = canvas.placed(kHips + pose.hips, pose.lean, 1 + pose.squash, 1 - pose.squash);
         const auto dress = canvas.placed(kHips * -1);
-        pose.bentOver ? drawLadyBentDress(canvas) : drawLadyDress(canvas, pose.view, skirt);
+        drawLadyDress(canvas, pose.view, skirt);
     }
     drawArms(ArmLayer::BehindHead);
     {

@@ -35,8 +35,6 @@ struct LadySkirt {
 };
 /// Dress with apron, from neck to hem.
 void drawLadyDress(Canvas& canvas, FigureView view, const LadySkirt& skirt);
-/// The same from the front while she bends down over an edge, which cuts it off at row 36, before the pose moves it.
-void drawLadyBentDress(Canvas& canvas);
 
 /// A leg with its shoe, from the joint `hip` on.
 void drawLadyLeg(Canvas& canvas, FigureView view, Point hip, const LegPose& leg, Side side);

@@ -76,14 +76,15 @@ Pose tiptoe() {
             .tail = {-2.5, 0}};
 }
 
-/// Bends down over an edge at the cell's foot, which her hands grip.
+/// Bends over an edge at the cell's foot, which her hands grip; what lies below the edge is for others to hide.
 Pose leanOver() {
     return {.view = FigureView::Front,
             .hips = {0, 24.6},
-            .bentOver = true,
             .head = {.turn = 0, .shift = {0, 1}},
-            .nearArm = {.hand = {11, 57}, .bend = 1, .bone = 6.4, .shoulder = {-5, -3.6}},
-            .farArm = {.hand = {53, 57}, .bend = -1, .bone = 6.4, .shoulder = {5, -3.6}}};
+            .nearArm = {.hand = {11, 57}, .bend = 1, .bone = 7},
+            .farArm = {.hand = {53, 57}, .bend = -1, .bone = 7},
+            .nearLeg = {.sole = {27, 84}},
+            .farLeg = {.sole = {37, 84}}};
 }
 
 /// The pie on an open hand, the pin at rest in the other.

@@ -1,6 +1,7 @@
 #include "grub.h"
 
 #include <array>
+#include <cmath>
 #include <numbers>
 
 #include "figure.h"
@@ -24,6 +25,18 @@ Pose pointingUp() {
     Pose pose = pointing();
     pose.head.tilt = -0.12;
     pose.farArm = {.hand = {54, 15}, .bend = 1, .bone = 9, .grip = Grip::Pointing};
+    return pose;
+}
+
+/// The spoon goes down into a hole before his boots.
+Pose digging() {
+    constexpr double kAngle = 0.95;
+    const Point lower{43.4, 50};
+    const Point upper = lower - Point{std::cos(kAngle), std::sin(kAngle)} * 6;
+    Pose pose = grubDig(kGrubDigHit);
+    pose.lean += 0.06;
+    pose.nearArm = {.hand = upper, .bone = 7.6, .shoulder = {1, 3}};
+    pose.farArm = {.hand = lower, .bone = 7, .held = {Prop::Spoon, kAngle}, .shoulder = {-1, 3}, .acrossBody = true};
     return pose;
 }
 
@@ -62,14 +75,14 @@ Pose sniffing() {
     return pose;
 }
 
-/// An ear at a wall on the right; the face stays with the viewer.
+/// A hand at a wall on the right, the face close to it: he listens.
 Pose listening() {
     Pose pose = grubStand(0);
     pose.hips.x = 3;
     pose.lean = 0.16;
-    pose.head = {.turn = -1.4, .tilt = 0.2, .shift = {2, 0.5}};
+    pose.head = {.turn = 3, .tilt = 0.1, .shift = {2, 0.5}};
     pose.nearArm = {.hand = {18, 44}, .bend = 1, .bone = 6, .grip = Grip::Open};
-    pose.farArm = {.hand = {57.5, 34}, .bone = 7, .grip = Grip::Open, .acrossBody = true};
+    pose.farArm = {.hand = {59, 37}, .bone = 10, .grip = Grip::Open};
     pose.nearLeg.sole.x -= 2;
     pose.farLeg.sole.x += 3;
     return pose;
@@ -118,8 +131,8 @@ Pose stuck() {
 Pose tucked() {
     Pose pose = grubHang(0.5, 0.92);
     pose.head.tilt = 0.1;
-    pose.nearLeg = {.sole = {45, 63}, .angle = -0.3, .hip = {-2, 0}};
-    pose.farLeg = {.sole = {51, 60}, .angle = -0.4, .hip = {6, 0}};
+    pose.nearLeg = {.sole = {48, 67}, .angle = -0.3, .hip = {2, 0}};
+    pose.farLeg = {.sole = {54, 64}, .angle = -0.4, .hip = {8, 0}};
     return pose;
 }
 
@@ -190,6 +203,7 @@ const FigureDrawing& grubFigure() {
         NamedPose{"hang", grubHang(0.5)},
         NamedPose{"fall", grubFall(0)},
         NamedPose{"dig", grubDig(kGrubDigHit)},
+        NamedPose{"dig deep", digging()},
         NamedPose{"point", pointing()},
         NamedPose{"point up", pointingUp()},
         NamedPose{"ladder", onLadder()},

@@ -87,8 +87,6 @@ struct Pose {
     double squash = 0;
     /// A body on four legs hangs under them: it lies upside down, and its head stays upright.
     bool bellyUp = false;
-    /// From the front: bends down over an edge, so that the back shows behind the head and no legs are seen.
-    bool bentOver = false;
     HeadPose head = {};
     ArmPose nearArm = {};
     ArmPose farArm = {};
