@@ -1,6 +1,7 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "set_parts.h"
 #include "sets_room.h"
 #include "shapes.h"
+#include "surface.h"
 
 namespace grub {
 
@@ -17,30 +19,37 @@ namespace {
 /// Day that shows through cracks.
 constexpr Rgb kDaylight = rgb(0xffd86a);
 
-/// A gap between stones, `width` at its widest, bright inside and with light around it; it tapers to both ends.
-void drawBrightCrack(Canvas& canvas, std::span<const Point> points, double width) {
-    const auto tapered = [&](double more) {
-        std::vector<Joint> joints;
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            const double along = static_cast<double>(i) / static_cast<double>(points.size() - 1);
-            joints.push_back({points[i], 0.6 + more + width / 2 * std::sin(along * std::numbers::pi)});
+/// Behind the barrel, where the light comes from.
+constexpr Point kSource{232, 168};
+
+/// Light that leaks along a joint of the wall: the nearer to its source, the stronger.
+void drawLeak(Canvas& canvas, std::span<const Point> joint) {
+    constexpr double kStep = 5;
+    constexpr double kReach = 150;
+    std::vector<Joint> core;
+    for (std::size_t i = 1; i < joint.size(); ++i) {
+        const Point way = joint[i] - joint[i - 1];
+        const double steps = std::ceil(length(way) / kStep);
+        for (double step = 0; step <= steps; ++step) {
+            const Point at = joint[i - 1] + way * (step / steps);
+            const double share = std::clamp(1.1 - length(at - kSource) / kReach, 0.0, 1.0);
+            canvas.glow(at, 20, kDaylight, static_cast<float>(0.32 * share));
+            const auto place = static_cast<std::uint32_t>(core.size());
+            const Point uneven{randomShare(place, 1, 4) - 0.5, randomShare(place, 2, 4) - 0.5};
+            core.push_back({at + uneven * 0.8, 0.2 + share * (0.5 + 0.9 * randomShare(place, 3, 4))});
         }
-        return limb(joints);
-    };
-    for (const Point& at : points) canvas.glow(at, 34, kDaylight, 0.34F);
-    canvas.flat(tapered(2), rgb(0x2a2012), {.alpha = 0.75F});
-    canvas.flat(tapered(0), kDaylight);
-    canvas.flat(tapered(-0.2 - width / 6), rgb(0xfffbe0));
+    }
+    canvas.flat(limb(core), rgb(0xfff4c0), {.alpha = 0.95F});
 }
 
-// The cracks around the barrel.
-constexpr std::array kMain{Point{158, 236}, Point{172, 229}, Point{176, 214}, Point{174, 198}, Point{184, 188},
-                           Point{181, 172}, Point{190, 160}, Point{193, 142}, Point{206, 131}, Point{210, 112}};
-constexpr std::array kOver{Point{196, 140}, Point{212, 130}, Point{228, 133}, Point{244, 124},
-                           Point{262, 127}, Point{278, 121}, Point{286, 136}, Point{301, 142}};
-constexpr std::array kBranchUp{Point{250, 126}, Point{254, 112}, Point{248, 98}, Point{255, 84}, Point{252, 74}};
-constexpr std::array kBranchLeft{Point{183, 176}, Point{168, 170}, Point{162, 156}, Point{148, 152}};
-constexpr std::array kBranchRight{Point{282, 130}, Point{292, 112}, Point{288, 100}, Point{297, 88}};
+// Joints around the barrel, as the wall of the hall has them.
+constexpr std::array kLeft{Point{148, 137}, Point{193, 137}, Point{193, 176},
+                           Point{181, 176}, Point{181, 233}, Point{212, 233}};
+constexpr std::array kAside{Point{181, 176}, Point{148, 176}};
+constexpr std::array kOver{Point{193, 137}, Point{244, 137}, Point{302, 137}};
+constexpr std::array kUp{Point{244, 137}, Point{244, 71}};
+constexpr std::array kUpLeft{Point{181, 137}, Point{181, 80}};
+constexpr std::array kRight{Point{289, 137}, Point{289, 167}, Point{302, 167}};
 
 void drawLastBarrel(Canvas& canvas, const Rect&) {
     constexpr double kScale = 1.5;
@@ -51,14 +60,15 @@ void drawLastBarrel(Canvas& canvas, const Rect&) {
     canvas.dimAround({150, 170}, 290, 0.6F);
     canvas.glow({34, 96}, 150, kTurma.glow, 0.5F);
     drawPiece(canvas, "fon\\fakel", {34 - 48, 96 - 39}, kScale, 3);
-    canvas.glow({236, 180}, 170, kDaylight, 0.5F);
+    canvas.glow(kSource, 150, kDaylight, 0.5F);
     for (const Point& end : {Point{96, 120}, Point{70, 200}, Point{150, 20}, Point{262, 10}})
-        drawBeam(canvas, {238, 168}, 8, end, 60, kDaylight, 0.42F);
-    drawBrightCrack(canvas, kMain, 5.6);
-    drawBrightCrack(canvas, kOver, 5);
-    drawBrightCrack(canvas, kBranchUp, 3);
-    drawBrightCrack(canvas, kBranchLeft, 3);
-    drawBrightCrack(canvas, kBranchRight, 3);
+        drawBeam(canvas, kSource, 8, end, 60, kDaylight, 0.3F);
+    drawLeak(canvas, kLeft);
+    drawLeak(canvas, kAside);
+    drawLeak(canvas, kOver);
+    drawLeak(canvas, kUp);
+    drawLeak(canvas, kUpLeft);
+    drawLeak(canvas, kRight);
     drawPiece(canvas, "fon\\bochka", {246 - 32 * kBarrel, kFloor + 3 - 62 * kBarrel}, kBarrel);
     canvas.halo({200, kFloor - 4}, 44, kDaylight, 0.3F);
     drawPiece(canvas, "poly\\paut", {0, 0}, 1.3);

@@ -69,8 +69,8 @@ void drawTree(Canvas& canvas, Point foot, double height, Rgb leaves) {
 
 void drawFarPrison(Canvas& canvas, Point foot, double scale, Rgb stone) {
     const auto far = canvas.placed(foot, 0, scale, scale);
-    const std::array smoke{Point{16, -40}, Point{10, -52}, Point{24, -60}, Point{14, -74},
-                           Point{6, -86},  Point{22, -92}, Point{16, -108}};
+    const std::array smoke{Point{16, -40}, Point{10, -48}, Point{23, -54}, Point{14, -64},
+                           Point{7, -73},  Point{21, -78}, Point{16, -90}};
     drawRibbon(canvas, smoke, 6, rgb(0xf4ecf0), 0.7F);
     const Material walls = glossy(material(stone), 0, 0.3F);
     const Material roofs = glossy(material(stone * 0.72F), 0, 0.3F);

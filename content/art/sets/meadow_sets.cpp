@@ -33,7 +33,7 @@ void drawSunrise(Canvas& canvas, const Rect& area) {
         }
     }
     canvas.halo(kSun, 230, rgb(0xfff0b8), 0.75F);
-    drawCloud(canvas, {398, 60}, 22);
+    drawCloud(canvas, {404, 36}, 22);
     drawCloud(canvas, {300, 92}, 13);
     canvas.part(circle(kSun, 96), glossy(material(0xffe07a, 0xffc85a, 0xfff6c8), 0, 0),
                 {.bevel = 30, .line = 0, .shadow = 0});
@@ -195,8 +195,7 @@ void drawPicnic(Canvas& canvas, const Rect& area) {
     constexpr double kHorizon = 176;
     drawGradient(canvas, {0, 0, area.width, kHorizon + 20}, rgb(0x6aa6e0), rgb(0xdff0ee));
     drawCloud(canvas, {330, 128}, 26);
-    drawCloud(canvas, {520, 96}, 17);
-    drawCloud(canvas, {700, 40}, 30);
+    drawCloud(canvas, {470, 96}, 15);
     canvas.part(ellipse({280, 226}, 190, 62), kFarGrass, {.bevel = 12, .line = 1, .shadow = 0});
     canvas.part(ellipse({620, 230}, 260, 72), kFarGrass, {.bevel = 12, .line = 1, .shadow = 0});
     drawFarPrison(canvas, {310, 168}, 0.6, rgb(0x9a90b4));

@@ -1,8 +1,10 @@
 #include <array>
 #include <vector>
 
+#include "common_parts.h"
 #include "hall_set.h"
 #include "palette.h"
+#include "props.h"
 #include "set_parts.h"
 #include "sets_room.h"
 #include "shapes.h"
@@ -49,21 +51,55 @@ void drawTally(Canvas& canvas, Point at, int groups) {
     }
 }
 
-/// A hole in the floor with broken edges, `floor` its upper row.
+/// A hole in the floor, `floor` its upper row: its sides are the ends of broken bricks, and it goes down into the dark.
 void drawDugHole(Canvas& canvas, double left, double right, double floor) {
-    canvas.flat(polygon({{left - 7, floor - 1},
-                         {right + 6, floor - 1},
-                         {right - 1, floor + 9},
-                         {right + 4, floor + 20},
-                         {right - 3, floor + 40},
-                         {left + 4, floor + 40},
-                         {left - 3, floor + 22},
-                         {left + 3, floor + 10}},
-                        2),
-                rgb(0x150f24));
-    for (const auto& [x, y, angle] : {std::array{left - 8, floor + 3, 0.3}, std::array{left - 3, floor + 17, -0.2},
-                                      std::array{right + 8, floor + 4, -0.35}, std::array{right + 4, floor + 18, 0.2}})
-        drawRubblePiece(canvas, {x, y}, 17, 11, angle, kTurma.floor[2] * 0.9F);
+    const auto outline = [=](double in) {
+        return polygon({{left - 12 + in, floor - 4},
+                        {right + 12 - in, floor - 4},
+                        {right + 6 - in, floor + 9},
+                        {right + 10 - in, floor + 18},
+                        {right - 3 - in, floor + 21},
+                        {right - 7 - in, floor + 33},
+                        {right - 1 - in, floor + 50},
+                        {left + 2 + in, floor + 50},
+                        {left + 8 + in, floor + 35},
+                        {left + 2 + in, floor + 22},
+                        {left - 10 + in, floor + 19},
+                        {left - 5 + in, floor + 8}},
+                       1.5);
+    };
+    {
+        const auto belowFloor = canvas.group({.box = Rect{left - 30, floor, right - left + 60, 60}});
+        canvas.part(outline(0), stony(kTurma.floor[2] * 0.82F, 1.4F, 0.16F), {.bevel = 3, .line = 1.8, .shadow = 0});
+        const VectorPath depth = outline(7);
+        canvas.flat(depth, kInk, {.stroke = 2});
+        const Mask inside = canvas.mask(depth);
+        const auto far = canvas.group({.clip = &inside});
+        canvas.flat(depth, rgb(0x150f24));
+        for (std::uint32_t i = 0; i < 8; ++i) {  // the far side, in what light falls in
+            const std::uint32_t row = i / 4;
+            drawRubblePiece(canvas, {left + 2 + 24 * (i % 4) - 10.0 * row, floor + 5 + 14.0 * row}, 22, 12, 0,
+                            varied(kTurma.floor[i % 3] * (row == 0 ? 0.42F : 0.26F), i, 0.1F));
+        }
+        canvas.shadeRows(floor + 14, floor + 30, 1, 0.25F);
+    }
+    for (const auto& [x, y, size, angle] :
+         {std::array{left - 16, floor - 4, 15.0, 0.3}, std::array{right + 15, floor - 5, 17.0, -0.35},
+          std::array{right + 29, floor - 2, 9.0, 0.5}})
+        drawRubblePiece(canvas, {x, y}, size, size * 0.64, angle, kTurma.floor[2] * 0.9F);
+}
+
+/// A heap of bits of brick on the row `floor`, highest in its middle.
+void drawBrickHeap(Canvas& canvas, double left, double right, double floor, double height) {
+    constexpr std::uint32_t kBits = 30;
+    for (std::uint32_t i = 0; i < kBits; ++i) {
+        const double up = 1 - (i + 1.0) / kBits;  // from the top, so that the lower ones lie in front
+        const double half = (right - left) / 2 * (1 - 0.85 * up);
+        const double x = (left + right) / 2 + half * (2.0 * randomShare(i, 1, 5) - 1);
+        const double width = 13 + 9 * randomShare(i, 2, 5);
+        drawRubblePiece(canvas, {x, floor - width * 0.3 - up * height}, width, width * 0.6,
+                        1.3 * (randomShare(i, 3, 5) - 0.5), varied(kTurma.floor[i % 3] * 0.9F, i, 0.12F));
+    }
 }
 
 void drawMoonlitCell(Canvas& canvas, const Rect& area) {
@@ -72,13 +108,15 @@ void drawMoonlitCell(Canvas& canvas, const Rect& area) {
     drawTally(canvas, {288, 178}, 5);
     canvas.dimAround({190, 190}, 330, 0.5F);
     canvas.glow({62, 106}, 150, kMoonlight, 0.4F);
-    drawPiece(canvas, "fon\\window", {2, 44}, 1.9);
     drawBeam(canvas, {66, 92}, 62, {300, 330}, 190, kMoonlight, 0.42F);
-    canvas.flat(polygon({{112, kFloor + 2}, {300, kFloor + 2}, {330, area.height}, {96, area.height}}), kMoonlight,
-                {.alpha = 0.25F});
+    drawPiece(canvas, "fon\\window", {2, 44}, 1.9);
+    for (const double in : {0.0, 7.0, 14.0})
+        canvas.flat(
+            polygon({{104 + in, kFloor + 2}, {196 - in, kFloor + 2}, {214 - in, area.height}, {88 + in, area.height}}),
+            kMoonlight, {.alpha = 0.1F});
     drawPiece(canvas, "poly\\paut1", {area.width - 90, 0}, 1.4);
-    drawDugHole(canvas, 248, 286, kFloor);
-    drawCrumbs(canvas, 22, 112, kFloor + 2, 34, kTurma.floor[1], 5);
+    drawDugHole(canvas, 210, 282, kFloor);
+    drawBrickHeap(canvas, 16, 112, kFloor + 2, 34);
 }
 
 // ---- the corridor of the rats
@@ -87,15 +125,23 @@ void drawMoonlitCell(Canvas& canvas, const Rect& area) {
 void drawRatHole(Canvas& canvas, double middle, double floor) {
     const std::initializer_list<Point> arch{
         {middle - 38, floor}, {middle - 40, floor - 90}, {middle + 40, floor - 90}, {middle + 38, floor}};
-    canvas.part(curve(arch), stony(kTurma.solid[1] * 0.5F, 1.2F, 0.12F), {.bevel = 5, .line = 1.4, .stroke = 13});
+    {
+        const auto aboveFloor = canvas.group({.box = Rect{middle - 60, floor - 120, 120, 120}});
+        canvas.part(curve(arch), stony(kTurma.solid[1] * 0.5F, 1.2F, 0.12F), {.bevel = 5, .line = 1.4, .stroke = 13});
+    }
     const VectorPath hole = curve(arch).close();
     canvas.flat(hole, rgb(0x0d0a1c));
     const Mask inside = canvas.mask(hole);
-    canvas.flat(ellipse({middle, floor}, 26, 13), kGold.shadow, {.alpha = 0.8F, .clip = &inside});
-    for (const Point& at :
-         {Point{middle - 16, floor - 6}, Point{middle + 2, floor - 10}, Point{middle + 15, floor - 5}})
-        canvas.part(ring(at, 6, 3.2), kGold, {.bevel = 1.4, .line = 0.9, .clip = &inside});
-    canvas.glow({middle, floor - 8}, 36, rgb(0xffd25a), 0.45F);
+    {
+        const auto hoard = canvas.group({.clip = &inside});
+        for (const auto& [x, y, angle] :
+             {std::array{-2.0, -9.0, -2.6}, std::array{14.0, -7.0, 0.5}, std::array{-8.0, -20.0, -0.9},
+              std::array{8.0, -16.0, -2.2}, std::array{-12.0, -5.0, 0.15}}) {
+            const auto key = canvas.placed({middle + x, floor + y}, angle, 0.7, 0.7);
+            drawKeyShape(canvas, kGold, false);
+        }
+    }
+    canvas.glow({middle, floor - 8}, 40, rgb(0xffd25a), 0.3F);
 }
 
 void drawRatCorridor(Canvas& canvas, const Rect& area) {
@@ -103,7 +149,7 @@ void drawRatCorridor(Canvas& canvas, const Rect& area) {
     drawPrisonHall(canvas, -60, kFloor, area.width);
     canvas.dimAround({210, 170}, 300, 0.42F);
     drawRatHole(canvas, 20, kFloor);
-    for (const auto& [x, y] : {std::array{188.0, 186.0}, std::array{362.0, 92.0}}) {
+    for (const auto& [x, y] : {std::array{204.0, 190.0}, std::array{362.0, 92.0}}) {
         canvas.glow({x, y}, 190, kTurma.glow, 0.62F);
         canvas.glow({x, kFloor + 4}, 130, kTurma.glow, 0.25F);
         drawPiece(canvas, "fon\\fakel", {x - 32 * 1.5, y - 26 * 1.5}, 1.5, static_cast<int>(x) % 5);
@@ -114,12 +160,14 @@ void drawRatCorridor(Canvas& canvas, const Rect& area) {
 
 // ---- the hall with a door
 
-/// The exit, partly drawn up: gold light from the gap, green light from the lamp.
-void drawOpeningDoor(Canvas& canvas, double middle, double floor) {
+/// The middle of the exit's lowest row.
+constexpr Point kDoorFoot{616, 244};
+
+/// The exit, partly drawn up, in front of whoever creeps past it.
+void drawOpeningDoor(Canvas& canvas, const Rect&) {
+    const auto [middle, floor] = kDoorFoot;
     constexpr double kSize = 2.6;
-    constexpr int kPartlyOpen = 5;
-    canvas.glow({middle, floor - 50}, 200, rgb(0xffd88a), 0.5F);
-    canvas.glow({middle, floor - 158}, 90, rgb(0x6fe08a), 0.5F);
+    constexpr int kPartlyOpen = 6;
     drawPiece(canvas, "dveri\\door_a", {middle - 32 * kSize, floor - 64 * kSize}, kSize, kPartlyOpen);
     canvas.flat(
         polygon({{middle - 52, floor}, {middle + 52, floor}, {middle + 84, floor + 34}, {middle - 96, floor + 34}}),
@@ -128,7 +176,7 @@ void drawOpeningDoor(Canvas& canvas, double middle, double floor) {
 }
 
 void drawKeyHall(Canvas& canvas, const Rect& area) {
-    constexpr double kFloor = 244;
+    constexpr double kFloor = kDoorFoot.y;
     constexpr double kLadder = 2;
     drawPrisonHall(canvas, -40, kFloor, area.width);
     drawPiece(canvas, "fon\\ruki", {404, 132}, 1.4);
@@ -142,7 +190,8 @@ void drawKeyHall(Canvas& canvas, const Rect& area) {
     }
     constexpr Point kTorch{506, 116};
     canvas.glow(kTorch, 240, kTurma.glow, 0.6F);
-    drawOpeningDoor(canvas, 616, kFloor);
+    canvas.glow(kDoorFoot - Point{0, 50}, 200, rgb(0xffd88a), 0.5F);
+    canvas.glow(kDoorFoot - Point{0, 158}, 90, rgb(0x6fe08a), 0.5F);
     drawPiece(canvas, "fon\\fakel", kTorch - Point{32, 26} * 1.7, 1.7, 2);
     drawPiece(canvas, "poly\\paut1", {area.width - 96, 0}, 1.5);
     canvas.glow({150, 150}, 170, kTurma.glow, 0.22F);
@@ -153,6 +202,7 @@ constexpr std::array kSets{
     SetDrawing{"moonlit-cell", 382, 288, drawMoonlitCell},
     SetDrawing{"rat-corridor", 382, 288, drawRatCorridor},
     SetDrawing{"key-hall", 776, 276, drawKeyHall},
+    SetDrawing{"opening-door", 776, 276, drawOpeningDoor, true},
 };
 
 }  // namespace
