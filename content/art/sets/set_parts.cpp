@@ -62,20 +62,6 @@ void drawBeam(Canvas& canvas, Point from, double fromWidth, Point to, double toW
     }
 }
 
-void drawCrumbs(Canvas& canvas, double left, double right, double floor, double height, Rgb colour,
-                std::uint32_t seed) {
-    const auto count = static_cast<std::uint32_t>((right - left) * height / 70);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const double up = 1 - static_cast<double>(i + 1) / count;  // from the top, so that the lower ones lie in front
-        const double half = (right - left) / 2 * (1 - 0.85 * up);
-        const double x = (left + right) / 2 + half * (2.0 * randomShare(i, 1, seed) - 1);
-        const double radius = 4.5 + 4.5 * randomShare(i, 2, seed);
-        const Rgb shade = colour * (0.85F + 0.3F * randomShare(i, 3, seed));
-        canvas.part(ellipse({x, floor - radius * 0.8 - up * height}, radius, radius * 0.88, i), stony(shade, 1, 0.12F),
-                    {.bevel = radius * 0.9, .line = 1.2});
-    }
-}
-
 void drawRubblePiece(Canvas& canvas, Point centre, double width, double height, double angle, Rgb colour) {
     const auto turned = canvas.placed(centre, angle);
     const double x = width / 2;

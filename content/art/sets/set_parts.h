@@ -21,9 +21,6 @@ void drawGradient(Canvas& canvas, const Rect& area, Rgb top, Rgb bottom);
 /// strongest at the lamp, with `strength` 0 to 1, and has faded away at `to`.
 void drawBeam(Canvas& canvas, Point from, double fromWidth, Point to, double toWidth, Rgb colour, float strength);
 
-/// A heap of round crumbs of earth and stone on the row `floor`, highest in its middle.
-void drawCrumbs(Canvas& canvas, double left, double right, double floor, double height, Rgb colour, std::uint32_t seed);
-
 /// A block or clod that flies: an uneven stone about `centre`, turned by `angle`.
 void drawRubblePiece(Canvas& canvas, Point centre, double width, double height, double angle, Rgb colour);
 
