@@ -34,7 +34,6 @@ void drawSunrise(Canvas& canvas, const Rect& area) {
     }
     canvas.halo(kSun, 230, rgb(0xfff0b8), 0.75F);
     drawCloud(canvas, {404, 36}, 22);
-    drawCloud(canvas, {300, 92}, 13);
     canvas.part(circle(kSun, 96), glossy(material(0xffe07a, 0xffc85a, 0xfff6c8), 0, 0),
                 {.bevel = 30, .line = 0, .shadow = 0});
     canvas.part(ellipse({76, 200}, 150, 62), kFarGrass, {.bevel = 12, .line = 1, .shadow = 0});
