@@ -61,6 +61,24 @@ TEST(Canvas, GivesAGroupALayerOfItsOwn) {
     }
 }
 
+TEST(Canvas, BlursAGroupEvenlyAtAnyMagnification) {
+    for (const double scale : {1.0, 2.0}) {
+        SCOPED_TRACE(scale);
+        Canvas canvas(64, 64);
+        {
+            const auto placed = canvas.placed({}, 0, scale, scale);
+            const auto group = canvas.group({.blur = 4 / scale});
+            canvas.flat(rectangle(32 / scale, 0, 32 / scale, 64 / scale), rgb(0xffffff));
+        }
+        const PixelImage image = canvas.picture();
+        // The middles of these pixels are 4.5 / 4 = 1.125 sigma from the edge.
+        EXPECT_NEAR(image.at(27, 32).a, 0.13 * 255, 4) << "outside";
+        EXPECT_NEAR(image.at(36, 32).a, 0.87 * 255, 4) << "inside";
+        EXPECT_EQ(image.at(12, 32).a, 0) << "far outside";
+        EXPECT_GT(image.at(27, 32).r, 250) << "the colour stays";
+    }
+}
+
 TEST(Canvas, LightAndShadeOfAGroupLeaveWhatLiesBelow) {
     Canvas canvas(64, 64);
     canvas.flat(rectangle(0, 0, 64, 64), rgb(0x808080));

@@ -205,10 +205,12 @@ Draw readStrip(LineReader& line) {
     const Point at = line.point();
     const bool natural = line.atEnd();
     const double scale = natural ? 1 : line.scale();
+    double rows = strip->frameHeight;
+    if (const auto upper = line.takesValue("rows")) rows = line.valueOf(*upper, "rows", 1, rows);
     return [=](Painting& p) {
         if (natural) return p.canvas.stamp(renderFrame(*strip, frame), at);
         const auto placed = p.canvas.placed(at, 0, scale, scale);
-        const auto alone = p.canvas.group({.box = Rect{0, 0, 1.0 * strip->width, 1.0 * strip->frameHeight}});
+        const auto alone = p.canvas.group({.box = Rect{0, 0, 1.0 * strip->width, rows}});
         strip->draw(p.canvas, {frame, strip->frames, strip->name});
     };
 }

@@ -15,8 +15,9 @@ namespace {
 
 constexpr int kCell = 64;
 
-/// Height of the strip of floor below a scene whose last row has none.
-constexpr int kStrip = 16;
+/// A scene whose last row has no floor gets a strip of floor below, and as its first row may hold heads, air above.
+constexpr int kStrip = 12;
+constexpr int kAir = 4;
 
 // ---- tables
 
@@ -82,6 +83,7 @@ constexpr std::array kFigures{
 };
 constexpr Shown kClimbing{"grub\\ani_02", 5};
 constexpr Shown kHanging{"grub\\ani_04", 3};
+constexpr Shown kDigging{"grub\\ani_05", 4};
 constexpr Shown kTrapped{"polkan\\ani_05", 7};
 
 struct StageBonus {
@@ -96,7 +98,7 @@ constexpr std::array kBonuses{
 };
 
 constexpr std::string_view kArrows = ">v<^";  // in quarter turns
-constexpr std::string_view kOthers = ".#=_tHhCP-kE";
+constexpr std::string_view kOthers = ".#=_/tHhCP-kED";
 
 template <class Rows>
 auto rowFor(const Rows& rows, char sign) {
@@ -126,7 +128,7 @@ public:
         const auto index = static_cast<std::size_t>(std::clamp(column, 0, columns() - 1)) * 2;
         return stage_.rows[static_cast<std::size_t>(row)][index];
     }
-    bool isGround(int column, int row) const { return isOneOf(at(column, row), "=#_t"); }
+    bool isGround(int column, int row) const { return isOneOf(at(column, row), "=#_/t"); }
     bool isLadder(int column, int row) const { return isOneOf(at(column, row), "HhC"); }
     /// Arrows beside a pipe lie on it.
     bool isPipe(int column, int row) const {
@@ -177,6 +179,14 @@ void drawLadderCell(Canvas& canvas, const Signs& signs, const StageTiles& tiles,
     }
 }
 
+/// Floor under a floor; its tile has no edges of its own.
+void drawUnderFloor(Canvas& canvas, const Signs& signs, const StageTiles& tiles, int column, int row, Point at) {
+    constexpr double kLine = 2;
+    stampShown(canvas, {tiles.under, 0}, at);
+    if (!signs.isGround(column - 1, row)) canvas.flat(rectangle(at.x, at.y, kLine, kCell), kBoardInk);
+    if (!signs.isGround(column + 1, row)) canvas.flat(rectangle(at.x + kCell - kLine, at.y, kLine, kCell), kBoardInk);
+}
+
 void drawTileAt(Canvas& canvas, const Signs& signs, const StageTiles& tiles, int column, int row, Point at) {
     const char sign = signs.at(column, row);
     if (signs.isPipe(column, row)) {
@@ -186,13 +196,14 @@ void drawTileAt(Canvas& canvas, const Signs& signs, const StageTiles& tiles, int
     if (signs.isLadder(column, row)) return drawLadderCell(canvas, signs, tiles, column, row, at);
     switch (sign) {
         case '=': {
-            if (signs.isGround(column, row - 1)) return stampShown(canvas, {tiles.under, 0}, at);
+            if (signs.isGround(column, row - 1)) return drawUnderFloor(canvas, signs, tiles, column, row, at);
             const auto open = ends(!signs.isGround(column - 1, row), !signs.isGround(column + 1, row));
             return stampShown(canvas, {tiles.floor[open], 0}, at);
         }
         case '#': return stampShown(canvas, {tiles.solid, 0}, at);
         case '_':
         case 't': return stampShown(canvas, {tiles.breaking, 7}, at);
+        case '/': return stampShown(canvas, {tiles.breaking, 4}, at);
         case 'E': return stampShown(canvas, {tiles.door, 9}, at);
         default: break;
     }
@@ -205,6 +216,7 @@ void drawFigureAt(Canvas& canvas, const Signs& signs, int column, int row, Point
     if (sign == 't') return stampShown(canvas, kTrapped, at);
     if (sign == 'C') return stampShown(canvas, kClimbing, at);
     if (sign == 'P') return stampShown(canvas, kHanging, at);
+    if (sign == 'D') return stampShown(canvas, kDigging, at);
     const StageFigure* figure = rowFor(kFigures, sign);
     if (figure == nullptr) return;
     if (signs.at(column, row + 1) == '_') return stampShown(canvas, figure->falling, at);
@@ -213,12 +225,13 @@ void drawFigureAt(Canvas& canvas, const Signs& signs, int column, int row, Point
     stampShown(canvas, left == right ? figure->resting : figure->going, at, right && !left);
 }
 
-Fit drawBonusAt(Canvas& canvas, const StageBonus& bonus, Point at, double width) {
+/// Half as large again as in play, about the left edge of its cell, so that three share six columns evenly.
+Fit drawBonusAt(Canvas& canvas, const StageBonus& bonus, Point at) {
     constexpr double kScale = 1.5;
     constexpr double kNameHeight = 26;
     const StripDrawing* strip = findStrip(bonus.strip);
     if (strip == nullptr) return {};
-    at.x = std::min(at.x, width - kCell * (1 + kScale) / 2);
+    at.x -= kCell / 2.0;
     {
         const auto larger =
             canvas.placed(at + Point{kCell / 2.0 * (1 - kScale), kCell * (1 - kScale)}, 0, kScale, kScale);
@@ -263,21 +276,23 @@ std::optional<std::string> faultOf(const Stage& stage) {
 Fit drawStage(Canvas& canvas, const Stage& stage, Point corner) {
     const Signs signs(stage);
     const StageTiles& tiles = kTiles[static_cast<std::size_t>(stage.world)];
+    const int air = signs.hasGround() ? 0 : kAir;
     const int strip = signs.hasGround() ? 0 : kStrip;
-    const Rect area{corner.x, corner.y, 1.0 * signs.columns() * kCell, 1.0 * signs.rows() * kCell + strip};
+    const Rect area{corner.x, corner.y, 1.0 * signs.columns() * kCell, 1.0 * signs.rows() * kCell + air + strip};
     Fit fit;
     {
         const auto cut = canvas.group({.box = area});
-        const auto placed = canvas.placed(corner);
-        drawHall(canvas,
-                 {.hall = stage.world, .columns = signs.columns(), .rows = signs.rows() + 1, .floorRow = signs.rows()},
-                 {});
+        const auto placed = canvas.placed(corner + Point{0, 1.0 * air});
+        // One row above for the air, one below for the strip.
+        const int rows = signs.rows() + 2;
+        drawHall(canvas, {.hall = stage.world, .columns = signs.columns(), .rows = rows, .floorRow = rows - 1},
+                 {0, -kCell});
         forEachCell(signs, [&](int column, int row, Point at) { drawTileAt(canvas, signs, tiles, column, row, at); });
         canvas.glow({area.width / 2, 40}, 0.7 * area.width, tiles.light, 0.24F);
         forEachCell(signs, [&](int column, int row, Point at) { drawFigureAt(canvas, signs, column, row, at); });
         forEachCell(signs, [&](int column, int row, Point at) {
             const char sign = signs.at(column, row);
-            if (const StageBonus* bonus = rowFor(kBonuses, sign)) fit.add(drawBonusAt(canvas, *bonus, at, area.width));
+            if (const StageBonus* bonus = rowFor(kBonuses, sign)) fit.add(drawBonusAt(canvas, *bonus, at));
             if (isOneOf(sign, kArrows)) drawArrowAt(canvas, static_cast<double>(kArrows.find(sign)), at);
         });
     }

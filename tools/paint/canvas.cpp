@@ -60,6 +60,7 @@ Canvas::Group::~Group() {
     canvas_.layers_.pop_back();
     if (style_.tint.share > 0) group.tint(style_.tint);
     if (style_.outline > 0) group.outline(canvas_.lineSamples(style_.outline), style_.ink);
+    if (style_.blur > 0) group.blur(style_.blur * canvas_.place_.magnification());
     if (style_.shadow > 0) canvas_.castShadow(canvas_.layer(), group.shape(), style_.shadow);
     canvas_.layer().layOver(group, style_.cover, style_.clip);
 }

@@ -44,6 +44,8 @@ struct GroupStyle {
     Rgb ink = kInk;
     /// Colour mixed into all of the group.
     Tint tint = {};
+    /// How soft the whole group is: sigma of a Gaussian; 0 for sharp. Light and shadows on a wall have no sharp edges.
+    double blur = 0;
     /// Strength of the shadow that the whole group casts on what lies below.
     float shadow = 0;
     /// How solid the group is, 0 to 1.

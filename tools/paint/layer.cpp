@@ -1,7 +1,9 @@
 #include "layer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "surface.h"
 
@@ -223,6 +225,25 @@ void Layer::tint(const Tint& tint) {
         for (int x = touched_.x0; x < touched_.x1; ++x) {
             Sample& s = sample(x, y);
             s.colour = mix(s.colour, tint.colour * s.alpha, tint.share);
+        }
+    }
+}
+
+void Layer::blur(double sigma) {
+    if (touched_.empty()) return;
+    touch(touched_.grown(static_cast<int>(std::ceil(3 * sigma))).within(box_));
+    using Channel = float& (*)(Sample&);
+    constexpr std::array<Channel, 4> kChannels{
+        [](Sample& s) -> float& { return s.colour.r; }, [](Sample& s) -> float& { return s.colour.g; },
+        [](Sample& s) -> float& { return s.colour.b; }, [](Sample& s) -> float& { return s.alpha; }};
+    for (const Channel channel : kChannels) {
+        FloatPlane plane(touched_.width(), touched_.height());
+        for (int y = 0; y < plane.height(); ++y) {
+            for (int x = 0; x < plane.width(); ++x) plane.at(x, y) = channel(sample(touched_.x0 + x, touched_.y0 + y));
+        }
+        plane = blurred(std::move(plane), sigma);
+        for (int y = 0; y < plane.height(); ++y) {
+            for (int x = 0; x < plane.width(); ++x) channel(sample(touched_.x0 + x, touched_.y0 + y)) = plane.at(x, y);
         }
     }
 }

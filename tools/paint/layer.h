@@ -69,6 +69,8 @@ public:
     void outline(double width, Rgb ink);
     /// Mixes a colour into all that is painted.
     void tint(const Tint& tint);
+    /// Softens all that is painted by `sigma` samples. It grows by three times as much, inside the box.
+    void blur(double sigma);
     /// Lays the other over this one: `cover` is how solid it is, 0 to 1; `clip` is where it shows, or null.
     void layOver(const Layer& other, float cover, const Mask* clip);
 

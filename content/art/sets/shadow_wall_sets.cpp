@@ -18,6 +18,13 @@ namespace {
 constexpr double kFloor = 540;
 
 constexpr Rgb kShadow = rgb(0x0a0716);
+/// How soft the edge of a shadow is.
+constexpr double kSoft = 4;
+
+/// The door that the lady came out of, and the middle of its light.
+constexpr double kDoorScale = 4.2;
+constexpr Point kDoor{526, kFloor + 4 - 64 * kDoorScale};
+constexpr Point kDoorLight{526 + 32 * kDoorScale, 440};
 
 /// A hall twice as large as in play, the wall darker towards the floor.
 void drawLargeHall(Canvas& canvas, Hall hall) {
@@ -33,16 +40,13 @@ const Pose& poseOf(const FigureDrawing& figure, std::string_view name) {
     return (found == figure.poses.end() ? figure.poses.begin() : found)->pose;
 }
 
-/// Light from a door at the right throws it to the left, tall and soft at its edges.
+/// Light from the door throws it to the left, tall and soft at its edges.
 void drawLadysShadow(Canvas& canvas) {
-    constexpr Rect kWall{0, 150, 620, kFloor - 150};
-    constexpr double kTall = 5.9;
-    constexpr double kWide = 5.9;
-    for (const double away : {2.5, -2.5}) {
-        const auto shadow = canvas.group({.box = kWall, .cover = 0.4F});
-        const auto cell = canvas.placed({54 + away, kFloor + 14 - 61 * kTall - away}, 0.02, kWide, kTall);
-        drawLady(canvas, poseOf(ladyFigure(), "pin up"), kAngry, {.facesLeft = true, .tint = {kShadow, 1}});
-    }
+    constexpr double kSize = 5.9;
+    const Mask wall = canvas.mask(rectangle(0, 150, 620, kFloor - 150));
+    const auto shadow = canvas.group({.box = Rect{0, 130, 620, 450}, .blur = kSoft, .cover = 0.76F, .clip = &wall});
+    const auto cell = canvas.placed({30, kFloor + 14 - 61 * kSize}, 0.02, kSize, kSize);
+    drawLady(canvas, poseOf(ladyFigure(), "pin up"), kAngry, {.facesLeft = true, .tint = {kShadow, 1}});
 }
 
 /// Flour in the air, as after a blow with a rolling pin.
@@ -66,15 +70,17 @@ void drawFlourHall(Canvas& canvas, const Rect&) {
     drawPiece(canvas, "fon\\window", {20, 176}, 1.6);
     canvas.glow({330, 330}, 460, kTurma.glow, 0.42F);
     drawLadysShadow(canvas);
-    drawPiece(canvas, "dveri\\door_a", {646, kFloor + 4 - 64 * 4.4}, 4.4, 9);
     canvas.dimAround({520, 400}, 640, 0.42F);
-    const Mask beam = canvas.mask(polygon({{800, 330}, {800, 550}, {60, 700}, {60, 400}}));
     {
+        const auto soft = canvas.group({.blur = 10});
+        const Mask beam = canvas.mask(polygon({{kDoorLight.x, 340}, {kDoorLight.x, 560}, {40, 700}, {40, 400}}));
         const auto light = canvas.group({.clip = &beam});
-        canvas.halo({790, 440}, 700, rgb(0xffe2a0), 0.34F);
+        canvas.halo(kDoorLight, 640, rgb(0xffe2a0), 0.34F);
     }
-    canvas.glow({790, 440}, 360, rgb(0xffc878), 0.5F);
-    drawFlour(canvas, {352, 372});
+    drawPiece(canvas, "dveri\\door_a", kDoor, kDoorScale, 9);
+    canvas.flat(rectangle(kDoor.x + 14, kFloor + 1.5, 36 * kDoorScale + 89, 3), kInk);
+    canvas.glow(kDoorLight, 340, rgb(0xffc878), 0.4F);
+    drawFlour(canvas, {312, 372});
 }
 
 // ---- the rat's shadow
@@ -101,7 +107,7 @@ void drawMonster(Canvas& canvas) {
         }
     }
     fill(limb(
-        {{{690, 540}, 26}, {{764, 516}, 18}, {{786, 450}, 13}, {{748, 400}, 9}, {{742, 346}, 6}, {{770, 300}, 1}}));
+        {{{690, 540}, 26}, {{730, 516}, 16}, {{747, 460}, 10}, {{734, 404}, 7}, {{732, 350}, 5}, {{752, 296}, 1}}));
 }
 
 /// A three-legged stool, its seat 46 pixels above the floor; `foot` is on the floor under its middle.
@@ -118,11 +124,14 @@ void drawTorchCellar(Canvas& canvas, const Rect&) {
     drawLargeHall(canvas, Hall::Podval);
     canvas.shadeRows(0, kFloor, 0.9F, 1.35F);
     canvas.glow({772, 440}, 760, rgb(0xffb45a), 0.62F);
-    for (const double away : {4.0, 1.5, -1.5, -4.0}) {
-        const auto shadow = canvas.group({.box = Rect{0, 150, 800, kFloor - 150}, .cover = 0.27F});
-        const auto moved = canvas.placed({away - 16, -away});
+    {
+        const Mask wall = canvas.mask(rectangle(0, 150, 800, kFloor - 150));
+        const auto shadow = canvas.group({.box = Rect{0, 130, 800, 450}, .blur = kSoft, .cover = 0.72F, .clip = &wall});
+        const auto moved = canvas.placed({-16, 0});
         drawMonster(canvas);
     }
+    const Mask grass = canvas.mask(rectangle(0, kFloor - 2, 800, 602 - kFloor));
+    canvas.shadeRows(0, 600, 0.6F, 0.6F, &grass);
     drawPiece(canvas, "fon\\fakel", {700, 372}, 2.2);
     canvas.glow({770, 430}, 120, rgb(0xffd08a), 0.5F);
     drawStool(canvas, {190, kFloor});

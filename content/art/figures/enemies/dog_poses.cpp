@@ -58,9 +58,9 @@ Pose enthroned() {
     pose.lean = -0.95;
     pose.head.tilt = -0.12;
     pose.head.shift = {4, 3};
-    pose.nearArm = {.hand = {37, kPawRow}, .bend = 1, .shoulder = {-5.2, -2.4}};
-    pose.farArm = {.hand = {43, kPawRow}, .bend = 1, .shoulder = {-3.4, -1}};
-    pose.tail = {3, -4};
+    pose.nearArm = {.hand = {34, kPawRow}, .bend = 1, .shoulder = {-5.2, -2.4}};
+    pose.farArm = {.hand = {40, kPawRow}, .bend = 1, .shoulder = {-3.4, -1}};
+    pose.tail = {1, -9};
     return pose;
 }
 

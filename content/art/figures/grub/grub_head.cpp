@@ -13,6 +13,7 @@ namespace {
 constexpr Material kHair = glossy(material(0x82492f, 0x4a2639, 0xbc8250), 0.3F);
 constexpr Material kHelmet = glossy(material(0xf4622f, 0xa02440, 0xffb870), 0.15F, 0.5F);
 constexpr Material kLamp = glossy(material(0xfff2b0, 0xe0a23a, 0xffffff), 1);
+constexpr Material kDeadLamp = glossy(material(0x55546a, 0x2a2840, 0xa8a8bc), 0.7F);
 constexpr Rgb kMouth = rgb(0x5a2632);
 constexpr Rgb kTongue = rgb(0xd8636a);
 constexpr Rgb kTeeth = rgb(0xffffff);
@@ -118,10 +119,10 @@ void drawHairAtCheek(Canvas& canvas, double turn) {
                 {.bevel = 3, .line = 0.8, .shadow = 0.2F, .clip = &inHead});
 }
 
-void drawHelmetLamp(Canvas& canvas, double turn) {
+void drawHelmetLamp(Canvas& canvas, double turn, bool out) {
     const Point at{kMiddle + turn * 1.6, 11.8};
     canvas.part(circle(at, 4.9), kMetal, {.bevel = 2.2});
-    canvas.part(circle(at, 3.4), kLamp, {.bevel = 2.5, .line = 0.5, .shadow = 0});
+    canvas.part(circle(at, 3.4), out ? kDeadLamp : kLamp, {.bevel = 2.5, .line = 0.5, .shadow = 0});
 }
 
 void drawHelmetRidge(Canvas& canvas, double turn) {
@@ -213,12 +214,12 @@ void drawGrubHeadParts(Canvas& canvas, FigureView view, const HeadPose& head, co
     const double up = kHelmetUp * (std::max(0.0, expression.chin) + std::max(0.0, expression.browHeight));
     const auto slipped = canvas.bent(kHelmetSeat, head.hatTilt, head.hatShift - Point{0, up});
     drawHelmet(canvas, turn, head.hatDented);
-    if (!fromBehind) drawHelmetLamp(canvas, turn);
+    if (!fromBehind) drawHelmetLamp(canvas, turn, head.lampOut);
 }
 
 void drawGrubStars(Canvas& canvas, const HeadPose& head, double turn) {
     const auto turned = canvas.bent(kGrubNeck, head.tilt, head.shift);
-    drawDizzyStars(canvas, {kMiddle, 7}, 21, 5, turn);
+    drawDizzyStars(canvas, {kMiddle, 1.5}, 22, 5, turn);
 }
 
 }  // namespace grub

@@ -48,42 +48,38 @@ void drawSideBoot(Canvas& canvas, const Material& leather) {
     canvas.flat(rectangle(-5, -1.7, 13.6, 1.7, 0.7), kSole, {.alpha = 0.8F});
 }
 
-/// The same with the heel up and the toes flat.
+/// The same with the heel up and the toes flat: one piece of leather that bends at the ball of the foot.
 void drawBentBoot(Canvas& canvas, const Material& leather, double toes) {
+    constexpr double kSoleHeight = 1.7;
     constexpr Point kBall{3, 0};
-    {
-        const auto bent = canvas.bent(kBall, toes);
-        canvas.part(loop({{0.6, -2},
-                          {0.6, -6},
-                          {10.4, -6},
-                          {10.4, -1},
-                          {10.4, 0},
-                          {9.6, 0},
-                          {3, 0},
-                          {1.4, 0},
-                          {0.6, -1},
-                          {0.6, -2}}),
-                    leather, {.bevel = 2.8, .line = 1.2});
-        canvas.flat(rectangle(2.4, -1.7, 7.8, 1.7, 0.7), kSole, {.alpha = 0.8F});
-    }
+    const Affine bent = Affine{}.translated(kBall).rotated(toes).translated(kBall * -1);
+    const auto toe = [&bent](double x, double y) { return bent.apply({x, y}); };
+    const Point bisector = Affine{}.rotated(toes / 2).apply({0, -1});
     canvas.part(loop({{-5, -7.6},
                       {-2, -8.4},
                       {1.6, -8.4},
                       {3, -7},
-                      {3.2, -5.4},
-                      {3.2, -4},
-                      {3.4, -1.8},
-                      {3.6, -0.8},
-                      {3.4, 0},
-                      {3, 0},
-                      {-2, 0},
+                      kBall + bisector * 4.6,
+                      toe(10, -6.4),
+                      toe(10, -1),
+                      toe(10, 0),
+                      toe(9.2, 0),
+                      toe(7, 0),
+                      toe(5.6, 0),
+                      toe(4.4, 0),
+                      kBall,
+                      {1, 0},
                       {-5.2, 0},
                       {-5.2, -1},
                       {-5.6, -4},
                       {-5.5, -6},
                       {-5, -7.6}}),
-                leather, {.bevel = 3.6, .line = 1.2});
-    canvas.flat(rectangle(-5, -1.7, 8.4, 1.7, 0.7), kSole, {.alpha = 0.8F});
+                leather, {.bevel = 3.4, .line = 1.2});
+    const Point welt = kBall + bisector * (kSoleHeight / std::cos(toes / 2));
+    canvas.flat(polygon({{-5, 0}, {-5, -kSoleHeight}, welt, toe(9.8, -kSoleHeight), toe(9.8, 0), kBall}, 0.7), kSole,
+                {.alpha = 0.8F});
+    canvas.flat(polyline({kBall + bisector * 2.8, kBall + bisector * 4.6}), leather.shadow,
+                {.alpha = 0.8F, .stroke = 0.7});
 }
 
 /// Seen from the toe.

@@ -93,7 +93,7 @@ Pose flattened() {
     return {
         .hips = {18.4, 1.5},
         .squash = -0.35,
-        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {6, -5}, .hatShift = {1.6, 0.4}, .hatTilt = 0.2},
+        .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {6, -5}, .hatShift = {-1.4, 6}, .hatTilt = 0.2},
         .nearArm = {.hand = {55, 5.5}, .bend = -1, .grip = Grip::Open, .shoulder = {12, -2}},
         .farArm = {.hand = {52.4, 0.5}, .bend = -1, .grip = Grip::Open},
         .nearLeg = {.sole = {51.1, 61.5}, .angle = 1.3},
@@ -117,13 +117,14 @@ Pose tiptoeing() {
     };
 }
 
-/// In a hole that is too tight for him.
+/// In a hole that is too tight for him: he props himself up on its edges, and his lamp is out.
 Pose stuck() {
     Pose pose = grubFront(0);
     pose.squash = -0.07;
     pose.head.shift = {0, -1.4};
-    pose.nearArm = {.hand = {20.6, 48}, .bend = 1, .bone = 6.6, .shoulder = {1.4, -2.4}};
-    pose.farArm = {.hand = {43.4, 48}, .bend = -1, .bone = 6.6, .shoulder = {-1.4, -2.4}};
+    pose.head.lampOut = true;
+    pose.nearArm = {.hand = {8.4, 32.4}, .bend = 1, .bone = 7.6, .grip = Grip::Open, .shoulder = {0.4, -4.4}};
+    pose.farArm = {.hand = {55.6, 32.4}, .bend = -1, .bone = 7.6, .grip = Grip::Open, .shoulder = {-0.4, -4.4}};
     return pose;
 }
 
@@ -145,13 +146,13 @@ Pose peeping() {
     return pose;
 }
 
-/// Out of the door: the spoon with all keys up, a look at the viewer.
+/// To the door: the spoon with all keys up, a look at the viewer.
 Pose marching() {
     Pose pose = grubWalk(0);
     pose.lean = -0.02;
     pose.head.turn = 1;
     pose.head.tilt = -0.08;
-    pose.nearArm = {.hand = {9.5, 27}, .bend = 1, .bone = 9, .held = {Prop::SpoonWithKeys, -1.85}};
+    pose.farArm = {.hand = {58, 26.8}, .bend = 1, .bone = 9.6, .held = {Prop::SpoonWithKeys, -1.25}};
     return pose;
 }
 

@@ -34,6 +34,8 @@ struct Expression {
 inline constexpr Expression kPleased{};
 inline constexpr Expression kStartled{
     .look = {0, 0.3}, .browHeight = 1.6, .browTilt = -0.15, .eyes = Eyes::Wide, .mouth = Mouth::Open};
+inline constexpr Expression kScared{
+    .look = {0.5, 0.4}, .browHeight = 1.6, .browTilt = -0.3, .eyes = Eyes::Wide, .mouth = Mouth::Grit, .chin = -0.8};
 inline constexpr Expression kAngry{
     .look = {0.7, 0.1}, .lid = 0.12, .browHeight = -0.8, .browTilt = 0.4, .mouth = Mouth::Grit};
 inline constexpr Expression kDizzy{
@@ -57,7 +59,7 @@ struct NamedExpression {
 inline constexpr std::array kExpressions{
     NamedExpression{"pleased", kPleased}, NamedExpression{"startled", kStartled}, NamedExpression{"angry", kAngry},
     NamedExpression{"dizzy", kDizzy},     NamedExpression{"asleep", kAsleep},     NamedExpression{"proud", kProud},
-    NamedExpression{"sad", kSad},
+    NamedExpression{"sad", kSad},         NamedExpression{"scared", kScared},
 };
 
 }  // namespace grub

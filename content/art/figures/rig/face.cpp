@@ -12,7 +12,8 @@ namespace grub {
 namespace {
 
 /// Pale, since gold is kept for what can be taken.
-constexpr Material kStar = glossy(material(0xfdf3e4, 0xb9a3c9, 0xffffff), 0.5F);
+constexpr Rgb kGlint = rgb(0xfdf3e4);
+constexpr Material kStar = glossy(material(0xffd24a, 0xb5651e, 0xfff3b4), 0.5F);
 
 constexpr double kWideBall = 1.13;
 constexpr double kWidePupil = 0.7;
@@ -22,7 +23,7 @@ constexpr float kLidLine = 0.4F;
 void drawPupil(Canvas& canvas, Point at, double radius, double size, const Mask& inEye, const EyeStyle& style) {
     const Point half = style.pupilShape * (radius * size);
     canvas.flat(ellipse(at, half.x, half.y), style.pupil, {.clip = &inEye});
-    canvas.flat(ellipse(at + Point{0, half.y * 0.5}, half.x * 0.6, half.y * 0.34), mix(style.pupil, kStar.base, 0.45F),
+    canvas.flat(ellipse(at + Point{0, half.y * 0.5}, half.x * 0.6, half.y * 0.34), mix(style.pupil, kGlint, 0.45F),
                 {.alpha = 0.6F, .clip = &inEye});
     canvas.flat(circle(at + Point{-half.x * 0.36, -half.y * 0.42}, half.x * 0.38), rgb(0xffffff));
     canvas.flat(circle(at + Point{half.x * 0.42, half.y * 0.3}, half.x * 0.15), rgb(0xffffff), {.clip = &inEye});

@@ -71,6 +71,8 @@ struct HeadPose {
     double hatTilt = 0;
     /// A blow has left a dent in it.
     bool hatDented = false;
+    /// The lamp of a helmet is out.
+    bool lampOut = false;
     /// The mouth is open in every mood: a dog barks.
     bool mouthOpen = false;
 };

@@ -36,7 +36,7 @@ void drawSpoon(Canvas& canvas, double neck, const Material& metal, const Materia
 }
 
 void drawRollingPin(Canvas& canvas) {
-    canvas.part(limb({{{-3, 0}, 1.7}, {{5, 0}, 1.5}}), kWood, {.bevel = 1.5, .line = 1});
+    canvas.part(limb({{{-6.6, 0}, 1.8}, {{5, 0}, 1.5}}), kWood, {.bevel = 1.5, .line = 1});
     canvas.part(limb({{{18, 0}, 1.5}, {{20.6, 0}, 1.7}}), kWood, {.bevel = 1.5, .line = 1});
     canvas.part(rectangle(4.6, -3.9, 13.6, 7.8, 2.6), kWood, {.bevel = 3.6, .line = 1.2});
     for (const double x : {7.0, 15.8}) {

@@ -54,11 +54,12 @@ void drawFrame(Canvas& canvas, const DoorKind& kind) {
         canvas.flat(polyline({{x, 47}, {x + 5, 47}}), joint, {.alpha = 0.6F, .stroke = 1});
 }
 
-/// Golden light in the opening; it grows with `open`.
+/// Golden light in the whole opening, brightest on the ground; it grows with `open`.
 void drawLightBehind(Canvas& canvas, const Mask& opening, float open) {
-    canvas.flat(ellipse({32, 62}, 24, 50), rgb(0xffc860), {.alpha = 0.9F * open, .clip = &opening});
-    canvas.flat(ellipse({32, 64}, 17, 38), rgb(0xffe9a8), {.alpha = 0.9F * open, .clip = &opening});
-    canvas.flat(ellipse({32, 66}, 10, 26), rgb(0xfffbe6), {.alpha = 0.95F * open, .clip = &opening});
+    const auto light = canvas.group({.cover = open, .clip = &opening});
+    canvas.flat(rectangle(8, 8, 48, 58), rgb(0xffc860));
+    canvas.haloBetween({32, 64}, 40, 72, 20, rgb(0xfff6d2), 1);
+    canvas.haloBetween({32, 64}, 22, 44, 20, rgb(0xfffdf2), 1);
 }
 
 void drawSignal(Canvas& canvas, bool open) {
