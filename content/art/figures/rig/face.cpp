@@ -11,9 +11,10 @@ namespace grub {
 
 namespace {
 
-/// Pale, since gold is kept for what can be taken.
+/// Of pupils.
 constexpr Rgb kGlint = rgb(0xfdf3e4);
-constexpr Material kStar = glossy(material(0xffd24a, 0xb5651e, 0xfff3b4), 0.5F);
+/// Pale, since gold is kept for what can be taken.
+constexpr Material kStar = glossy(material(0xfdf3e4, 0xb9a3c9, 0xffffff), 0.5F);
 
 constexpr double kWideBall = 1.13;
 constexpr double kWidePupil = 0.7;
