@@ -163,7 +163,7 @@ void drawRatCorridor(Canvas& canvas, const Rect& area) {
 /// The middle of the exit's lowest row.
 constexpr Point kDoorFoot{616, 244};
 
-/// The exit, partly drawn up, in front of whoever creeps past it.
+/// The exit, partly drawn up, its light, and a shadow on the floor for who creeps past it.
 void drawOpeningDoor(Canvas& canvas, const Rect&) {
     const auto [middle, floor] = kDoorFoot;
     constexpr double kSize = 2.6;
@@ -171,8 +171,10 @@ void drawOpeningDoor(Canvas& canvas, const Rect&) {
     drawPiece(canvas, "dveri\\door_a", {middle - 32 * kSize, floor - 64 * kSize}, kSize, kPartlyOpen);
     canvas.flat(
         polygon({{middle - 52, floor}, {middle + 52, floor}, {middle + 84, floor + 34}, {middle - 96, floor + 34}}),
-        rgb(0xffe2a0), {.alpha = 0.5F});
-    canvas.halo({middle, floor - 26}, 92, rgb(0xffe2a0), 0.4F);
+        rgb(0xffe2a0), {.alpha = 0.3F});
+    canvas.halo({middle, floor - 60}, 190, rgb(0xffe2a0), 0.3F);
+    const auto soft = canvas.group({.blur = 3});
+    canvas.flat(ellipse({middle + 103, floor + 4}, 38, 5), kInk, {.alpha = 0.6F});
 }
 
 void drawKeyHall(Canvas& canvas, const Rect& area) {

@@ -44,7 +44,7 @@ ArmPose rightArm(Point hand, Held held = {}, Grip grip = Grip::Fist) {
     return {.hand = hand, .bend = hand.y < kShoulders ? 1.0 : -1.0, .grip = grip, .held = held};
 }
 
-constexpr Held pin(double angle) { return {Prop::RollingPin, angle}; }
+constexpr Held pin(double angle, double along = 0) { return {Prop::RollingPin, angle, along}; }
 
 /// Arm seen from behind: nearly straight, so that no elbow sticks out beside a hand at the shoulder's height.
 ArmPose climbingArm(Point hand, Point shoulder, double bend) {
@@ -57,7 +57,7 @@ ArmPose climbingArm(Point hand, Point shoulder, double bend) {
 Pose pinUp() {
     return {.lean = 0.12,
             .head = {.turn = 4, .tilt = 0.06},
-            .nearArm = {.hand = {9.5, 13}, .bend = 1, .held = pin(-1.3)},
+            .nearArm = {.hand = {9.5, 13}, .bend = 1, .held = pin(-1.3, 1.9)},
             .farArm = {.hand = {55, 33}, .bend = -1, .grip = Grip::Pointing, .acrossBody = true},
             .nearLeg = {.sole = {26, kGround}},
             .farLeg = {.sole = {38, kGround}},

@@ -23,6 +23,8 @@ enum class Prop { None, Spoon, GoldSpoon, SpoonWithKeys, RollingPin, Pie, Key, K
 struct Held {
     Prop prop = Prop::None;
     double angle = 0;
+    /// How far the prop is moved along that way from where it is usually held, in design pixels.
+    double along = 0;
 };
 
 /// An arm or a foreleg.

@@ -178,6 +178,7 @@ void drawNapkin(Canvas& canvas) {
 
 void drawProp(Canvas& canvas, Point grip, const Held& held) {
     const auto placed = canvas.placed(grip, held.angle);
+    const auto moved = canvas.placed({held.along, 0});
     switch (held.prop) {
         case Prop::None: return;
         case Prop::Spoon: return drawSpoon(canvas, kSpoonNeck, kMetal, kBowl);

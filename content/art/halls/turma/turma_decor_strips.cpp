@@ -18,15 +18,17 @@ void drawWindow(Canvas& canvas, FrameOf) {
     canvas.part(rectangle(10, 7, 44, 47, 5), stony(kTurma.solid[1] * 0.74F, 0.8F, 0.1F, 0.05F),
                 {.bevel = 4, .line = 1.2});
     const VectorPath opening = rectangle(16.5, 13, 31, 35, 3);
-    canvas.flat(opening, rgb(0x0e1430));
-    const Mask sky = canvas.mask(opening);
-    canvas.flat(ellipse({34, 50}, 22, 26), rgb(0x24306a), {.alpha = 0.8F, .clip = &sky});
-    canvas.flat(circle({40, 22}, 6), rgb(0xfff3c8), {.clip = &sky});
-    canvas.flat(circle({42.8, 20.4}, 5.2), rgb(0x0e1430), {.clip = &sky});
-    for (const Point star : {Point{21, 18}, Point{28, 30}, Point{36, 39}, Point{21, 41}, Point{45, 34}}) {
-        canvas.flat(circle(star, 0.9), rgb(0xdfe6ff), {.alpha = 0.9F, .clip = &sky});
-    }
-    for (const double x : {24.0, 32.0, 40.0})
+    canvas.flat(opening, rgb(0x18214e));
+    // Moon and stars stand between the bars.
+    canvas.flat(VectorPath{}
+                    .moveTo({39.6, 18})
+                    .curveTo({32.1, 17.4}, {32.1, 26.6}, {39.6, 26})
+                    .curveTo({35.4, 24.6}, {35.4, 19.4}, {39.6, 18})
+                    .close(),
+                rgb(0xfff3c8));
+    for (const Point star : {Point{27.6, 19}, Point{25.8, 33}, Point{36.4, 37}, Point{18.6, 41}, Point{45.4, 31}})
+        canvas.flat(circle(star, 0.9), rgb(0xdfe6ff), {.alpha = 0.9F});
+    for (const double x : {22.0, 32.0, 42.0})
         canvas.part(rectangle(x - 1.7, 11, 3.4, 39, 1), kDarkMetal, {.bevel = 1.8, .line = 0.9});
     canvas.part(rectangle(8, 51, 48, 6.5, 2), stony(kTurma.solid[0] * 0.78F, 0.8F, 0.1F, 0.1F),
                 {.bevel = 2.6, .line = 1.1});
