@@ -15,9 +15,12 @@ namespace {
 
 constexpr int kCell = 64;
 
-/// A scene whose last row has no floor gets a strip of floor below, and as its first row may hold heads, air above.
+/// Every scene has this much more height than its rows: all of it is air above where the last row is floor; otherwise a
+/// strip of floor below takes its part.
+constexpr int kMargin = 16;
 constexpr int kStrip = 12;
-constexpr int kAir = 4;
+
+constexpr double kFrameLine = 3;
 
 // ---- tables
 
@@ -276,9 +279,8 @@ std::optional<std::string> faultOf(const Stage& stage) {
 Fit drawStage(Canvas& canvas, const Stage& stage, Point corner) {
     const Signs signs(stage);
     const StageTiles& tiles = kTiles[static_cast<std::size_t>(stage.world)];
-    const int air = signs.hasGround() ? 0 : kAir;
-    const int strip = signs.hasGround() ? 0 : kStrip;
-    const Rect area{corner.x, corner.y, 1.0 * signs.columns() * kCell, 1.0 * signs.rows() * kCell + air + strip};
+    const int air = kMargin - (signs.hasGround() ? 0 : kStrip);
+    const Rect area{corner.x, corner.y, 1.0 * signs.columns() * kCell, 1.0 * signs.rows() * kCell + kMargin};
     Fit fit;
     {
         const auto cut = canvas.group({.box = area});
@@ -296,7 +298,7 @@ Fit drawStage(Canvas& canvas, const Stage& stage, Point corner) {
             if (isOneOf(sign, kArrows)) drawArrowAt(canvas, static_cast<double>(kArrows.find(sign)), at);
         });
     }
-    canvas.flat(area.path(), kBoardInk, {.stroke = 2});
+    canvas.flat(area.inset(kFrameLine / 2).path(), kBoardInk, {.stroke = kFrameLine});
     return fit;
 }
 
