@@ -47,7 +47,7 @@ void drawCollar(Canvas& canvas) {
     constexpr double kRight = 478;
     for (std::uint32_t i = 0; i < kStones; ++i) {
         const double width = 13 + 9.0 * randomShare(i, 1, 37);
-        const double height = 9 + 9.0 * randomShare(i, 2, 37);
+        const double height = 8 + 5.0 * randomShare(i, 2, 37);
         const double x = kLeft + (kRight - kLeft) * i / (kStones - 1) + 4.0 * (randomShare(i, 3, 37) - 0.5);
         drawRubblePiece(canvas, {x, kLip + 2 - height / 2 + 3.0 * randomShare(i, 4, 37)}, width, height,
                         1.4 * (randomShare(i, 5, 37) - 0.5), kTurma.floor[i % 2 == 0 ? 2 : 1]);

@@ -116,9 +116,23 @@ void drawDogKitchen(Canvas& canvas, const Rect&) {
     canvas.glow({385, 520}, 300, kTurma.glow, 0.16F);
 }
 
+/// Strokes on both sides of a tail that wags; the tail is in the middle.
+void drawWag(Canvas& canvas, const Rect&) {
+    for (const double side : {-1.0, 1.0}) {
+        const auto turned = canvas.placed({40, 70}, side * 0.2, side, 1);
+        for (const double reach : {24.0, 34.0}) {
+            const double high = reach - 4;
+            canvas.flat(
+                curve({{reach, -8}, {reach, -0.55 * high - 8}, {0.8 * reach, -high - 4}, {0.55 * reach, -high - 12}}),
+                rgb(0xf6ead8), {.alpha = 0.8F, .stroke = 2.6});
+        }
+    }
+}
+
 constexpr std::array kSets{
     //         name           px   px
     SetDrawing{"dog-kitchen", 800, 600, drawDogKitchen},
+    SetDrawing{"wag", 80, 80, drawWag, true},
 };
 
 }  // namespace

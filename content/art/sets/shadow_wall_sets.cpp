@@ -19,7 +19,7 @@ constexpr double kFloor = 540;
 
 constexpr Rgb kShadow = rgb(0x0a0716);
 /// How soft the edge of a shadow is.
-constexpr double kSoft = 4;
+constexpr double kSoft = 3;
 
 /// The door that the lady came out of, and the middle of its light.
 constexpr double kDoorScale = 4.2;
@@ -42,10 +42,10 @@ const Pose& poseOf(const FigureDrawing& figure, std::string_view name) {
 
 /// Light from the door throws it to the left, tall and soft at its edges.
 void drawLadysShadow(Canvas& canvas) {
-    constexpr double kSize = 5.9;
+    constexpr double kSize = 5.35;
     const Mask wall = canvas.mask(rectangle(0, 150, 620, kFloor - 150));
-    const auto shadow = canvas.group({.box = Rect{0, 130, 620, 450}, .blur = kSoft, .cover = 0.76F, .clip = &wall});
-    const auto cell = canvas.placed({30, kFloor + 14 - 61 * kSize}, 0.02, kSize, kSize);
+    const auto shadow = canvas.group({.box = Rect{0, 130, 620, 450}, .blur = kSoft, .cover = 0.82F, .clip = &wall});
+    const auto cell = canvas.placed({52, kFloor + 14 - 61 * kSize}, 0.02, kSize, kSize);
     drawLady(canvas, poseOf(ladyFigure(), "pin up"), kAngry, {.facesLeft = true, .tint = {kShadow, 1}});
 }
 
@@ -80,7 +80,7 @@ void drawFlourHall(Canvas& canvas, const Rect&) {
     drawPiece(canvas, "dveri\\door_a", kDoor, kDoorScale, 9);
     canvas.flat(rectangle(kDoor.x + 14, kFloor + 1.5, 36 * kDoorScale + 89, 3), kInk);
     canvas.glow(kDoorLight, 340, rgb(0xffc878), 0.4F);
-    drawFlour(canvas, {312, 372});
+    drawFlour(canvas, {326, 408});
 }
 
 // ---- the rat's shadow

@@ -23,12 +23,17 @@ struct MuzzleShape {
     double fangs;
 };
 
+/// A smile with the chin up is a broad one.
+constexpr double kBroadChin = 1;
+
 /// A broad smile under heavy lids is a smug one.
 bool isSmug(const Expression& expression) { return expression.mouth == Mouth::Smile && expression.lid > 0.3; }
 
 MuzzleShape shapeOf(const Expression& expression) {
     switch (expression.mouth) {
-        case Mouth::Smile: return isSmug(expression) ? MuzzleShape{3.4, 0.4, 3.6} : MuzzleShape{2, 1.2, 3.6};
+        case Mouth::Smile:
+            if (isSmug(expression)) return {3.4, 0.4, 3.6};
+            return expression.chin > kBroadChin ? MuzzleShape{3.6, 1.8, 3.4} : MuzzleShape{2, 1.2, 3.6};
         case Mouth::Open: return {0.4, 3.4, 4};
         case Mouth::Grit: return {-0.4, 0, 6};
         case Mouth::Frown: return {-1.8, -0.6, 3.2};

@@ -56,11 +56,11 @@ Pose sittingSide() {
 Pose enthroned() {
     Pose pose = sittingSide();
     pose.lean = -0.95;
-    pose.head.tilt = -0.12;
-    pose.head.shift = {4, 3};
+    pose.head.tilt = -0.1;
+    pose.head.shift = {4.4, 1};
     pose.nearArm = {.hand = {34, kPawRow}, .bend = 1, .shoulder = {-5.2, -2.4}};
     pose.farArm = {.hand = {40, kPawRow}, .bend = 1, .shoulder = {-3.4, -1}};
-    pose.tail = {1, -9};
+    pose.tail = {-1, -12};
     return pose;
 }
 

@@ -96,8 +96,8 @@ Pose flattened() {
         .head = {.turn = 0, .tilt = 0.12 - kQuarter, .shift = {6, -5}, .hatShift = {-1.4, 6}, .hatTilt = 0.2},
         .nearArm = {.hand = {55, 5.5}, .bend = -1, .grip = Grip::Open, .shoulder = {12, -2}},
         .farArm = {.hand = {52.4, 0.5}, .bend = -1, .grip = Grip::Open},
-        .nearLeg = {.sole = {51.1, 61.5}, .angle = 1.3},
-        .farLeg = {.sole = {45.5, 60.5}, .angle = 1.3},
+        .nearLeg = {.sole = {51.1, 65.5}, .angle = 1.1},
+        .farLeg = {.sole = {44.5, 66.5}, .angle = 1.1},
         .roll = kQuarter,
     };
 }
@@ -117,14 +117,16 @@ Pose tiptoeing() {
     };
 }
 
-/// In a hole that is too tight for him: he props himself up on its edges, and his lamp is out.
+/// In a hole that is too tight for him: chest and arms above it, the legs far below, and his lamp is out.
 Pose stuck() {
+    constexpr double kSoleRow = 65;
     Pose pose = grubFront(0);
-    pose.squash = -0.07;
-    pose.head.shift = {0, -1.4};
+    pose.hips.y = -13.5;
+    pose.squash = 0.05;
     pose.head.lampOut = true;
-    pose.nearArm = {.hand = {8.4, 32.4}, .bend = 1, .bone = 7.6, .grip = Grip::Open, .shoulder = {0.4, -4.4}};
-    pose.farArm = {.hand = {55.6, 32.4}, .bend = -1, .bone = 7.6, .grip = Grip::Open, .shoulder = {-0.4, -4.4}};
+    pose.nearArm = {.hand = {4.6, 33.6}, .bend = 1, .bone = 8, .grip = Grip::Open, .shoulder = {-2, 6}};
+    pose.farArm = {.hand = {59.4, 33.6}, .bend = -1, .bone = 8, .grip = Grip::Open, .shoulder = {2, 6}};
+    pose.nearLeg.sole.y = pose.farLeg.sole.y = kSoleRow;
     return pose;
 }
 

@@ -42,6 +42,8 @@ inline constexpr Expression kDizzy{
     .look = {}, .browHeight = 0.6, .browTilt = -0.25, .eyes = Eyes::Spiral, .mouth = Mouth::Open};
 inline constexpr Expression kAsleep{.look = {}, .lid = 1, .browHeight = -0.7, .mouth = Mouth::Pout};
 inline constexpr Expression kProud{.look = {0.5, -0.3}, .lid = 0.35, .browHeight = 1, .mouth = Mouth::Smile, .chin = 2};
+inline constexpr Expression kBeaming{
+    .look = {0.2, -0.5}, .browHeight = 2.2, .browTilt = -0.1, .mouth = Mouth::Smile, .chin = 2.4};
 inline constexpr Expression kSad{
     .look = {0.2, 0.6}, .lid = 0.2, .browHeight = 0.8, .browTilt = -0.4, .mouth = Mouth::Frown, .chin = -0.8};
 
@@ -59,7 +61,7 @@ struct NamedExpression {
 inline constexpr std::array kExpressions{
     NamedExpression{"pleased", kPleased}, NamedExpression{"startled", kStartled}, NamedExpression{"angry", kAngry},
     NamedExpression{"dizzy", kDizzy},     NamedExpression{"asleep", kAsleep},     NamedExpression{"proud", kProud},
-    NamedExpression{"sad", kSad},         NamedExpression{"scared", kScared},
+    NamedExpression{"sad", kSad},         NamedExpression{"scared", kScared},     NamedExpression{"beaming", kBeaming},
 };
 
 }  // namespace grub
