@@ -3,7 +3,6 @@
 
 #include <benchmark/benchmark.h>
 #include <pixman.h>
-#include <windows.h>
 
 #include <algorithm>
 #include <array>
@@ -15,10 +14,9 @@
 #include <vector>
 
 #include "control/call_controls.h"
-#include "d3d_renderer.h"
-#include "desktop/video.h"
 #include "fake_renderer.h"
 #include "files/files.h"
+#include "game_screen.h"
 #include "image_decoder.h"
 #include "kest_interface.h"
 #include "resource_package.h"
@@ -125,7 +123,8 @@ class Page {
 public:
     Page() { pages_.openLayout(kDrawnLayout); }
 
-    void draw() {
+    /// The interface draws with the renderer that is installed.
+    void draw(const Renderer& /*installed*/) {
         for (const Layout& layout : pages_.description().layouts) {
             if (layout.name != kDrawnLayout) continue;
             for (const LayoutItem& item : layout.items)
@@ -151,7 +150,7 @@ public:
         Part part;
     };
 
-    Recording() { Page().draw(); }
+    Recording() { Page().draw(*EngineServices::renderer()); }
 
     bool drawPart(std::int16_t x, std::int16_t y, const Texture& texture, std::int16_t srcX, std::int16_t srcY,
                   std::uint16_t w, std::uint16_t h, float /*alpha*/) override {
@@ -231,44 +230,6 @@ private:
     std::map<const Recording::Pixels*, pixman_image_t*> images_;
 };
 
-/// Ours: the interface on the game's renderer.
-class GameScreen {
-public:
-    GameScreen() {
-        platform::useDummyDrivers();
-        WNDCLASSEXA windowClass{};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = DefWindowProcA;
-        windowClass.lpszClassName = "bench";
-        RegisterClassExA(&windowClass);
-        window_ = CreateWindowExA(0, "bench", "bench", 0, 0, 0, kScreenWidth, kScreenHeight, nullptr, nullptr, nullptr,
-                                  nullptr);
-        renderer_ = std::make_unique<D3DRenderer>(window_, kScreenWidth, kScreenHeight, false);
-        EngineServices::installRenderer(renderer_.get());
-        if (!renderer_->init()) std::abort();
-        page_ = std::make_unique<Page>();
-    }
-    GameScreen(const GameScreen&) = delete;
-    GameScreen& operator=(const GameScreen&) = delete;
-    ~GameScreen() {
-        page_.reset();
-        EngineServices::installRenderer(nullptr);
-        renderer_.reset();
-        DestroyWindow(window_);
-    }
-
-    void draw() {
-        renderer_->beginFrame();
-        page_->draw();
-        renderer_->endFrame();
-    }
-
-private:
-    HWND window_ = nullptr;
-    std::unique_ptr<D3DRenderer> renderer_;
-    std::unique_ptr<Page> page_;
-};
-
 bool isSamePicture(const std::vector<std::uint32_t>& a, const std::vector<std::uint32_t>& b) {
     return std::ranges::equal(
         a, b, [](std::uint32_t left, std::uint32_t right) { return (left & 0xFFFFFF) == (right & 0xFFFFFF); });
@@ -277,7 +238,7 @@ bool isSamePicture(const std::vector<std::uint32_t>& a, const std::vector<std::u
 void pageOurs(benchmark::State& state) {
     if (!hasPages()) return state.SkipWithError(kNoPages);
     PixmanScreen peer;
-    GameScreen screen;
+    GameScreen<Page> screen;
     for (auto _ : state) screen.draw();
     const platform::testing::DeviceControls device;
     screen.draw();

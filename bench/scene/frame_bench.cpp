@@ -3,7 +3,6 @@
 
 #include <benchmark/benchmark.h>
 #include <pixman.h>
-#include <windows.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,9 +14,8 @@
 
 #include "bmp_writer.h"
 #include "control/call_controls.h"
-#include "d3d_renderer.h"
-#include "desktop/video.h"
 #include "fake_renderer.h"
+#include "game_screen.h"
 #include "level_loader.h"
 #include "level_view.h"
 #include "memory_source.h"
@@ -184,43 +182,6 @@ private:
     std::vector<pixman_image_t*> images_;
 };
 
-/// Ours: the level's drawing on the game's renderer.
-class GameScreen {
-public:
-    GameScreen() {
-        platform::useDummyDrivers();
-        WNDCLASSEXA windowClass{};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = DefWindowProcA;
-        windowClass.lpszClassName = "bench";
-        RegisterClassExA(&windowClass);
-        window_ = CreateWindowExA(0, "bench", "bench", 0, 0, 0, kWidth, kHeight, nullptr, nullptr, nullptr, nullptr);
-        renderer_ = std::make_unique<D3DRenderer>(window_, kWidth, kHeight, false);
-        EngineServices::installRenderer(renderer_.get());
-        if (!renderer_->init()) std::abort();
-        frame_ = std::make_unique<FullFrame>();
-    }
-    GameScreen(const GameScreen&) = delete;
-    GameScreen& operator=(const GameScreen&) = delete;
-    ~GameScreen() {
-        frame_.reset();
-        EngineServices::installRenderer(nullptr);
-        renderer_.reset();
-        DestroyWindow(window_);
-    }
-
-    void draw() {
-        renderer_->beginFrame();
-        frame_->draw(*renderer_);
-        renderer_->endFrame();
-    }
-
-private:
-    HWND window_ = nullptr;
-    std::unique_ptr<D3DRenderer> renderer_;
-    std::unique_ptr<FullFrame> frame_;
-};
-
 const Recording& recording() {
     static const Recording once;
     return once;
@@ -234,7 +195,7 @@ bool samePicture(const std::vector<std::uint32_t>& a, const std::vector<std::uin
 }
 
 void frameOurs(benchmark::State& state) {
-    GameScreen screen;
+    GameScreen<FullFrame> screen;
     {
         const platform::testing::DeviceControls device;
         screen.draw();
