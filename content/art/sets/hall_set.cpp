@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <mutex>
-#include <span>
 #include <string_view>
 #include <utility>
 
+#include "common_room.h"
 #include "jelezo_room.h"
 #include "podval_room.h"
 #include "surface.h"
@@ -22,23 +24,19 @@ constexpr int kCell = 64;
 
 /// The strips that a hall is built of.
 struct HallTiles {
-    std::span<const StripDrawing> (*room)();
     std::array<std::string_view, 3> walls;  // mixed at will
     std::array<std::string_view, 2> floors;
     std::array<std::string_view, 2> under;  // floor under a floor
 };
 
 constexpr std::array kHalls{
-    HallTiles{turmaRoom,
-              {"steny\\modul", "steny\\modul01", "steny\\modul02"},
+    HallTiles{{"steny\\modul", "steny\\modul01", "steny\\modul02"},
               {"steny\\modul_pol_11a", "poly\\modul_pol"},
               {"poly\\modul_pol01", "poly\\modul_pol02"}},
-    HallTiles{jelezoRoom,
-              {"sten_jel\\fon_jel", "fon\\modul4", "fon\\modul6"},
+    HallTiles{{"sten_jel\\fon_jel", "fon\\modul4", "fon\\modul6"},
               {"poly\\pol_jel", "jelezo\\pol_der"},
               {"jelezo\\pol_der_full", "poly\\pj"}},
-    HallTiles{podvalRoom,
-              {"fon\\modul02", "fon\\modul2", "fon\\modul02"},
+    HallTiles{{"fon\\modul02", "fon\\modul2", "fon\\modul02"},
               {"poly\\tr_pol1", "poly\\tr_pol2"},
               {"poly\\tr_pol3", "poly\\tr_pol4"}},
 };
@@ -56,15 +54,12 @@ PixelImage drawnTile(const StripDrawing& strip, double scale) {
 }
 
 /// The tile of that name and size, drawn once. Any thread may ask.
-const PixelImage& tile(const HallTiles& hall, std::string_view name, double scale) {
+const PixelImage& tile(std::string_view name, double scale) {
     static std::mutex mutex;
     static std::map<std::pair<std::string_view, double>, PixelImage> drawn;
     const std::scoped_lock lock(mutex);
     if (const auto known = drawn.find({name, scale}); known != drawn.end()) return known->second;
-    const auto strips = hall.room();
-    const auto strip = std::ranges::find(strips, name, &StripDrawing::name);
-    return drawn.emplace(std::pair{name, scale}, strip == strips.end() ? PixelImage{} : drawnTile(*strip, scale))
-        .first->second;
+    return drawn.emplace(std::pair{name, scale}, drawnTile(hallStrip(name), scale)).first->second;
 }
 
 /// One of the variants, the first more often than the others.
@@ -76,15 +71,25 @@ std::string_view mixed(const std::array<std::string_view, N>& variants, int colu
 
 }  // namespace
 
+const StripDrawing& hallStrip(std::string_view name) {
+    for (const auto room : {turmaRoom, jelezoRoom, podvalRoom, commonRoom}) {
+        const auto strips = room();
+        const auto found = std::ranges::find(strips, name, &StripDrawing::name);
+        if (found != strips.end()) return *found;
+    }
+    std::fprintf(stderr, "%.*s: no hall has such a strip\n", static_cast<int>(name.size()), name.data());
+    std::abort();
+}
+
 void drawHall(Canvas& canvas, const HallSet& set, Point corner) {
     const HallTiles& hall = kHalls[static_cast<std::size_t>(set.hall)];
     for (int row = 0; row < set.rows; ++row) {
         for (int column = 0; column < set.columns; ++column) {
             const Point at = corner + Point{1.0 * column, 1.0 * row} * (kCell * set.scale);
-            canvas.stamp(tile(hall, mixed(hall.walls, column, row), set.scale), at);
+            canvas.stamp(tile(mixed(hall.walls, column, row), set.scale), at);
             if (row < set.floorRow) continue;
             const auto& floors = row == set.floorRow ? hall.floors : hall.under;
-            canvas.stamp(tile(hall, mixed(floors, column, row), set.scale), at);
+            canvas.stamp(tile(mixed(floors, column, row), set.scale), at);
         }
     }
 }

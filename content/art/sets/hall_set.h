@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string_view>
+
 #include "canvas.h"
+#include "strip.h"
 
 namespace grub {
 
@@ -17,6 +20,9 @@ struct HallSet {
     /// How many times as large as in play; 64 times it is a whole number.
     double scale = 1;
 };
+
+/// The strip of a hall. An unknown name is a mistake in a drawing: it ends the program with a line that names it.
+const StripDrawing& hallStrip(std::string_view name);
 
 /// Draws the hall with the tiles of the game, its upper left corner at the whole pixel nearest to `corner`.
 void drawHall(Canvas& canvas, const HallSet& set, Point corner);

@@ -6,12 +6,9 @@
 #include <numbers>
 #include <vector>
 
-#include "common_room.h"
-#include "jelezo_room.h"
-#include "podval_room.h"
+#include "hall_set.h"
 #include "shapes.h"
 #include "surface.h"
-#include "turma_room.h"
 
 namespace grub {
 
@@ -25,16 +22,11 @@ Rect around(std::span<const Point> points) {
 
 }  // namespace
 
-void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scale, int frame) {
-    for (const auto room : {turmaRoom, jelezoRoom, podvalRoom, commonRoom}) {
-        const auto strips = room();
-        const auto found = std::ranges::find(strips, strip, &StripDrawing::name);
-        if (found == strips.end()) continue;
-        const auto cell = canvas.placed(corner, 0, scale, scale);
-        const auto group = canvas.group({.box = Rect{0, 0, 1.0 * found->width, 1.0 * found->frameHeight}});
-        found->draw(canvas, {frame, found->frames, strip});
-        return;
-    }
+void drawPiece(Canvas& canvas, std::string_view name, Point corner, double scale, int frame) {
+    const StripDrawing& strip = hallStrip(name);
+    const auto cell = canvas.placed(corner, 0, scale, scale);
+    const auto group = canvas.group({.box = Rect{0, 0, 1.0 * strip.width, 1.0 * strip.frameHeight}});
+    strip.draw(canvas, {frame, strip.frames, name});
 }
 
 void drawGradient(Canvas& canvas, const Rect& area, Rgb top, Rgb bottom) {

@@ -11,8 +11,8 @@ namespace grub {
 // What the sets of several pages are made of. Lengths in pixels of the page.
 
 /// A thing of the halls, `scale` times as large as in play: a frame of that strip, its upper left corner at `corner`.
-/// Draws nothing for a name that no hall has.
-void drawPiece(Canvas& canvas, std::string_view strip, Point corner, double scale = 1, int frame = 0);
+/// See hallStrip for a name that no hall has.
+void drawPiece(Canvas& canvas, std::string_view name, Point corner, double scale = 1, int frame = 0);
 
 /// An even change of colour from the upper edge of the area to its lower one.
 void drawGradient(Canvas& canvas, const Rect& area, Rgb top, Rgb bottom);
