@@ -100,9 +100,13 @@ inline constexpr std::array kAskedItems{
     AskedItem{"make_z64", "in_loadmenu", "game_levels", 0, 3},
     AskedItem{"make_z64", "in_loadmenu", "game_time", 0, 3},
     AskedItem{"make_z64", "loss_polkan", "screen"},
+    AskedItem{"make_z64", "loss_polkan", "over"},
     AskedItem{"make_z64", "loss_lady", "screen"},
+    AskedItem{"make_z64", "loss_lady", "over"},
     AskedItem{"make_z64", "loss_rat", "screen"},
+    AskedItem{"make_z64", "loss_rat", "over"},
     AskedItem{"make_z64", "loss_pit", "screen"},
+    AskedItem{"make_z64", "loss_pit", "over"},
     AskedItem{"make_z64", "win", "loss"},
 };
 
