@@ -43,7 +43,7 @@ public:
     /// Writes at the current position. Returns the bytes written, or -1 on failure. Fewer bytes than `count` (a full
     /// disk) are a failure too: the status tells.
     std::int64_t write(const void* buffer, std::uint32_t count);
-    /// Hands written bytes to the disk. Leaves the status alone.
+    /// Waits until the disk holds what was written, which may take 50 ms. Leaves the status alone.
     bool flush();
     /// The file's size in bytes, or -1 when the system does not tell. Leaves position and status alone.
     [[nodiscard]] std::int64_t size() const;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -89,8 +90,12 @@ int openOne(const std::string& path, int flags) {
     return -1;
 }
 
-int openFile(std::string path, DWORD access, DWORD disposition) {
+std::string withSlashes(std::string path) {
     std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+int openFile(const std::string& path, DWORD access, DWORD disposition) {
     const int flags = openFlags(access, disposition);
     if (access != GENERIC_READ || disposition != OPEN_EXISTING) return openOne(path, flags);
     int descriptor = -1;
@@ -114,6 +119,17 @@ ssize_t transfer(Operation operation, int descriptor, Byte* bytes, DWORD count, 
     return done;
 }
 
+/// Waits until the disk knows the names in the directory of `path`. A file system that cannot be asked
+/// (EINVAL) is trusted.
+bool flushDirectoryOf(const fs::path& path) {
+    const fs::path directory = path.has_parent_path() ? path.parent_path() : ".";
+    const int descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return false;
+    const bool flushed = ::fsync(descriptor) == 0 || errno == EINVAL;
+    ::close(descriptor);
+    return flushed;
+}
+
 int originOf(DWORD method) { return method == FILE_BEGIN ? SEEK_SET : method == FILE_CURRENT ? SEEK_CUR : SEEK_END; }
 
 }  // namespace
@@ -129,7 +145,8 @@ const std::string& dataDirectory() { return askedFor().empty() ? ownDataDirector
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD /*shareMode*/, void* /*security*/, DWORD disposition,
                    DWORD /*attributes*/, HANDLE /*templateFile*/) {
-    const int descriptor = platform::openFile(path, access, disposition);
+    if (platform::isRefused(platform::Call::CreateFile)) return INVALID_HANDLE_VALUE;
+    const int descriptor = platform::openFile(platform::withSlashes(path), access, disposition);
     if (descriptor < 0) return INVALID_HANDLE_VALUE;
     return platform::newHandle(std::make_shared<platform::FileObject>(descriptor, (access & GENERIC_WRITE) != 0));
 }
@@ -160,7 +177,19 @@ DWORD SetFilePointer(HANDLE file, LONG distance, LONG* /*distanceHigh*/, DWORD m
 }
 
 BOOL FlushFileBuffers(HANDLE file) {
-    // Nothing is kept back between WriteFile and the system, so there is nothing to hand over.
     const auto object = platform::objectOf<platform::FileObject>(file);
-    return object && object->isWritable() && !platform::isRefused(platform::Call::FlushFile) ? TRUE : FALSE;
+    if (!object || !object->isWritable() || platform::isRefused(platform::Call::FlushFile)) return FALSE;
+    return ::fsync(object->descriptor()) == 0 ? TRUE : FALSE;
+}
+
+BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
+    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0 || platform::isRefused(platform::Call::MoveFile)) return FALSE;
+    const std::string target = platform::withSlashes(to);
+    if (::rename(platform::withSlashes(from).c_str(), target.c_str()) != 0) return FALSE;
+    return (flags & MOVEFILE_WRITE_THROUGH) == 0 || platform::flushDirectoryOf(target) ? TRUE : FALSE;
+}
+
+BOOL DeleteFileA(LPCSTR path) {
+    if (platform::isRefused(platform::Call::DeleteFile)) return FALSE;
+    return ::unlink(platform::withSlashes(path).c_str()) == 0 ? TRUE : FALSE;
 }

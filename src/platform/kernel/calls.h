@@ -16,8 +16,11 @@ enum class Call : std::uint8_t {
     FullScreen,
     CreateThread,
     ResumeThread,
+    CreateFile,
     WriteFile,
     FlushFile,
+    MoveFile,
+    DeleteFile,
     RegistryWrite,
     // Direct3D
     Direct3DCreate8,
