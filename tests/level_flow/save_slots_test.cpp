@@ -41,8 +41,8 @@ Bytes oldFile() {
 
 class Slots : public testing::Test {
 protected:
-    Slots() { fs::current_path(scratch_.path()); }
-    ~Slots() override { fs::current_path(before_); }
+    void SetUp() override { fs::current_path(scratch_.path()); }
+    void TearDown() override { fs::current_path(before_); }
 
     ScratchDirectory scratch_;
     fs::path before_ = fs::current_path();
