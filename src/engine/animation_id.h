@@ -13,6 +13,8 @@ inline constexpr int kPlainLadder = 5;
 
 /// The digits 0 to 9 of points that rise.
 inline constexpr int kScoreDigits = 6;
+/// The digits 0 to 9 of the panel.
+inline constexpr int kPanelDigits = 117;
 
 /// Grub. A view from behind or from the front serves both directions.
 inline constexpr int kHeroWalkLeft = 1;

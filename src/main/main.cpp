@@ -27,7 +27,7 @@ struct Game {
     LevelScene level{data, levels};
     MenuShell shell;
 
-    explicit Game(int startIndex) : shell(level, startIndex) {}
+    explicit Game(int startIndex) : shell(data, level, startIndex) {}
 };
 
 // Sets up what lies below the game. False after one line on standard error.
@@ -53,7 +53,7 @@ int runGame(const char* commandLine, const PlayStart& start) {
     application.registerScene(kMenuShellId, game.shell);
 
     application.run(kMenuShellId);
-    return game.level.hasRefusedLevel() ? 1 : 0;
+    return game.level.stage().hasRefusedLevel() ? 1 : 0;
 }
 
 int runProgram(const OwnOptions& options) {

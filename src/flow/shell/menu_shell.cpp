@@ -16,6 +16,8 @@ bool MenuShell::enter() {
     quit_ = !std::exchange(firstVisit_, false);
     if (quit_) return true;
     if (SoundBank* const bank = SoundBank::current()) bank->load(false);
+    gameInterface_ = std::make_unique<KestInterface>(data_, "make_z64");
+    level_.setGameInterface(*gameInterface_);
     level_.startLoadingPass();
     level_.requestNewGame(startIndex_);
     return true;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+
+#include "kest_interface.h"
+#include "resource_source.h"
 #include "scene.h"
 
 namespace grub {
@@ -10,8 +14,10 @@ class LevelScene;
 /// loading of strips and a new game, its second visit, after the game, ends the program.
 class MenuShell final : public Scene {
 public:
-    /// The level scene must outlive the shell. `startIndex` is the level of the new game, 0 to 49.
-    MenuShell(LevelScene& level, int startIndex) : level_(level), startIndex_(startIndex) {}
+    /// `data` describes the interfaces; it and the level scene must outlive the shell. `startIndex` is the level of the
+    /// new game, 0 to 49.
+    MenuShell(ResourceSource& data, LevelScene& level, int startIndex)
+        : data_(data), level_(level), startIndex_(startIndex) {}
 
     /// Only a request to close the window counts; it ends the program.
     void handleMessage(const SharedRef<SceneMessage>& message) override;
@@ -20,7 +26,9 @@ public:
     void run() override;
 
 private:
+    ResourceSource& data_;
     LevelScene& level_;
+    std::unique_ptr<KestInterface> gameInterface_;  // from the first visit on; the level scene uses it too
     const int startIndex_;
     bool firstVisit_ = true;
     bool quit_ = false;

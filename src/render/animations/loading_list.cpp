@@ -139,7 +139,7 @@ constexpr LoadEntry kEntries[]{
     strip(kRatDownLeft, "rat\\ani_down", 64, kBrown),
     mirrored(kRatDownRight, "rat\\ani_down", 64, kBrown),
     strip(116, "c_small", 10, kBlue),
-    strip(117, "c_imp", 14, kSlate),
+    strip(kPanelDigits, "c_imp", 14, kSlate),
     strip(kLongLamp, "lampalong", 64, kBlue),
     strip(kShortLamp, "lampashort", 64, kBlue),
     // list 0, step 3

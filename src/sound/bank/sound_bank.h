@@ -131,4 +131,9 @@ private:
     std::uint32_t effectsLevel_ = 0;
 };
 
+/// Plays an effect from the current bank; silent without one.
+inline void playEffect(SoundId id) {
+    if (SoundBank* const bank = SoundBank::current()) bank->playEffect(id);
+}
+
 }  // namespace grub

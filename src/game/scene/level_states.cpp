@@ -1,0 +1,232 @@
+// What the level scene does in each game frame, by state. The table of states is in level_state.h.
+
+#include "engine_services.h"
+#include "level_list.h"
+#include "level_scene.h"
+#include "sound_bank.h"
+
+namespace grub {
+
+namespace {
+
+/// A game frame that waits for strips gives the loader this long.
+constexpr DWORD kLoadWaitMs = 100;
+
+/// The middle comic comes before this level, the first one of the second world.
+constexpr int kLevelAfterComic = 20;
+static_assert(kLevelAfterComic == static_cast<int>(kLevelWorlds[0].levelCount));
+
+}  // namespace
+
+void LevelScene::runState() {
+    switch (state_) {  // no default: a state without a handler does not compile
+        case LevelState::Intro: return intro();
+        case LevelState::Playing: return playing();
+        case LevelState::Ended: return ended();
+        case LevelState::EndScreen: return endScreen();
+        case LevelState::EndFade: return endFade();
+        case LevelState::GameMenu:
+        case LevelState::SaveMenu:
+        case LevelState::LoadMenu: return dialog();
+        case LevelState::Quit: return quit();
+        case LevelState::OpenSaveMenu: return openSaveMenu();
+        case LevelState::OpenLoadMenu: return openLoadMenu();
+        case LevelState::OpenGameMenu: return openGameMenu();
+        case LevelState::GameOver: return gameOver();
+        case LevelState::LoadSlot: return loadSlot();
+        case LevelState::FirstLoad: return firstLoad();
+    }
+}
+
+// Into a level.
+
+void LevelScene::firstLoad() {
+    if (resourcesReady()) enterLevel();
+}
+
+void LevelScene::loadSlot() {
+    if (resourcesReady()) loadGame(slotToLoad_);
+}
+
+// A level is built when both lists are there: block types name strips of both, and a cell keeps the animation id that
+// it got when it was built. What the second pass has loaded is at full volume.
+bool LevelScene::resourcesReady() {
+    if (resources_.isReady()) {
+        stage_.sound().applyVolumes();
+        return true;
+    }
+    if (resources_.startSecondPass()) pages_->openLayout("in_gamemenu");
+    resources_.wait(kLoadWaitMs);
+    return false;
+}
+
+void LevelScene::loadGame(int slot) {
+    if (stage_.isBuilt() && !stage_.finishAttempt(run_)) return leaveToShell();
+    run_.resume(slots_.loadGame(slot));
+    enterLevel();
+}
+
+void LevelScene::enterLevel() {
+    if (!stage_.startLevel(run_, 0)) return leaveToShell();
+    transition_->start(TransitionMode::ShutterOpen);
+    state_ = LevelState::Intro;
+}
+
+void LevelScene::intro() {
+    drawBehindTransition();
+    if (transition_->isFinished()) state_ = LevelState::Playing;
+}
+
+void LevelScene::drawBehindTransition() {
+    stage_.holdStill();
+    stage_.drawLevel();
+    transition_->step();
+    stage_.drawPanel();
+}
+
+void LevelScene::playing() {
+    stage_.worldStep();
+    stage_.drawLevel();
+    stage_.drawPanel();
+    if (!stage_.world()->ended()) return;
+    cause_ = stage_.world()->cause();
+    transition_->start(TransitionMode::ShutterClose);
+    state_ = LevelState::Ended;
+}
+
+// Out of a level.
+
+void LevelScene::ended() {
+    if (stage_.isBuilt()) {
+        drawBehindTransition();
+        if (!transition_->isFinished()) return;
+        const bool goesOn = stage_.finishAttempt(run_);
+        stage_.teardownLevel();
+        if (!goesOn) return leaveToShell();
+    }
+    afterAttempt();
+}
+
+void LevelScene::afterAttempt() {
+    switch (cause_) {
+        case LossCause::Quit: return leaveToShell();
+        case LossCause::Load:
+            if (resourcesReady()) loadGame(dialogs_.cursor());
+            return;
+        default: break;
+    }
+    playEffect(levelEndOf(cause_).sound);
+    cause_ == LossCause::Won ? afterWin() : restartAttempt(1);
+}
+
+// A win gives a life, before the level that follows keeps its copy of them; the end of the first world gives it too,
+// the end of the game does not.
+void LevelScene::afterWin() {
+    if (run_.now.levelIndex + 1 == kLevelCount) {
+        exitCode_ = ExitCode::FinalComic;
+        return leaveToShell();
+    }
+    ++run_.now.levelIndex;
+    ++run_.now.lives;
+    if (run_.now.levelIndex == kLevelAfterComic) {
+        exitCode_ = ExitCode::MiddleComic;
+        return leaveToShell();
+    }
+    restartAttempt(0);
+}
+
+void LevelScene::restartAttempt(int livesTaken) {
+    end_ = &levelEndOf(cause_);
+    pages_->openLayout(end_->layout);
+    if (!stage_.startLevel(run_, livesTaken)) return leaveToShell();
+    transition_->start(TransitionMode::TileIn);
+    state_ = LevelState::EndScreen;
+}
+
+void LevelScene::endScreen() {
+    drawEndPicture();
+    if (stage_.world()->lives() < 1) {
+        dialogs_.openSlide();
+        state_ = LevelState::GameOver;
+    } else if (keyHeld_) {
+        transition_->start(TransitionMode::TileOut);
+        state_ = LevelState::EndFade;
+    }
+}
+
+void LevelScene::gameOver() {
+    drawEndPicture();
+    dialogs_.step();
+    if (keyHeld_) state_ = LevelState::EndFade;
+}
+
+void LevelScene::endFade() {
+    if (!drawEndPicture()) return;
+    pages_->stopAnimations();
+    transition_->start(TransitionMode::ShutterOpen);
+    state_ = LevelState::Intro;
+    if (stage_.world()->lives() < 1) leaveToShell();
+}
+
+// Whether the transition had come to its end before this game frame.
+bool LevelScene::drawEndPicture() {
+    pages_->selectLayout(end_->layout);
+    pages_->drawItem(end_->item, 0, 0, KestInterface::kAllElements, 0);
+    if (state_ != LevelState::EndScreen && stage_.world()->lives() < 1)
+        pages_->drawItem("over", 0, dialogs_.offset(), KestInterface::kAllElements, 0);
+    if (!transition_->isFinished()) {
+        transition_->step();
+        return false;
+    }
+    if (state_ == LevelState::EndFade) EngineServices::renderer()->clear(kBlack);
+    return true;
+}
+
+// The dialogs over a level that stands still.
+
+void LevelScene::callGameMenu() {
+    slots_.refreshSlotInfo();
+    showDialog(LevelState::GameMenu);
+}
+
+void LevelScene::showDialog(LevelState state) {
+    dialogs_.showDialog(state, *pages_);
+    state_ = state;
+}
+
+void LevelScene::drawFrozenLevel() {
+    stage_.holdStill();
+    stage_.drawLevel();
+    stage_.drawPanel();
+}
+
+void LevelScene::dialog() {
+    const LevelState shown = state_;
+    drawFrozenLevel();
+    state_ = dialogs_.step().value_or(shown);
+    dialogs_.draw(shown, *pages_);
+}
+
+void LevelScene::openSaveMenu() {
+    drawFrozenLevel();
+    showDialog(LevelState::SaveMenu);
+}
+
+void LevelScene::openLoadMenu() {
+    drawFrozenLevel();
+    showDialog(LevelState::LoadMenu);
+}
+
+void LevelScene::openGameMenu() {
+    drawFrozenLevel();
+    callGameMenu();
+}
+
+void LevelScene::quit() {
+    drawFrozenLevel();
+    cause_ = LossCause::Quit;
+    transition_->start(TransitionMode::ShutterClose);
+    state_ = LevelState::Ended;
+}
+
+}  // namespace grub
