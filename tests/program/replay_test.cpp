@@ -31,11 +31,11 @@ TEST_F(Replay, FromLaterOnComesOutTheSame) {
     }
 }
 
-TEST_F(Replay, TakesNoKeyButEscape) {
+TEST_F(Replay, TakesNoKeysButCanBeLeft) {
     const std::string game = "--replay '" + kGames + "first-level.game'";
     EXPECT_EQ(play("20 down Left\n30 up Left\n40 down Z\nstay\n", game), 0) << errors;
     EXPECT_THAT(out, EndsWith(": all as recorded\n"));
-    EXPECT_EQ(play("20 down Escape\nstay\n", game), 0) << errors;
+    EXPECT_EQ(play("20 close\nstay\n", game), 0) << errors;
     EXPECT_EQ(out + errors, "") << "who leaves hears nothing of the rest";
 }
 
@@ -61,7 +61,7 @@ TEST_F(Replay, OfAGameOnALevelSourceIsStartedByTheTool) {
 
 TEST_F(Replay, OfWhatWasRecordedComesOutAsItWasPlayed) {
     const std::string script =
-        "5 down Right\n9 press 10 10\n12 up Right\n15 down Z\n17 down F1\n40 down Escape\nstay\n";
+        "5 down Right\n12 up Right\n15 down Z\n17 down F1\n40 close\nstay\n";
     EXPECT_EQ(play(script, "--level 2 --record mine.game"), 0) << errors;
     const std::string game = text("mine.game");
     EXPECT_THAT(game, testing::StartsWith("level levels\\turma\\level02.lvl\nindex 1\n"));
@@ -73,7 +73,7 @@ TEST_F(Replay, OfWhatWasRecordedComesOutAsItWasPlayed) {
 }
 
 TEST_F(Replay, TheFileToRecordInIsTriedBeforePlay) {
-    EXPECT_EQ(play("20 down Escape\nstay\n", "--record nowhere/mine.game"), 2);
+    EXPECT_EQ(play("20 close\nstay\n", "--record nowhere/mine.game"), 2);
     EXPECT_EQ(errors, "nowhere/mine.game: cannot be written\n");
 }
 

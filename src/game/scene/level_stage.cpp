@@ -131,7 +131,6 @@ void LevelStage::updateCamera() {
 
 void LevelStage::drawLevel() {
     updateCamera();
-    steering_->beforePicture(*world_);
     grub::drawLevel(*world_, camera_, animations_, *EngineServices::renderer());
 }
 

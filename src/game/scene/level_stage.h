@@ -54,6 +54,8 @@ public:
     /// What drawing advances in a game frame that only shows the level. `drawLevel` follows.
     void holdStill() { world_->finishFrame(false); }
     void drawLevel();
+    /// Tells the steering that the next screen shows the game frame that play has reached, with nothing in front of it.
+    void announceFrame() { steering_->beforePicture(*world_); }
     /// Draws the panel over what has been drawn.
     void drawPanel();
     /// Ends the attempt from outside.

@@ -44,7 +44,9 @@ void LevelScene::firstLoad() {
     if (resourcesReady()) enterLevel();
 }
 
+// Chosen in the game menu, the level behind it is still there: it stays in sight until the slot is loaded.
 void LevelScene::loadSlot() {
+    if (stage_.isBuilt()) drawFrozenLevel();
     if (resourcesReady()) loadGame(slotToLoad_);
 }
 
@@ -74,7 +76,9 @@ void LevelScene::enterLevel() {
 
 void LevelScene::intro() {
     drawBehindTransition();
-    if (transition_->isFinished()) state_ = LevelState::Playing;
+    if (!transition_->isFinished()) return;
+    stage_.announceFrame();
+    state_ = LevelState::Playing;
 }
 
 void LevelScene::drawBehindTransition() {
@@ -88,6 +92,7 @@ void LevelScene::playing() {
     stage_.worldStep();
     stage_.drawLevel();
     stage_.drawPanel();
+    stage_.announceFrame();
     if (!stage_.world()->ended()) return;
     cause_ = stage_.world()->cause();
     transition_->start(TransitionMode::ShutterClose);

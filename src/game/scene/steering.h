@@ -28,7 +28,8 @@ public:
     /// Called before each step of play, after the player's keys; and after the frame, with all that drawing advances.
     virtual void beforeStep(World& /*world*/) {}
     virtual void afterFrame(const World& /*world*/) {}
-    /// The next screen shows the world as it is now.
+    /// The next screen shows the game frame that play has reached: 0 when the shutter has opened, then every frame of
+    /// play. Behind a shutter or a dialog the level is seen, but no frame is announced.
     virtual void beforePicture(const World& /*world*/) {}
     /// The attempt is over. Returns false to leave the game.
     virtual bool goesOnAfter(const World& /*world*/) { return true; }
