@@ -32,15 +32,16 @@ TEST_F(Play, TheFirstLevelCanBeWonAndTheSecondSavedAndLeftByTheGameMenu) {
     std::string script = at(1, "down Right") + at(55, "down Up") + at(78, "down Right") + at(90, "down Left") +
                          at(141, "down Up") + at(157, "down Left") + at(210, "up Left");
     const auto tap = [&](int picture, const std::string& key) {
-        for (const char* what : {" down ", " up "}) script += "picture " + std::to_string(picture) + what + key + "\n";
+        for (const char* what : {" down ", " up "})
+            script += "picture " + std::to_string(picture++) + what + key + "\n";
     };
     tap(280, "A");  // the picture of the end
     tap(320, "Escape");
     tap(330, "Down");
-    tap(330, "Enter");  // to the slots
+    tap(332, "Enter");  // to the slots
     tap(350, "Enter");  // the first one
     tap(375, "Up");
-    tap(375, "Enter");  // leave
+    tap(377, "Enter");  // leave
     ASSERT_EQ(play(script + "stay\n"), 0) << errors;
     const Bytes slot = bytes("slot0.sav");
     ASSERT_EQ(slot.size(), 52U);
