@@ -43,6 +43,7 @@ void logLine(const char* format, ...) {
     Log& log = theLog();
     const std::lock_guard guard(log.lock);
     log.file.write(line.data(), static_cast<std::uint32_t>(length + 1));
+    log.file.flush();
 }
 
 }  // namespace grub

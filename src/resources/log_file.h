@@ -7,10 +7,9 @@ namespace grub {
 /// log.
 void openLog();
 
-/// Writes one line to the log: the text as printf formats it, at most 1023 bytes, then LF. The system has the line when
-/// the call returns, so a crash of the program does not lose it; the call does not wait for the disk, which would take
-/// longer than the work that is logged. Opens the log if it is not open yet. Any thread may call it, also before main.
-/// Pass names from data as arguments, never as `format`.
+/// Writes one line to the log and flushes it: the text as printf formats it, at most 1023 bytes, then LF. Opens the log
+/// if it is not open yet. Any thread may call it, also before main. Pass names from data as arguments, never as
+/// `format`.
 [[gnu::format(printf, 1, 2)]] void logLine(const char* format, ...);
 
 }  // namespace grub
