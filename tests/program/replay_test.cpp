@@ -60,8 +60,7 @@ TEST_F(Replay, OfAGameOnALevelSourceIsStartedByTheTool) {
 }
 
 TEST_F(Replay, OfWhatWasRecordedComesOutAsItWasPlayed) {
-    const std::string script =
-        "5 down Right\n12 up Right\n15 down Z\n17 down F1\n40 close\nstay\n";
+    const std::string script = "5 down Right\n12 up Right\n15 down Z\n17 down F1\n40 close\nstay\n";
     EXPECT_EQ(play(script, "--level 2 --record mine.game"), 0) << errors;
     const std::string game = text("mine.game");
     EXPECT_THAT(game, testing::StartsWith("level levels\\turma\\level02.lvl\nindex 1\n"));

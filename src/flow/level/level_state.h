@@ -34,6 +34,7 @@ enum class LevelState : int {
 using LevelStates = std::uint32_t;
 inline constexpr LevelStates kShellBit = 1U << 31;
 
+/// The set of this state alone.
 [[nodiscard]] constexpr LevelStates bitOf(LevelState state) { return 1U << static_cast<unsigned>(state); }
 
 /// A state and those that may follow it.

@@ -324,8 +324,8 @@ inline constexpr DWORD FILE_BEGIN = 0;
 inline constexpr DWORD FILE_CURRENT = 1;
 inline constexpr DWORD FILE_END = 2;
 inline constexpr DWORD INVALID_SET_FILE_POINTER = 0xFFFFFFFFU;
-/// Waits until the disk holds what was written. WriteFile alone hands it to the operating system, which keeps it when the
-/// program ends, however it ends, but not when the machine does.
+/// Waits until the disk holds what was written. WriteFile alone hands it to the operating system, which keeps it when
+/// the program ends, however it ends, but not when the machine does.
 BOOL FlushFileBuffers(HANDLE file);
 /// Renames a file within its file system; at every moment `to` is the old file or the new one. A move that does not
 /// replace is not offered (FALSE). With MOVEFILE_WRITE_THROUGH the call waits until the disk knows the new name; it is
