@@ -6,11 +6,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 #include "application_base.h"
 #include "bmp_writer.h"
 #include "fake_renderer.h"
+#include "kest_interface.h"
 #include "level_list.h"
 #include "level_scene.h"
 #include "level_writer.h"
@@ -22,7 +24,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kSettled = 10;   // pictures after which the level stands
+constexpr std::size_t kSettled = 30;   // pictures after which the shutter is open and the level stands
 constexpr std::size_t kMeasured = 75;  // ticks: three seconds
 
 double cpuMilliseconds() {
@@ -44,7 +46,9 @@ Ticks standInALevel() {
     levels.put("levels\\typeblok.ini", drawnBlockTable());
     levels.put(std::string(kLevelNames[0]), writeLevelFile(drawnLevel({"@ . . .", "# # # #"})));
     RecordingScene shell;
+    KestInterface pages(data, "make_z64", std::make_unique<MemorySource>());
     LevelScene scene(data, levels);
+    scene.setGameInterface(pages);
     WindowlessApplication application;
     application.registerScene(kLevelSceneId, scene);
     application.registerScene(kMenuShellId, shell);

@@ -29,8 +29,8 @@ using platform::testing::FailingCall;
 using testing::AnyOf;
 using testing::ElementsAre;
 
-constexpr SavedGame kOld{.levelIndex = 7, .lives = 3, .score = 66'000};
-constexpr SavedGame kNew{.levelIndex = 49, .lives = 1, .score = 0};
+constexpr GameProgress kOld{.levelIndex = 7, .lives = 3, .score = 66'000};
+constexpr GameProgress kNew{.levelIndex = 49, .lives = 1, .score = 0};
 
 Bytes oldFile() {
     std::tm time{};

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "game_run.h"
+#include "program_run.h"
 
 namespace grub {
 namespace {
@@ -10,7 +10,7 @@ namespace {
 using testing::Contains;
 using testing::StartsWith;
 
-using Play = GameRun;
+using Play = ProgramRun;
 
 std::string at(int frame, const std::string& what) { return std::to_string(frame) + " " + what + "\n"; }
 
@@ -64,7 +64,7 @@ TEST_F(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
     }
 }
 
-using Packages = GameRun;
+using Packages = ProgramRun;
 
 TEST_F(Packages, AreSoundAndComeBackTheSameFromTheirFiles) {
     for (const std::string name : {"data64", "levels", "sound", "make_m64", "make_z64"}) {
@@ -76,7 +76,7 @@ TEST_F(Packages, AreSoundAndComeBackTheSameFromTheirFiles) {
     }
 }
 
-using Screen = GameRun;
+using Screen = ProgramRun;
 
 TEST_F(Screen, ThatCannotBeReachedEndsTheProgramWithOneLine) {
     for (const std::string display : {"", "DISPLAY=:9999 "}) {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "game_run.h"
+#include "program_run.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -15,7 +15,7 @@ const std::string kGames = GRUB_GAMES_DIR "/";
 const std::string kData = " --data '" GRUB_DATA_DIR "'";
 constexpr const char* kStay = "stay\n";
 
-using Replay = GameRun;
+using Replay = ProgramRun;
 
 TEST_F(Replay, OfGamesOnLevelsOfTheListComesOutAsRecorded) {
     for (const std::string game : {"first-level", "second-level", "twentieth-level"}) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "input_messages.h"
+#include "slot_lines.h"
 #include "sound_bank.h"
 
 namespace grub {
@@ -63,17 +64,10 @@ void LevelDialogs::showDialog(LevelState state, KestInterface& pages) {
 void LevelDialogs::draw(LevelState state, KestInterface& pages) const {
     const Dialog& dialog = dialogOf(state);
     pages.selectLayout(dialog.layout);
-    for (const char* const item : dialog.items) pages.drawItem(item, 0, offset(), KestInterface::kAllElements, 0);
-    pages.drawItem(dialog.highlight, 0, offset(), cursor_, 0);
-    if (state != LevelState::GameMenu) drawSlots(pages);
-}
-
-void LevelDialogs::drawSlots(KestInterface& pages) const {
-    for (int slot = 0; slot < kSaveSlots; ++slot) {
-        const SaveSlotInfo& info = slots_.info(slot);
-        pages.drawText("game_levels", info.exists ? info.levelLabel : "EMPTY", 0, offset(), slot);
-        if (info.exists) pages.drawText("game_time", info.dateTimeLabel, 0, offset(), slot);
-    }
+    for (const char* const item : dialog.items)
+        pages.drawItem(item, 0, slide_.offset(), KestInterface::kAllElements, 0);
+    pages.drawItem(dialog.highlight, 0, slide_.offset(), cursor_, 0);
+    if (state != LevelState::GameMenu) drawSlotLines(pages, slots_, 0, slide_.offset());
 }
 
 DialogRequest LevelDialogs::keyDown(LevelState state, std::uint32_t keyCode) {
@@ -119,13 +113,18 @@ DialogRequest LevelDialogs::mouseUp(LevelState state, Position mouse, const Kest
     return act(state, LevelState::Ended, DialogRequest::LoadByShutter);
 }
 
-// The last two say how a slot is loaded; they differ between keyboard and mouse.
+// `stateThatLoads` and `load` say how a slot is loaded: a key does it at once, the mouse behind the shutter.
 DialogRequest LevelDialogs::act(LevelState state, LevelState stateThatLoads, DialogRequest load) {
-    switch (state) {
-        case LevelState::SaveMenu: closeDialog(LevelState::OpenGameMenu); return DialogRequest::Save;
-        case LevelState::LoadMenu: closeDialog(stateThatLoads); return load;
-        default: closeDialog(kMenuChoices[static_cast<std::size_t>(cursor_)]); return DialogRequest::None;
+    if (state == LevelState::SaveMenu) {
+        closeDialog(LevelState::OpenGameMenu);
+        return DialogRequest::Save;
     }
+    if (state == LevelState::LoadMenu) {
+        closeDialog(stateThatLoads);
+        return load;
+    }
+    closeDialog(kMenuChoices[static_cast<std::size_t>(cursor_)]);
+    return DialogRequest::None;
 }
 
 }  // namespace grub

@@ -19,7 +19,7 @@ enum class DialogRequest : std::uint8_t {
 };
 
 /// The three dialogs over the frozen level: the game menu, and the slots to save to and to load from. They share a
-/// cursor and a slide. All operations need the game interface, whose current layout they change.
+/// cursor and a slide. Opening and drawing a dialog makes its layout the current one of the game interface.
 class LevelDialogs {
 public:
     /// The slots that the dialogs show; they must outlive the dialogs.
@@ -42,17 +42,12 @@ public:
 
     /// The entry that is highlighted, from 0; in the slot dialogs that is the slot.
     [[nodiscard]] int cursor() const { return cursor_; }
-    /// Pixels from the dialog's place, 0 or negative.
-    [[nodiscard]] int offset() const { return slide_.offset(); }
-    /// The game-over board slides as the dialogs do.
-    void openSlide() { slide_.open(); }
 
 private:
     void closeDialog(LevelState next) { slide_.close(next); }
     void moveCursor(int step, LevelState state);
     DialogRequest confirm(LevelState state);
     DialogRequest act(LevelState state, LevelState stateThatLoads, DialogRequest load);
-    void drawSlots(KestInterface& pages) const;
 
     SaveSlots& slots_;
     DialogSlide slide_;

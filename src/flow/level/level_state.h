@@ -21,7 +21,7 @@ enum class LevelState : int {
     OpenLoadMenu = 13,
     OpenGameMenu = 14,
     GameOver = 16,   ///< the picture of the end of the last life
-    LoadSlot = 18,   ///< loads a slot when the strips are there; survives `enter`, unlike every other state
+    LoadSlot = 18,   ///< loads a slot when the strips are there
     FirstLoad = 22,  ///< builds the level when the strips are there
 };
 
@@ -31,17 +31,17 @@ enum class LevelState : int {
 }
 
 /// A set of states: bit n stands for the state with number n, `kShellBit` for leaving the scene.
-using LevelStates = std::uint32_t;
-inline constexpr LevelStates kShellBit = 1U << 31;
+using LevelStateSet = std::uint32_t;
+inline constexpr LevelStateSet kShellBit = 1U << 31;
 
 /// The set of this state alone.
-[[nodiscard]] constexpr LevelStates bitOf(LevelState state) { return 1U << static_cast<unsigned>(state); }
+[[nodiscard]] constexpr LevelStateSet bitOf(LevelState state) { return 1U << static_cast<unsigned>(state); }
 
 /// A state and those that may follow it.
 struct LevelStateRow {
     LevelState state;
     std::string_view name;
-    LevelStates leftTo;
+    LevelStateSet leftTo;
 };
 
 /// The whole state machine, requests to close the window included. The README of the level scene draws it.

@@ -10,7 +10,7 @@ namespace grub {
 namespace {
 
 constexpr int kLevelsOfABoard = 10;
-/// By tens of the level index.
+/// The board of each ten levels, the first ten first.
 constexpr std::array kBoards{
     "data\\gif\\panel\\panel_01.bmp", "data\\gif\\panel\\panel_02.bmp", "data\\gif\\panel\\panel_04_jelezo.bmp",
     "data\\gif\\panel\\panel_03.bmp", "data\\gif\\panel\\panel_01.bmp",

@@ -34,11 +34,11 @@ SaveSlotInfo infoOf(const SlotContents& contents) {
 
 }  // namespace
 
-bool SaveSlots::saveGame(int slot, const SavedGame& game) {
+bool SaveSlots::saveGame(int slot, const GameProgress& game) {
     return replaceFile(pathOf(slot), slotBytes(game, localTime()));
 }
 
-std::optional<SavedGame> SaveSlots::loadGame(int slot) const {
+std::optional<GameProgress> SaveSlots::loadGame(int slot) const {
     const auto contents = readSlot(slot);
     if (!contents) return std::nullopt;
     return contents->game;

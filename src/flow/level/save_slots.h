@@ -25,9 +25,9 @@ class SaveSlots {
 public:
     /// Saves with the present local time, and waits for the disk. On failure the slot keeps what it held. Does not
     /// touch `info`.
-    bool saveGame(int slot, const SavedGame& game);
+    bool saveGame(int slot, const GameProgress& game);
     /// Nothing when the slot is empty now, whatever `info` says.
-    [[nodiscard]] std::optional<SavedGame> loadGame(int slot) const;
+    [[nodiscard]] std::optional<GameProgress> loadGame(int slot) const;
     /// Reads all slots for `info`.
     void refreshSlotInfo();
     /// What `refreshSlotInfo` saw last; before that every slot is empty. Valid as long as this object.

@@ -15,7 +15,7 @@ constexpr std::size_t kTextLength = 8;
 constexpr int kMostLives = 1'000'000;
 constexpr int kHighestScore = 1'000'000'000;
 
-bool isPlayable(const SavedGame& game) {
+bool isPlayable(const GameProgress& game) {
     return game.levelIndex >= 0 && game.levelIndex < static_cast<int>(kLevelCount) && game.lives >= 1 &&
            game.lives <= kMostLives && game.score >= 0 && game.score <= kHighestScore;
 }
@@ -43,7 +43,7 @@ void putTime(std::span<std::uint8_t, kTextField> field, const char* format, cons
 
 }  // namespace
 
-std::array<std::uint8_t, kSlotFileSize> slotBytes(const SavedGame& game, const std::tm& savedAt) {
+std::array<std::uint8_t, kSlotFileSize> slotBytes(const GameProgress& game, const std::tm& savedAt) {
     std::array<std::uint8_t, kSlotFileSize> bytes{};
     const std::span file(bytes);
     putNumber(file.subspan<0, 4>(), game.levelIndex);
@@ -56,7 +56,7 @@ std::array<std::uint8_t, kSlotFileSize> slotBytes(const SavedGame& game, const s
 
 std::optional<SlotContents> slotContents(std::span<const std::uint8_t> bytes) {
     ByteReader reader(bytes);
-    const SavedGame game{.levelIndex = reader.i32(), .lives = reader.i32(), .score = reader.i32()};
+    const GameProgress game{.levelIndex = reader.i32(), .lives = reader.i32(), .score = reader.i32()};
     const std::string_view time = textOf(reader.take(kTextField));
     const std::string_view date = textOf(reader.take(kTextField));
     const bool isGood = reader.ok() && isPlayable(game) && isThreeNumbers(time, ':') && isThreeNumbers(date, '/');

@@ -28,7 +28,7 @@ public:
     void presentIfDue();
     /// Presents the open frame, if there is one, whatever the clock says.
     void present();
-    /// Until then there is nothing to do but to answer messages. 0 when a frame can be drawn.
+    /// How long there is nothing to do but to answer messages; 0 when a frame can be drawn.
     [[nodiscard]] std::uint32_t millisecondsToSleep() const;
 
 private:

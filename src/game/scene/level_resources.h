@@ -17,8 +17,7 @@ public:
     LevelResources(ResourceSource& data, SpriteNumbers& numbers) : animations_(data, numbers) {}
     LevelResources(const LevelResources&) = delete;
     LevelResources& operator=(const LevelResources&) = delete;
-    /// Waits for the loader.
-    ~LevelResources() { loader_.wait(INFINITE); }
+    ~LevelResources() = default;
 
     /// Starts the loader thread on the first list of strips, or on the second once the first is there.
     void startLoadingPass();
@@ -28,7 +27,7 @@ public:
     bool startSecondPass();
     /// Whether both passes are complete.
     [[nodiscard]] bool isReady() const { return firstListThere_ && loader_.isComplete(); }
-    /// Gives a pass that runs so many milliseconds.
+    /// Waits until the pass that runs is complete, at most so many milliseconds.
     void wait(DWORD milliseconds);
 
     [[nodiscard]] AnimationTable& animations() { return animations_; }

@@ -1,5 +1,7 @@
 #include "level_scene.h"
 
+#include <utility>
+
 #include "application_base.h"
 
 namespace grub {
@@ -7,7 +9,7 @@ namespace grub {
 namespace {
 
 /// A pass of the frame loop waits at most this long for the loader while strips are still missing.
-constexpr DWORD kLoaderWaitMs = 20;
+constexpr DWORD kPassWaitMs = 20;
 
 }  // namespace
 
@@ -17,11 +19,6 @@ LevelScene::LevelScene(ResourceSource& data, ResourceSource& levels)
       stage_(data, levelLoader_, resources_.animations()),
       data_(data) {}
 
-void LevelScene::requestLoad(int slot) {
-    slotToLoad_ = slot;
-    state_ = LevelState::LoadSlot;
-}
-
 bool LevelScene::enter() {
     stage_.teardownLevel();
     resources_.animations().forgetCount();
@@ -29,7 +26,7 @@ bool LevelScene::enter() {
     if (newGameAt_) run_.begin(*newGameAt_);
     newGameAt_.reset();
     run_.collectedKeys.clear();
-    if (state_ != LevelState::LoadSlot) state_ = LevelState::FirstLoad;
+    state_ = std::exchange(loadRequested_, false) ? LevelState::LoadSlot : LevelState::FirstLoad;
     transition_.emplace(data_);
     transition_->start(TransitionMode::ShutterOpen);
     exitCode_ = ExitCode::Normal;
@@ -41,8 +38,10 @@ bool LevelScene::enter() {
     return true;
 }
 
+// A request to close that came last belongs to this visit.
 void LevelScene::leave() {
     stage_.teardownLevel();
+    processMessages();
     pacer_.stop();
     transition_.reset();
     pages_->stopAnimations();
@@ -60,7 +59,7 @@ void LevelScene::pass() {
     if (closeRequested_) giveUp();
     if (quit_) return;
     pacer_.tick();
-    resources_.wait(kLoaderWaitMs);
+    resources_.wait(kPassWaitMs);
     if (pacer_.beginFrame()) runState();
     if (quit_) return;
     pacer_.presentIfDue();
@@ -71,22 +70,21 @@ void LevelScene::pass() {
 // game frame must not go on to the next one. Where the player sees the level, it closes behind the shutter; where he is
 // only asked for a key, or sees no level yet, he does not wait for it.
 void LevelScene::giveUp() {
-    if (!stage_.isBuilt()) return leaveToShell();
-    switch (state_) {
-        case LevelState::EndScreen:
-        case LevelState::EndFade:
-        case LevelState::GameOver: return leaveToShell();
-        case LevelState::Playing: return stage_.end(LossCause::Quit);
-        case LevelState::Ended: cause_ = LossCause::Quit; return;
-        default: state_ = LevelState::Quit;
-    }
+    using enum LevelState;
+    const bool seesPicture = state_ == EndScreen || state_ == EndFade || state_ == GameOver;
+    if (!stage_.isBuilt() || seesPicture) return leaveToShell();
+    cause_ = LossCause::Quit;
+    if (state_ == Playing)
+        stage_.end(LossCause::Quit);
+    else if (state_ != Ended)
+        state_ = Quit;
 }
 
-// Also resets LoadSlot, which would survive the next `enter` and load a slot in place of a new game.
+// An attempt that has not begun, as behind an end picture, hands back the numbers that it would have begun with.
 void LevelScene::leaveToShell() {
     pacer_.present();
+    if (stage_.isBuilt()) run_.takeFrom(*stage_.world());
     ApplicationBase::instance().selectScene(kMenuShellId);
-    if (state_ == LevelState::LoadSlot) state_ = LevelState::FirstLoad;
     quit_ = true;
 }
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <utility>
 
+#include "end_picture.h"
 #include "frame_pacer.h"
 #include "game_run.h"
 #include "input_messages.h"
 #include "kest_interface.h"
 #include "level_dialogs.h"
-#include "level_end.h"
 #include "level_resources.h"
 #include "level_stage.h"
 #include "level_state.h"
@@ -56,8 +56,11 @@ public:
 
     /// The next `enter` begins a new game at this level (0 to 49) with three lives and no points.
     void requestNewGame(int startIndex) { newGameAt_ = startIndex; }
-    /// The next `enter` goes on with the game of this slot (0 to 2).
-    void requestLoad(int slot);
+    /// The next `enter` goes on with the game of the slot to load.
+    void requestLoad() { loadRequested_ = true; }
+    /// The slot (0 to 2) that was chosen last to be loaded.
+    [[nodiscard]] int slotToLoad() const { return slotToLoad_; }
+    void chooseSlot(int slot) { slotToLoad_ = slot; }
 
     /// Why play was left last; FirstStart before the first visit.
     [[nodiscard]] ExitCode exitCode() const { return exitCode_; }
@@ -97,7 +100,7 @@ private:
     void firstLoad();
 
     // What the states share
-    bool resourcesReady();
+    bool awaitResources();
     void enterLevel();
     void loadGame(int slot);
     void afterAttempt();
@@ -121,13 +124,14 @@ private:
     GameRun run_;
     LevelState state_ = LevelState::FirstLoad;
     LossCause cause_ = LossCause::Quit;  // why the attempt ended; means something in Ended
-    const LevelEnd* end_ = nullptr;      // what EndScreen, EndFade and GameOver show
+    EndPicture endPicture_;              // of the attempt that ended last
     ExitCode exitCode_ = ExitCode::FirstStart;
     std::optional<int> newGameAt_;
     int slotToLoad_ = 0;
+    bool loadRequested_ = false;  // the next `enter` loads it
     std::uint32_t lastKey_ = 0;
     Position mouse_;
-    bool keyHeld_ = false;         // the last key or mouse button that moved went down
+    bool keyHeld_ = false;         // no key and no mouse button has been released since one was pressed
     bool closeRequested_ = false;  // the window is to close; until the scene is left
     bool quit_ = false;            // ends the frame loop
 };

@@ -57,14 +57,14 @@ std::optional<PlayKey> playKeyOf(std::uint32_t code) {
 
 bool LevelStage::startLevel(GameRun& run, int livesTaken) {
     teardownLevel();
-    std::optional<LevelMap> map = loadMap(run.now.levelIndex);
+    std::optional<LevelMap> map = loadMap(run.current.levelIndex);
     if (!map) {
         hasRefusedLevel_ = true;
         return false;
     }
-    WorldStart start{.score = run.now.score,
-                     .lives = run.now.lives,
-                     .levelIndex = run.now.levelIndex,
+    WorldStart start{.score = run.current.score,
+                     .lives = run.current.lives,
+                     .levelIndex = run.current.levelIndex,
                      .seed = randomSeed(),
                      .collectedKeys = run.collectedKeys};
     steering_->prepare(start);
@@ -144,7 +144,10 @@ void LevelStage::drawPanel() {
 
 void LevelStage::keyDown(std::uint32_t keyCode, bool playing) {
     const auto key = playing ? playKeyOf(keyCode) : std::nullopt;
-    key ? steering_->keyDown(*world_, *key) : steering_->otherKey(*world_);
+    if (key)
+        steering_->keyDown(*world_, *key);
+    else
+        steering_->otherKey(*world_);
 }
 
 void LevelStage::keyUp(std::uint32_t keyCode) {

@@ -35,8 +35,8 @@ public:
     bool startLevel(GameRun& run, int livesTaken);
     /// Whether `startLevel` has ever returned false.
     [[nodiscard]] bool hasRefusedLevel() const { return hasRefusedLevel_; }
-    /// Hands the attempt back to the run. Returns false when the steering does not want to go on. Once an attempt,
-    /// before `teardownLevel`.
+    /// Hands the score, the lives and the keys of an attempt that is over back to the run. Returns false when the
+    /// steering does not want to go on. `teardownLevel` follows.
     bool finishAttempt(GameRun& run);
     /// Takes down what `startLevel` built, if anything is built.
     void teardownLevel();
@@ -61,8 +61,9 @@ public:
     /// Ends the attempt from outside.
     void end(LossCause cause) { world_->end(cause); }
 
-    /// The player presses or releases a key or a mouse button. What is pressed reaches the world as a command only
-    /// while `playing`; otherwise it is a sign of life. What is released always does.
+    /// The player presses or releases a key or a mouse button. A key reaches the world as a command only while
+    /// `playing`; at other times it shows that the player is there, as other keys and mouse buttons do. A release
+    /// always reaches it.
     void keyDown(std::uint32_t keyCode, bool playing);
     void keyUp(std::uint32_t keyCode);
     void mouseDown() { steering_->otherKey(*world_); }

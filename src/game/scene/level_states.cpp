@@ -3,14 +3,13 @@
 #include "engine_services.h"
 #include "level_list.h"
 #include "level_scene.h"
-#include "sound_bank.h"
 
 namespace grub {
 
 namespace {
 
-/// A game frame that waits for strips gives the loader this long.
-constexpr DWORD kLoadWaitMs = 100;
+/// A game frame that needs all strips to build a level gives the loader this long.
+constexpr DWORD kBuildWaitMs = 100;
 
 /// The middle comic comes before this level, the first one of the second world.
 constexpr int kLevelAfterComic = 20;
@@ -41,24 +40,24 @@ void LevelScene::runState() {
 // Into a level.
 
 void LevelScene::firstLoad() {
-    if (resourcesReady()) enterLevel();
+    if (awaitResources()) enterLevel();
 }
 
 // Chosen in the game menu, the level behind it is still there: it stays in sight until the slot is loaded.
 void LevelScene::loadSlot() {
     if (stage_.isBuilt()) drawFrozenLevel();
-    if (resourcesReady()) loadGame(slotToLoad_);
+    if (awaitResources()) loadGame(slotToLoad_);
 }
 
 // A level is built when both lists are there: block types name strips of both, and a cell keeps the animation id that
-// it got when it was built. What the second pass has loaded is at full volume.
-bool LevelScene::resourcesReady() {
+// it got when it was built. The volumes are set again for the sounds that the second pass has loaded.
+bool LevelScene::awaitResources() {
     if (resources_.isReady()) {
         stage_.sound().applyVolumes();
         return true;
     }
     if (resources_.startSecondPass()) pages_->openLayout("in_gamemenu");
-    resources_.wait(kLoadWaitMs);
+    resources_.wait(kBuildWaitMs);
     return false;
 }
 
@@ -113,27 +112,28 @@ void LevelScene::ended() {
 }
 
 void LevelScene::afterAttempt() {
-    switch (cause_) {
-        case LossCause::Quit: return leaveToShell();
-        case LossCause::Load:
-            if (resourcesReady()) loadGame(dialogs_.cursor());
-            return;
-        default: break;
+    if (cause_ == LossCause::Quit) return leaveToShell();
+    if (cause_ == LossCause::Load) {
+        if (awaitResources()) loadGame(dialogs_.cursor());
+        return;
     }
-    playEffect(levelEndOf(cause_).sound);
-    cause_ == LossCause::Won ? afterWin() : restartAttempt(1);
+    EndPicture::playSound(cause_);
+    if (cause_ == LossCause::Won)
+        afterWin();
+    else
+        restartAttempt(1);
 }
 
 // A win gives a life, before the level that follows keeps its copy of them; the end of the first world gives it too,
 // the end of the game does not.
 void LevelScene::afterWin() {
-    if (run_.now.levelIndex + 1 == kLevelCount) {
+    if (run_.current.levelIndex + 1 == kLevelCount) {
         exitCode_ = ExitCode::FinalComic;
         return leaveToShell();
     }
-    ++run_.now.levelIndex;
-    ++run_.now.lives;
-    if (run_.now.levelIndex == kLevelAfterComic) {
+    ++run_.current.levelIndex;
+    ++run_.current.lives;
+    if (run_.current.levelIndex == kLevelAfterComic) {
         exitCode_ = ExitCode::MiddleComic;
         return leaveToShell();
     }
@@ -141,8 +141,7 @@ void LevelScene::afterWin() {
 }
 
 void LevelScene::restartAttempt(int livesTaken) {
-    end_ = &levelEndOf(cause_);
-    pages_->openLayout(end_->layout);
+    endPicture_.open(cause_, *pages_);
     if (!stage_.startLevel(run_, livesTaken)) return leaveToShell();
     transition_->start(TransitionMode::TileIn);
     state_ = LevelState::EndScreen;
@@ -151,7 +150,7 @@ void LevelScene::restartAttempt(int livesTaken) {
 void LevelScene::endScreen() {
     drawEndPicture();
     if (stage_.world()->lives() < 1) {
-        dialogs_.openSlide();
+        endPicture_.dropBoard();
         state_ = LevelState::GameOver;
     } else if (keyHeld_) {
         transition_->start(TransitionMode::TileOut);
@@ -161,30 +160,25 @@ void LevelScene::endScreen() {
 
 void LevelScene::gameOver() {
     drawEndPicture();
-    dialogs_.step();
+    endPicture_.stepBoard();
     if (keyHeld_) state_ = LevelState::EndFade;
 }
 
 void LevelScene::endFade() {
     if (!drawEndPicture()) return;
+    EngineServices::renderer()->clear(kBlack);
     pages_->stopAnimations();
+    if (stage_.world()->lives() < 1) return leaveToShell();
     transition_->start(TransitionMode::ShutterOpen);
     state_ = LevelState::Intro;
-    if (stage_.world()->lives() < 1) leaveToShell();
 }
 
 // Whether the transition had come to its end before this game frame.
 bool LevelScene::drawEndPicture() {
-    pages_->selectLayout(end_->layout);
-    pages_->drawItem(end_->item, 0, 0, KestInterface::kAllElements, 0);
-    if (state_ != LevelState::EndScreen && stage_.world()->lives() < 1)
-        pages_->drawItem("over", 0, dialogs_.offset(), KestInterface::kAllElements, 0);
-    if (!transition_->isFinished()) {
-        transition_->step();
-        return false;
-    }
-    if (state_ == LevelState::EndFade) EngineServices::renderer()->clear(kBlack);
-    return true;
+    endPicture_.draw(*pages_);
+    if (transition_->isFinished()) return true;
+    transition_->step();
+    return false;
 }
 
 // The dialogs over a level that stands still.

@@ -12,7 +12,7 @@
 namespace grub {
 
 /// A directory in which the programs run as a player starts them.
-class GameRun : public testing::Test {
+class ProgramRun : public testing::Test {
 protected:
     static inline const std::string kGame = "'" GRUB_BIN_DIR "/grubaway' --data '" GRUB_DATA_DIR "' ";
     static inline const std::string kTool = "'" GRUB_BIN_DIR "/grubtool' ";
