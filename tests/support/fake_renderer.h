@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 #include "bytes.h"
@@ -60,11 +62,12 @@ public:
         return true;
     }
 
-    bool ready = true;                   ///< false: no texture is made and no frame begins
-    int uploadsLeft = 1000000;           ///< the uploads after these fail
-    std::vector<FakeTexture*> textures;  ///< that exist, oldest first
-    std::vector<Drawn> drawn;            ///< everything drawn so far
-    std::vector<Part> parts;             ///< those of `drawn` that are parts of a texture
+    bool ready = true;                       ///< false: no texture is made and no frame begins
+    std::atomic<int> uploadsLeft = 1000000;  ///< the uploads after these fail
+    std::mutex texturesLock;                 ///< held while a texture is made or goes, on any thread
+    std::vector<FakeTexture*> textures;      ///< that exist, oldest first
+    std::vector<Drawn> drawn;                ///< everything drawn so far
+    std::vector<Part> parts;                 ///< those of `drawn` that are parts of a texture
     /// Called in the middle of `endFrame`, on the thread that draws; may be empty.
     std::function<void()> onEndFrame;
 };
@@ -74,9 +77,13 @@ class FakeTexture final : public Texture {
 public:
     FakeTexture(FakeRenderer& renderer, std::uint16_t width, std::uint16_t height)
         : renderer_(renderer), width_(width), height_(height) {
+        const std::lock_guard lock(renderer_.texturesLock);
         renderer_.textures.push_back(this);
     }
-    ~FakeTexture() override { std::erase(renderer_.textures, this); }
+    ~FakeTexture() override {
+        const std::lock_guard lock(renderer_.texturesLock);
+        std::erase(renderer_.textures, this);
+    }
 
     [[nodiscard]] Texture* clone() const override { return nullptr; }
     [[nodiscard]] bool isValid() const override { return true; }
