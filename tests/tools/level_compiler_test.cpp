@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <span>
 #include <sstream>
@@ -28,7 +30,7 @@ const BlockPalette& palette() {
         "[43]\nname=t.pipe.single\ntype=3\n[44]\nname=t.pipe.joint\ntype=3\n"
         "[50]\nname=t.hidden\ntype=6\n[60]\nname=t.door\ntype=8\n[70]\nname=t.spawn\ntype=9\n"
         "[80]\nname=shade\n[83]\nname=shade.left\n[84]\nname=shade.right\n[81]\nname=t.lamp\n[82]\nname=lamp\n"
-        "[91]\nname=sun.11\n[92]\nname=sun.12\n[93]\nname=sun.21\n[94]\nname=sun.22\n";
+        "[91]\nname=sun.11\n[92]\nname=sun.12\n[93]\nname=sun.21\n[94]\nname=sun.23\n";
     static const BlockPalette kPalette(SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(kTable.data()),
                                                           static_cast<std::uint32_t>(kTable.size())));
     return kPalette;
@@ -132,7 +134,7 @@ const DressedRow kDressedRows[] = {
     {"placed: a block", "....", kLamps, Slot::Base, 0, "21 _ _ _"},
     {"placed: the world's own lamp", "....", kLamps, Slot::Layer2, 0, "_ 81 _ _"},
     {"placed: objects, the last line wins", "....", kLamps + "object 99 3 0\n", Slot::Object, 0, "_ _ 28 99"},
-    {"a large thing, second row", kSun, "layer4 sun 1 1\n", Slot::Layer4, 2, "_ 93 94 _"},
+    {"a large thing, second row", kSun, "layer4 sun 1 1\n", Slot::Layer4, 2, "_ 93 _ 94"},
     {"a legend changes the block", "Xwk", "legend X marble\nlegend w wall~2\nlegend k wall~3\n", Slot::Base, 0,
      "21 1 2"},
 };
@@ -194,6 +196,29 @@ TEST(BlockTable, BecomesWhatTheGameReads) {
                              error),
               "; c\r\n[6]\r\ntype=1\r\nspriteFire=88\r\nspriteRost=164\r\n[7]\r\nsprite=90\r\n");
     EXPECT_EQ(packBlockTable("[6]\r\ntype=2\r\n", error), "[6]\r\ntype=2\r\n");
+}
+
+TEST(BlockTable, OfTheGameHasEveryBlockInEveryWorld) {
+    std::ifstream file(GRUB_CONTENT_DIR "/levels/typeblok.ini", std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    TextError error;
+    const auto table = packBlockTable(text, error);
+    ASSERT_TRUE(table) << error.in("typeblok.ini");
+    const BlockPalette blocks(SharedBuffer::view(reinterpret_cast<const std::uint8_t*>(table->data()),
+                                                 static_cast<std::uint32_t>(table->size())));
+    constexpr std::string_view kShapes[] = {
+        "wall",        "wall~2",        "floor",     "floor~2",     "floor.left",  "floor.right",     "floor.single",
+        "floor.under", "floor.under~2", "solid",     "solid.under", "ladder",      "ladder.top",      "ladder.foot",
+        "hidden",      "pipe",          "pipe.left", "pipe.right",  "pipe.single", "pipe.joint",      "door",
+        "door.bars",   "door.gate",     "spawn",     "lamp",        "wallpipe",    "wallpipe.upright"};
+    for (const LevelWorld& world : kLevelWorlds) {
+        for (const std::string_view shape : kShapes) {
+            const Block* first = blocks.byName("turma." + std::string(shape));
+            const Block* own = blocks.byName(std::string(world.name) + "." + std::string(shape));
+            ASSERT_TRUE(first != nullptr && own != nullptr) << world.name << " " << shape;
+            EXPECT_EQ(own->type, first->type) << own->name;
+        }
+    }
 }
 
 TEST(BlockTable, RefusesWhatTheGameWouldSkipOrMisread) {

@@ -18,6 +18,8 @@ constexpr std::array<std::string_view, 7> kShapes{"left", "right", "single", "un
 constexpr int kJointEvery = 3;
 /// Of eight equal cells about five show the plain picture and three show one of its variants.
 constexpr unsigned kPlainInEight = 5;
+/// The most columns and rows of a thing that is larger than a cell.
+constexpr int kMostOfGroup = 9;
 
 constexpr bool isMasonry(BlockType type) { return type == BlockType::Floor || type == BlockType::Solid; }
 constexpr bool isRungs(BlockType type) { return type == BlockType::Ladder || type == BlockType::HiddenLadder; }
@@ -213,10 +215,14 @@ private:
         return palette_.find(source_.world, placement.name + "." + digits);
     }
 
+    /// All of its blocks; a number without a block is a cell that stays as it is.
     bool placeGroup(const Placement& placement) {
-        for (int row = 0; group(placement, 0, row) != nullptr; ++row)
-            for (int column = 0; const Block* part = group(placement, column, row); ++column)
-                if (!put(placement, column, row, part->id)) return false;
+        for (int row = 0; row < kMostOfGroup; ++row) {
+            for (int column = 0; column < kMostOfGroup; ++column) {
+                const Block* part = group(placement, column, row);
+                if (part != nullptr && !put(placement, column, row, part->id)) return false;
+            }
+        }
         return true;
     }
 
