@@ -7,13 +7,11 @@
 #include "application.h"
 #include "desktop/icons.h"
 #include "engine_services.h"
+#include "settings.h"
 
 namespace grub {
 
 namespace {
-
-constexpr const char* kSettingsKey = "SOFTWARE\\Quenmor\\Grubaway";
-constexpr const char* kFullScreenValue = "FULLSCREEN";
 
 DWORD readFullScreen(HKEY key) {
     DWORD value = 0;
