@@ -13,7 +13,6 @@ constexpr std::size_t kTextLength = 8;
 
 /// Far above what fifty levels can give, and so low that play cannot count beyond 32 bits.
 constexpr int kMostLives = 1'000'000;
-constexpr int kHighestScore = 1'000'000'000;
 
 bool isPlayable(const GameProgress& game) {
     return game.levelIndex >= 0 && game.levelIndex < static_cast<int>(kLevelCount) && game.lives >= 1 &&

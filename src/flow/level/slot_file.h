@@ -11,6 +11,9 @@
 
 namespace grub {
 
+/// No game can come to a higher score; still so low that play cannot count beyond 32 bits.
+inline constexpr int kHighestScore = 1'000'000'000;
+
 /// The state of a game at the start of a level: what a slot keeps.
 struct GameProgress {
     int levelIndex = 0;  // 0 to 49
