@@ -5,6 +5,7 @@
 #include "control/script.h"
 #include "crt.h"
 #include "desktop/video.h"
+#include "direct_start.h"
 #include "files/files.h"
 #include "game_steering.h"
 #include "game_window.h"
@@ -25,9 +26,10 @@ struct Game {
     ResourcePackage sound{"sound.pak"};
     SoundBank bank{sound};
     LevelScene level{data, levels};
-    MenuShell shell;
+    MenuShell shell{data, level};
+    DirectStart directStart;
 
-    explicit Game(int startIndex) : shell(data, level, startIndex) {}
+    explicit Game(int startIndex) : directStart(data, level, startIndex) {}
 };
 
 // Sets up what lies below the game. False after one line on standard error.
@@ -49,8 +51,12 @@ int runGame(const char* commandLine, const PlayStart& start) {
     game.level.setLevel(start.level);
     if (start.steering != nullptr) game.level.setSteering(*start.steering);
     SoundBank::setCurrent(&game.bank);
+    game.shell.setFullScreen(!windowed);
     application.registerScene(kLevelSceneId, game.level);
-    application.registerScene(kMenuShellId, game.shell);
+    if (start.withoutMenu)
+        application.registerScene(kMenuShellId, game.directStart);
+    else
+        application.registerScene(kMenuShellId, game.shell);
 
     application.run(kMenuShellId);
     return game.level.stage().hasRefusedLevel() ? 1 : 0;

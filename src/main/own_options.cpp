@@ -91,7 +91,7 @@ OwnOptions readOwnOptions(int argc, const char* const* argv) {
     app.add_option("--data", options.dataDirectory, "Directory that holds the packages")
         ->type_name("DIR")
         ->check(CLI::Validator(faultOfData, ""));
-    app.add_option("--level", level, "Level to start with: 1 to 50, or a level file")
+    app.add_option("--level", level, "Play this level at once, without the menu: 1 to 50, or a level file")
         ->type_name("NAME")
         ->check(CLI::Validator(faultOfLevel, ""));
     app.add_option("--script", options.scriptFile, "Play a script, without screen and sound")->type_name("FILE");
@@ -110,6 +110,7 @@ OwnOptions readOwnOptions(int argc, const char* const* argv) {
     }
     if (options.exitCode) return options;
     startAt(level, options.start);
+    options.start.withoutMenu = !level.empty() || !options.replayFile.empty() || !options.recordFile.empty();
     if (!options.scriptFile.empty()) options.start.seed = kScriptSeed;
     std::vector<std::string> words = app.remaining();
     if (fullScreen) words.emplace_back("F");

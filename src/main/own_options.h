@@ -7,8 +7,10 @@ namespace grub {
 
 class Steering;
 
-/// Where play begins. Makers of levels and tests change it; the usual start is the default.
+/// Where play begins. Makers of levels and tests change it; the usual start, with the menu, is the default.
 struct PlayStart {
+    /// Whether play begins at once and ends the program, without the menu.
+    bool withoutMenu = false;
     /// Place in the level list, 0 to 49.
     int levelIndex = 0;
     /// The level in that place: a name of the list or a level file. Empty: the list's own.

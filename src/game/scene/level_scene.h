@@ -62,8 +62,15 @@ public:
     [[nodiscard]] int slotToLoad() const { return slotToLoad_; }
     void chooseSlot(int slot) { slotToLoad_ = slot; }
 
+    /// The volumes of all sounds of the game.
+    void setVolumes(Volumes volumes) { stage_.sound().setVolumes(volumes); }
+    /// Gives them to all sounds that are loaded now; a load of sounds forgets them.
+    void applyVolumes() const { stage_.sound().applyVolumes(); }
+
     /// Why play was left last; FirstStart before the first visit.
     [[nodiscard]] ExitCode exitCode() const { return exitCode_; }
+    /// Whether the window was to be closed during the last visit.
+    [[nodiscard]] bool isCloseRequested() const { return closeRequested_; }
     [[nodiscard]] LevelState state() const { return state_; }
     /// The game as it stands between two attempts; the numbers of the attempt on the stage are those of its world.
     [[nodiscard]] const GameRun& game() const { return run_; }

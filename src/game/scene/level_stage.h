@@ -46,6 +46,7 @@ public:
     [[nodiscard]] bool isBuilt() const { return world_.has_value(); }
     [[nodiscard]] const Camera& camera() const { return camera_; }
     [[nodiscard]] LevelSound& sound() { return sound_; }
+    [[nodiscard]] const LevelSound& sound() const { return sound_; }
 
     // What follows needs a level that is built.
 

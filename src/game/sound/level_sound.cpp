@@ -15,8 +15,13 @@ constexpr int kHalfOfRandom = 16383;
 void LevelSound::applyVolumes() const {
     SoundBank* const bank = SoundBank::current();
     if (!bank) return;
-    bank->setMusicVolume(kMusicLevel);
-    bank->setEffectsVolume(kEffectsLevel);
+    bank->setMusicVolume(static_cast<std::uint32_t>(volumes_.music));
+    bank->setEffectsVolume(static_cast<std::uint32_t>(volumes_.effects));
+}
+
+void LevelSound::setVolumes(Volumes volumes) {
+    volumes_ = volumes;
+    applyVolumes();
 }
 
 void LevelSound::loadSecondPhase() {

@@ -9,14 +9,18 @@
 
 namespace grub {
 
+/// Volume levels of the settings, 0 to 8. Until the player chooses others, music stays well behind the effects.
+struct Volumes {
+    int effects = 7;
+    int music = 3;
+};
+
 /// What a level sounds like: plays what the world asks for, and the music of the level, from the current sound bank.
 /// Without a bank all is silent. Game thread, but for `loadSecondPhase`.
 class LevelSound {
 public:
-    /// Volume levels, 0 to 9, until the player chooses others: music stays well behind the effects.
-    static constexpr std::uint32_t kEffectsLevel = 7;
-    static constexpr std::uint32_t kMusicLevel = 3;
-
+    /// Changes the volumes, at once for all sounds that are loaded.
+    void setVolumes(Volumes volumes);
     /// Gives both volumes to all sounds that are loaded. A load forgets them.
     void applyVolumes() const;
     /// Loads the sounds of bonuses and lost levels; on the loader thread.
@@ -35,6 +39,7 @@ public:
     [[nodiscard]] std::optional<MusicId> track() const { return track_; }
 
 private:
+    Volumes volumes_;
     std::optional<MusicId> track_;
 };
 
