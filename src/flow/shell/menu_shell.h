@@ -17,7 +17,7 @@
 #include "picture_sequence.h"
 #include "resource_source.h"
 #include "scene.h"
-#include "score_file.h"
+#include "high_scores.h"
 #include "score_pages.h"
 #include "screen_transition.h"
 #include "settings.h"
