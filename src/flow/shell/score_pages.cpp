@@ -57,7 +57,6 @@ ShellRequest ScorePage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
 void NamePage::open() {
     entry_ = {};
     okPressed_ = false;
-    added_ = false;
 }
 
 void NamePage::draw(const MenuBoard& board) const {
@@ -71,8 +70,9 @@ void NamePage::draw(const MenuBoard& board) const {
 }
 
 ShellRequest NamePage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
+    if (entry_.isComplete()) return ShellRequest::None;
     entry_.keyDown(static_cast<KeyCode>(keyCode));
-    if (!entry_.isComplete() || added_) return ShellRequest::None;
+    if (!entry_.isComplete()) return ShellRequest::None;
     playEffect(SoundId::MenuClick);
     addHighScore(board);
     return ShellRequest::None;
@@ -85,12 +85,14 @@ ShellRequest NamePage::mouseDown(MenuBoard& board) {
 
 ShellRequest NamePage::mouseUp(MenuBoard& board) {
     okPressed_ = false;
-    if (board.isReleased("buttonup_01") && !added_) addHighScore(board);
+    if (!board.isReleased("buttonup_01") || entry_.isComplete()) return ShellRequest::None;
+    entry_.finish();
+    addHighScore(board);
     return ShellRequest::None;
 }
 
+// A complete name ignores what follows: a result enters the table once, however often the player confirms.
 void NamePage::addHighScore(MenuBoard& board) {
-    added_ = true;
     const GameProgress& result = level_.game().current;
     scores_.add({.name = entry_.name(), .score = result.score, .levelIndex = result.levelIndex});
     board.goToPage(MenuButton::Scores);

@@ -43,7 +43,6 @@ private:
     const LevelScene& level_;
     NameEntry entry_;
     bool okPressed_ = false;
-    bool added_ = false;  // a result enters the table once, however often the player confirms
 };
 
 }  // namespace grub
