@@ -52,6 +52,7 @@ int runGame(const char* commandLine, const PlayStart& start) {
     if (start.steering != nullptr) game.level.setSteering(*start.steering);
     SoundBank::setCurrent(&game.bank);
     game.shell.setFullScreen(!windowed);
+    game.directStart.setFullScreen(!windowed);
     application.registerScene(kLevelSceneId, game.level);
     if (start.withoutMenu)
         application.registerScene(kMenuShellId, game.directStart);

@@ -18,9 +18,16 @@ bool DirectStart::enter() {
     if (SoundBank* const bank = SoundBank::current()) bank->load(false);
     gameInterface_ = std::make_unique<KestInterface>(data_, "make_z64");
     level_.setGameInterface(*gameInterface_);
+    loadSettings(settings_);
+    level_.setVolumes({.effects = settings_.sound, .music = settings_.music});
     level_.startLoadingPass();
     level_.requestNewGame(startIndex_);
     return true;
+}
+
+// The start of the program has used up the player's wish for the full screen.
+void DirectStart::leave() {
+    if (settings_.fullScreen) saveSettings(settings_);
 }
 
 void DirectStart::run() {

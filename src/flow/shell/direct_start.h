@@ -5,6 +5,7 @@
 #include "kest_interface.h"
 #include "resource_source.h"
 #include "scene.h"
+#include "settings.h"
 
 namespace grub {
 
@@ -19,10 +20,13 @@ public:
     DirectStart(ResourceSource& data, LevelScene& level, int startIndex)
         : data_(data), level_(level), startIndex_(startIndex) {}
 
+    /// Whether the program runs on the full screen.
+    void setFullScreen(bool fullScreen) { settings_.fullScreen = fullScreen; }
+
     /// Only a request to close the window counts; it ends the program.
     void handleMessage(const SharedRef<SceneMessage>& message) override;
     bool enter() override;
-    void leave() override {}
+    void leave() override;
     void run() override;
 
 private:
@@ -30,6 +34,7 @@ private:
     LevelScene& level_;
     std::unique_ptr<KestInterface> gameInterface_;  // from the first visit on; the level scene uses it too
     const int startIndex_;
+    Settings settings_;
     bool firstVisit_ = true;
     bool quit_ = false;
 };

@@ -28,8 +28,7 @@ ShellRequest ExitPage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
 }
 
 ShellRequest ExitPage::mouseDown(MenuBoard& board) {
-    // NOLINTNEXTLINE(bugprone-unused-return-value): the press is remembered for the release
-    static_cast<void>(board.isPressed("start_logo"));
+    board.press("start_logo");
     return ShellRequest::None;
 }
 
@@ -37,13 +36,13 @@ ShellRequest ExitPage::mouseUp(MenuBoard& board) {
     return board.isReleased("start_logo") ? ShellRequest::Quit : ShellRequest::None;
 }
 
-void QuickExit::draw(const MenuBoard& board) const {
+void QuickExitPage::draw(const MenuBoard& board) const {
     for (const char* const item : {"background", "logo", "splash", "text_info"}) board.drawFixed(item);
     board.drawSlid("a_button_stat");
     board.drawSlid("a_button_down", choice_);
 }
 
-ShellRequest QuickExit::keyDown(std::uint32_t keyCode, MenuBoard& /*board*/) {
+ShellRequest QuickExitPage::keyDown(std::uint32_t keyCode, MenuBoard& /*board*/) {
     constexpr int kLeave = 0;
     constexpr int kLast = 2;
     switch (keyCode) {

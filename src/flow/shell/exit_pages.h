@@ -19,8 +19,9 @@ private:
     int choice_ = 0;
 };
 
-/// The dialog that the key A calls: leave, or go back in two words. It has no column and leaves the mouse alone.
-class QuickExit final : public MenuPage {
+/// The dialog that the key A calls: it leaves, or goes back, for which it has two words. It has no column and leaves
+/// the mouse alone.
+class QuickExitPage final : public MenuPage {
 public:
     [[nodiscard]] const char* layout() const override { return "a_exit"; }
     void open() override { choice_ = 0; }

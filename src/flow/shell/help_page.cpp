@@ -1,6 +1,7 @@
 #include "help_page.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <string_view>
 
@@ -84,11 +85,11 @@ void HelpPage::keyUp(std::uint32_t code) {
 
 // The arrows lie on the sheet, so they come first; a click elsewhere on it turns it.
 ShellRequest HelpPage::mouseDown(MenuBoard& board) {
-    if (board.isPressed("abuttonstat_02u"))
+    if (board.press("abuttonstat_02u"))
         turn(1, board);
-    else if (board.isPressed("abuttonstat_01u"))
+    else if (board.press("abuttonstat_01u"))
         turn(-1, board);
-    else if (board.isPressed("start_logo"))
+    else if (board.press("start_logo"))
         turn(1, board);
     return ShellRequest::None;
 }

@@ -8,12 +8,12 @@ namespace grub {
 class HelpPage final : public MenuPage {
 public:
     [[nodiscard]] const char* layout() const override { return "help_menu"; }
+    /// No arrow is pressed. The sheet is the one that was read last.
+    void open() override { leftPressed_ = rightPressed_ = false; }
     void draw(const MenuBoard& board) const override;
     ShellRequest keyDown(std::uint32_t keyCode, MenuBoard& board) override;
     void keyUp(std::uint32_t code) override;
     ShellRequest mouseDown(MenuBoard& board) override;
-    /// No arrow is pressed, as for each visit of the shell. The sheet stays.
-    void rewind() { leftPressed_ = rightPressed_ = false; }
 
 private:
     void turn(int step, const MenuBoard& board);

@@ -44,8 +44,7 @@ void LoadPage::moveSlot(int step) { level_.chooseSlot(std::clamp(level_.slotToLo
 
 ShellRequest LoadPage::mouseDown(MenuBoard& board) {
     for (int slot = 0; slot < kSaveSlots; ++slot)
-        if (board.isPressed(kSlotElements.at(static_cast<std::size_t>(slot))) && slotExists(slot))
-            level_.chooseSlot(slot);
+        if (board.press(kSlotElements.at(static_cast<std::size_t>(slot))) && slotExists(slot)) level_.chooseSlot(slot);
     return ShellRequest::None;
 }
 

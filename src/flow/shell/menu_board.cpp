@@ -24,7 +24,7 @@ void MenuBoard::goToPage(int button) {
     slide.leave();
 }
 
-bool MenuBoard::isPressed(std::string_view element) {
+bool MenuBoard::press(std::string_view element) {
     if (!pages_->hitTest(EngineString(element), mouse)) return false;
     pressed_ = element;
     playEffect(SoundId::MenuClick);

@@ -6,13 +6,11 @@
 
 #include "engine_string.h"
 #include "kest_interface.h"
+#include "menu_column.h"
 #include "page_slide.h"
 #include "picture.h"
 
 namespace grub {
-
-/// The buttons of the menu's left column, from top to bottom. Each leads to a page.
-enum class MenuButton : int { Start = 0, Load = 1, Options = 2, Scores = 3, Help = 4, Exit = 5 };
 
 /// What the pages of the menu share: the interface that they are drawn from, the column of buttons, the slide, the
 /// mouse.
@@ -37,11 +35,12 @@ public:
     void goToPage(MenuButton button) { goToPage(static_cast<int>(button)); }
     /// The highlighted button.
     [[nodiscard]] int cursor() const { return cursor_; }
-    void setCursor(MenuButton button) { cursor_ = static_cast<int>(button); }
+    [[nodiscard]] MenuButton button() const { return static_cast<MenuButton>(cursor_); }
+    void setButton(MenuButton button) { cursor_ = static_cast<int>(button); }
 
     /// The left mouse button goes down: whether it does so over this element of the current page. Then a click is
     /// heard.
-    [[nodiscard]] bool isPressed(std::string_view element);
+    bool press(std::string_view element);
     /// The button goes up: whether it does so over this element, having gone down there. A click that began elsewhere
     /// must not leave the game or load another one.
     [[nodiscard]] bool isReleased(std::string_view element) const;

@@ -7,6 +7,7 @@
 #include "engine_timer.h"
 #include "exit_pages.h"
 #include "help_page.h"
+#include "high_scores.h"
 #include "input_messages.h"
 #include "kest_interface.h"
 #include "load_page.h"
@@ -17,7 +18,6 @@
 #include "picture_sequence.h"
 #include "resource_source.h"
 #include "scene.h"
-#include "high_scores.h"
 #include "score_pages.h"
 #include "screen_transition.h"
 #include "settings.h"
@@ -52,13 +52,16 @@ private:
     void buildInterfaces();
     void enterMenu();
     void showPage(ShellMode mode);
-    [[nodiscard]] MenuPage& page();
+    /// Null while a picture is shown.
+    [[nodiscard]] MenuPage* page();
     void showPicture(ShellMode mode);
     void handOver() { running_ = false; }
 
-    // What messages do
-    void press(std::uint32_t code);
+    // What messages do (shell_messages.cpp)
+    void mouse(const MouseMessage& message);
     void moveMouse(Position mouse);
+    void press(std::uint32_t code);
+    void release(std::uint32_t code);
     void mouseDown();
     ShellRequest columnDown();
     void mouseUp();
@@ -87,7 +90,7 @@ private:
     NamePage namePage_{scores_, level_};
     HelpPage help_;
     ExitPage exit_;
-    QuickExit quickExit_;
+    QuickExitPage quickExit_;
 
     // What needs the renderer is there from the first visit on.
     std::unique_ptr<KestInterface> menu_;

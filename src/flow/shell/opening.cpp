@@ -6,30 +6,32 @@
 namespace grub {
 
 bool Opening::step(bool mayEnd) {
-    switch (step_++) {
-        case 0: break;
-        case 1:
-            menu_.stopAnimations();
-            startSound();
-            break;
-        case 2:
-            menu_.prepareLayout("start_menu");
-            menu_.prepareLayout("load_menu");
-            break;
-        case 3: menu_.prepareLayout("exit"); break;
-        case 4: menu_.prepareLayout("a_exit"); break;
-        case 5:
-            game_.prepareLayout("komiks1");
-            menu_.prepareLayout("help_menu");
-            break;
-        default:
-            step_ = 6;
-            if (!mayEnd) break;
-            menu_.prepareLayout("options_menu");
-            menu_.prepareLayout("highscore_menu");
-            return true;
+    constexpr int kLastStep = 6;
+    if (step_ < kLastStep) {
+        prepare(step_++);
+        return false;
     }
-    return false;
+    if (!mayEnd) return false;
+    menu_.prepareLayout("options_menu");
+    menu_.prepareLayout("highscore_menu");
+    return true;
+}
+
+void Opening::prepare(int step) {
+    if (step == 1) {
+        menu_.stopAnimations();
+        startSound();
+    }
+    if (step == 2) {
+        menu_.prepareLayout("start_menu");
+        menu_.prepareLayout("load_menu");
+    }
+    if (step == 3) menu_.prepareLayout("exit");
+    if (step == 4) menu_.prepareLayout("a_exit");
+    if (step == 5) {
+        game_.prepareLayout("komiks1");
+        menu_.prepareLayout("help_menu");
+    }
 }
 
 void Opening::startSound() {

@@ -18,6 +18,7 @@ public:
     bool step(bool mayEnd);
 
 private:
+    void prepare(int step);
     void startSound();
 
     KestInterface& menu_;

@@ -71,10 +71,10 @@ void OptionsPage::change(int step) {
 }
 
 ShellRequest OptionsPage::mouseDown(MenuBoard& board) {
-    if (board.isPressed(kSoundGroove)) control_ = Control::Sound;
-    if (board.isPressed(kMusicGroove)) control_ = Control::Music;
+    if (board.press(kSoundGroove)) control_ = Control::Sound;
+    if (board.press(kMusicGroove)) control_ = Control::Music;
     setVolumeFrom(board);
-    if (board.isPressed(kBox)) {
+    if (board.press(kBox)) {
         control_ = Control::FullScreen;
         toggleFullScreen();
     }

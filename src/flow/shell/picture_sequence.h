@@ -16,10 +16,10 @@ public:
 
     /// The picture of a mode is about to come.
     void open(ShellMode mode);
-    /// Draws a drawn frame of the picture. Returns true while no tiles lie over it.
+    /// Draws the picture, with the tiles that come or go. Returns true when it has drawn no tiles.
     bool draw(ShellMode mode);
-    /// The player presses something: the picture of a comic goes. The first press counts; a held key, which is pressed
-    /// again and again, must not begin its going anew.
+    /// The player presses something: the picture of a comic goes. Only the first press counts, since a held key is
+    /// pressed again and again, and each press would bring the first tiles back.
     void press(ShellMode mode);
     /// Whether something has been pressed since the picture came, or since `forgetPress`.
     [[nodiscard]] bool isPressed() const { return pressed_; }

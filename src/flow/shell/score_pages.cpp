@@ -56,6 +56,8 @@ ShellRequest ScorePage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
 
 void NamePage::open() {
     entry_ = {};
+    heldKey_.reset();
+    if (level_.isKeyHeld()) heldKey_ = level_.lastKey();
     okPressed_ = false;
 }
 
@@ -70,7 +72,7 @@ void NamePage::draw(const MenuBoard& board) const {
 }
 
 ShellRequest NamePage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
-    if (entry_.isComplete()) return ShellRequest::None;
+    if (entry_.isComplete() || heldKey_ == keyCode) return ShellRequest::None;
     entry_.keyDown(static_cast<KeyCode>(keyCode));
     if (!entry_.isComplete()) return ShellRequest::None;
     playEffect(SoundId::MenuClick);
@@ -79,7 +81,7 @@ ShellRequest NamePage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
 }
 
 ShellRequest NamePage::mouseDown(MenuBoard& board) {
-    if (board.isPressed("buttonup_01")) okPressed_ = true;
+    if (board.press("buttonup_01")) okPressed_ = true;
     return ShellRequest::None;
 }
 

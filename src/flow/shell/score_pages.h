@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "high_scores.h"
 #include "menu_page.h"
 #include "name_entry.h"
@@ -33,6 +35,7 @@ public:
     void open() override;
     void draw(const MenuBoard& board) const override;
     ShellRequest keyDown(std::uint32_t keyCode, MenuBoard& board) override;
+    void keyUp(std::uint32_t /*code*/) override { heldKey_.reset(); }
     ShellRequest mouseDown(MenuBoard& board) override;
     ShellRequest mouseUp(MenuBoard& board) override;
 
@@ -42,6 +45,7 @@ private:
     HighScores& scores_;
     const LevelScene& level_;
     NameEntry entry_;
+    std::optional<std::uint32_t> heldKey_;  // since play; its repeats must not write a name
     bool okPressed_ = false;
 };
 

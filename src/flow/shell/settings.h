@@ -1,5 +1,7 @@
 #pragma once
 
+#include "level_sound.h"
+
 namespace grub {
 
 /// The loudest level of sound and music; 0 is silence.
@@ -7,9 +9,9 @@ inline constexpr int kLoudestSetting = 8;
 
 /// What the player has set.
 struct Settings {
-    int sound = 7;            // level of the effects, 0 to `kLoudestSetting`
-    int music = 3;            // the same
-    bool fullScreen = false;  // how the next start of the program opens
+    int sound = Volumes{}.effects;  // 0 to `kLoudestSetting`
+    int music = Volumes{}.music;    // the same
+    bool fullScreen = false;        // how the next start of the program opens
 
     bool operator==(const Settings&) const = default;
 };

@@ -8,42 +8,40 @@
 namespace grub {
 namespace {
 
-/// The pages in the order of `MenuButton`.
-constexpr std::array kPages{ShellMode::Start,  ShellMode::Load, ShellMode::Options,
-                            ShellMode::Scores, ShellMode::Help, ShellMode::Exit};
-
 /// From here the page comes back after the quick exit: a step further out than pages go.
 constexpr int kQuickExitOffset = 500;
 
 }  // namespace
 
+// What stands still is drawn again only when a message comes. Tiles are not there any more only in the frame after the
+// last one that had some, and a frame that did not reach the screen is owed.
 void MenuShell::drawFrame() {
     frameDue_ = false;
-    const bool open = EngineServices::renderer()->beginFrame();
+    const ShellMode before = mode_;
+    const bool hasTiles = isPicture(mode_) && !transition_->isFinished();
+    bool isShown = EngineServices::renderer()->beginFrame();
     if (isPicture(mode_))
         drawPicture();
     else
         drawPage();
-    if (open) EngineServices::renderer()->endFrame();
-    redraw_ = isMoving();
+    isShown = isShown && EngineServices::renderer()->endFrame();
+    redraw_ = !isShown || hasTiles || mode_ != before || isMoving();
 }
 
-// A page that stands still is drawn when a message comes; it would look the same.
 bool MenuShell::isMoving() const {
-    if (mode_ == ShellMode::Opening) return true;
-    if (isPicture(mode_)) return !transition_->isFinished() || pictures_->isPressed();
+    if (isPicture(mode_)) return mode_ == ShellMode::Opening || pictures_->isPressed();
     return board_.slide.offset() != 0;
 }
 
 void MenuShell::drawPage() {
     board_.slide.stepIn();
-    page().draw(board_);
+    page()->draw(board_);
     if (board_.slide.stepOut()) swapPage();
 }
 
 void MenuShell::swapPage() {
     playEffect(SoundId::MenuListDown);
-    showPage(kPages.at(static_cast<std::size_t>(board_.cursor())));
+    showPage(rowOf(board_.button()).mode);
 }
 
 void MenuShell::returnFromQuickExit() {
@@ -69,17 +67,14 @@ void MenuShell::openingFrame() {
 void MenuShell::pictureGone() {
     EngineServices::renderer()->clear(kBlack);
     pictures_->forgetPress();
-    switch (mode_) {
-        case ShellMode::FirstComic: return showPicture(ShellMode::SecondComic);
-        case ShellMode::SecondComic: level_.requestNewGame(0); return handOver();
-        case ShellMode::MiddleComic: return handOver();
-        case ShellMode::FinalComic:
-            game_->stopAnimations();
-            menu_->prepareAll();
-            break;
-        default: break;
+    if (mode_ == ShellMode::FirstComic) return showPicture(ShellMode::SecondComic);
+    if (mode_ == ShellMode::SecondComic) level_.requestNewGame(0);
+    if (mode_ == ShellMode::SecondComic || mode_ == ShellMode::MiddleComic) return handOver();
+    if (mode_ == ShellMode::FinalComic) {
+        game_->stopAnimations();
+        menu_->prepareAll();
     }
-    board_.setCursor(MenuButton::Start);
+    board_.setButton(MenuButton::Start);
     showPage(ShellMode::Start);
 }
 

@@ -12,7 +12,7 @@ enum class ShellMode : int {
     Exit = 7,
     Help = 8,
     Opening = 10,      ///< the first picture, while music and pages are loaded
-    OpeningEnd = 11,   ///< it goes
+    OpeningEnd = 11,   ///< the first picture goes
     FirstComic = 12,   ///< before a new game
     SecondComic = 13,  ///< after the first comic
     MiddleComic = 14,  ///< after the first world

@@ -9,8 +9,8 @@
 namespace grub {
 namespace {
 
-/// Enter, the middle mouse button, Caps Lock, and the system's own code of the space bar, which arrives as `KeySpace`.
-constexpr std::array<std::uint32_t, 4> kStartCodes{KeyEnter, static_cast<std::uint32_t>(MouseButton::Middle), 20, 32};
+/// Enter and Caps Lock. 13 and 32 are what the system calls Enter and the space bar; both arrive under other codes.
+constexpr std::array<std::uint32_t, 4> kStartCodes{KeyEnter, 13, 20, 32};
 
 }  // namespace
 
@@ -32,7 +32,7 @@ ShellRequest StartPage::keyDown(std::uint32_t keyCode, MenuBoard& board) {
 }
 
 ShellRequest StartPage::mouseDown(MenuBoard& board) {
-    return board.isPressed("start_logo") ? ShellRequest::NewGame : ShellRequest::None;
+    return board.press("start_logo") ? ShellRequest::NewGame : ShellRequest::None;
 }
 
 }  // namespace grub

@@ -23,6 +23,7 @@ bool LevelScene::enter() {
     stage_.teardownLevel();
     resources_.animations().forgetCount();
     closeRequested_ = false;
+    keyHeld_ = false;
     if (newGameAt_) run_.begin(*newGameAt_);
     newGameAt_.reset();
     run_.collectedKeys.clear();
@@ -38,14 +39,14 @@ bool LevelScene::enter() {
     return true;
 }
 
-// A request to close that came last belongs to this visit.
+// What came last belongs to this visit: a request to close, above all.
 void LevelScene::leave() {
     stage_.teardownLevel();
-    processMessages();
     pacer_.stop();
     transition_.reset();
     pages_->stopAnimations();
     resources_.animations().releaseAll();
+    processMessages();
 }
 
 void LevelScene::run() {
@@ -92,7 +93,7 @@ void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
     if (message->type == MessageType::CloseRequest) closeRequested_ = true;
     if (message->type == MessageType::Pressed) keyHeld_ = true;
     if (message->type == MessageType::Released) keyHeld_ = false;
-    if (message->source == MessageSource::Mouse) return mouse(static_cast<const MouseMessage&>(*message));
+    if (message->source == MessageSource::Mouse) return mouseMessage(static_cast<const MouseMessage&>(*message));
     if (message->source != MessageSource::Keyboard) return;
     const std::uint32_t keyCode = static_cast<const KeyMessage&>(*message).keyCode;
     if (message->type == MessageType::Pressed) keyDown(keyCode);
@@ -107,7 +108,7 @@ void LevelScene::keyDown(std::uint32_t keyCode) {
     if (state_ == LevelState::Playing && (keyCode == KeyEscape || keyCode == KeyC)) callGameMenu();
 }
 
-void LevelScene::mouse(const MouseMessage& message) {
+void LevelScene::mouseMessage(const MouseMessage& message) {
     if (message.type == MessageType::MouseMoved) mouse_ = {message.x, message.y};
     if (!stage_.isBuilt()) return;
     const bool down = message.type == MessageType::Pressed;

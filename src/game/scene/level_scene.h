@@ -78,6 +78,11 @@ public:
     [[nodiscard]] const LevelDialogs& dialogs() const { return dialogs_; }
     [[nodiscard]] const AnimationTable& animations() const { return resources_.animations(); }
     [[nodiscard]] SaveSlots& slots() { return slots_; }
+    /// Where the mouse moved last, in pixels of the screen; two scenes that hand over tell each other.
+    [[nodiscard]] Position mouse() const { return mouse_; }
+    void setMouse(Position mouse) { mouse_ = mouse; }
+    /// Whether no key and no mouse button has been released since one was pressed.
+    [[nodiscard]] bool isKeyHeld() const { return keyHeld_; }
     /// Key code of the last key pressed.
     [[nodiscard]] std::uint32_t lastKey() const { return lastKey_; }
 
@@ -87,7 +92,7 @@ private:
     void giveUp();
     void leaveToShell();
     void keyDown(std::uint32_t keyCode);
-    void mouse(const MouseMessage& message);
+    void mouseMessage(const MouseMessage& message);
     void obey(DialogRequest request);
 
     // The states (level_states.cpp): a handler each, called once a game frame
@@ -138,7 +143,7 @@ private:
     bool loadRequested_ = false;  // the next `enter` loads it
     std::uint32_t lastKey_ = 0;
     Position mouse_;
-    bool keyHeld_ = false;         // no key and no mouse button has been released since one was pressed
+    bool keyHeld_ = false;
     bool closeRequested_ = false;  // the window is to close; until the scene is left
     bool quit_ = false;            // ends the frame loop
 };
