@@ -10,6 +10,9 @@ namespace {
 /// The shell draws a frame at most so often, however many messages come: slides and tiles move a step with each.
 constexpr std::uint32_t kFrameMs = 10;
 
+/// With nothing to draw, the shell sleeps so long unless a message wakes it: a still page costs almost nothing.
+constexpr DWORD kIdleMs = 100;
+
 /// From here the page that asks for a name slides in, in pixels.
 constexpr int kNamePageOffset = 450;
 
@@ -89,7 +92,7 @@ void MenuShell::run() {
             ApplicationBase::instance().selectScene(kLevelSceneId);
             return;
         }
-        waitForMessages(frameTimer_.millisecondsUntilDue());
+        waitForMessages(redraw_ ? frameTimer_.millisecondsUntilDue() : kIdleMs);
         processMessages();
         second_.tick();
         frameTimer_.tick();
