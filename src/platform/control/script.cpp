@@ -5,154 +5,104 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <span>
 #include <utility>
 
+#include "control/script_lines.h"
 #include "desktop/input_map.h"
+#include "desktop/messages.h"
 #include "desktop/presenter.h"
 #include "desktop/screen_picture.h"
 #include "desktop/video.h"
 #include "desktop/window.h"
 #include "dsound/sound_card.h"
+#include "files/registry_store.h"
 #include "kernel/clock.h"
 
 namespace platform {
 namespace {
-
-using Action = ScriptLine::Action;
-
-enum class Operands { None, Key, Point, File };
-
-struct Verb {
-    std::string_view word;
-    Action action;
-    Operands operands;
-};
-constexpr std::array kVerbs{
-    Verb{"down", Action::KeyDown, Operands::Key},           Verb{"up", Action::KeyUp, Operands::Key},
-    Verb{"move", Action::MouseMove, Operands::Point},       Verb{"press", Action::MousePress, Operands::Point},
-    Verb{"release", Action::MouseRelease, Operands::Point}, Verb{"shot", Action::Shot, Operands::File},
-    Verb{"close", Action::Close, Operands::None},
-};
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-/// Takes the first word off `rest`.
-std::string_view takeWord(std::string_view& rest) {
-    const auto word = rest.substr(0, rest.find_first_of(" \t"));
-    rest = trimmed(rest.substr(word.size()));
-    return word;
-}
-
-template <class Number>
-bool parseNumber(std::string_view text, Number& number) {
-    const auto* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end;
-}
-
-/// What is wrong with the operands; empty when they are in `line`.
-std::string takeOperands(Operands operands, std::string_view rest, ScriptLine& line) {
-    switch (operands) {
-        case Operands::None: return rest.empty() ? "" : "nothing is wanted after \"close\"";
-        case Operands::Key:
-            line.name = rest;
-            return namedKey(rest, true) ? "" : "no key is named \"" + line.name + "\"";
-        case Operands::Point: {
-            const bool numbers = parseNumber(takeWord(rest), line.x) && parseNumber(takeWord(rest), line.y);
-            return numbers && rest.empty() ? "" : "two whole numbers are wanted, X and Y";
-        }
-        case Operands::File: {
-            line.name = rest;
-            constexpr std::string_view kEnd = ".png";
-            return rest.size() > kEnd.size() && rest.ends_with(kEnd) ? "" : "a file name ending in .png is wanted";
-        }
-    }
-    return "";
-}
-
-/// What is wrong with the text of one line; empty when it is in `line`.
-std::string parseLine(std::string_view text, ScriptLine& line) {
-    if (text == "stay") {
-        line.count = ScriptLine::Count::Pictures;
-        line.action = Action::Stay;
-        return "";
-    }
-    auto number = takeWord(text);
-    if (number == "picture") {
-        line.count = ScriptLine::Count::Pictures;
-        number = takeWord(text);
-    }
-    const std::uint64_t first = line.count == ScriptLine::Count::Pictures ? 1 : 0;
-    if (!parseNumber(number, line.number) || line.number < first) {
-        return std::string("the number of a ") + (first == 1 ? "picture, from 1," : "game frame, from 0,") +
-               " is wanted instead of \"" + std::string(number) + "\"";
-    }
-    const auto word = takeWord(text);
-    const auto* verb = std::ranges::find(kVerbs, word, &Verb::word);
-    if (verb == kVerbs.end()) {
-        return "down, up, move, press, release, shot or close is wanted instead of \"" + std::string(word) + "\"";
-    }
-    line.action = verb->action;
-    return takeOperands(verb->operands, text, line);
-}
 
 /// How long the program runs on after the script's last line, and how long it may be without a picture before it, in
 /// milliseconds of the hand-driven clock.
 constexpr DWORD kAfterLastLine = 1000;
 constexpr DWORD kLongestStandstill = 60'000;
 
-/// Carries a script out. Its lines are performed on the window's thread while the thread that presented the picture
-/// waits, so that the same script meets the same state of the game each time.
+/// Carries a script out. Its lines are performed on the window's thread while the game waits: for its picture to be
+/// shown, or, with a line of time, for anything at all. So the same script meets the same state of the game each time.
 class ScriptPlayer {
 public:
-    explicit ScriptPlayer(std::vector<ScriptLine> lines) : lines_(std::move(lines)) {}
+    explicit ScriptPlayer(std::vector<ScriptLine> lines) : linesLeft_(lines.size()) {
+        for (ScriptLine& line : lines) (isOfTime(line) ? timeLines_ : pictureLines_).push_back(std::move(line));
+    }
 
     void showFrame(std::uint64_t frame) { framesShown_ = frame + 1; }
 
     /// Performs the lines that are due with this picture.
     void pictureShown(HWND window, std::uint64_t number) {
+        if (window_ == nullptr) {
+            window_ = window;
+            firstPicture_ = clock_.now();
+        }
         playSoundUntilNow();
         const std::uint64_t framesShown = framesShown_;
-        for (auto line = lines_.begin(); line != lines_.end();) {
+        for (auto line = pictureLines_.begin(); line != pictureLines_.end();) {
             const bool isDue = isDueWith(*line, number, framesShown);
             if (isDue) perform(window, *line);
-            line = isDue ? lines_.erase(line) : line + 1;
+            line = isDue ? pictureLines_.erase(line) : line + 1;
         }
-        linesLeft_ = lines_.size();
-        if (lines_.empty() && !stays_) SetEvent(allPerformed_);
+        if (pictureLines_.empty() && !stays_) SetEvent(picturesDone_);
         SetEvent(pictureCame_);
     }
 
     [[nodiscard]] std::size_t linesLeft() const { return linesLeft_; }
 
-    /// Ends the process when its time has come; runs on a thread of its own.
+    /// Performs the lines of time and ends the process when its time has come; runs on a thread of its own.
     [[noreturn]] void watch() {
-        while (WaitForSingleObject(allPerformed_, 0) != WAIT_OBJECT_0) {
-            if (WaitForSingleObject(pictureCame_, kLongestStandstill) == WAIT_OBJECT_0) continue;
-            std::fprintf(stderr, "script: no picture for %u s of its clock, lines are left\n",
-                         kLongestStandstill / 1000);
-            ExitProcess(1);
-        }
+        awaitPicture();
+        for (const ScriptLine& line : timeLines_) performInTime(line);
+        while (WaitForSingleObject(picturesDone_, 0) != WAIT_OBJECT_0) awaitPicture();
         Sleep(kAfterLastLine);
-        ExitProcess(0);
+        ExitProcess(isScriptDone() ? 0 : 1);  // lines of time are left when the window has gone before them
     }
 
 private:
+    static bool isOfTime(const ScriptLine& line) { return line.count == ScriptLine::Count::Milliseconds; }
+
+    void awaitPicture() {
+        if (WaitForSingleObject(pictureCame_, kLongestStandstill) == WAIT_OBJECT_0) return;
+        std::fprintf(stderr, "script: no picture for %u s of its clock, %zu lines are left\n",
+                     kLongestStandstill / 1000, linesLeft());
+        ExitProcess(1);
+    }
+
+    [[nodiscard]] std::uint64_t sinceFirstPicture() const {
+        return static_cast<std::uint64_t>((clock_.now() - firstPicture_).count());
+    }
+
+    /// The threads that the line's millisecond has woken, and those that the line before it has, have their turn first:
+    /// else it would be chance what they do before the line.
+    void performInTime(const ScriptLine& line) {
+        for (auto now = sinceFirstPicture(); now < line.number; now = sinceFirstPicture())
+            Sleep(static_cast<DWORD>(std::min<std::uint64_t>(line.number - now, kLongestStandstill)));
+        clock_.settle();
+        const auto window = windowOf(window_);
+        if (!window) return;  // the line is left
+        callOwner(window, [&]() -> LRESULT {
+            playSoundUntilNow();
+            perform(window_, line);
+            return 0;
+        });
+    }
+
     /// A shot waits for the picture of its game frame, an event for that of the frame before.
     static bool isDueWith(const ScriptLine& line, std::uint64_t picture, std::uint64_t framesShown) {
         if (line.count == ScriptLine::Count::Pictures) return line.number <= picture;
         const std::uint64_t wanted =
-            line.action == Action::Shot ? line.number + 1 : std::max<std::uint64_t>(line.number, 1);
+            line.action == ScriptLine::Action::Shot ? line.number + 1 : std::max<std::uint64_t>(line.number, 1);
         return wanted <= framesShown;
     }
 
@@ -186,6 +136,7 @@ private:
     void perform(HWND handle, const ScriptLine& line) {
         const auto window = windowOf(handle);
         if (!window) return;
+        --linesLeft_;
         switch (line.action) {
             case ScriptLine::Action::KeyDown: return key(*window, line.name, true);
             case ScriptLine::Action::KeyUp: return key(*window, line.name, false);
@@ -199,13 +150,16 @@ private:
     }
 
     HandDrivenClock clock_;
-    std::vector<ScriptLine> lines_;  // that are left
-    std::atomic<std::size_t> linesLeft_ = lines_.size();
-    std::atomic<std::uint64_t> framesShown_ =
-        0;  // number of game frames that pictures have shown, that of the next too
+    std::vector<ScriptLine> pictureLines_;  // that are left, those of game frames too; the window's thread only
+    std::vector<ScriptLine> timeLines_;     // all of them, also those performed
+    std::atomic<std::size_t> linesLeft_;
+    /// Number of game frames that pictures have shown, that of the next too.
+    std::atomic<std::uint64_t> framesShown_ = 0;
+    HWND window_ = nullptr;                     // of the first picture, and when it came: set before pictureCame_
+    std::chrono::milliseconds firstPicture_{};  // on the script's clock
     bool stays_ = false;
     std::int64_t soundFrames_ = 0;  // mixed so far
-    HANDLE allPerformed_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    HANDLE picturesDone_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     HANDLE pictureCame_ = CreateEventA(nullptr, FALSE, FALSE, nullptr);
 };
 
@@ -221,22 +175,6 @@ DWORD WINAPI watchScript(LPVOID player) { static_cast<ScriptPlayer*>(player)->wa
 
 }  // namespace
 
-std::optional<std::vector<ScriptLine>> parseScript(std::string_view text, std::string& error) {
-    std::vector<ScriptLine> lines;
-    for (int number = 1; !text.empty(); ++number) {
-        const auto end = std::min(text.find('\n'), text.size());
-        const auto content = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (content.empty() || content.front() == '#') continue;
-        const auto fault = parseLine(content, lines.emplace_back());
-        if (fault.empty()) continue;
-        error = "line " + std::to_string(number) + ": " + fault;
-        return std::nullopt;
-    }
-    std::ranges::stable_sort(lines, {}, &ScriptLine::number);
-    return lines;
-}
-
 bool playScript(const std::string& path) {
     const auto text = readText(path);
     std::string error = "cannot be read";
@@ -247,6 +185,7 @@ bool playScript(const std::string& path) {
     }
     useDummyDrivers();
     setSoundOutput(SoundOutput::ByHand);
+    useRegistryFile("registry.txt");
     thePlayer = new ScriptPlayer(std::move(*lines));
     observePictures([](HWND window, std::uint64_t number) { thePlayer->pictureShown(window, number); });
     return CreateThread(nullptr, 0, watchScript, thePlayer, 0, nullptr) != nullptr;

@@ -42,7 +42,7 @@ struct RegistryContents {
 bool saveRegistry(const std::filesystem::path& file, const RegistryContents& contents);
 /// $XDG_CONFIG_HOME/grubaway/registry.txt, by default below ~/.config.
 [[nodiscard]] std::filesystem::path registryFile();
-/// Lets `registryFile` name another file; nothing ends that. For tests.
+/// Lets `registryFile` name another file; nothing ends that. For tests and scripts.
 void useRegistryFile(std::optional<std::filesystem::path> file);
 
 }  // namespace platform
