@@ -8,15 +8,19 @@ namespace grub {
 namespace {
 
 using testing::Contains;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 using Play = ProgramRun;
 
+/// Without the menu.
+constexpr const char* kFirstLevel = "--level 1";
+
 std::string at(int frame, const std::string& what) { return std::to_string(frame) + " " + what + "\n"; }
 
 TEST_F(Play, AKeyOfAGameFrameComesBeforeIt) {
-    ASSERT_EQ(play(at(0, "shot 0.png") + at(1, "shot 1.png")), 0) << errors;
-    ASSERT_EQ(play(at(1, "down Right") + at(0, "shot same.png") + at(1, "shot turning.png")), 0) << errors;
+    ASSERT_EQ(play(at(0, "shot 0.png") + at(1, "shot 1.png"), kFirstLevel), 0) << errors;
+    ASSERT_EQ(play(at(1, "down Right") + at(0, "shot same.png") + at(1, "shot turning.png"), kFirstLevel), 0) << errors;
     EXPECT_NE(bytes("0.png"), Bytes());
     EXPECT_EQ(bytes("0.png"), bytes("same.png"));
     EXPECT_NE(bytes("1.png"), bytes("turning.png")) << "he turns in frame 1";
@@ -42,15 +46,31 @@ TEST_F(Play, TheFirstLevelCanBeWonAndTheSecondSavedAndLeftByTheGameMenu) {
     tap(350, "Enter");  // the first one
     tap(375, "Up");
     tap(377, "Enter");  // leave
-    ASSERT_EQ(play(script + "stay\n"), 0) << errors;
+    ASSERT_EQ(play(script + "stay\n", kFirstLevel), 0) << errors;
     const Bytes slot = bytes("slot0.sav");
     ASSERT_EQ(slot.size(), 52U);
     EXPECT_EQ(slot[0], 1) << "the second level";
     EXPECT_EQ(slot[4], 4) << "a life more";
 }
 
+TEST_F(Play, TheMenuLeadsFromTheOpeningIntoTheFirstLevelTheSameWayEachTime) {
+    const std::string script =
+        "time 1500 shot start.png\ntime 1500 up F1\ntime 1600 shot again.png\n"
+        "time 1600 down Enter\ntime 3500 shot comic.png\ntime 3500 up Enter\ntime 3600 shot untouched.png\n"
+        "time 3600 down Enter\ntime 6000 down Enter\n0 shot level.png\n1 close\nstay\n";
+    ASSERT_EQ(play(script), 0) << errors;
+    EXPECT_EQ(bytes("start.png"), bytes("again.png")) << "the opening is over without a key";
+    EXPECT_EQ(bytes("comic.png"), bytes("untouched.png")) << "a comic stands still without the last tiles";
+    const std::vector<Bytes> pictures{bytes("start.png"), bytes("comic.png"), bytes("level.png")};
+    ASSERT_EQ(play(script), 0) << errors;
+    EXPECT_EQ(pictures, (std::vector<Bytes>{bytes("start.png"), bytes("comic.png"), bytes("level.png")}));
+    ASSERT_EQ(play(at(0, "shot level.png"), kFirstLevel), 0) << errors;
+    EXPECT_EQ(pictures[2], bytes("level.png"));
+    EXPECT_THAT(text("registry.txt"), HasSubstr("SOUND")) << "the player's own registry stays as it is";
+}
+
 TEST_F(Play, AClosedWindowEndsTheProgramWell) {
-    EXPECT_EQ(play(at(10, "close")), 0);
+    EXPECT_EQ(play(at(10, "close"), kFirstLevel), 0);
     EXPECT_EQ(errors, "");
 }
 
@@ -59,7 +79,7 @@ TEST_F(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
     EXPECT_THAT(errors, StartsWith("grubaway: levels.pak does not hold levels\\turma\\level05.lvl; "));
     EXPECT_THAT(errors, Contains('\n').Times(1));
     for (const char* script : {"5 dance\n", "5 close\n900 shot a.png\n"}) {
-        EXPECT_EQ(play(script), 1) << script;
+        EXPECT_EQ(play(script, kFirstLevel), 1) << script;
         EXPECT_THAT(errors, Contains('\n').Times(1));
     }
 }
