@@ -75,7 +75,12 @@ TEST_F(Play, AClosedWindowEndsTheProgramWell) {
 }
 
 TEST_F(Play, WhatIsMissingOrBrokenIsSaidAndEndsTheProgram) {
-    EXPECT_EQ(play(at(5, "shot a.png"), "--level 3"), 2);
+    ASSERT_EQ(
+        run(kTool + "extract '" GRUB_DATA_DIR "/levels.pak' all && rm all/levels/turma/level05.lvl && mkdir less && " +
+            kTool + "pack all less/levels.pak && ln -s '" GRUB_DATA_DIR "'/[!l]*.pak less"),
+        0)
+        << errors;
+    EXPECT_EQ(run("'" GRUB_BIN_DIR "/grubaway' --data less --level 3"), 2);
     EXPECT_THAT(errors, StartsWith("grubaway: levels.pak does not hold levels\\turma\\level05.lvl; "));
     EXPECT_THAT(errors, Contains('\n').Times(1));
     for (const char* script : {"5 dance\n", "5 close\n900 shot a.png\n"}) {
