@@ -19,5 +19,7 @@ namespace grub {
 [[nodiscard]] std::vector<Command> playCommands();
 /// Exit code 1 for a refused level, 2 for any other failure.
 [[nodiscard]] std::vector<Command> traceCommands();
+/// Exit code 1 when no win was found, 2 when the level cannot be played.
+[[nodiscard]] std::vector<Command> solveCommands();
 
 }  // namespace grub

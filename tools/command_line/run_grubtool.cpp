@@ -16,7 +16,7 @@ constexpr int kWrongUsage = 2;
 std::vector<Command> allCommands() {
     std::vector<Command> all;
     for (auto* list : {packCommands, levelCommands, renderCommands, pageCommands, synthCommands, captureCommands,
-                       playCommands, traceCommands})
+                       playCommands, traceCommands, solveCommands})
         std::ranges::move(list(), std::back_inserter(all));
     return all;
 }

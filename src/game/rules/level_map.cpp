@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "enemy_traits.h"
 #include "rules.h"
 #include "state_hash.h"
 
@@ -36,6 +37,10 @@ void LevelMap::addKey(int x, int y, std::uint8_t kind) {
     cell.keyPresent = true;
     cell.keyKind = kind;
     ++keysRemaining_;
+}
+
+void LevelMap::removeEnemies() {
+    std::erase_if(objects_, [](const LevelObject& object) { return isEnemy(object.code); });
 }
 
 bool LevelMap::isPassable(int x, int y, View view) const {

@@ -57,6 +57,8 @@ public:
     void addObject(const LevelObject& object) { objects_.push_back(object); }
     /// In the order of the level file, which is the order of rows.
     [[nodiscard]] std::span<const LevelObject> objects() const { return objects_; }
+    /// Takes away the enemies, before a world is built.
+    void removeEnemies();
     void addSpawnPoint(CellPosition point) { spawnPoints_.push_back(point); }
     [[nodiscard]] std::span<const CellPosition> spawnPoints() const { return spawnPoints_; }
     /// Puts a key into a cell without one.

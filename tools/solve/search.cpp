@@ -1,0 +1,144 @@
+#include "search.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace grub {
+
+namespace {
+
+/// Game frames of a slice of time.
+constexpr int kSliceFrames = 4;
+/// No level needs five minutes.
+constexpr int kLongestFrames = 7500;
+/// A slice is narrowed when it has this many times as many states as may go on.
+constexpr std::size_t kSlack = 3;
+
+}  // namespace
+
+Search::Search(const World& start, const Tour& tour, const SearchRules& rules, const SearchShape& shape)
+    : tour_(tour), rules_(rules), shape_(shape), startScore_(start.score()) {
+    const int length = tour_.lengthFrom(start);
+    if (length >= kNoWay) return;
+    slices_[0].push_back({.group = 0, .world = pool_.copy(start), .node = kNoNode, .tour = length, .digs = 0});
+}
+
+SearchResult Search::run(const Watch& watch) {
+    while (!slices_.empty() && result_.moves.empty()) {
+        const auto first = slices_.begin();
+        Slice slice = std::move(first->second);
+        result_.reached.frame = first->first * kSliceFrames;
+        slices_.erase(first);
+        narrow(slice);
+        for (const Entry& entry : slice)
+            if (result_.moves.empty()) expand(entry);
+        if (isOverLimit() || !watch(result_.reached)) {
+            leftOut_ = true;
+            break;
+        }
+    }
+    result_.verdict = !result_.moves.empty() ? Verdict::Won : leftOut_ ? Verdict::Cut : Verdict::Exhausted;
+    return result_;
+}
+
+/// Leaves the states with the shortest tours, and few of each group.
+void Search::narrow(Slice& slice) {
+    std::ranges::stable_sort(slice, {}, &Entry::tour);
+    std::unordered_map<std::uint64_t, std::size_t> alike;
+    std::size_t kept = 0;
+    for (const Entry& entry : slice) {
+        if (kept < shape_.width && alike[entry.group]++ < shape_.groupWidth) {
+            slice[kept++] = entry;
+        } else {
+            pool_.giveBack(entry.world);
+            leftOut_ = true;
+        }
+    }
+    slice.resize(kept);
+}
+
+void Search::expand(const Entry& entry) {
+    for (const Move move : kAllMoves)
+        if (isAllowed(entry, pool_[entry.world], move)) follow(entry, move);
+    pool_.giveBack(entry.world);
+}
+
+bool Search::isAllowed(const Entry& entry, const World& world, Move move) const {
+    if (isDig(move) && (entry.digs >= rules_.mostDigs || world.frame() + 1 < rules_.firstDigFrame)) return false;
+    return isPossible(world, move);
+}
+
+void Search::follow(const Entry& entry, Move move) {
+    const std::uint32_t number = pool_.copy(pool_[entry.world]);
+    World& world = pool_[number];
+    playMove(world, move);
+    ++result_.reached.states;
+    const int digs = entry.digs + (isDig(move) ? 1 : 0);
+    const bool goesOn = !isEnd(world);
+    if (!goesOn && isWin(world) && result_.moves.empty()) {
+        result_.moves = movesTo(entry.node);
+        result_.moves.push_back(move);
+    }
+    if (goesOn && isNew(world, digs)) {
+        const int tour = tour_.lengthFrom(world);
+        if (tour < kNoWay) return keep(number, entry, move, tour, digs);
+        ++result_.outOfReach;
+    }
+    pool_.giveBack(number);
+}
+
+bool Search::isEnd(const World& world) {
+    const std::size_t taken = tour_.keys().size() - static_cast<std::size_t>(world.keysRemaining());
+    result_.reached.mostKeys = std::max(result_.reached.mostKeys, taken);
+    if (world.ended()) {
+        ++result_.ends[static_cast<std::size_t>(world.cause())];
+        return true;
+    }
+    if (world.frame() > kLongestFrames) {
+        leftOut_ = true;
+        return true;
+    }
+    return hasTooMuch(world);
+}
+
+/// Whether he has taken a bonus that he should leave: points beyond those of keys tell.
+bool Search::hasTooMuch(const World& world) const {
+    if (rules_.takesBonuses) return false;
+    const int taken = static_cast<int>(tour_.keys().size()) - world.keysRemaining();
+    const int won = world.ended() && world.cause() == LossCause::Won ? kWinScore : 0;
+    return world.score() - startScore_ != taken * kKeyScore + won;
+}
+
+bool Search::isWin(const World& world) const {
+    return world.ended() && world.cause() == LossCause::Won && !hasTooMuch(world);
+}
+
+bool Search::isNew(const World& world, int digs) {
+    std::uint64_t key = stateKey(world, tour_.keys(), shape_.grain);
+    const bool digsCount = rules_.mostDigs != std::numeric_limits<int>::max();
+    if (digsCount) key += static_cast<std::uint64_t>(digs) * 0x9E3779B97F4A7C15ULL;
+    return known_.insert(key == 0 ? 1 : key);
+}
+
+void Search::keep(std::uint32_t world, const Entry& from, Move move, int tour, int digs) {
+    const auto node = static_cast<std::uint32_t>(nodes_.size());
+    nodes_.push_back({from.node, move});
+    Slice& slice = slices_[pool_[world].frame() / kSliceFrames];
+    slice.push_back({groupKey(pool_[world], tour_.keys()), world, node, tour, digs});
+    if (slice.size() > kSlack * shape_.width) narrow(slice);
+}
+
+bool Search::isOverLimit() const {
+    const std::size_t bytes = pool_.size() * bytesOf(pool_[0]) + nodes_.size() * sizeof(Node) + known_.bytes();
+    return bytes > shape_.mostBytes || result_.reached.states > shape_.mostStates;
+}
+
+std::vector<Move> Search::movesTo(std::uint32_t node) const {
+    std::vector<Move> moves;
+    for (; node != kNoNode; node = nodes_[node].parent) moves.push_back(nodes_[node].move);
+    std::ranges::reverse(moves);
+    return moves;
+}
+
+}  // namespace grub

@@ -1,0 +1,91 @@
+#include "tour.h"
+
+#include <algorithm>
+
+namespace grub {
+
+namespace {
+
+/// With more keys the table of all sets would be too large.
+constexpr std::size_t kMostKeysInTable = 16;
+
+}  // namespace
+
+Tour::Tour(const World& world, bool digs) : width_(world.map().width()) {
+    const LevelMap& map = world.map();
+    const RelaxedMap before(map, {.digs = digs, .laddersRisen = false});
+    const RelaxedMap after(map, {.digs = digs, .laddersRisen = true});
+    toExit_.assign(map.cellCount(), kNoWay);
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x) {
+            if (map.cellAt(x, y).keyPresent) {
+                keys_.push_back({x, y});
+                toKeys_.push_back(before.distancesTo({x, y}));
+            }
+            if (!map.cellAt(x, y).isExit) continue;
+            const auto toThis = after.distancesTo({x, y});
+            std::ranges::transform(toExit_, toThis, toExit_.begin(), [](int a, int b) { return std::min(a, b); });
+        }
+    }
+    if (keys_.size() <= kMostKeysInTable) solveAll();
+}
+
+std::size_t Tour::cellOf(CellPosition place) const { return static_cast<std::size_t>(place.y * width_ + place.x); }
+
+// Each set comes after the sets that lack one of its keys.
+void Tour::solveAll() {
+    const Keys sets = Keys{1} << keys_.size();
+    rests_.assign(std::max<std::size_t>(sets * keys_.size(), 1), kNoWay);
+    for (Keys left = 0; left < sets; ++left) {
+        for (std::size_t key = 0; key < keys_.size(); ++key) restBehind(left, key) = shortest(left, cellOf(keys_[key]));
+    }
+}
+
+int Tour::shortest(Keys left, std::size_t cell) const {
+    if (left == 0) return toExit_[cell];
+    int best = kNoWay;
+    for (std::size_t key = 0; key < keys_.size(); ++key) {
+        const Keys bit = Keys{1} << key;
+        if ((left & bit) != 0) best = std::min(best, toKeys_[key][cell] + restBehind(left & ~bit, key));
+    }
+    return best;
+}
+
+int Tour::nearestFirst(const LevelMap& map, std::size_t cell) const {
+    std::vector<std::size_t> left;
+    for (std::size_t key = 0; key < keys_.size(); ++key) {
+        if (map.cellAt(keys_[key].x, keys_[key].y).keyPresent) left.push_back(key);
+    }
+    int length = 0;
+    while (!left.empty()) {
+        const auto nearest = std::ranges::min_element(left, {}, [&](std::size_t key) { return toKeys_[key][cell]; });
+        length = std::min(kNoWay, length + toKeys_[*nearest][cell]);
+        cell = cellOf(keys_[*nearest]);
+        left.erase(nearest);
+    }
+    return std::min(kNoWay, length + toExit_[cell]);
+}
+
+int Tour::lengthFrom(const World& world) const {
+    const LevelMap& map = world.map();
+    const std::size_t cell = cellOf({world.hero().cellX(), world.hero().cellY()});
+    if (rests_.empty()) return nearestFirst(map, cell);
+    Keys left = 0;
+    for (std::size_t key = 0; key < keys_.size(); ++key) {
+        if (map.cellAt(keys_[key].x, keys_[key].y).keyPresent) left |= Keys{1} << key;
+    }
+    return std::min(kNoWay, shortest(left, cell));
+}
+
+std::vector<std::string> Tour::outOfReach(const World& world) const {
+    const std::size_t cell = cellOf({world.hero().cellX(), world.hero().cellY()});
+    std::vector<std::string> names;
+    for (std::size_t key = 0; key < keys_.size(); ++key) {
+        if (toKeys_[key][cell] < kNoWay) continue;
+        names.push_back("the key " + std::to_string(keys_[key].x) + "," + std::to_string(keys_[key].y));
+    }
+    if (toExit_[cell] == kNoWay) names.emplace_back("a door");
+    return names;
+}
+
+}  // namespace grub

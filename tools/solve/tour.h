@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "level_map.h"
+#include "relaxed_map.h"
+#include "world.h"
+
+namespace grub {
+
+/// How far the hero still has to go: over all keys that lie, in the best order, and to the door. The ways are those of
+/// the relaxed map, so a tour that does not exist there does not exist in play.
+class Tour {
+public:
+    /// For a settled world of the level; `digs` says whether floors can open.
+    Tour(const World& world, bool digs);
+
+    /// Game frames, about; kNoWay when a key or the door cannot be reached any more.
+    [[nodiscard]] int lengthFrom(const World& world) const;
+    /// What he cannot reach from here, as "the key 3,4" and "a door". Empty when each of them can be reached, even if
+    /// no order joins them all.
+    [[nodiscard]] std::vector<std::string> outOfReach(const World& world) const;
+    /// Cells whose keys lay in the settled world.
+    [[nodiscard]] const std::vector<CellPosition>& keys() const { return keys_; }
+
+private:
+    using Keys = std::uint32_t;  // a bit for each key
+
+    void solveAll();
+    [[nodiscard]] int& restBehind(Keys left, std::size_t key) { return rests_[left * keys_.size() + key]; }
+    [[nodiscard]] int restBehind(Keys left, std::size_t key) const { return rests_[left * keys_.size() + key]; }
+    [[nodiscard]] int shortest(Keys left, std::size_t cell) const;
+    [[nodiscard]] int nearestFirst(const LevelMap& map, std::size_t cell) const;
+    [[nodiscard]] std::size_t cellOf(CellPosition place) const;
+
+    int width_;
+    std::vector<CellPosition> keys_;
+    std::vector<std::vector<int>> toKeys_;  // for each key, from each cell
+    std::vector<int> toExit_;               // from each cell, with all ladders
+    std::vector<int> rests_;  // for each set of keys left and each key just taken; empty when there are too many keys
+};
+
+}  // namespace grub
