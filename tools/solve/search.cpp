@@ -17,8 +17,9 @@ constexpr std::size_t kSlack = 3;
 
 }  // namespace
 
-Search::Search(const World& start, const Tour& tour, const SearchRules& rules, const SearchShape& shape)
-    : tour_(tour), rules_(rules), shape_(shape), startScore_(start.score()) {
+Search::Search(const World& start, Tour tour, const SearchRules& rules, const SearchShape& shape)
+    : tour_(std::move(tour)), rules_(rules), shape_(shape), startScore_(start.score()) {
+    tour_.preferOrder(shape_.keyOrder);
     const int length = tour_.lengthFrom(start);
     if (length >= kNoWay) return;
     slices_[0].push_back({.group = 0, .world = pool_.copy(start), .node = kNoNode, .tour = length, .digs = 0});
@@ -31,6 +32,7 @@ SearchResult Search::run(const Watch& watch) {
         result_.reached.frame = first->first * kSliceFrames;
         slices_.erase(first);
         narrow(slice);
+        noteShortest(slice);
         for (const Entry& entry : slice)
             if (result_.moves.empty()) expand(entry);
         if (isOverLimit() || !watch(result_.reached)) {
@@ -56,6 +58,12 @@ void Search::narrow(Slice& slice) {
         }
     }
     slice.resize(kept);
+}
+
+void Search::noteShortest(const Slice& slice) {
+    if (slice.empty() || slice.front().tour >= shortestTour_) return;
+    shortestTour_ = slice.front().tour;
+    shortestFrame_ = result_.reached.frame;
 }
 
 void Search::expand(const Entry& entry) {
@@ -131,7 +139,8 @@ void Search::keep(std::uint32_t world, const Entry& from, Move move, int tour, i
 
 bool Search::isOverLimit() const {
     const std::size_t bytes = pool_.size() * bytesOf(pool_[0]) + nodes_.size() * sizeof(Node) + known_.bytes();
-    return bytes > shape_.mostBytes || result_.reached.states > shape_.mostStates;
+    const bool isStuck = result_.reached.frame - shortestFrame_ > shape_.patience;
+    return isStuck || bytes > shape_.mostBytes || result_.reached.states > shape_.mostStates;
 }
 
 std::vector<Move> Search::movesTo(std::uint32_t node) const {

@@ -25,8 +25,10 @@ struct SearchRules {
 
 /// How widely a search looks, and when it gives up.
 struct SearchShape {
-    std::size_t width = 1000;     // states that go on from each slice of time
-    std::size_t groupWidth = 12;  // of these, states that are alike (groupKey)
+    std::size_t width = 1000;                        // states that go on from each slice of time
+    std::size_t groupWidth = 12;                     // of these, states that are alike (groupKey)
+    std::uint32_t keyOrder = 0;                      // which order of the keys the tour prefers
+    int patience = std::numeric_limits<int>::max();  // game frames without a shorter tour until it gives up
     Grain grain = {};
     std::uint64_t mostStates = std::numeric_limits<std::uint64_t>::max();
     std::size_t mostBytes = std::numeric_limits<std::size_t>::max();
@@ -60,8 +62,8 @@ public:
     /// Called now and then; false ends the search as cut.
     using Watch = std::function<bool(const SearchProgress&)>;
 
-    /// `start` is a settled world, `tour` was made for it; the tour must outlive the search.
-    Search(const World& start, const Tour& tour, const SearchRules& rules, const SearchShape& shape);
+    /// `start` is a settled world, `tour` was made for it.
+    Search(const World& start, Tour tour, const SearchRules& rules, const SearchShape& shape);
 
     /// Searches until a win, the end of all states or a limit. Once.
     [[nodiscard]] SearchResult run(const Watch& watch);
@@ -85,6 +87,7 @@ private:
     using Slice = std::vector<Entry>;
 
     void narrow(Slice& slice);
+    void noteShortest(const Slice& slice);
     void expand(const Entry& entry);
     void follow(const Entry& entry, Move move);
     [[nodiscard]] bool isAllowed(const Entry& entry, const World& world, Move move) const;
@@ -96,7 +99,7 @@ private:
     [[nodiscard]] bool isOverLimit() const;
     [[nodiscard]] std::vector<Move> movesTo(std::uint32_t node) const;
 
-    const Tour& tour_;
+    Tour tour_;
     SearchRules rules_;
     SearchShape shape_;
     int startScore_;
@@ -105,6 +108,8 @@ private:
     KeySet known_;
     std::map<int, Slice> slices_;
     SearchResult result_;
+    int shortestTour_ = kNoWay;
+    int shortestFrame_ = 0;  // when it was found
     bool leftOut_ = false;
 };
 

@@ -14,12 +14,26 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The searches, each about four times as wide as the one before.
+/// Game frames, more than a minute, after which a narrow search that comes no nearer is given up.
+constexpr int kPatience = 1600;
+
+constexpr SearchShape narrow(std::uint32_t keyOrder) {
+    return {.width = 100, .groupWidth = 3, .keyOrder = keyOrder, .patience = kPatience};
+}
+constexpr SearchShape wide(std::size_t width, std::size_t groupWidth) {
+    return {.width = width, .groupWidth = groupWidth};
+}
+
+/// The searches in their order. Most levels fall to the first; where it loses its way the cause is mostly the order of
+/// the keys, so other orders are tried between the wider searches.
+// clang-format off
 constexpr std::array kShapes{
-    SearchShape{.width = 100, .groupWidth = 3},    SearchShape{.width = 500, .groupWidth = 6},
-    SearchShape{.width = 2000, .groupWidth = 12},  SearchShape{.width = 8000, .groupWidth = 12},
-    SearchShape{.width = 32000, .groupWidth = 50}, SearchShape{.width = 120000, .groupWidth = 200},
+    narrow(0), narrow(1), narrow(2), narrow(3), narrow(4), narrow(5), wide(500, 6),
+    narrow(6), narrow(7), narrow(8), narrow(9), narrow(10), wide(2000, 12),
+    narrow(11), narrow(12), narrow(13), narrow(14), narrow(15), narrow(16), wide(8000, 12),
+    wide(32000, 50), wide(120000, 200),
 };
+// clang-format on
 
 double secondsSince(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
 
@@ -87,9 +101,9 @@ private:
         const std::lock_guard guard(lock_);
         if (isLoud_ && seconds >= nextReport_) {
             nextReport_ = seconds + 1;
-            std::fprintf(stderr, "%.0f s: width %zu, game frame %d, %llu states, %zu of %zu keys\n", seconds,
-                         kShapes[number].width, progress.frame, static_cast<unsigned long long>(progress.states),
-                         progress.mostKeys, tour_.keys().size());
+            std::fprintf(stderr, "%.0f s: width %zu, key order %u, game frame %d, %llu states, %zu of %zu keys\n",
+                         seconds, kShapes[number].width, kShapes[number].keyOrder, progress.frame,
+                         static_cast<unsigned long long>(progress.states), progress.mostKeys, tour_.keys().size());
         }
         return seconds < limits_.seconds && number <= decided_;
     }

@@ -1,6 +1,10 @@
 #include "tour.h"
 
 #include <algorithm>
+#include <bit>
+#include <numeric>
+#include <random>
+#include <utility>
 
 namespace grub {
 
@@ -8,6 +12,8 @@ namespace {
 
 /// With more keys the table of all sets would be too large.
 constexpr std::size_t kMostKeysInTable = 16;
+/// Game frames by which a tour counts as longer for each key that it takes out of the order that is preferred.
+constexpr int kDetourFrames = 400;
 
 }  // namespace
 
@@ -27,8 +33,25 @@ Tour::Tour(const World& world, bool digs) : width_(world.map().width()) {
             std::ranges::transform(toExit_, toThis, toExit_.begin(), [](int a, int b) { return std::min(a, b); });
         }
     }
-    if (keys_.size() <= kMostKeysInTable) solveAll();
+    preferOrder(0);
 }
+
+void Tour::preferOrder(std::uint32_t number) {
+    earlier_.assign(keys_.size(), 0);
+    if (keys_.size() > kMostKeysInTable) return;
+    std::vector<std::size_t> order(keys_.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::mt19937 random(number);
+    for (std::size_t last = order.size(); last > 1; --last) std::swap(order[last - 1], order[random() % last]);
+    Keys before = 0;
+    for (const std::size_t key : order) {
+        if (number != 0) earlier_[key] = before;
+        before |= Keys{1} << key;
+    }
+    solveAll();
+}
+
+int Tour::detour(Keys left, std::size_t key) const { return std::popcount(left & earlier_[key]) * kDetourFrames; }
 
 std::size_t Tour::cellOf(CellPosition place) const { return static_cast<std::size_t>(place.y * width_ + place.x); }
 
@@ -46,7 +69,8 @@ int Tour::shortest(Keys left, std::size_t cell) const {
     int best = kNoWay;
     for (std::size_t key = 0; key < keys_.size(); ++key) {
         const Keys bit = Keys{1} << key;
-        if ((left & bit) != 0) best = std::min(best, toKeys_[key][cell] + restBehind(left & ~bit, key));
+        if ((left & bit) != 0)
+            best = std::min(best, toKeys_[key][cell] + restBehind(left & ~bit, key) + detour(left, key));
     }
     return best;
 }

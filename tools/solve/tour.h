@@ -17,6 +17,9 @@ public:
     /// For a settled world of the level; `digs` says whether floors can open.
     Tour(const World& world, bool digs);
 
+    /// Prefers another order of the keys: one of its own for each number, and none for 0. What is out of reach stays
+    /// so. Has no effect with very many keys.
+    void preferOrder(std::uint32_t number);
     /// Game frames, about; kNoWay when a key or the door cannot be reached any more.
     [[nodiscard]] int lengthFrom(const World& world) const;
     /// What he cannot reach from here, as "the key 3,4" and "a door". Empty when each of them can be reached, even if
@@ -34,10 +37,12 @@ private:
     [[nodiscard]] int shortest(Keys left, std::size_t cell) const;
     [[nodiscard]] int nearestFirst(const LevelMap& map, std::size_t cell) const;
     [[nodiscard]] std::size_t cellOf(CellPosition place) const;
+    [[nodiscard]] int detour(Keys left, std::size_t key) const;
 
     int width_;
     std::vector<CellPosition> keys_;
     std::vector<std::vector<int>> toKeys_;  // for each key, from each cell
+    std::vector<Keys> earlier_;             // for each key, those that are better taken before it
     std::vector<int> toExit_;               // from each cell, with all ladders
     std::vector<int> rests_;  // for each set of keys left and each key just taken; empty when there are too many keys
 };
