@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cstdio>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -16,6 +15,7 @@
 
 #include "byte_reader.h"
 #include "level_stand.h"
+#include "script_keys.h"
 
 namespace grub {
 
@@ -40,9 +40,6 @@ using StateChanges = std::map<LevelState, LevelStateSet>;
 /// more.
 inline const std::map<LevelState, int> kFramesOfStates{
     {LevelState::Intro, 14}, {LevelState::Ended, 14}, {LevelState::EndFade, 4}};
-inline const std::map<std::string, KeyCode> kKeysOfScripts{
-    {"Up", KeyUp},       {"Down", KeyDown},     {"Left", KeyLeft}, {"Right", KeyRight},
-    {"Enter", KeyEnter}, {"Escape", KeyEscape}, {"C", KeyC},       {"X", KeyX}};
 /// The sounds of a story; the others come and go with what the hero does.
 inline constexpr std::array kSoundsOfStories{SoundId::Break, SoundId::Rat,      SoundId::WinLevel,
                                              SoundId::Lose,  SoundId::MenuMove, SoundId::MenuClick};
@@ -213,15 +210,6 @@ private:
         };
         post(MessageType::MouseMoved, MouseButton::None);
         post(type, MouseButton::Left);
-    }
-
-    // A point inside of an entry.
-    static Position placeOf(const std::string& name) {
-        Position place;
-        const std::size_t at = std::string(kPages).find(name + " ");
-        if (at == std::string::npos || std::sscanf(&kPages[at], "%*s %hd,%hd", &place.x, &place.y) != 2)
-            ADD_FAILURE() << "no dialog has " << name;
-        return {static_cast<std::int16_t>(place.x + 1), static_cast<std::int16_t>(place.y + 1)};
     }
 
     StateChanges& changes_;

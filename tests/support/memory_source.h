@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -22,12 +23,16 @@ public:
 
     bool exists(const EngineString& name) override { return resources_.contains(name.cStr()); }
     SharedBuffer load(const EngineString& name) override {
+        if (onLoad) onLoad(name);
         const std::lock_guard lock(lock_);
         loads_.emplace_back(name.cStr());
         const auto found = resources_.find(name.cStr());
         if (found == resources_.end()) return {};
         return bufferOf(found->second);
     }
+
+    /// Called at the start of a load, on its thread; may be empty.
+    std::function<void(const EngineString& name)> onLoad;
 
 private:
     std::mutex lock_;

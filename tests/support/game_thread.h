@@ -31,6 +31,7 @@ public:
 
     /// Waits for the thread's end, serving the caller's window meanwhile.
     void join() const { WaitForSingleObject(handle_, INFINITE); }
+    [[nodiscard]] bool hasEnded() const { return WaitForSingleObject(handle_, 0) == WAIT_OBJECT_0; }
 
 private:
     static DWORD WINAPI run(LPVOID self) {
