@@ -73,12 +73,17 @@ const struct {
              "options_down Options tell",
      "204 full Opening +menu OpeningEnd Start 106/64 *menuclick *menulist1 *menulist2 Options [splash options SOUND8 "
      "music2 box =options]"},
+    {"after a game the first slider is chosen",
+     "slot0=3/1/0 " + kOpen +
+         "options_down Options Tab Left Tab Up Load Enter Playing GameOver +Enter Start clear "
+         "options_down Options tell",
+     "*menuclick *menulist1 *menulist2 Options [splash options SOUND7 music2 box =options]"},
     {"sheets of the help by keys",
      kOpen + "help_down Help clear +Right tell -Right tell +PageDown tell -PageDown +Left tell -Left PageUp PageUp "
-             "tell Space Enter tell",
+             "Right tell Space Enter PageUp tell",
      "*menuclick [logo splash sheet2 left RIGHT =help] [logo splash sheet2 left right =help] *menuclick [logo splash "
-     "sheet3 left =help] *menuclick [logo splash sheet2 LEFT right =help] *menuclick *menuclick [logo splash sheet1 "
-     "right =help] *menuclick *menuclick [logo splash sheet3 left =help]"},
+     "sheet3 left =help] *menuclick [logo splash sheet2 LEFT right =help] *menuclick *menuclick *menuclick [logo "
+     "splash sheet2 left right =help] *menuclick *menuclick *menuclick [logo splash sheet2 left right =help]"},
     {"sheets of the help by mouse",
      kOpen + "help_down Help clear +abuttonstat_02u tell -abuttonstat_02u start_logo tell +abuttonstat_01u:100 tell",
      "*menuclick [logo splash sheet2 left RIGHT =help] *menuclick [logo splash sheet3 left =help] *menuclick [logo "
@@ -127,8 +132,8 @@ const struct {
     {"no points", "slot0=3/1/0 " + kLoad + "GameOver +Enter Start", "+menu Start"},
     {"as many points as the lowest", "full=500 slot0=3/1/500 " + kLoad + "GameOver +Enter Start", "+menu Start"},
     {"one more", "full=500 slot0=3/1/501 " + kLoad + "GameOver +Enter NameEntry", "+menu NameEntry"},
-    {"closed with points", "slot0=3/1/150 " + kLoad + "Escape GameMenu close NameEntry close end disk",
-     "+menu NameEntry -menu end 204"},
+    {"closed with points", "slot0=3/1/150 " + kLoad + "GameOver close 1 tell NameEntry close end disk",
+     "+menu NameEntry [wall>425 name>425 =scores       ] -menu end 204"},
     {"a slot acts where the mouse went down",
      "slot0=3/1/150 " + kOpen +
          "Down Load clear +start_logo -buttonup_01c +buttonup_02c -buttonup_01c +buttonup_01c -buttonup_02c 50 tell",
