@@ -27,7 +27,7 @@ public:
     /// A step outwards, after a page has been drawn. Returns true when the page is out: the next one comes in.
     bool stepOut() {
         offset_ += speedOut_;
-        if (offset_ <= kOut) return false;
+        if (speedOut_ == 0 || offset_ <= kOut) return false;
         speedOut_ = 0;
         speedIn_ = -kSpeed;
         return true;
