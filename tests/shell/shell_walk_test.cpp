@@ -100,7 +100,7 @@ const struct {
     {"the quick exit, from where a page goes",
      kOpen + "+Down +Down A tell exit_down start_logo Left Right Right Right tell Enter 1 tell Options",
      "*menulist1 *menulist1 QuickExit [night logo splash leave? answers LEAVE] [night logo splash leave? answers DIG] "
-     "*menulist2 Options *menulist2 [splash>450 options>450 SOUND7>450 music3>450 box>450 -options]"},
+     "*menulist2 Options [splash>450 options>450 SOUND7>450 music3>450 box>450 -options]"},
     {"a new game",
      kOpen + "Enter 1 tell 3 tell second Enter 1 tell SecondComic 1 tell 4 second Enter 1 tell Playing tell",
      "*menuclick FirstComic [comic1 tiles-in] [comic1] 0 [comic1 tiles-out] SecondComic [comic2 tiles-in] 0 [comic2 "
