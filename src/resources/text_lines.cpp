@@ -39,7 +39,8 @@ std::vector<std::string_view> splitWords(std::string_view line) {
 }
 
 std::string TextError::in(std::string_view file) const {
-    return std::string(file) + (line > 0 ? ":" + std::to_string(line) : "") + ": " + message;
+    const auto place = [](int number) { return number > 0 ? ":" + std::to_string(number) : std::string(); };
+    return std::string(file) + place(line) + place(column) + ": " + message;
 }
 
 TextError wantedButFound(int line, std::string_view wanted, std::string_view found) {

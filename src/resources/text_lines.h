@@ -40,12 +40,13 @@ template <class Number, class... Base>
     return value;
 }
 
-/// What is wrong with a text, and in which line. Line 0 means the text as a whole.
+/// What is wrong with a text, and where. Line 0 means the text as a whole, column 0 the whole line; both count from 1.
 struct TextError {
     int line = 0;
     std::string message;
+    int column = 0;
 
-    /// "file:line: message".
+    /// "file:line:column: message", without what is 0.
     [[nodiscard]] std::string in(std::string_view file) const;
 };
 

@@ -10,6 +10,8 @@ namespace grub {
 /// line to standard error and throws CommandEnd, with exit code 1 if nothing else is said here.
 [[nodiscard]] std::vector<Command> packCommands();
 [[nodiscard]] std::vector<Command> levelCommands();
+/// More of the group "level".
+[[nodiscard]] std::vector<Command> checkCommands();
 [[nodiscard]] std::vector<Command> renderCommands();
 [[nodiscard]] std::vector<Command> pageCommands();
 [[nodiscard]] std::vector<Command> synthCommands();

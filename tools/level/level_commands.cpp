@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "block_folder.h"
 #include "block_table.h"
 #include "command.h"
 #include "command_lists.h"
@@ -24,18 +25,6 @@ using Bytes = std::vector<std::uint8_t>;
 
 [[noreturn]] void failAt(const std::string& file, const TextError& error) { failWith(kFailed, error.in(file)); }
 
-/// The block table of a level: the one given, else the nearest typeblok.ini in the level's folder or above.
-std::string blocksFor(const Arguments& arguments, const std::string& level) {
-    if (arguments.has("--blocks")) return arguments.text("--blocks");
-    std::filesystem::path folder = std::filesystem::absolute(level).parent_path();
-    while (!std::filesystem::exists(folder / "typeblok.ini")) {
-        if (folder == folder.root_path())
-            failWith(kFailed, level + ": no typeblok.ini in its folder or above; give --blocks FILE");
-        folder = folder.parent_path();
-    }
-    return (folder / "typeblok.ini").string();
-}
-
 Bytes compiled(const std::string& source, const TableSource& table) {
     TextError error;
     auto level = compileLevel(inputText(source), BlockPalette(table.buffer()), error);
@@ -48,9 +37,6 @@ void compile(const Arguments& arguments) {
     const std::string out = arguments.text("OUT");
     const TableSource table(inputBytes(blocksFor(arguments, source)));
     const Bytes level = compiled(source, table);
-    std::string reason;
-    for (const std::string& warning : levelWarnings(*readLevelFile(level, reason), BlockPalette(table.buffer())))
-        std::fprintf(stderr, "%s: warning: %s\n", source.c_str(), warning.c_str());
     outputBytes(out, level);
 }
 

@@ -23,45 +23,28 @@ constexpr int kMostSpawnPoints = static_cast<int>(kMaxSpawnPoints);
 constexpr int kHalfHiddenColumn = 12;
 constexpr int kHalfHiddenRow = 8;
 
-struct Tally {
-    int heroes = 0;
-    int keys = 0;
-    int objects = 0;
-    int enemies = 0;
-    int doors = 0;
-    int spawnPoints = 0;
-};
-
 BlockType typeOf(const CellRecord& cell, const BlockPalette& palette) {
     const Block* block = palette.byId(valueIn(cell, Slot::Base));
     return block == nullptr ? BlockType::Empty : blockTypeOf(block->type);
 }
 
-Tally count(const LevelFile& level, const BlockPalette& palette) {
-    Tally tally;
-    for (const CellRecord& cell : level.records) {
-        const std::uint16_t code = valueIn(cell, Slot::Object);
-        const BlockType type = typeOf(cell, palette);
-        tally.heroes += code == object_code::kHero ? 1 : 0;
-        tally.keys += object_code::isKey(code) ? 1 : 0;
-        tally.objects += object_code::isObject(code) ? 1 : 0;
-        tally.enemies += isEnemy(code) ? 1 : 0;
-        tally.doors += type == BlockType::Exit ? 1 : 0;
-        tally.spawnPoints += type == BlockType::SpawnPoint ? 1 : 0;
-    }
-    return tally;
-}
+/// A thing that a level has a number of.
+struct CountRule {
+    bool (*counts)(std::uint16_t code, BlockType type);
+    int least, most;
+    const char* what;
+};
 
-/// Whether a rat would run on into this cell: the cell has room, and something to stand on below it.
-bool ratRunsInto(const LevelFile& level, const BlockPalette& palette, int column, int row) {
-    if (column < 0 || column >= level.width) return false;
-    const BlockType type = typeOf(recordAt(level, column, row), palette);
-    if (type == BlockType::Ladder || (type != BlockType::Floor && type != BlockType::Solid && row == level.height - 1))
-        return true;
-    if (type == BlockType::Floor || type == BlockType::Solid) return false;
-    const BlockType below = typeOf(recordAt(level, column, row + 1), palette);
-    return below == BlockType::Floor || below == BlockType::Solid || below == BlockType::Ladder;
-}
+constexpr CountRule kCountRules[] = {
+    {[](std::uint16_t code, BlockType) { return code == object_code::kHero; }, 1, 1, "hero (@)"},
+    {[](std::uint16_t code, BlockType) { return object_code::isKey(code); }, 1, kMostKeys, "keys (k)"},
+    {[](std::uint16_t, BlockType type) { return type == BlockType::Exit; }, 1, kMany, "door (E)"},
+    {[](std::uint16_t code, BlockType) { return isEnemy(code); }, 0, kMostEnemies, "enemies (D, R, L)"},
+    {[](std::uint16_t code, BlockType) { return object_code::isObject(code); }, 0, kMostObjects,
+     "enemies, hearts and moving decorations together"},
+    {[](std::uint16_t, BlockType type) { return type == BlockType::SpawnPoint; }, 0, kMostSpawnPoints,
+     "spawn points (S)"},
+};
 
 std::string rangeText(int least, int most) {
     if (least == most) return "exactly " + std::to_string(least);
@@ -70,54 +53,54 @@ std::string rangeText(int least, int most) {
     return std::to_string(least) + " to " + std::to_string(most);
 }
 
-/// One line about the first cell that lies half outside the screen and is not solid; empty when there is no such cell.
-std::string hiddenCell(const LevelFile& level, const BlockPalette& palette) {
-    for (int row = 0; row < level.height; ++row) {
-        for (int column = 0; column < level.width; ++column) {
-            const bool hidden = (level.width == kHalfHiddenColumn + 1 && column == kHalfHiddenColumn) ||
-                                (level.height == kHalfHiddenRow + 1 && row == kHalfHiddenRow);
-            if (hidden && typeOf(recordAt(level, column, row), palette) != BlockType::Solid)
-                return "wanted solid blocks only in the last of 13 columns or 9 rows, which lies half outside the "
-                       "screen, found another block at " +
-                       std::to_string(column) + " " + std::to_string(row);
-        }
+CellPosition placeOf(const LevelFile& level, std::size_t index) {
+    const auto columns = static_cast<std::size_t>(level.width);
+    return {static_cast<int>(index % columns), static_cast<int>(index / columns)};
+}
+
+/// Whether a level breaks a rule; the fault stands at the first thing too many.
+std::optional<LevelFault> brokenBy(const LevelFile& level, const BlockPalette& palette, const CountRule& rule) {
+    LevelFault fault;
+    int found = 0;
+    for (std::size_t i = 0; i < level.records.size(); ++i) {
+        const CellRecord& cell = level.records[i];
+        if (rule.counts(cell.code, typeOf(cell, palette)) && ++found == rule.most + 1) fault.cell = placeOf(level, i);
     }
-    return {};
+    if (found >= rule.least && found <= rule.most) return std::nullopt;
+    fault.reason = "wanted " + rangeText(rule.least, rule.most) + " " + rule.what + ", found " + std::to_string(found);
+    return fault;
+}
+
+bool liesHalfOutside(const LevelFile& level, CellPosition cell) {
+    return (level.width == kHalfHiddenColumn + 1 && cell.x == kHalfHiddenColumn) ||
+           (level.height == kHalfHiddenRow + 1 && cell.y == kHalfHiddenRow);
+}
+
+/// The first cell that lies half outside the screen and is not solid.
+std::optional<LevelFault> hiddenCell(const LevelFile& level, const BlockPalette& palette) {
+    for (std::size_t i = 0; i < level.records.size(); ++i) {
+        const CellPosition cell = placeOf(level, i);
+        if (liesHalfOutside(level, cell) && typeOf(level.records[i], palette) != BlockType::Solid)
+            return LevelFault{cell,
+                              "wanted solid blocks only in the last of 13 columns or 9 rows, which lies half outside "
+                              "the screen, found another block"};
+    }
+    return std::nullopt;
 }
 
 }  // namespace
 
-std::string levelFault(const LevelFile& level, const BlockPalette& palette) {
-    const Tally tally = count(level, palette);
-    const struct {
-        int found, least, most;
-        const char* what;
-    } rules[] = {
-        {tally.heroes, 1, 1, "hero (@)"},
-        {tally.keys, 1, kMostKeys, "keys (k)"},
-        {tally.doors, 1, kMany, "door (E)"},
-        {tally.enemies, 0, kMostEnemies, "enemies (D, R, L)"},
-        {tally.objects, 0, kMostObjects, "enemies, hearts and moving decorations together"},
-        {tally.spawnPoints, 0, kMostSpawnPoints, "spawn points (S)"},
-    };
-    for (const auto& rule : rules)
-        if (rule.found < rule.least || rule.found > rule.most)
-            return "wanted " + rangeText(rule.least, rule.most) + " " + rule.what + ", found " +
-                   std::to_string(rule.found);
-    return hiddenCell(level, palette);
+TextError faultInSource(const LevelFault& fault, const LevelSource& source) {
+    if (!fault.cell) return {source.fieldLine - 1, fault.reason};
+    return {source.fieldLine + fault.cell->y, fault.reason, fault.cell->x + 1};
 }
 
-std::vector<std::string> levelWarnings(const LevelFile& level, const BlockPalette& palette) {
-    std::vector<std::string> warnings;
-    for (int row = 0; row < level.height; ++row) {
-        for (int column = 0; column < level.width; ++column) {
-            if (recordAt(level, column, row).code != object_code::kRat) continue;
-            if (ratRunsInto(level, palette, column - 1, row) || ratRunsInto(level, palette, column + 1, row)) continue;
-            warnings.push_back("the rat at " + std::to_string(column) + " " + std::to_string(row) +
-                               " is shut in: it will turn into the wall and die");
-        }
-    }
-    return warnings;
+std::vector<LevelFault> levelFaults(const LevelFile& level, const BlockPalette& palette) {
+    std::vector<LevelFault> faults;
+    for (const CountRule& rule : kCountRules)
+        if (auto fault = brokenBy(level, palette, rule)) faults.push_back(std::move(*fault));
+    if (auto fault = hiddenCell(level, palette)) faults.push_back(std::move(*fault));
+    return faults;
 }
 
 std::optional<std::vector<std::uint8_t>> compileLevel(std::string_view text, const BlockPalette& palette,
@@ -126,8 +109,8 @@ std::optional<std::vector<std::uint8_t>> compileLevel(std::string_view text, con
     if (!source) return std::nullopt;
     const auto level = dressLevel(*source, palette, error);
     if (!level) return std::nullopt;
-    if (std::string fault = levelFault(*level, palette); !fault.empty()) {
-        error = {0, std::move(fault)};
+    if (const auto faults = levelFaults(*level, palette); !faults.empty()) {
+        error = faultInSource(faults.front(), *source);
         return std::nullopt;
     }
     return writeLevelFile(*level);

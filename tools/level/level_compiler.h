@@ -29,13 +29,18 @@ namespace grub {
 /// The part of a block's name before its first dot; empty without a dot.
 [[nodiscard]] std::string_view worldOf(std::string_view blockName);
 
-/// One line, "wanted ..., found ...", about the first thing that the game could not play in this level or that a player
-/// would never see; empty when the level is good. A good level has one hero, a key and a door, and no more of anything
-/// than the game holds.
-[[nodiscard]] std::string levelFault(const LevelFile& level, const BlockPalette& palette);
+/// Something wrong with a level, and the cell where it shows; no cell when something is missing.
+struct LevelFault {
+    std::optional<CellPosition> cell;
+    std::string reason;  // one line
+};
 
-/// A line for each thing that can be played but is probably a mistake: a rat without room turns into the wall and dies.
-[[nodiscard]] std::vector<std::string> levelWarnings(const LevelFile& level, const BlockPalette& palette);
+/// Where a fault stands in the source of its level: in the row of the cell, or in the line before the playing field.
+[[nodiscard]] TextError faultInSource(const LevelFault& fault, const LevelSource& source);
+
+/// What the game could not play in this level or a player would never see. A good level has one hero, a key and a door,
+/// and no more of anything than the game holds. `grubtool level check` finds more.
+[[nodiscard]] std::vector<LevelFault> levelFaults(const LevelFile& level, const BlockPalette& palette);
 
 /// The way back: a source that compiles to the same cells and free bytes, if the compiler accepts the level. What the
 /// compiler chooses by itself is not written out, so a compiled level comes back nearly as it was drawn; title, idea

@@ -129,8 +129,11 @@ std::string levelFileFault(std::span<const std::uint8_t> bytes, TableSource& blo
     std::string fault;
     if (!levelMapOf(bytes, blocks, fault)) return "the level is refused: " + fault;
     const LevelFile level = *readLevelFile(bytes, fault);
-    fault = levelFault(level, palette);
-    return fault.empty() ? unknownBlock(level, palette) : "the level cannot be played: " + fault;
+    const auto faults = levelFaults(level, palette);
+    if (faults.empty()) return unknownBlock(level, palette);
+    const auto& cell = faults.front().cell;
+    const std::string place = cell ? " at " + std::to_string(cell->x) + " " + std::to_string(cell->y) : "";
+    return "the level cannot be played: " + faults.front().reason + place;
 }
 
 /// The block table says what the blocks of a level are, so that levels cannot be checked without it.

@@ -1,0 +1,86 @@
+#include "win_measures.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "key_events.h"
+#include "relaxed_ways.h"
+
+namespace grub {
+
+namespace {
+
+/// Game frames without an end after the last key event, until a run counts as lost.
+constexpr int kPatience = 60 * 25;
+
+/// Plays keys until the attempt ends, or nothing more will come of them; `look(world)` sees each game frame.
+template <class Look>
+bool wins(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts, Look look) {
+    World world(map, game.start, counts);
+    world.step();
+    KeyFeed keys(game.events);
+    const int last = game.events.empty() ? 0 : game.events.back().frame;
+    while (!world.ended() && world.frame() < last + kPatience) {
+        playFrame(world, keys);
+        look(world);
+    }
+    return world.ended() && world.cause() == LossCause::Won;
+}
+
+bool wins(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts) {
+    return wins(game, map, counts, [](const World&) {});
+}
+
+RecordedGame later(RecordedGame game, int frames) {
+    for (KeyEvent& event : game.events) event.frame += frames;
+    return game;
+}
+
+RecordedGame withSeed(RecordedGame game, std::uint32_t seed) {
+    game.start.seed = seed;
+    return game;
+}
+
+/// Sees a run and counts.
+class Watcher {
+public:
+    explicit Watcher(const LevelMap& map) : visited_(map) {}
+
+    void look(const World& world) {
+        const Hero& hero = world.hero();
+        measures.frames = world.frame();
+        measures.digs += hero.isDigging() && !wasDigging_ ? 1 : 0;
+        wasDigging_ = hero.isDigging();
+        measures.cellsVisited += visited_.add({hero.cellX(), hero.cellY()}) ? 1 : 0;
+        for (const Enemy& enemy : world.enemies()) approach(hero, enemy);
+    }
+
+    WinMeasures measures{};
+
+private:
+    /// An enemy in a hole is walked over; it is no danger.
+    void approach(const Hero& hero, const Enemy& enemy) {
+        if (enemy.state() == EnemyState::Dead || enemy.state() == EnemyState::Trapped) return;
+        const int distance = std::max(std::abs(hero.x - enemy.x), std::abs(hero.y - enemy.y));
+        measures.closestEnemy = std::min(measures.closestEnemy.value_or(distance), distance);
+    }
+
+    CellSet visited_;
+    bool wasDigging_ = false;
+};
+
+}  // namespace
+
+std::optional<WinMeasures> measureWin(const RecordedGame& game, const LevelMap& map,
+                                      const AnimationFrameCounts& counts) {
+    Watcher watcher(map);
+    if (!wins(game, map, counts, [&](const World& world) { watcher.look(world); })) return std::nullopt;
+    WinMeasures measures = watcher.measures;
+    for (std::size_t i = 0; i < kLateStarts.size(); ++i)
+        measures.winsLate[i] = wins(later(game, kLateStarts[i]), map, counts);
+    for (std::uint32_t i = 1; i <= kOtherSeeds; ++i)
+        measures.seedsWon += wins(withSeed(game, game.start.seed + i), map, counts) ? 1 : 0;
+    return measures;
+}
+
+}  // namespace grub
