@@ -57,6 +57,7 @@ TEST_F(SolveCommand, SaysWhyThereIsNoWin) {
         EXPECT_THAT(run.out, testing::StartsWith(row.answer)) << row.field;
         EXPECT_THAT(run.out, HasSubstr(row.detail)) << row.field;
     }
+    EXPECT_TRUE(solve(kVault, {"--keys", "0,2 3"}).failed(2, "wanted cells as '3,4 5,6', found '3'"));
     EXPECT_EQ(solve(kCorridor, {"--no-dig", "--no-enemies"}).exitCode, 0) << "it is the dog that stands in the way";
 }
 

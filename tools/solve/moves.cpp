@@ -91,8 +91,9 @@ void playMove(World& world, Move move, std::vector<KeyEvent>* written) {
     Player player(world, written);
     const MoveTraits& traits = traitsOf(move);
     player.hold(traits.key);
-    const Actor before = world.hero();
-    const auto hasMoved = [&] { return world.hero().x != before.x || world.hero().y != before.y; };
+    const auto hasMoved = [&world, x = world.hero().x, y = world.hero().y] {
+        return world.hero().x != x || world.hero().y != y;
+    };
     const int least = move == Move::Wait ? kWaitFrames : isDig(move) ? 1 : kPatience;
     for (int frame = 1;; ++frame) {
         player.frame();

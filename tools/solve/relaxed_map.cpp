@@ -33,7 +33,7 @@ RelaxedMap::RelaxedMap(const LevelMap& map, RelaxedRules rules)
 void RelaxedMap::findOpenings(const LevelMap& map, bool digs) {
     for (int y = 0; y < height_; ++y) {
         for (int x = 0; x < width_; ++x) {
-            auto& frames = frames_[static_cast<std::size_t>(y * width_ + x)];
+            auto& frames = frames_[indexOf(x, y)];
             switch (map.cellAt(x, y).baseType) {
                 case BlockType::Floor:
                     if (digs && isOpen(x, y - 1)) frames = kStepFrames + kDigFrames;
@@ -48,7 +48,7 @@ void RelaxedMap::findOpenings(const LevelMap& map, bool digs) {
 }
 
 bool RelaxedMap::isOpen(int x, int y) const {
-    return x >= 0 && y >= 0 && x < width_ && y < height_ && frames_[static_cast<std::size_t>(y * width_ + x)] != 0;
+    return x >= 0 && y >= 0 && x < width_ && y < height_ && frames_[indexOf(x, y)] != 0;
 }
 
 bool RelaxedMap::isLadder(const LevelMap& map, int x, int y) const {
@@ -72,16 +72,15 @@ void RelaxedMap::addStepsFrom(const LevelMap& map, int x, int y) {
 
 void RelaxedMap::addStep(int x, int y, int toX, int toY) {
     if (!isOpen(toX, toY)) return;
-    const int to = toY * width_ + toX;
-    steps_[static_cast<std::size_t>(to)].push_back(
-        {static_cast<std::uint16_t>(y * width_ + x), frames_[static_cast<std::size_t>(to)]});
+    const std::size_t to = indexOf(toX, toY);
+    steps_[to].push_back({static_cast<std::uint16_t>(indexOf(x, y)), frames_[to]});
 }
 
 std::vector<int> RelaxedMap::distancesTo(CellPosition target) const {
     std::vector<int> distances(steps_.size(), kNoWay);
     using Entry = std::pair<int, std::size_t>;
     std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
-    const auto goal = static_cast<std::size_t>(target.y * width_ + target.x);
+    const auto goal = indexOf(target.x, target.y);
     distances[goal] = 0;
     open.emplace(0, goal);
     while (!open.empty()) {

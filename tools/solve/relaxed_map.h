@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -33,6 +34,9 @@ private:
     };
 
     void findOpenings(const LevelMap& map, bool digs);
+    [[nodiscard]] std::size_t indexOf(int x, int y) const {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
+    }
     [[nodiscard]] bool isOpen(int x, int y) const;
     [[nodiscard]] bool holds(const LevelMap& map, int x, int y) const;
     [[nodiscard]] bool isLadder(const LevelMap& map, int x, int y) const;

@@ -19,7 +19,7 @@ constexpr std::size_t kSlack = 3;
 
 Search::Search(const World& start, Tour tour, const SearchRules& rules, const SearchShape& shape)
     : tour_(std::move(tour)), rules_(rules), shape_(shape), startScore_(start.score()) {
-    tour_.preferOrder(shape_.keyOrder);
+    if (shape_.keyOrder != 0) tour_.preferChanceOrder(shape_.keyOrder);
     const int length = tour_.lengthFrom(start);
     if (length >= kNoWay) return;
     slices_[0].push_back({.group = 0, .world = pool_.copy(start), .node = kNoNode, .tour = length, .digs = 0});

@@ -21,13 +21,14 @@ struct SearchRules {
     int mostDigs = std::numeric_limits<int>::max();
     int firstDigFrame = 0;
     bool takesBonuses = true;
+    std::vector<CellPosition> keyOrder;  // cells of keys that are best taken first, in this order
 };
 
 /// How widely a search looks, and when it gives up.
 struct SearchShape {
     std::size_t width = 1000;                        // states that go on from each slice of time
     std::size_t groupWidth = 12;                     // of these, states that are alike (groupKey)
-    std::uint32_t keyOrder = 0;                      // which order of the keys the tour prefers
+    std::uint32_t keyOrder = 0;                      // which order of the keys the tour prefers; 0 leaves it as it is
     int patience = std::numeric_limits<int>::max();  // game frames without a shorter tour until it gives up
     Grain grain = {};
     std::uint64_t mostStates = std::numeric_limits<std::uint64_t>::max();

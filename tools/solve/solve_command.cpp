@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <limits>
+#include <sstream>
 #include <string>
 
 #include "command.h"
@@ -49,10 +50,25 @@ World settledWorld(const RecordedGame& game, const Arguments& arguments) {
     return world;
 }
 
+/// The cells of a text as "3,4 5,6".
+std::vector<CellPosition> cellsOf(const std::string& text) {
+    std::vector<CellPosition> cells;
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        const std::size_t comma = std::min(word.find(','), word.size());
+        const auto x = numberIn<int>(word.substr(0, comma));
+        const auto y = numberIn<int>(word.substr(std::min(comma + 1, word.size())));
+        if (!x || !y) failWith(kCannotPlay, "--keys: wanted cells as '3,4 5,6', found '" + word + "'");
+        cells.push_back({*x, *y});
+    }
+    return cells;
+}
+
 SearchRules rulesOf(const Arguments& arguments) {
     SearchRules rules;
     rules.mostDigs = arguments.has("--no-dig") ? 0 : arguments.number("--digs", rules.mostDigs);
     rules.firstDigFrame = arguments.number("--no-dig-before", 0);
+    rules.keyOrder = cellsOf(arguments.text("--keys"));
     rules.takesBonuses = !arguments.has("--no-bonuses");
     return rules;
 }
@@ -116,6 +132,7 @@ std::vector<Command> solveCommands() {
               option("--out", "recorded game of the win to write"), noDig,
               number("--digs", "dig at most so often", 0, kMost),
               number("--no-dig-before", "game frame of the first dig at the earliest", 0, kMost),
+              option("--keys", "cells of keys to take first if possible, in this order, as '3,4 5,6'"),
               flag("--no-bonuses", "leave bonuses where they lie"), noEnemies,
               number("--seed", "generator when the level starts to be built; 1 if not given", 0, UINT32_MAX),
               number("--index", "place in the level list; on 0 there are no random bonuses", 0, kLastLevel),

@@ -46,7 +46,9 @@ bool canDig(const World& start, const SearchRules& rules) {
 class Portfolio {
 public:
     Portfolio(const World& start, const SearchRules& rules, const SolverLimits& limits, bool isLoud)
-        : start_(start), tour_(start, canDig(start, rules)), rules_(rules), limits_(limits), isLoud_(isLoud) {}
+        : start_(start), tour_(start, canDig(start, rules)), rules_(rules), limits_(limits), isLoud_(isLoud) {
+        if (!rules.keyOrder.empty()) tour_.preferOrder(rules.keyOrder);
+    }
 
     void run() {
         std::vector<std::jthread> others;

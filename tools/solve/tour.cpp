@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <numeric>
 #include <random>
 #include <utility>
 
@@ -33,27 +32,39 @@ Tour::Tour(const World& world, bool digs) : width_(world.map().width()) {
             std::ranges::transform(toExit_, toThis, toExit_.begin(), [](int a, int b) { return std::min(a, b); });
         }
     }
-    preferOrder(0);
+    preferOrder({});
 }
 
-void Tour::preferOrder(std::uint32_t number) {
-    earlier_.assign(keys_.size(), 0);
-    if (keys_.size() > kMostKeysInTable) return;
-    std::vector<std::size_t> order(keys_.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
+void Tour::preferChanceOrder(std::uint32_t number) {
+    std::vector<CellPosition> order = keys_;
     std::mt19937 random(number);
     for (std::size_t last = order.size(); last > 1; --last) std::swap(order[last - 1], order[random() % last]);
+    preferOrder(order);
+}
+
+void Tour::preferOrder(std::span<const CellPosition> order) {
+    earlier_.assign(keys_.size(), 0);
+    if (keys_.size() > kMostKeysInTable) return;
     Keys before = 0;
-    for (const std::size_t key : order) {
-        if (number != 0) earlier_[key] = before;
-        before |= Keys{1} << key;
-    }
+    for (const CellPosition place : order) before |= takeAfter(before, place);
+    for (std::size_t key = 0; key < keys_.size(); ++key)
+        if ((before & Keys{1} << key) == 0) earlier_[key] = before;
     solveAll();
+}
+
+/// Notes for the key of a cell that others come before it. Its bit; 0 without a key.
+Tour::Keys Tour::takeAfter(Keys before, CellPosition place) {
+    const auto key = static_cast<std::size_t>(std::ranges::find(keys_, place) - keys_.begin());
+    if (key == keys_.size()) return 0;
+    earlier_[key] = before;
+    return Keys{1} << key;
 }
 
 int Tour::detour(Keys left, std::size_t key) const { return std::popcount(left & earlier_[key]) * kDetourFrames; }
 
-std::size_t Tour::cellOf(CellPosition place) const { return static_cast<std::size_t>(place.y * width_ + place.x); }
+std::size_t Tour::cellOf(CellPosition place) const {
+    return static_cast<std::size_t>(place.y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(place.x);
+}
 
 // Each set comes after the sets that lack one of its keys.
 void Tour::solveAll() {

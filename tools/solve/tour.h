@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -17,9 +18,11 @@ public:
     /// For a settled world of the level; `digs` says whether floors can open.
     Tour(const World& world, bool digs);
 
-    /// Prefers another order of the keys: one of its own for each number, and none for 0. What is out of reach stays
-    /// so. Has no effect with very many keys.
-    void preferOrder(std::uint32_t number);
+    /// Prefers an order of the keys: those of these cells first, in this order. What is out of reach stays so. Has no
+    /// effect with very many keys.
+    void preferOrder(std::span<const CellPosition> order);
+    /// Prefers an order by chance, one of its own for each number.
+    void preferChanceOrder(std::uint32_t number);
     /// Game frames, about; kNoWay when a key or the door cannot be reached any more.
     [[nodiscard]] int lengthFrom(const World& world) const;
     /// What he cannot reach from here, as "the key 3,4" and "a door". Empty when each of them can be reached, even if
@@ -37,6 +40,7 @@ private:
     [[nodiscard]] int shortest(Keys left, std::size_t cell) const;
     [[nodiscard]] int nearestFirst(const LevelMap& map, std::size_t cell) const;
     [[nodiscard]] std::size_t cellOf(CellPosition place) const;
+    Keys takeAfter(Keys before, CellPosition place);
     [[nodiscard]] int detour(Keys left, std::size_t key) const;
 
     int width_;
