@@ -12,27 +12,28 @@ using testing::EndsWith;
 using testing::HasSubstr;
 
 const std::string kGames = GRUB_GAMES_DIR "/";
+const std::string kLevels = GRUB_LEVELS_DIR "/turma/";  // with their recorded wins
 const std::string kData = " --data '" GRUB_DATA_DIR "'";
 constexpr const char* kStay = "stay\n";
 
 using Replay = ProgramRun;
 
 TEST_F(Replay, OfGamesOnLevelsOfTheListComesOutAsRecorded) {
-    for (const std::string game : {"first-level", "second-level", "twentieth-level"}) {
-        EXPECT_EQ(play(kStay, "--replay '" + kGames + game + ".game'"), 0) << game << errors;
+    for (const std::string game : {"level01", "level02", "level22"}) {
+        EXPECT_EQ(play(kStay, "--replay '" + kLevels + game + ".game'"), 0) << game << errors;
         EXPECT_THAT(out, EndsWith(game + ".game: all as recorded\n"));
     }
 }
 
 TEST_F(Replay, FromLaterOnComesOutTheSame) {
     for (const std::string at : {"1", "200", "100000"}) {
-        EXPECT_EQ(play(kStay, "--replay '" + kGames + "first-level.game' --at " + at), 0) << at << errors;
+        EXPECT_EQ(play(kStay, "--replay '" + kLevels + "level01.game' --at " + at), 0) << at << errors;
         EXPECT_THAT(out, EndsWith(": all as recorded\n")) << at;
     }
 }
 
 TEST_F(Replay, TakesNoKeysButCanBeLeft) {
-    const std::string game = "--replay '" + kGames + "first-level.game'";
+    const std::string game = "--replay '" + kLevels + "level01.game'";
     EXPECT_EQ(play("20 down Left\n30 up Left\n40 down Z\nstay\n", game), 0) << errors;
     EXPECT_THAT(out, EndsWith(": all as recorded\n"));
     EXPECT_EQ(play("20 close\nstay\n", game), 0) << errors;
@@ -40,7 +41,7 @@ TEST_F(Replay, TakesNoKeysButCanBeLeft) {
 }
 
 TEST_F(Replay, OfAGameThatDiffersSaysWhere) {
-    std::string game = readWholeText(kGames + "first-level.game").value();
+    std::string game = readWholeText(kLevels + "level01.game").value();
     game.replace(game.find("90 down Left"), 12, "91 down Left");
     write("other.game", game);
     EXPECT_EQ(play(kStay, "--replay other.game"), 1);
