@@ -49,10 +49,10 @@ const struct {
      "Ended *loose EndScreen GameOver [dog tiles-in] [dog over@-300] [dog over] EndFade exit0 run=0/0/0 FirstLoad "
      "Intro "
      "Playing Ended *loose EndScreen [dog tiles-in]"},
-    {"a key held at the end skips the picture", kHall, "+Right EndScreen clear 1 tell 1 tell Playing",
-     "EndFade [won tiles-in] [won tiles-out] Intro Playing"},
-    {"unless another one is released", kHall, "+Right EndScreen clear -C 30 tell Enter Playing",
+    {"a key held at the end leaves the picture", kHall, "+Right EndScreen clear +Right 30 tell Enter Playing",
      "[won] EndFade Intro Playing"},
+    {"another one takes it away at once", kHall, "+Right EndScreen clear 1 tell +C 1 tell Playing",
+     "[won tiles-in] EndFade [won tiles-out] Intro Playing"},
     {"a slot keeps the life that the attempt has taken", kHall, kLose + "clear tell " + kSaveInSlot1,
      "<1 2 1 0>[] GameMenu *menumove *menuclick OpenSaveMenu SaveMenu *menumove *menuclick OpenGameMenu GameMenu "
      "Playing "

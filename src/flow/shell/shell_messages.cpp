@@ -18,7 +18,8 @@ void MenuShell::handleMessage(const SharedRef<SceneMessage>& message) {
 void MenuShell::mouse(const MouseMessage& message) {
     if (message.type == MessageType::MouseMoved) return moveMouse({message.x, message.y});
     const bool isPress = message.type == MessageType::Pressed;
-    const bool isLeft = message.button == MouseButton::Left;
+    const bool isSecond = message.button == MouseButton::LeftDouble && isMenuPage(mode_);
+    const bool isLeft = message.button == MouseButton::Left || isSecond;
     const auto code = static_cast<std::uint32_t>(message.button);
     if (!isPress) release(code);
     if (!isPress && isLeft) buttonHeld_ = false;

@@ -91,13 +91,21 @@ void LevelScene::leaveToShell() {
 
 void LevelScene::handleMessage(const SharedRef<SceneMessage>& message) {
     if (message->type == MessageType::CloseRequest) closeRequested_ = true;
-    if (message->type == MessageType::Pressed) keyHeld_ = true;
+    if (message->type == MessageType::Pressed) notePress(*message);
     if (message->type == MessageType::Released) keyHeld_ = false;
     if (message->source == MessageSource::Mouse) return mouseMessage(static_cast<const MouseMessage&>(*message));
     if (message->source != MessageSource::Keyboard) return;
     const std::uint32_t keyCode = static_cast<const KeyMessage&>(*message).keyCode;
     if (message->type == MessageType::Pressed) keyDown(keyCode);
     if (message->type == MessageType::Released && stage_.isBuilt()) stage_.keyUp(keyCode);
+}
+
+// A held key is pressed again and again; only its first press is one by the player.
+void LevelScene::notePress(const SceneMessage& message) {
+    const bool isRepeat = message.source == MessageSource::Keyboard && keyHeld_ &&
+                          static_cast<const KeyMessage&>(message).keyCode == lastKey_;
+    keyHeld_ = true;
+    if (!isRepeat) pressedAnew_ = true;
 }
 
 void LevelScene::keyDown(std::uint32_t keyCode) {

@@ -91,6 +91,7 @@ private:
     void pass();
     void giveUp();
     void leaveToShell();
+    void notePress(const SceneMessage& message);
     void keyDown(std::uint32_t keyCode);
     void mouseMessage(const MouseMessage& message);
     void obey(DialogRequest request);
@@ -144,6 +145,7 @@ private:
     std::uint32_t lastKey_ = 0;
     Position mouse_;
     bool keyHeld_ = false;
+    bool pressedAnew_ = false;     // something has been pressed since the picture of the end came
     bool closeRequested_ = false;  // the window is to close; until the scene is left
     bool quit_ = false;            // ends the frame loop
 };

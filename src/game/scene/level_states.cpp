@@ -144,6 +144,7 @@ void LevelScene::restartAttempt(int livesTaken) {
     endPicture_.open(cause_, *pages_);
     if (!stage_.startLevel(run_, livesTaken)) return leaveToShell();
     transition_->start(TransitionMode::TileIn);
+    pressedAnew_ = false;
     state_ = LevelState::EndScreen;
 }
 
@@ -152,7 +153,7 @@ void LevelScene::endScreen() {
     if (stage_.world()->lives() < 1) {
         endPicture_.dropBoard();
         state_ = LevelState::GameOver;
-    } else if (keyHeld_) {
+    } else if (pressedAnew_) {
         transition_->start(TransitionMode::TileOut);
         state_ = LevelState::EndFade;
     }
@@ -161,7 +162,7 @@ void LevelScene::endScreen() {
 void LevelScene::gameOver() {
     drawEndPicture();
     endPicture_.stepBoard();
-    if (keyHeld_) state_ = LevelState::EndFade;
+    if (pressedAnew_) state_ = LevelState::EndFade;
 }
 
 void LevelScene::endFade() {
