@@ -93,7 +93,7 @@ TEST(LevelCheck, MeasuresTheWinBesideASource) {
     const auto check = [&] {
         return grubtool({"level", "check", source, "--blocks", kLevels + "typeblok.ini", "--data", GRUB_DATA_DIR});
     };
-    scratch.write("a.game", *readWholeFile(GRUB_CONTENT_DIR "/../tests/games/second-level.game"));
+    scratch.write("a.game", *readWholeFile(kLevels + "turma/level02.game"));
     EXPECT_NE(check().out.find("   18.8    0     49%       - WWWW   8/8\n"), std::string::npos) << check().out;
     scratch.write("a.game", bytesOf("level a.txt\nindex 1\nseed 11\n\n1 down Right\n"));
     EXPECT_TRUE(check().failed(1, "a.game: its keys do not win the level"));
