@@ -18,11 +18,6 @@ int openCells(const LevelMap& map) {
     return count;
 }
 
-int enemiesOf(const LevelMap& map) {
-    return static_cast<int>(
-        std::ranges::count_if(map.objects(), [](const LevelObject& object) { return isEnemy(object.code); }));
-}
-
 /// Of the open cells, which the hero can reach by walking at some time of an attempt.
 int cellsInReach(const LevelMap& map) {
     const CellPosition start = map.heroStart();
@@ -79,6 +74,10 @@ const std::array kColumns{
 };
 constexpr int kNameWidth = 16;
 
+std::string textOf(const Column& column, const Facts& facts) {
+    return column.needsWin && !facts.win ? "-" : column.text(facts);
+}
+
 std::string padded(const std::string& text, int width) {
     const auto size = static_cast<std::size_t>(std::abs(width));
     const std::string blanks(size > text.size() ? size - text.size() : 0, ' ');
@@ -86,6 +85,11 @@ std::string padded(const std::string& text, int width) {
 }
 
 }  // namespace
+
+int enemiesOf(const LevelMap& map) {
+    return static_cast<int>(
+        std::ranges::count_if(map.objects(), [](const LevelObject& object) { return isEnemy(object.code); }));
+}
 
 std::string measureHeading() {
     std::string line = padded("level", -kNameWidth);
@@ -96,9 +100,15 @@ std::string measureHeading() {
 std::string measureRow(const std::string& name, const CheckedLevel& level, const std::optional<WinMeasures>& win) {
     const Facts facts{level, win, openCells(level.map)};
     std::string line = padded(name, -kNameWidth);
-    for (const Column& column : kColumns)
-        line += padded(column.needsWin && !win ? "-" : column.text(facts), column.width);
+    for (const Column& column : kColumns) line += padded(textOf(column, facts), column.width);
     return line + "\n";
+}
+
+std::vector<Measure> measuresOf(const CheckedLevel& level, const std::optional<WinMeasures>& win) {
+    const Facts facts{level, win, openCells(level.map)};
+    std::vector<Measure> measures;
+    for (const Column& column : kColumns) measures.push_back({column.heading, textOf(column, facts)});
+    return measures;
 }
 
 }  // namespace grub

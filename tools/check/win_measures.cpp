@@ -13,22 +13,8 @@ namespace {
 /// Game frames without an end after the last key event, until a run counts as lost.
 constexpr int kPatience = 60 * 25;
 
-/// Plays keys until the attempt ends, or nothing more will come of them; `look(world)` sees each game frame.
-template <class Look>
-bool wins(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts, Look look) {
-    World world(map, game.start, counts);
-    world.step();
-    KeyFeed keys(game.events);
-    const int last = game.events.empty() ? 0 : game.events.back().frame;
-    while (!world.ended() && world.frame() < last + kPatience) {
-        playFrame(world, keys);
-        look(world);
-    }
-    return world.ended() && world.cause() == LossCause::Won;
-}
-
 bool wins(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts) {
-    return wins(game, map, counts, [](const World&) {});
+    return watchWin(game, map, counts, [](const World&) {});
 }
 
 RecordedGame later(RecordedGame game, int frames) {
@@ -71,10 +57,23 @@ private:
 
 }  // namespace
 
+bool watchWin(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts,
+              const std::function<void(const World&)>& look) {
+    World world(map, game.start, counts);
+    world.step();
+    KeyFeed keys(game.events);
+    const int last = game.events.empty() ? 0 : game.events.back().frame;
+    while (!world.ended() && world.frame() < last + kPatience) {
+        playFrame(world, keys);
+        look(world);
+    }
+    return world.ended() && world.cause() == LossCause::Won;
+}
+
 std::optional<WinMeasures> measureWin(const RecordedGame& game, const LevelMap& map,
                                       const AnimationFrameCounts& counts) {
     Watcher watcher(map);
-    if (!wins(game, map, counts, [&](const World& world) { watcher.look(world); })) return std::nullopt;
+    if (!watchWin(game, map, counts, [&](const World& world) { watcher.look(world); })) return std::nullopt;
     WinMeasures measures = watcher.measures;
     for (std::size_t i = 0; i < kLateStarts.size(); ++i)
         measures.winsLate[i] = wins(later(game, kLateStarts[i]), map, counts);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "recorded_game.h"
@@ -23,6 +24,11 @@ struct WinMeasures {
     std::array<bool, kLateStarts.size()> winsLate;  ///< with the same keys, each so much later
     int seedsWon = 0;                               ///< of kOtherSeeds, with the same keys
 };
+
+/// Plays keys until the attempt ends, or nothing more will come of them; `look` sees the world after each game frame.
+/// Whether they win.
+[[nodiscard]] bool watchWin(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts,
+                            const std::function<void(const World&)>& look);
 
 /// Plays a win on a map. Nothing when the keys do not win.
 [[nodiscard]] std::optional<WinMeasures> measureWin(const RecordedGame& game, const LevelMap& map,

@@ -12,6 +12,7 @@ namespace grub {
 [[nodiscard]] std::vector<Command> levelCommands();
 /// More of the group "level".
 [[nodiscard]] std::vector<Command> checkCommands();
+[[nodiscard]] std::vector<Command> bookCommands();
 [[nodiscard]] std::vector<Command> renderCommands();
 [[nodiscard]] std::vector<Command> pageCommands();
 [[nodiscard]] std::vector<Command> synthCommands();

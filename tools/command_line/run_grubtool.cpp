@@ -15,8 +15,8 @@ constexpr int kWrongUsage = 2;
 
 std::vector<Command> allCommands() {
     std::vector<Command> all;
-    for (auto* list : {packCommands, levelCommands, checkCommands, renderCommands, pageCommands, synthCommands,
-                       captureCommands, playCommands, traceCommands, solveCommands})
+    for (auto* list : {packCommands, levelCommands, checkCommands, bookCommands, renderCommands, pageCommands,
+                       synthCommands, captureCommands, playCommands, traceCommands, solveCommands})
         std::ranges::move(list(), std::back_inserter(all));
     return all;
 }

@@ -42,7 +42,8 @@ private:
     bool statement(const Words& words) {
         if (words.empty() || words[0].starts_with('#')) return true;
         const std::string_view word = words[0];
-        if (word == "title" || word == "idea") return true;  // for people
+        if (word == "idea") return true;  // for people
+        if (word == "title") return title(words);
         if (word == "world") return world(words);
         if (word == "legend") return legend(words);
         if (word == "field") return beginField(words);
@@ -52,6 +53,11 @@ private:
             return placement(kAllSlots[static_cast<std::size_t>(slot - kSlotWords.begin())], words);
         return fail("title, idea, world, legend, field, base, layer2 to layer5, object, bytes or a comment behind '#'",
                     inQuotes(word));
+    }
+
+    bool title(const Words& words) {
+        source_.title = restOf(words);
+        return true;
     }
 
     bool world(const Words& words) {
@@ -117,9 +123,14 @@ private:
         return true;
     }
 
-    static std::string quotedRest(const Words& words) {
+    static std::string restOf(const Words& words) {
         std::string rest;
         for (std::size_t i = 1; i < words.size(); ++i) rest += (i > 1 ? " " : "") + std::string(words[i]);
+        return rest;
+    }
+
+    static std::string quotedRest(const Words& words) {
+        const std::string rest = restOf(words);
         return rest.empty() ? "nothing" : inQuotes(rest);
     }
 

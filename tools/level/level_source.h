@@ -135,6 +135,7 @@ struct LegendEntry {
 
 /// A level source by its lines; the names in it are not looked up yet.
 struct LevelSource {
+    std::string title;  ///< for people; empty when the source has none
     std::string world;
     int worldLine = 0;
     /// Rows of the playing field, all of the same length; the first stands in line `fieldLine`.

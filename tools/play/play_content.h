@@ -29,6 +29,8 @@ public:
 
     /// Frames of the game's animations.
     [[nodiscard]] const AnimationFrameCounts& frameCounts() const { return counts_; }
+    /// The picture package, which lives as long as this does.
+    [[nodiscard]] ResourceSource& pictures() { return pictures_; }
     /// The map of a game's level: out of the package, of a level file, or of a level source, which is compiled. Nothing
     /// when the level is missing or refused.
     [[nodiscard]] std::optional<LevelMap> mapOf(const RecordedGame& game, const std::string& gamePath,

@@ -1,0 +1,56 @@
+#include "book_level.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "game_text.h"
+#include "level_list.h"
+#include "whole_file.h"
+
+namespace grub {
+
+namespace {
+
+/// `folder`/turma/level01.txt for a name of the level list.
+std::filesystem::path sourceOf(const std::string& folder, std::string_view name) {
+    std::string path(name.substr(kLevelFolder.size()));
+    std::ranges::replace(path, '\\', '/');
+    return (std::filesystem::path(folder) / path).replace_extension(".txt");
+}
+
+bool addWin(BookLevel& entry, const std::filesystem::path& source, std::string& error) {
+    const std::string path = std::filesystem::path(source).replace_extension(".game").string();
+    if (!std::filesystem::exists(path)) return true;
+    entry.game = loadGame(path, error);
+    if (!entry.game) return false;
+    entry.win = measureWin(*entry.game, entry.level.map, entry.level.counts);
+    if (!entry.win) error = path + ": its keys do not win the level";
+    return entry.win.has_value();
+}
+
+}  // namespace
+
+std::optional<std::vector<BookLevel>> openBook(const std::string& folder, const AnimationFrameCounts& counts,
+                                               std::string& error) {
+    const auto tableBytes = readWholeFile(folder + "/typeblok.ini");
+    error = folder + "/typeblok.ini: cannot be read";
+    if (!tableBytes) return std::nullopt;
+    TableSource table(*tableBytes);
+    std::vector<BookLevel> book;
+    for (std::size_t index = 0; index < kLevelNames.size(); ++index) {
+        const auto source = sourceOf(folder, kLevelNames[index]);
+        const auto text = readWholeText(source);
+        if (!text) continue;
+        TextError fault;
+        auto level = openForChecks(*text, table, counts, fault);
+        if (!level) error = fault.in(source.string());
+        if (!level) return std::nullopt;
+        book.push_back({index, std::move(*level), std::nullopt, std::nullopt});
+        if (!addWin(book.back(), source, error)) return std::nullopt;
+    }
+    error = folder + ": holds no level of the list";
+    return book.empty() ? std::nullopt : std::optional(std::move(book));
+}
+
+}  // namespace grub
