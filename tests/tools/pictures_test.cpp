@@ -187,10 +187,15 @@ const PictureRow* rowOf(std::string_view strip) {
 // ---- what is measured
 
 double lightOf(const Pixel& p) {
-    const auto linear = [](double value) {
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(p.r / 255.0) + 0.7152 * linear(p.g / 255.0) + 0.0722 * linear(p.b / 255.0);
+    static const auto kLinear = [] {
+        std::array<double, 256> linear{};
+        for (std::size_t i = 0; i < linear.size(); ++i) {
+            const double value = static_cast<double>(i) / 255.0;
+            linear[i] = value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        }
+        return linear;
+    }();
+    return 0.2126 * kLinear[p.r] + 0.7152 * kLinear[p.g] + 0.0722 * kLinear[p.b];
 }
 double brightnessOf(double light) { return light > 0.008856 ? 116 * std::cbrt(light) - 16 : 903.3 * light; }
 
