@@ -259,7 +259,8 @@ void keepsItsPlace(const PictureRow& row, const Frames& frames, std::size_t i) {
     EXPECT_TRUE(!promises(kSteady) || std::abs(middleOf(frame).first - middleOf(frames[0]).first) <= 3) << "it jitters";
     EXPECT_TRUE(!promises(kInside) || !touchesEdge(frame)) << "it is cut off";
     EXPECT_TRUE(!promises(kInked) || inkShareOf(frame) >= 0.9) << "ink on its edge: " << inkShareOf(frame);
-    EXPECT_TRUE(!promises(kFull) || visiblePixels(frame) == frame.width * frame.height) << "it has a hole";
+    EXPECT_TRUE(!promises(kFull) || visiblePixels(frame) == std::ptrdiff_t{frame.width} * frame.height)
+        << "it has a hole";
 }
 
 void joins(const PixelImage& wall, const PixelImage& plain) {
