@@ -48,6 +48,7 @@ TEST_F(SolveCommand, SaysWhyThereIsNoWin) {
         {kVault, {"--no-dig"}, "exhausted: 0 of 1 keys", "no way to the key 0,2\nno way to a door\n"},
         {kCorridor, {"--no-dig", "--exact"}, "exhausted: 0 of 1 keys", "lost to Dog "},
         {kCorridor, {"--no-dig-before", "150"}, "exhausted: 0 of 1 keys", "lost to Dog "},
+        {kCorridor, {"--delay", "60"}, "exhausted: 0 of 1 keys", "lost to Dog "},
         {pit, {}, "exhausted: 0 of 1 keys", "no way to the key 4,0\n"},
         {kCorridor, {"--states", "1"}, "cut: 0 of 1 keys", "out of reach 0"},
     };

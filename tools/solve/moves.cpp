@@ -36,12 +36,15 @@ class Player {
 public:
     Player(World& world, std::vector<KeyEvent>* written) : world_(world), written_(written) {}
 
-    /// Lets go of the key that is held and presses the other; a key that is held already stays so.
-    void hold(std::optional<PlayKey> key) {
+    /// Lets go of the key that is held and, `delay` frames later, presses the other; a key that is held already stays
+    /// so.
+    void hold(std::optional<PlayKey> key, int delay) {
         const auto held = heldKey(world_);
         if (held == key) return;
         if (held) event(KeyAction::Up, *held);
-        if (key) event(KeyAction::Down, *key);
+        if (!key) return;
+        for (int rested = 0; rested < delay && !world_.ended(); ++rested) frame();
+        if (!world_.ended()) event(KeyAction::Down, *key);
     }
     void event(KeyAction action, PlayKey key) {
         const KeyEvent event{world_.frame() + 1, action, key};
@@ -87,10 +90,11 @@ bool isPossible(const World& world, Move move) {
     return false;
 }
 
-void playMove(World& world, Move move, std::vector<KeyEvent>* written) {
+void playMove(World& world, Move move, int delay, std::vector<KeyEvent>* written) {
     Player player(world, written);
     const MoveTraits& traits = traitsOf(move);
-    player.hold(traits.key);
+    player.hold(traits.key, delay);
+    if (world.ended()) return;
     const auto hasMoved = [&world, x = world.hero().x, y = world.hero().y] {
         return world.hero().x != x || world.hero().y != y;
     };

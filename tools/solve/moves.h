@@ -28,9 +28,10 @@ inline constexpr int kWaitFrames = kCellSize / kHeroSpeed;
 [[nodiscard]] bool canDecide(const World& world);
 /// Whether a move would do something in a world where he can decide. A wait always does.
 [[nodiscard]] bool isPossible(const World& world, Move move);
-/// Plays a move with the real rules, until the next decision or the end of the attempt. Its key events are added to
+/// Plays a move with the real rules, until the next decision or the end of the attempt. Before a key that is not held
+/// yet the hero stands still for `delay` game frames, as long as a player takes to react. Its key events are added to
 /// `written` when that is not null.
-void playMove(World& world, Move move, std::vector<KeyEvent>* written = nullptr);
+void playMove(World& world, Move move, int delay, std::vector<KeyEvent>* written = nullptr);
 
 /// A readable list: letter and count of each run of equal moves, as "R8 U3 z w2". z digs left, x digs right, w waits.
 [[nodiscard]] std::string textOf(std::span<const Move> moves);

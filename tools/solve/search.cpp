@@ -80,7 +80,7 @@ bool Search::isAllowed(const Entry& entry, const World& world, Move move) const 
 void Search::follow(const Entry& entry, Move move) {
     const std::uint32_t number = pool_.copy(pool_[entry.world]);
     World& world = pool_[number];
-    playMove(world, move);
+    playMove(world, move, rules_.delay);
     ++result_.reached.states;
     const int digs = entry.digs + (isDig(move) ? 1 : 0);
     const bool goesOn = !isEnd(world);
@@ -126,6 +126,7 @@ bool Search::isNew(const World& world, int digs) {
     std::uint64_t key = stateKey(world, tour_.keys(), shape_.grain);
     const bool digsCount = rules_.mostDigs != std::numeric_limits<int>::max();
     if (digsCount) key += static_cast<std::uint64_t>(digs) * 0x9E3779B97F4A7C15ULL;
+    if (rules_.delay > 0) key += static_cast<std::uint64_t>(world.hero().command()) * 0xC2B2AE3D27D4EB4FULL;
     return known_.insert(key == 0 ? 1 : key);
 }
 

@@ -20,6 +20,7 @@ namespace grub {
 struct SearchRules {
     int mostDigs = std::numeric_limits<int>::max();
     int firstDigFrame = 0;
+    int delay = 0;  // game frames for which he stands still before each new key (playMove)
     bool takesBonuses = true;
     std::vector<CellPosition> keyOrder;  // cells of keys that are best taken first, in this order
 };

@@ -68,6 +68,7 @@ SearchRules rulesOf(const Arguments& arguments) {
     SearchRules rules;
     rules.mostDigs = arguments.has("--no-dig") ? 0 : arguments.number("--digs", rules.mostDigs);
     rules.firstDigFrame = arguments.number("--no-dig-before", 0);
+    rules.delay = arguments.number("--delay", 0);
     rules.keyOrder = cellsOf(arguments.text("--keys"));
     rules.takesBonuses = !arguments.has("--no-bonuses");
     return rules;
@@ -98,9 +99,9 @@ void printFigures(const Solution& solution, std::size_t keys) {
 }
 
 /// Plays the win once more and writes it down.
-void writeWin(RecordedGame game, World world, const std::vector<Move>& moves, const std::string& path) {
+void writeWin(RecordedGame game, World world, const std::vector<Move>& moves, int delay, const std::string& path) {
     World played = world;
-    for (const Move move : moves) playMove(played, move, &game.events);
+    for (const Move move : moves) playMove(played, move, delay, &game.events);
     const bool isWon = record(game, world) && game.end->cause == LossCause::Won;
     if (!isWon) failWith(kFailed, "the recorded keys do not win");
     std::printf("won in game frame %d with %td digs\n%s\n", game.end->frame, std::ranges::count_if(moves, isDig),
@@ -111,10 +112,11 @@ void writeWin(RecordedGame game, World world, const std::vector<Move>& moves, co
 void solveLevel(const Arguments& arguments) {
     const RecordedGame game = attemptAt(arguments);
     const World world = settledWorld(game, arguments);
-    const Solution solution = solve(world, rulesOf(arguments), limitsOf(arguments), true);
+    const SearchRules rules = rulesOf(arguments);
+    const Solution solution = solve(world, rules, limitsOf(arguments), true);
     printFigures(solution, static_cast<std::size_t>(world.keysRemaining()));
     if (solution.result.verdict != Verdict::Won) throw CommandEnd{kFailed};
-    writeWin(game, world, solution.result.moves, arguments.text("--out"));
+    writeWin(game, world, solution.result.moves, rules.delay, arguments.text("--out"));
 }
 
 }  // namespace
@@ -132,6 +134,7 @@ std::vector<Command> solveCommands() {
               option("--out", "recorded game of the win to write"), noDig,
               number("--digs", "dig at most so often", 0, kMost),
               number("--no-dig-before", "game frame of the first dig at the earliest", 0, kMost),
+              number("--delay", "game frames that he stands still before each new key", 0, 250),
               option("--keys", "cells of keys to take first if possible, in this order, as '3,4 5,6'"),
               flag("--no-bonuses", "leave bonuses where they lie"), noEnemies,
               number("--seed", "generator when the level starts to be built; 1 if not given", 0, UINT32_MAX),
