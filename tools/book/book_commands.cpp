@@ -58,7 +58,8 @@ void book(const Arguments& arguments) {
     };
     for (const BookLevel& entry : bookOf(arguments, *content)) {
         const PixelImage picture = drawLevelPicture(entry.level.map, content->pictures()).image;
-        const WinPath path = entry.game ? pathOfWin(*entry.game, entry.level.map, content->frameCounts()) : WinPath{};
+        const WinPath path =
+            entry.games.empty() ? WinPath{} : pathOfWin(entry.games.front(), entry.level.map, content->frameCounts());
         writePicture(out / pageName(entry.index), drawPage(entry, picture, path));
         tiles.push_back(drawTile(entry, picture, path));
         if (tiles.size() == kHallsOfASheet) endSheet();

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <utility>
 
-#include "game_text.h"
 #include "level_list.h"
+#include "recorded_wins.h"
 #include "whole_file.h"
 
 namespace grub {
@@ -17,16 +17,6 @@ std::filesystem::path sourceOf(const std::string& folder, std::string_view name)
     std::string path(name.substr(kLevelFolder.size()));
     std::ranges::replace(path, '\\', '/');
     return (std::filesystem::path(folder) / path).replace_extension(".txt");
-}
-
-bool addWin(BookLevel& entry, const std::filesystem::path& source, std::string& error) {
-    const std::string path = std::filesystem::path(source).replace_extension(".game").string();
-    if (!std::filesystem::exists(path)) return true;
-    entry.game = loadGame(path, error);
-    if (!entry.game) return false;
-    entry.win = measureWin(*entry.game, entry.level.map, entry.level.counts);
-    if (!entry.win) error = path + ": its keys do not win the level";
-    return entry.win.has_value();
 }
 
 }  // namespace
@@ -46,8 +36,9 @@ std::optional<std::vector<BookLevel>> openBook(const std::string& folder, const 
         auto level = openForChecks(*text, table, counts, fault);
         if (!level) error = fault.in(source.string());
         if (!level) return std::nullopt;
-        book.push_back({index, std::move(*level), std::nullopt, std::nullopt});
-        if (!addWin(book.back(), source, error)) return std::nullopt;
+        auto wins = openWins(source, *level, error);
+        if (!wins) return std::nullopt;
+        book.push_back({index, std::move(*level), std::move(wins->games), std::move(wins->measures)});
     }
     error = folder + ": holds no level of the list";
     return book.empty() ? std::nullopt : std::optional(std::move(book));

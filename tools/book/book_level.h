@@ -11,12 +11,12 @@
 
 namespace grub {
 
-/// A level of the game's list, with the recorded win beside its source.
+/// A level of the game's list, with the recorded wins beside its source.
 struct BookLevel {
     std::size_t index;  ///< in the level list
     CheckedLevel level;
-    std::optional<RecordedGame> game;
-    std::optional<WinMeasures> win;  ///< there if `game` is
+    std::vector<RecordedGame> games;  ///< its recorded wins, as in RecordedWins
+    std::optional<WinMeasures> win;
 };
 
 /// Opens the levels whose sources lie in `folder`, in the order of the level list. Nothing when a source or a game is

@@ -51,9 +51,11 @@ pictures and all; run it again when a level or a win has changed. `ninja -C buil
 with the way of its win into `build/release/level_book/`.
 
 `in reach` and `visited` are shares of the open cells: where Grub could get at all, and where the recorded win goes.
-`closest` is how near an enemy comes in it, in pixels (64 to a cell), along the longer axis. `late` says whether the
-same keys win (W) when they come 2, 4, 8 and 16 game frames late, `seeds` with how many of 8 other seeds they win. What
-needs a recorded win is `-` without one; so is `closest` in a level without enemies.
+`wins` counts the recorded wins; a second takes the keys in another order or digs other cells, and what follows is of
+the first. `closest` is how near an enemy comes in it, in pixels (64 to a cell), along the longer axis. `late` says
+whether the same keys win (W) when they come 2, 4, 8 and 16 game frames late, `seeds` with how many of 8 other seeds
+they win. `bot` is a player who presses these keys, but needs 0, 5, 10 and 15 game frames from letting go of one to the
+next; he may take either win. What needs a recorded win is `-` without one; so is `closest` in a level without enemies.
 
 Difficulty is the sum of
 )";

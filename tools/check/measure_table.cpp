@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <span>
 
 #include "enemy_traits.h"
 #include "relaxed_ways.h"
@@ -35,9 +36,9 @@ std::string seconds(int frames) {
     return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }
 
-std::string lateStarts(const WinMeasures& win) {
+std::string marks(std::span<const bool> wins) {
     std::string text;
-    for (const bool won : win.winsLate) text += won ? 'W' : '-';
+    for (const bool won : wins) text += won ? 'W' : '-';
     return text;
 }
 
@@ -54,7 +55,6 @@ struct Column {
     std::string (*text)(const Facts&);
 };
 
-/// A column for a bot that reacts late would stand behind the late starts.
 const std::array kColumns{
     Column{"cells", 8, false,
            [](const Facts& f) {
@@ -63,12 +63,14 @@ const std::array kColumns{
     Column{"keys", 5, false, [](const Facts& f) { return std::to_string(f.level.map.keysRemaining()); }},
     Column{"enemies", 8, false, [](const Facts& f) { return std::to_string(enemiesOf(f.level.map)); }},
     Column{"in reach", 9, false, [](const Facts& f) { return percent(cellsInReach(f.level.map), f.open); }},
+    Column{"wins", 5, true, [](const Facts& f) { return std::to_string(f.win->ways); }},
     Column{"win s", 7, true, [](const Facts& f) { return seconds(f.win->frames); }},
     Column{"digs", 5, true, [](const Facts& f) { return std::to_string(f.win->digs); }},
     Column{"visited", 8, true, [](const Facts& f) { return percent(f.win->cellsVisited, f.open); }},
     Column{"closest", 8, true,
            [](const Facts& f) { return f.win->closestEnemy ? std::to_string(*f.win->closestEnemy) : "-"; }},
-    Column{"late", 5, true, [](const Facts& f) { return lateStarts(*f.win); }},
+    Column{"late", 5, true, [](const Facts& f) { return marks(f.win->winsLate); }},
+    Column{"bot", 5, true, [](const Facts& f) { return marks(f.win->winsSlowly); }},
     Column{"seeds", 6, true,
            [](const Facts& f) { return std::to_string(f.win->seedsWon) + "/" + std::to_string(kOtherSeeds); }},
 };

@@ -2,16 +2,15 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "key_events.h"
 #include "relaxed_ways.h"
+#include "slow_player.h"
 
 namespace grub {
 
 namespace {
-
-/// Game frames without an end after the last key event, until a run counts as lost.
-constexpr int kPatience = 60 * 25;
 
 bool wins(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts) {
     return watchWin(game, map, counts, [](const World&) {});
@@ -35,8 +34,9 @@ public:
     void look(const World& world) {
         const Hero& hero = world.hero();
         measures.frames = world.frame();
-        measures.digs += hero.isDigging() && !wasDigging_ ? 1 : 0;
+        if (hero.isDigging() && !wasDigging_) noteDig(hero);
         wasDigging_ = hero.isDigging();
+        measures.way.keys.assign(world.collectedKeys().begin(), world.collectedKeys().end());
         measures.cellsVisited += visited_.add({hero.cellX(), hero.cellY()}) ? 1 : 0;
         for (const Enemy& enemy : world.enemies()) approach(hero, enemy);
     }
@@ -44,6 +44,14 @@ public:
     WinMeasures measures{};
 
 private:
+    void noteDig(const Hero& hero) {
+        ++measures.digs;
+        const CellPosition dug{hero.cellX() + (hero.facing() == Facing::Left ? -1 : 1), hero.cellY() + 1};
+        auto& digs = measures.way.digs;
+        const auto isBefore = [](CellPosition a, CellPosition b) { return std::pair(a.y, a.x) < std::pair(b.y, b.x); };
+        const auto place = std::ranges::lower_bound(digs, dug, isBefore);
+        if (place == digs.end() || *place != dug) digs.insert(place, dug);
+    }
     /// An enemy in a hole is walked over; it is no danger.
     void approach(const Hero& hero, const Enemy& enemy) {
         if (enemy.state() == EnemyState::Dead || enemy.state() == EnemyState::Trapped) return;
@@ -79,6 +87,8 @@ std::optional<WinMeasures> measureWin(const RecordedGame& game, const LevelMap& 
         measures.winsLate[i] = wins(later(game, kLateStarts[i]), map, counts);
     for (std::uint32_t i = 1; i <= kOtherSeeds; ++i)
         measures.seedsWon += wins(withSeed(game, game.start.seed + i), map, counts) ? 1 : 0;
+    for (std::size_t i = 0; i < kReactionDelays.size(); ++i)
+        measures.winsSlowly[i] = winsWithDelay(game, map, counts, kReactionDelays[i]);
     return measures;
 }
 

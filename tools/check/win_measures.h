@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "recorded_game.h"
 #include "world.h"
@@ -14,15 +15,31 @@ inline constexpr std::array kLateStarts{2, 4, 8, 16};
 /// Other seeds that a win is tried with.
 inline constexpr int kOtherSeeds = 8;
 
-/// What a recorded win tells of its level. How a bot with a reaction delay fares is not among it: such a bot needs a
-/// search for wins.
+/// Game frames that slow players need before each new key: none, 0.2, 0.4 and 0.6 s.
+inline constexpr std::array kReactionDelays{0, 5, 10, 15};
+/// Game frames without an end after the last key event, until a run counts as lost.
+inline constexpr int kPatience = 60 * 25;
+
+/// Where a win goes, as far as it makes it another win.
+struct WinWay {
+    std::vector<CellPosition> keys;  ///< in the order in which he takes them
+    std::vector<CellPosition> digs;  ///< different cells, row by row
+
+    friend bool operator==(const WinWay&, const WinWay&) = default;
+};
+
+/// What a recorded win tells of its level.
 struct WinMeasures {
+    WinWay way;
+    int ways = 1;  ///< recorded wins, each of another way
+
     int frames = 0;                                 ///< game frames until the win
     int digs = 0;                                   ///< floors that he breaks
     int cellsVisited = 0;                           ///< different cells
     std::optional<int> closestEnemy;                ///< pixels, the larger one of both axes; nothing without enemies
     std::array<bool, kLateStarts.size()> winsLate;  ///< with the same keys, each so much later
     int seedsWon = 0;                               ///< of kOtherSeeds, with the same keys
+    std::array<bool, kReactionDelays.size()> winsSlowly;  ///< of a player who reacts so late, on any of the ways
 };
 
 /// Plays keys until the attempt ends, or nothing more will come of them; `look` sees the world after each game frame.
