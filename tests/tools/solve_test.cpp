@@ -13,8 +13,9 @@ using testing::HasSubstr;
 
 class SolveCommand : public testing::Test {
 protected:
-    [[nodiscard]] GrubtoolRun solve(const std::string& field, std::vector<std::string> options = {}) const {
-        scratch_.write("level.txt", bytesOf("world turma\nfield\n" + field + "end\n"));
+    [[nodiscard]] GrubtoolRun solve(const std::string& field, std::vector<std::string> options = {},
+                                    const std::string& below = "") const {
+        scratch_.write("level.txt", bytesOf("world turma\nfield\n" + field + "end\n" + below));
         options.insert(options.begin(), {"solve", scratch_.file("level.txt"), "--data", GRUB_DATA_DIR});
         return grubtool(options);
     }
@@ -60,6 +61,28 @@ TEST_F(SolveCommand, SaysWhyThereIsNoWin) {
     }
     EXPECT_TRUE(solve(kVault, {"--keys", "0,2 3"}).failed(2, "wanted cells as '3,4 5,6', found '3'"));
     EXPECT_EQ(solve(kCorridor, {"--no-dig", "--no-enemies"}).exitCode, 0) << "it is the dog that stands in the way";
+}
+
+TEST_F(SolveCommand, SearchesInAPartAndOverCellsOfAWay) {
+    const std::string hall = "k..@..k\nX##H##X\nE..H..k\nXXXXXXX\n";
+    struct Row {
+        std::vector<std::string> options;
+        std::string below;
+        const char* answer;
+    };
+    const Row rows[] = {
+        {{}, "", "won in game frame 165"},
+        {{"--part", "3,0 6,2"}, "", "won: 2 of 2 keys"},
+        {{"--part", "0,0 3,2"}, "", "won: 1 of 1 keys"},
+        {{"--part", "0,2 6,2", "--from", "6,2"}, "", "won: 0 of 0 keys"},
+        {{"--way", "0,2 6,2"}, "", "won in game frame 216"},
+        {{"--way", "source"}, "way 0 2  6 2\n", "won in game frame 216"},
+        {{"--way", "1,3"}, "", "exhausted"},
+    };
+    for (const Row& row : rows) EXPECT_THAT(solve(hall, row.options, row.below).out, HasSubstr(row.answer));
+    EXPECT_TRUE(solve(hall, {"--part", "0,2 6,2"}).failed(2, "--part: Grub starts outside"));
+    EXPECT_TRUE(solve(hall, {"--from", "0,1"}).failed(2, "--from: wanted a cell where Grub can be"));
+    EXPECT_TRUE(solve(hall, {"--way", "7,0"}).failed(2, "the way leads out of the level"));
 }
 
 // With one dig the narrow searches leave states out, and a wider one gives the answer.

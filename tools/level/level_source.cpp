@@ -48,11 +48,13 @@ private:
         if (word == "legend") return legend(words);
         if (word == "field") return beginField(words);
         if (word == "bytes") return freeBytes(words);
+        if (word == "way") return way(words);
         const auto slot = std::find(kSlotWords.begin(), kSlotWords.end(), word);
         if (slot != kSlotWords.end())
             return placement(kAllSlots[static_cast<std::size_t>(slot - kSlotWords.begin())], words);
-        return fail("title, idea, world, legend, field, base, layer2 to layer5, object, bytes or a comment behind '#'",
-                    inQuotes(word));
+        return fail(
+            "title, idea, world, legend, field, way, base, layer2 to layer5, object, bytes or a comment behind '#'",
+            inQuotes(word));
     }
 
     bool title(const Words& words) {
@@ -100,12 +102,25 @@ private:
     bool placement(Slot slot, const Words& words) {
         if (words.size() < 4 || words.size() % 2 != 0)
             return fail("'" + std::string(words[0]) + " NAME COLUMN ROW [COLUMN ROW ...]'", quotedRest(words));
-        for (std::size_t i = 2; i < words.size(); i += 2) {
+        return eachCell(words, 2, [&](int column, int row) {
+            source_.placements.push_back({slot, std::string(words[1]), column, row, line_});
+        });
+    }
+
+    bool way(const Words& words) {
+        if (words.size() < 3 || words.size() % 2 == 0)
+            return fail("'way COLUMN ROW [COLUMN ROW ...]'", quotedRest(words));
+        return eachCell(words, 1, [&](int column, int row) { source_.way.push_back({column, row}); });
+    }
+
+    template <class Action>
+    bool eachCell(const Words& words, std::size_t first, Action action) {
+        for (std::size_t i = first; i < words.size(); i += 2) {
             const auto column = numberIn<std::uint16_t>(words[i]);
             const auto row = numberIn<std::uint16_t>(words[i + 1]);
             if (!column || !row)
                 return fail("a column and a row, counted from 0", inQuotes(column ? words[i + 1] : words[i]));
-            source_.placements.push_back({slot, std::string(words[1]), *column, *row, line_});
+            action(*column, *row);
         }
         return true;
     }

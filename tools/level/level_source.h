@@ -142,6 +142,7 @@ struct LevelSource {
     std::vector<std::string> field;
     int fieldLine = 0;
     std::map<char, LegendEntry> legend;
+    std::vector<CellPosition> way;  ///< for the solver: cells that a win passes, in this order
     std::vector<Placement> placements;
     std::array<std::uint8_t, kFreeBytes> freeBytes{};
 };

@@ -15,14 +15,25 @@ constexpr int kLongestFrames = 7500;
 /// A slice is narrowed when it has this many times as many states as may go on.
 constexpr std::size_t kSlack = 3;
 
+bool hasDoor(const LevelMap& map, const CellRange& part) {
+    for (int y = 0; y < map.height(); ++y)
+        for (int x = 0; x < map.width(); ++x)
+            if (part.has(x, y) && map.cellAt(x, y).isExit) return true;
+    return false;
+}
+
 }  // namespace
 
 Search::Search(const World& start, Tour tour, const SearchRules& rules, const SearchShape& shape)
-    : tour_(std::move(tour)), rules_(rules), shape_(shape), startScore_(start.score()) {
+    : tour_(std::move(tour)),
+      rules_(rules),
+      shape_(shape),
+      startScore_(start.score()),
+      keysAreEnough_(rules.part && !hasDoor(start.map(), *rules.part)) {
     if (shape_.keyOrder != 0) tour_.preferChanceOrder(shape_.keyOrder);
     const int length = tour_.lengthFrom(start);
     if (length >= kNoWay) return;
-    slices_[0].push_back({.group = 0, .world = pool_.copy(start), .node = kNoNode, .tour = length, .digs = 0});
+    slices_[0].push_back({.group = 0, .world = pool_.copy(start), .node = kNoNode, .tour = length, .deeds = {}});
 }
 
 SearchResult Search::run(const Watch& watch) {
@@ -73,7 +84,7 @@ void Search::expand(const Entry& entry) {
 }
 
 bool Search::isAllowed(const Entry& entry, const World& world, Move move) const {
-    if (isDig(move) && (entry.digs >= rules_.mostDigs || world.frame() + 1 < rules_.firstDigFrame)) return false;
+    if (isDig(move) && (entry.deeds.digs >= rules_.mostDigs || world.frame() + 1 < rules_.firstDigFrame)) return false;
     return isPossible(world, move);
 }
 
@@ -82,21 +93,21 @@ void Search::follow(const Entry& entry, Move move) {
     World& world = pool_[number];
     playMove(world, move, rules_.delay);
     ++result_.reached.states;
-    const int digs = entry.digs + (isDig(move) ? 1 : 0);
-    const bool goesOn = !isEnd(world);
-    if (!goesOn && isWin(world) && result_.moves.empty()) {
+    const Deeds deeds{entry.deeds.digs + (isDig(move) ? 1 : 0), tour_.passedAt(world, entry.deeds.passed)};
+    const bool goesOn = !isEnd(world, deeds);
+    if (!goesOn && isWin(world, deeds) && result_.moves.empty()) {
         result_.moves = movesTo(entry.node);
         result_.moves.push_back(move);
     }
-    if (goesOn && isNew(world, digs)) {
-        const int tour = tour_.lengthFrom(world);
-        if (tour < kNoWay) return keep(number, entry, move, tour, digs);
+    if (goesOn && isNew(world, deeds)) {
+        const int tour = tour_.lengthFrom(world, deeds.passed);
+        if (tour < kNoWay) return keep(number, entry, move, tour, deeds);
         ++result_.outOfReach;
     }
     pool_.giveBack(number);
 }
 
-bool Search::isEnd(const World& world) {
+bool Search::isEnd(const World& world, const Deeds& deeds) {
     const std::size_t taken = tour_.keys().size() - static_cast<std::size_t>(world.keysRemaining());
     result_.reached.mostKeys = std::max(result_.reached.mostKeys, taken);
     if (world.ended()) {
@@ -107,7 +118,8 @@ bool Search::isEnd(const World& world) {
         leftOut_ = true;
         return true;
     }
-    return hasTooMuch(world);
+    if (rules_.part && !rules_.part->has(world.hero().cellX(), world.hero().cellY())) return true;
+    return hasTooMuch(world) || isWin(world, deeds);
 }
 
 /// Whether he has taken a bonus that he should leave: points beyond those of keys tell.
@@ -118,23 +130,26 @@ bool Search::hasTooMuch(const World& world) const {
     return world.score() - startScore_ != taken * kKeyScore + won;
 }
 
-bool Search::isWin(const World& world) const {
-    return world.ended() && world.cause() == LossCause::Won && !hasTooMuch(world);
+bool Search::isWin(const World& world, const Deeds& deeds) const {
+    if (deeds.passed < rules_.way.size()) return false;
+    const bool hasAllKeys = keysAreEnough_ && !world.ended() && world.keysRemaining() == 0;
+    return (hasAllKeys || (world.ended() && world.cause() == LossCause::Won)) && !hasTooMuch(world);
 }
 
-bool Search::isNew(const World& world, int digs) {
+bool Search::isNew(const World& world, const Deeds& deeds) {
     std::uint64_t key = stateKey(world, tour_.keys(), shape_.grain);
     const bool digsCount = rules_.mostDigs != std::numeric_limits<int>::max();
-    if (digsCount) key += static_cast<std::uint64_t>(digs) * 0x9E3779B97F4A7C15ULL;
+    if (digsCount) key += static_cast<std::uint64_t>(deeds.digs) * 0x9E3779B97F4A7C15ULL;
     if (rules_.delay > 0) key += static_cast<std::uint64_t>(world.hero().command()) * 0xC2B2AE3D27D4EB4FULL;
+    key += deeds.passed * 0x165667B19E3779F9ULL;
     return known_.insert(key == 0 ? 1 : key);
 }
 
-void Search::keep(std::uint32_t world, const Entry& from, Move move, int tour, int digs) {
+void Search::keep(std::uint32_t world, const Entry& from, Move move, int tour, Deeds deeds) {
     const auto node = static_cast<std::uint32_t>(nodes_.size());
     nodes_.push_back({from.node, move});
     Slice& slice = slices_[pool_[world].frame() / kSliceFrames];
-    slice.push_back({groupKey(pool_[world], tour_.keys()), world, node, tour, digs});
+    slice.push_back({groupKey(pool_[world], tour_.keys()), world, node, tour, deeds});
     if (slice.size() > kSlack * shape_.width) narrow(slice);
 }
 

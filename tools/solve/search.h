@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <optional>
 #include <vector>
 
 #include "moves.h"
@@ -16,6 +17,15 @@
 
 namespace grub {
 
+/// Cells between two corners, both included.
+struct CellRange {
+    CellPosition first;
+    CellPosition last;
+
+    /// Whether the cell is among them; a range may reach beyond the level.
+    [[nodiscard]] bool has(int x, int y) const { return x >= first.x && x <= last.x && y >= first.y && y <= last.y; }
+};
+
 /// What the hero may do beside the rules of play.
 struct SearchRules {
     int mostDigs = std::numeric_limits<int>::max();
@@ -23,6 +33,8 @@ struct SearchRules {
     int delay = 0;  // game frames for which he stands still before each new key (playMove)
     bool takesBonuses = true;
     std::vector<CellPosition> keyOrder;  // cells of keys that are best taken first, in this order
+    std::vector<CellPosition> way;       // cells that he must pass, in this order, before he wins
+    std::optional<CellRange> part;       // cells that he must not leave; the keys are enough when no door is among them
 };
 
 /// How widely a search looks, and when it gives up.
@@ -78,13 +90,18 @@ private:
         std::uint32_t parent;
         Move move;
     };
+    /// What a state has behind it, as far as it limits what may come.
+    struct Deeds {
+        int digs = 0;
+        std::size_t passed = 0;  // cells of the way
+    };
     /// A state that waits for its slice of time.
     struct Entry {
         std::uint64_t group;
         std::uint32_t world;
         std::uint32_t node;
         int tour;
-        int digs;
+        Deeds deeds;
     };
     using Slice = std::vector<Entry>;
 
@@ -93,11 +110,11 @@ private:
     void expand(const Entry& entry);
     void follow(const Entry& entry, Move move);
     [[nodiscard]] bool isAllowed(const Entry& entry, const World& world, Move move) const;
-    [[nodiscard]] bool isEnd(const World& world);
+    [[nodiscard]] bool isEnd(const World& world, const Deeds& deeds);
     [[nodiscard]] bool hasTooMuch(const World& world) const;
-    [[nodiscard]] bool isWin(const World& world) const;
-    [[nodiscard]] bool isNew(const World& world, int digs);
-    void keep(std::uint32_t world, const Entry& from, Move move, int tour, int digs);
+    [[nodiscard]] bool isWin(const World& world, const Deeds& deeds) const;
+    [[nodiscard]] bool isNew(const World& world, const Deeds& deeds);
+    void keep(std::uint32_t world, const Entry& from, Move move, int tour, Deeds deeds);
     [[nodiscard]] bool isOverLimit() const;
     [[nodiscard]] std::vector<Move> movesTo(std::uint32_t node) const;
 
@@ -105,6 +122,7 @@ private:
     SearchRules rules_;
     SearchShape shape_;
     int startScore_;
+    bool keysAreEnough_;
     WorldPool pool_;
     std::vector<Node> nodes_;
     KeySet known_;

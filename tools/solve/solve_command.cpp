@@ -1,9 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <filesystem>
 #include <limits>
-#include <sstream>
 #include <string>
 
 #include "command.h"
@@ -12,67 +10,11 @@
 #include "game_text.h"
 #include "level_list.h"
 #include "play_content.h"
+#include "solve_question.h"
 #include "solver.h"
 
 namespace grub {
 namespace {
-
-/// Where the game is written, or would be.
-std::filesystem::path gamePath(const Arguments& arguments) {
-    return std::filesystem::absolute(arguments.has("--out") ? arguments.text("--out") : "win.game");
-}
-
-/// The attempt that shall be won; its level is named as the game file needs it.
-RecordedGame attemptAt(const Arguments& arguments) {
-    RecordedGame game;
-    const std::string level = arguments.text("LEVEL");
-    const auto number = numberIn<std::size_t>(level);
-    if (number && *number >= 1 && *number <= kLevelCount) {
-        game.level = kLevelNames[*number - 1];
-        game.start.levelIndex = static_cast<int>(*number) - 1;
-    } else {
-        game.level = std::filesystem::absolute(level).lexically_relative(gamePath(arguments).parent_path()).string();
-    }
-    game.start.levelIndex = arguments.number("--index", game.start.levelIndex);
-    game.start.seed = arguments.number("--seed", 1U);
-    return game;
-}
-
-World settledWorld(const RecordedGame& game, const Arguments& arguments) {
-    std::string error;
-    const auto content = PlayContent::open(arguments.text("--data"), error);
-    if (content == nullptr) failWith(kCannotPlay, error);
-    auto map = content->mapOf(game, gamePath(arguments).string(), error);
-    if (!map) failWith(kCannotPlay, error);
-    if (arguments.has("--no-enemies")) map->removeEnemies();
-    World world(std::move(*map), game.start, content->frameCounts());
-    world.step();
-    return world;
-}
-
-/// The cells of a text as "3,4 5,6".
-std::vector<CellPosition> cellsOf(const std::string& text) {
-    std::vector<CellPosition> cells;
-    std::istringstream words(text);
-    for (std::string word; words >> word;) {
-        const std::size_t comma = std::min(word.find(','), word.size());
-        const auto x = numberIn<int>(word.substr(0, comma));
-        const auto y = numberIn<int>(word.substr(std::min(comma + 1, word.size())));
-        if (!x || !y) failWith(kCannotPlay, "--keys: wanted cells as '3,4 5,6', found '" + word + "'");
-        cells.push_back({*x, *y});
-    }
-    return cells;
-}
-
-SearchRules rulesOf(const Arguments& arguments) {
-    SearchRules rules;
-    rules.mostDigs = arguments.has("--no-dig") ? 0 : arguments.number("--digs", rules.mostDigs);
-    rules.firstDigFrame = arguments.number("--no-dig-before", 0);
-    rules.delay = arguments.number("--delay", 0);
-    rules.keyOrder = cellsOf(arguments.text("--keys"));
-    rules.takesBonuses = !arguments.has("--no-bonuses");
-    return rules;
-}
 
 SolverLimits limitsOf(const Arguments& arguments) {
     SolverLimits limits;
@@ -99,20 +41,24 @@ void printFigures(const Solution& solution, std::size_t keys) {
 }
 
 /// Plays the win once more and writes it down.
-void writeWin(RecordedGame game, World world, const std::vector<Move>& moves, int delay, const std::string& path) {
+void writeWin(RecordedGame game, const World& world, const std::vector<Move>& moves, int delay,
+              const std::string& path) {
     World played = world;
     for (const Move move : moves) playMove(played, move, delay, &game.events);
-    const bool isWon = record(game, world) && game.end->cause == LossCause::Won;
-    if (!isWon) failWith(kFailed, "the recorded keys do not win");
-    std::printf("won in game frame %d with %td digs\n%s\n", game.end->frame, std::ranges::count_if(moves, isDig),
+    std::printf("won in game frame %d with %td digs\n%s\n", played.frame(), std::ranges::count_if(moves, isDig),
                 textOf(moves).c_str());
-    if (!path.empty()) outputText(path, writeGame(game), kCannotPlay);
+    if (path.empty()) return;
+    played = world;
+    const bool isWon = record(game, played) && game.end->cause == LossCause::Won;
+    if (!isWon) failWith(kFailed, "the recorded keys do not win");
+    outputText(path, writeGame(game), kCannotPlay);
 }
 
 void solveLevel(const Arguments& arguments) {
-    const RecordedGame game = attemptAt(arguments);
-    const World world = settledWorld(game, arguments);
-    const SearchRules rules = rulesOf(arguments);
+    std::string error;
+    const auto content = PlayContent::open(arguments.text("--data"), error);
+    if (content == nullptr) failWith(kCannotPlay, error);
+    const auto [game, world, rules] = questionOf(arguments, *content);
     const Solution solution = solve(world, rules, limitsOf(arguments), true);
     printFigures(solution, static_cast<std::size_t>(world.keysRemaining()));
     if (solution.result.verdict != Verdict::Won) throw CommandEnd{kFailed};
@@ -124,19 +70,26 @@ void solveLevel(const Arguments& arguments) {
 std::vector<Command> solveCommands() {
     constexpr auto kMost = static_cast<std::uint32_t>(std::numeric_limits<int>::max());
     constexpr auto kLastLevel = static_cast<std::uint32_t>(kLevelCount) - 1;
-    Parameter noEnemies = flag("--no-enemies", "take the enemies off the level");
-    noEnemies.excludes = "--out";
+    const auto withoutGame = [](Parameter parameter) {
+        parameter.excludes = "--out";
+        return parameter;
+    };
     Parameter noDig = flag("--no-dig", "win without digging");
     noDig.excludes = "--digs";
     return {{"solve",
              "Look for a win of a level",
              {word("LEVEL", "1 to 50, a level file or a level source"),
-              option("--out", "recorded game of the win to write"), noDig,
+              option("--out", "recorded game of the win to write"),
+              noDig,
               number("--digs", "dig at most so often", 0, kMost),
               number("--no-dig-before", "game frame of the first dig at the earliest", 0, kMost),
               number("--delay", "game frames that he stands still before each new key", 0, 250),
               option("--keys", "cells of keys to take first if possible, in this order, as '3,4 5,6'"),
-              flag("--no-bonuses", "leave bonuses where they lie"), noEnemies,
+              option("--way", "cells that the win passes, in this order; 'source' for the line of the level source"),
+              flag("--no-bonuses", "leave bonuses where they lie"),
+              withoutGame(flag("--no-enemies", "take the enemies off the level")),
+              withoutGame(option("--part", "corners of the part to stay in, as '3,4 9,8'; keys elsewhere are taken")),
+              withoutGame(option("--from", "cell to start from, as '3,4'")),
               number("--seed", "generator when the level starts to be built; 1 if not given", 0, UINT32_MAX),
               number("--index", "place in the level list; on 0 there are no random bonuses", 0, kLastLevel),
               flag("--exact", "take only states for one that play the same: then 'exhausted' is a proof"),

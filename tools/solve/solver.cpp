@@ -48,6 +48,7 @@ public:
     Portfolio(const World& start, const SearchRules& rules, const SolverLimits& limits, bool isLoud)
         : start_(start), tour_(start, canDig(start, rules)), rules_(rules), limits_(limits), isLoud_(isLoud) {
         if (!rules.keyOrder.empty()) tour_.preferOrder(rules.keyOrder);
+        tour_.leadOver(rules.way);
     }
 
     void run() {

@@ -16,10 +16,10 @@ constexpr int kDetourFrames = 400;
 
 }  // namespace
 
-Tour::Tour(const World& world, bool digs) : width_(world.map().width()) {
+Tour::Tour(const World& world, bool digs)
+    : width_(world.map().width()), after_(world.map(), {.digs = digs, .laddersRisen = true}) {
     const LevelMap& map = world.map();
     const RelaxedMap before(map, {.digs = digs, .laddersRisen = false});
-    const RelaxedMap after(map, {.digs = digs, .laddersRisen = true});
     toExit_.assign(map.cellCount(), kNoWay);
     for (int y = 0; y < map.height(); ++y) {
         for (int x = 0; x < map.width(); ++x) {
@@ -28,7 +28,7 @@ Tour::Tour(const World& world, bool digs) : width_(world.map().width()) {
                 toKeys_.push_back(before.distancesTo({x, y}));
             }
             if (!map.cellAt(x, y).isExit) continue;
-            const auto toThis = after.distancesTo({x, y});
+            const auto toThis = after_.distancesTo({x, y});
             std::ranges::transform(toExit_, toThis, toExit_.begin(), [](int a, int b) { return std::min(a, b); });
         }
     }
@@ -101,9 +101,30 @@ int Tour::nearestFirst(const LevelMap& map, std::size_t cell) const {
     return std::min(kNoWay, length + toExit_[cell]);
 }
 
-int Tour::lengthFrom(const World& world) const {
-    const LevelMap& map = world.map();
+void Tour::leadOver(std::span<const CellPosition> way) {
+    for (const CellPosition place : way) {
+        way_.push_back(cellOf(place));
+        toWay_.push_back(after_.distancesTo(place));
+    }
+}
+
+std::size_t Tour::passedAt(const World& world, std::size_t before) const {
     const std::size_t cell = cellOf({world.hero().cellX(), world.hero().cellY()});
+    return before < way_.size() && way_[before] == cell ? before + 1 : before;
+}
+
+int Tour::lengthFrom(const World& world, std::size_t passed) const {
+    std::size_t cell = cellOf({world.hero().cellX(), world.hero().cellY()});
+    if (!way_.empty() && lengthOverKeys(world.map(), cell) == kNoWay) return kNoWay;
+    int length = 0;
+    for (; passed < way_.size(); ++passed) {
+        length = std::min(kNoWay, length + toWay_[passed][cell]);
+        cell = way_[passed];
+    }
+    return std::min(kNoWay, length + lengthOverKeys(world.map(), cell));
+}
+
+int Tour::lengthOverKeys(const LevelMap& map, std::size_t cell) const {
     if (rests_.empty()) return nearestFirst(map, cell);
     Keys left = 0;
     for (std::size_t key = 0; key < keys_.size(); ++key) {
