@@ -57,7 +57,7 @@ def answer(tool: str, seconds: int, level: Level, digs: int) -> str:
         return "-"
     most = ["--no-dig"] if digs == 0 else ["--digs", str(digs)]
     run = subprocess.run([tool, "solve", level.source, "--index", str(level.index), "--no-bonuses",
-                          "--seconds", str(seconds), *most], capture_output=True, text=True)
+                          "--seconds", str(seconds), "--threads", "1", *most], capture_output=True, text=True)
     said = re.match(r"(won|exhausted|cut): (\d+) of (\d+)", run.stdout)
     if not said:
         sys.exit(f"{level.name}: {run.stderr}")

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <limits>
 #include <string>
+#include <thread>
 
 #include "command.h"
 #include "command_lists.h"
@@ -22,7 +23,8 @@ SolverLimits limitsOf(const Arguments& arguments) {
     if (arguments.has("--memory")) limits.bytes = arguments.number("--memory", std::size_t{0}) << 20U;
     limits.seconds = arguments.number("--seconds", limits.seconds);
     limits.exact = arguments.has("--exact");
-    limits.threads = arguments.number("--threads", limits.threads);
+    const int cores = static_cast<int>(std::thread::hardware_concurrency());  // 0 when it is not known
+    limits.threads = arguments.number("--threads", std::clamp(cores, 1, kMostThreads));
     return limits;
 }
 
@@ -96,7 +98,7 @@ std::vector<Command> solveCommands() {
               number("--states", "states of each search", 1, UINT32_MAX),
               number("--memory", "megabytes of all searches together; 8192 if not given", 1, kMost),
               number("--seconds", "time; 600 if not given", 1, kMost),
-              number("--threads", "searches at the same time; 1 if not given", 1, kMostThreads),
+              number("--threads", "searches at the same time; one for each core if not given", 1, kMostThreads),
               option("--data", "directory of the packages")},
              solveLevel}};
 }
