@@ -109,6 +109,7 @@ std::string measureRow(const std::string& name, const CheckedLevel& level, const
 std::vector<Measure> measuresOf(const CheckedLevel& level, const std::optional<WinMeasures>& win) {
     const Facts facts{level, win, openCells(level.map)};
     std::vector<Measure> measures;
+    measures.reserve(kColumns.size());
     for (const Column& column : kColumns) measures.push_back({column.heading, textOf(column, facts)});
     return measures;
 }
