@@ -20,8 +20,8 @@ MEANT = {
     "jelezo/level02": 2, "jelezo/level03": 2, "jelezo/level04": 16, "jelezo/level06": 2, "jelezo/level07": 1,
     "jelezo/level08": 1, "jelezo/level09": 3, "jelezo/level12": 1, "jelezo/level13": 6, "jelezo/level14": 2,
     "jelezo/level10": 1, "jelezo/level15": 10,
-    "podval/level02": 14, "podval/level06": 1, "podval/level07": 1, "podval/level09": 1, "podval/level12": 4,
-    "podval/level15": 1, "podval/level13": 3,
+    "podval/level02": 14, "podval/level06": 1, "podval/level07": 1, "podval/level09": 2, "podval/level12": 4,
+    "podval/level15": 2, "podval/level13": 3,
 }
 HEADING = """# What the levels need: answers of the solver
 
