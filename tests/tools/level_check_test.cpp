@@ -94,22 +94,26 @@ TEST(LevelCheck, MeasuresTheWinsBesideASource) {
         "1 down Right\n20 up Right\n20 down Left\n28 up Left\n28 down X\n29 up X\n"
         "38 down Right\n86 up Right\n86 down Left\n";
     const std::string calm = "32 down X\n33 up X\n57 down Right\n113 up Right\n128 down Left\n";
+    const std::string corridor = "E..@...D..k\n###########\nXXXXXXXXXXX\n";
+    const std::string leftFirst = "1 down Left\n40 up Left\n40 down Right\n";
+    const std::string rightFirst = "1 down Right\n20 up Right\n20 down Left\n80 up Left\n80 down Right\n";
     struct Row {
+        std::string field;
         std::string first;
         std::string second;
         const char* measures;
         const char* error;
     };
     const Row rows[] = {
-        {quick, "", "    1    6.6    1    100%      48 WW-- W---   8/8\n", ""},
-        {quick, calm, "    2    6.6    1    100%      48 WW-- WWWW   8/8\n", ""},
-        {"1 down Right\n", "", "-", "a.game: its keys do not win the level"},
-        {quick, quick, "-", "a.second.game: takes the same keys in the same order"},
+        {corridor, quick, "", "    1    6.6    1    100%      48 WW-- W---   8/8\n", ""},
+        {corridor, quick, calm, "    2    6.6    1    100%      48 WW-- WWWW   8/8\n", ""},
+        {corridor, "1 down Right\n", "", "-", "a.game: its keys do not win the level"},
+        {corridor, quick, quick, "-", "a.second.game: takes the same keys in the same order"},
+        {"k..@.k.E\n########\n", leftFirst, rightFirst, "    2 ", ""},
     };
     const ScratchDirectory scratch;
-    const std::string source = scratch.write("a.txt", bytesOf("world turma\nfield\nE..@...D..k\n###########\n"
-                                                              "XXXXXXXXXXX\nend\n"));
     for (const Row& row : rows) {
+        const std::string source = scratch.write("a.txt", bytesOf("world turma\nfield\n" + row.field + "end\n"));
         scratch.write("a.game", bytesOf("level a.txt\nindex 0\nseed 1\n\n" + row.first));
         if (!row.second.empty())
             scratch.write("a.second.game", bytesOf("level a.txt\nindex 0\nseed 1\n\n" + row.second));

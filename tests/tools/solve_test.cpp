@@ -73,7 +73,7 @@ TEST_F(SolveCommand, SearchesInAPartAndOverCellsOfAWay) {
     const Row rows[] = {
         {{}, "", "won in game frame 165"},
         {{"--part", "3,0 6,2"}, "", "won: 2 of 2 keys"},
-        {{"--part", "0,0 3,2"}, "", "won: 1 of 1 keys"},
+        {{"--part", "0,0 3,1", "--no-dig"}, "base solid 2 2\n", "won: 1 of 1 keys"},  // the door is out of reach
         {{"--part", "0,2 6,2", "--from", "6,2"}, "", "won: 0 of 0 keys"},
         {{"--way", "0,2 6,2"}, "", "won in game frame 216"},
         {{"--way", "source"}, "way 0 2  6 2\n", "won in game frame 216"},

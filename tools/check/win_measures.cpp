@@ -36,7 +36,9 @@ public:
         measures.frames = world.frame();
         if (hero.isDigging() && !wasDigging_) noteDig(hero);
         wasDigging_ = hero.isDigging();
-        measures.way.keys.assign(world.collectedKeys().begin(), world.collectedKeys().end());
+        // A world that is won has forgotten its keys.
+        const auto taken = world.collectedKeys();
+        if (!world.ended()) measures.way.keys.assign(taken.begin(), taken.end());
         measures.cellsVisited += visited_.add({hero.cellX(), hero.cellY()}) ? 1 : 0;
         for (const Enemy& enemy : world.enemies()) approach(hero, enemy);
     }

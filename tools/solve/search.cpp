@@ -15,21 +15,22 @@ constexpr int kLongestFrames = 7500;
 /// A slice is narrowed when it has this many times as many states as may go on.
 constexpr std::size_t kSlack = 3;
 
-bool hasDoor(const LevelMap& map, const CellRange& part) {
+}  // namespace
+
+bool SearchRules::keysAreEnough(const LevelMap& map) const {
+    if (!part) return false;
     for (int y = 0; y < map.height(); ++y)
         for (int x = 0; x < map.width(); ++x)
-            if (part.has(x, y) && map.cellAt(x, y).isExit) return true;
-    return false;
+            if (part->has(x, y) && map.cellAt(x, y).isExit) return false;
+    return true;
 }
-
-}  // namespace
 
 Search::Search(const World& start, Tour tour, const SearchRules& rules, const SearchShape& shape)
     : tour_(std::move(tour)),
       rules_(rules),
       shape_(shape),
       startScore_(start.score()),
-      keysAreEnough_(rules.part && !hasDoor(start.map(), *rules.part)) {
+      keysAreEnough_(rules.keysAreEnough(start.map())) {
     if (shape_.keyOrder != 0) tour_.preferChanceOrder(shape_.keyOrder);
     const int length = tour_.lengthFrom(start);
     if (length >= kNoWay) return;

@@ -34,7 +34,10 @@ struct SearchRules {
     bool takesBonuses = true;
     std::vector<CellPosition> keyOrder;  // cells of keys that are best taken first, in this order
     std::vector<CellPosition> way;       // cells that he must pass, in this order, before he wins
-    std::optional<CellRange> part;       // cells that he must not leave; the keys are enough when no door is among them
+    std::optional<CellRange> part;       // cells that he must not leave; see keysAreEnough
+
+    /// Whether the last key wins: there is no door in the part.
+    [[nodiscard]] bool keysAreEnough(const LevelMap& map) const;
 };
 
 /// How widely a search looks, and when it gives up.

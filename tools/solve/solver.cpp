@@ -47,6 +47,7 @@ class Portfolio {
 public:
     Portfolio(const World& start, const SearchRules& rules, const SolverLimits& limits, bool isLoud)
         : start_(start), tour_(start, canDig(start, rules)), rules_(rules), limits_(limits), isLoud_(isLoud) {
+        if (rules.keysAreEnough(start.map())) tour_.endWithKeys();
         if (!rules.keyOrder.empty()) tour_.preferOrder(rules.keyOrder);
         tour_.leadOver(rules.way);
     }

@@ -101,6 +101,11 @@ int Tour::nearestFirst(const LevelMap& map, std::size_t cell) const {
     return std::min(kNoWay, length + toExit_[cell]);
 }
 
+void Tour::endWithKeys() {
+    std::ranges::fill(toExit_, 0);
+    preferOrder({});
+}
+
 void Tour::leadOver(std::span<const CellPosition> way) {
     for (const CellPosition place : way) {
         way_.push_back(cellOf(place));

@@ -23,6 +23,8 @@ public:
     void preferOrder(std::span<const CellPosition> order);
     /// Prefers an order by chance, one of its own for each number.
     void preferChanceOrder(std::uint32_t number);
+    /// Ends with the last key instead of at the door. Before any other wish.
+    void endWithKeys();
     /// Leads over these cells, one after the other, and then over the keys that are left.
     void leadOver(std::span<const CellPosition> way);
     /// How many cells of the way he has passed, when he had passed so many before.
