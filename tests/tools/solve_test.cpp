@@ -60,6 +60,9 @@ TEST_F(SolveCommand, SaysWhyThereIsNoWin) {
         EXPECT_THAT(run.out, HasSubstr(row.detail)) << row.field;
     }
     EXPECT_TRUE(solve(kVault, {"--keys", "0,2 3"}).failed(2, "wanted cells as '3,4 5,6', found '3'"));
+    EXPECT_TRUE(solve(kVault, {"--keys", "1,0"}).failed(2, "--keys: no key lies at 1,0"));
+    EXPECT_TRUE(solve(kVault, {"--way", "source"}).failed(2, "--way: there are no cells"));
+    EXPECT_TRUE(solve(kVault, {"--out", scratch_.file("no/win.game")}).failed(2, "no such folder"));
     EXPECT_EQ(solve(kCorridor, {"--no-dig", "--no-enemies"}).exitCode, 0) << "it is the dog that stands in the way";
 }
 
@@ -72,7 +75,7 @@ TEST_F(SolveCommand, SearchesInAPartAndOverCellsOfAWay) {
     };
     const Row rows[] = {
         {{}, "", "won in game frame 165"},
-        {{"--part", "3,0 6,2"}, "", "won: 2 of 2 keys"},
+        {{"--part", "6,2 3,0"}, "", "won: 2 of 2 keys"},
         {{"--part", "0,0 3,1", "--no-dig"}, "base solid 2 2\n", "won: 1 of 1 keys"},  // the door is out of reach
         {{"--part", "0,2 6,2", "--from", "6,2"}, "", "won: 0 of 0 keys"},
         {{"--way", "0,2 6,2"}, "", "won in game frame 216"},

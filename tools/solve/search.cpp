@@ -73,8 +73,8 @@ void Search::narrow(Slice& slice) {
 }
 
 void Search::noteShortest(const Slice& slice) {
-    if (slice.empty() || slice.front().tour >= shortestTour_) return;
-    shortestTour_ = slice.front().tour;
+    if (slice.empty() || slice.front().tour >= result_.reached.shortestTour) return;
+    result_.reached.shortestTour = slice.front().tour;
     shortestFrame_ = result_.reached.frame;
 }
 

@@ -56,6 +56,7 @@ struct SearchProgress {
     std::uint64_t states = 0;  // played to the next decision
     std::size_t mostKeys = 0;  // taken in one of them
     int frame = 0;
+    int shortestTour = kNoWay;  // the least that is left, in game frames (Tour::lengthFrom)
 };
 
 /// Won: moves were found that win. Exhausted: every state was followed (like ones, by the grain, once). Cut: something
@@ -131,8 +132,7 @@ private:
     KeySet known_;
     std::map<int, Slice> slices_;
     SearchResult result_;
-    int shortestTour_ = kNoWay;
-    int shortestFrame_ = 0;  // when it was found
+    int shortestFrame_ = 0;  // when the shortest tour was found
     bool leftOut_ = false;
 };
 

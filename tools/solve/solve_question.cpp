@@ -21,6 +21,8 @@ std::filesystem::path gamePath(const Arguments& arguments) {
 
 /// The attempt that shall be won; its level is named as the game file needs it.
 RecordedGame attemptAt(const Arguments& arguments) {
+    const auto folder = gamePath(arguments).parent_path();
+    if (!std::filesystem::is_directory(folder)) failWith(kCannotPlay, folder.string() + ": no such folder");
     RecordedGame game;
     const std::string level = arguments.text("LEVEL");
     const auto number = numberIn<std::size_t>(level);
@@ -28,7 +30,7 @@ RecordedGame attemptAt(const Arguments& arguments) {
         game.level = kLevelNames[*number - 1];
         game.start.levelIndex = static_cast<int>(*number) - 1;
     } else {
-        game.level = std::filesystem::absolute(level).lexically_relative(gamePath(arguments).parent_path()).string();
+        game.level = std::filesystem::absolute(level).lexically_relative(folder).string();
     }
     game.start.levelIndex = arguments.number("--index", game.start.levelIndex);
     game.start.seed = arguments.number("--seed", 1U);
@@ -53,7 +55,9 @@ std::optional<CellRange> partOf(const Arguments& arguments) {
     if (!arguments.has("--part")) return std::nullopt;
     const auto corners = cellsOf(arguments, "--part");
     if (corners.size() != 2) failWith(kCannotPlay, "--part: wanted two corners as '3,4 5,6'");
-    return CellRange{corners.front(), corners.back()};
+    const auto [left, right] = std::minmax(corners[0].x, corners[1].x);
+    const auto [top, bottom] = std::minmax(corners[0].y, corners[1].y);
+    return CellRange{{left, top}, {right, bottom}};
 }
 
 /// The cells of the option; "source" stands for the line `way` of the level source.
@@ -66,9 +70,19 @@ std::vector<CellPosition> wayOf(const Arguments& arguments, const LevelMap& map)
         way = source->way;
     else
         failWith(kCannotPlay, error.in(arguments.text("LEVEL")));
+    if (way.empty() && arguments.has("--way")) failWith(kCannotPlay, "--way: there are no cells");
     for (const CellPosition cell : way)
         if (!map.contains(cell.x, cell.y)) failWith(kCannotPlay, "the way leads out of the level");
     return way;
+}
+
+/// The cells of keys to take first; a cell without a key is a slip.
+std::vector<CellPosition> keyOrderOf(const Arguments& arguments, const LevelMap& map) {
+    auto cells = cellsOf(arguments, "--keys");
+    for (const CellPosition cell : cells)
+        if (!map.contains(cell.x, cell.y) || !map.cellAt(cell.x, cell.y).keyPresent)
+            failWith(kCannotPlay, "--keys: no key lies at " + std::to_string(cell.x) + "," + std::to_string(cell.y));
+    return cells;
 }
 
 SearchRules rulesOf(const Arguments& arguments, const LevelMap& map) {
@@ -76,7 +90,7 @@ SearchRules rulesOf(const Arguments& arguments, const LevelMap& map) {
     rules.mostDigs = arguments.has("--no-dig") ? 0 : arguments.number("--digs", rules.mostDigs);
     rules.firstDigFrame = arguments.number("--no-dig-before", 0);
     rules.delay = arguments.number("--delay", 0);
-    rules.keyOrder = cellsOf(arguments, "--keys");
+    rules.keyOrder = keyOrderOf(arguments, map);
     rules.takesBonuses = !arguments.has("--no-bonuses");
     rules.part = partOf(arguments);
     rules.way = wayOf(arguments, map);

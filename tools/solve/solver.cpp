@@ -105,9 +105,12 @@ private:
         const std::lock_guard guard(lock_);
         if (isLoud_ && seconds >= nextReport_) {
             nextReport_ = seconds + 1;
-            std::fprintf(stderr, "%.0f s: width %zu, key order %u, game frame %d, %llu states, %zu of %zu keys\n",
+            std::fprintf(stderr,
+                         "%.0f s: width %zu, key order %u, game frame %d, %llu states, %zu of %zu keys, best about %d "
+                         "game frames to go\n",
                          seconds, kShapes[number].width, kShapes[number].keyOrder, progress.frame,
-                         static_cast<unsigned long long>(progress.states), progress.mostKeys, tour_.keys().size());
+                         static_cast<unsigned long long>(progress.states), progress.mostKeys, tour_.keys().size(),
+                         progress.shortestTour);
         }
         return seconds < limits_.seconds && number <= decided_;
     }
