@@ -72,7 +72,7 @@ const SourceFault kSourceFaults[] = {
     {"no world", "field\n@kE\nend\n", 3, "wanted a line 'world NAME'"},
     {"an unknown word, and no text", "world t\n\x01\xff\n", 2, "found '?"},
     {"101 columns", sourceOf(std::string(101, 'X')), 3, "wanted 1 to 100 columns, found 101"},
-    {"an unknown character", sourceOf("@k?E"), 3, "wanted one of .#XHh-ES@DRLk+, found '?' in column 2"},
+    {"an unknown character", sourceOf("@k?E"), 3, "wanted one of .#XHh-ES@DRLk+, found '?'"},
     {"a legend without such a block", "world t\nlegend X gold\nfield\nX@kE\nend\n", 2, "found 'gold'"},
     {"a large thing half outside", sourceOf(kGood, "layer2 sun 3 0\n"), 6, "inside 4 columns and 2 rows, found 4 0"},
     {"a block id too large", sourceOf(kGood, "layer2 65536 1 1\n"), 6, "found '65536'"},

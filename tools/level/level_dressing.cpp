@@ -59,8 +59,8 @@ private:
             for (int column = 0; column < level_.width; ++column) action(column, row);
     }
 
-    bool fail(int line, std::string message) {
-        error_ = {line, std::move(message)};
+    bool fail(int line, std::string message, int column = 0) {
+        error_ = {line, std::move(message), column};
         return false;
     }
 
@@ -95,8 +95,7 @@ private:
         else if (known != nullptr)
             name = known->family;
         else
-            return fail(line, "wanted one of " + knownCharacters() + ", found '" + character + "' in column " +
-                                  std::to_string(column));
+            return fail(line, "wanted one of " + knownCharacters() + ", found '" + character + "'", column + 1);
         const Block* block = palette_.find(source_.world, name);
         if (block == nullptr)
             return fail(source_.worldLine,

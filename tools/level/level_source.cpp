@@ -91,9 +91,12 @@ private:
         }
         if (row.empty() || row.size() > kMaxMapSize)
             return fail("1 to 100 columns", std::to_string(row.size()) + " (is 'end' missing?)");
-        if (!source_.field.empty() && row.size() != source_.field.front().size())
-            return fail(std::to_string(source_.field.front().size()) + " columns as in the first row",
-                        std::to_string(row.size()));
+        if (!source_.field.empty() && row.size() != source_.field.front().size()) {
+            const std::size_t columns = source_.field.front().size();
+            fail(std::to_string(columns) + " columns as in the first row", std::to_string(row.size()));
+            error_.column = static_cast<int>(std::min(columns, row.size())) + 1;
+            return false;
+        }
         if (source_.field.size() == kMaxMapSize) return fail("at most 100 rows", "one more");
         source_.field.emplace_back(row);
         return true;
