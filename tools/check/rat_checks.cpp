@@ -1,6 +1,7 @@
 // Rats that die at once, and rats that cannot be passed.
 
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 #include "level_check.h"

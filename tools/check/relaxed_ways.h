@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "level_map.h"
@@ -17,10 +18,7 @@ public:
     /// The cell must be inside the map, here and in `add`.
     [[nodiscard]] bool has(CellPosition cell) const { return cells_[indexOf(cell)] != 0; }
     /// Adds a cell; false when the set has it already.
-    bool add(CellPosition cell) {
-        std::uint8_t& place = cells_[indexOf(cell)];
-        return place == 0 ? (place = 1) != 0 : false;
-    }
+    bool add(CellPosition cell) { return std::exchange(cells_[indexOf(cell)], 1) == 0; }
 
 private:
     [[nodiscard]] std::size_t indexOf(CellPosition cell) const {

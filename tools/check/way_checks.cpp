@@ -1,6 +1,7 @@
 // What the hero can never reach, and where he can be for ever.
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "enemy_traits.h"
