@@ -108,6 +108,7 @@ TEST(LevelCheck, MeasuresTheWinsBesideASource) {
         {corridor, quick, "", "    1    6.6    1    100%      48 WW-- W---   8/8\n", ""},
         {corridor, quick, calm, "    2    6.6    1    100%      48 WW-- WWWW   8/8\n", ""},
         {corridor, "1 down Right\n", "", "-", "a.game: its keys do not win the level"},
+        {"k..@.k.E\n########\n", "1000000000 down Left\n", "", "-", "a.game: its keys do not win the level"},
         {corridor, quick, quick, "-", "a.second.game: takes the same keys in the same order"},
         {"k..@.k.E\n########\n", leftFirst, rightFirst, "    2 ", ""},
     };

@@ -72,7 +72,7 @@ bool watchWin(const RecordedGame& game, const LevelMap& map, const AnimationFram
     World world(map, game.start, counts);
     world.step();
     KeyFeed keys(game.events);
-    const int last = game.events.empty() ? 0 : game.events.back().frame;
+    const int last = game.events.empty() ? 0 : std::min(game.events.back().frame, kLongestRun);
     while (!world.ended() && world.frame() < last + kPatience) {
         playFrame(world, keys);
         look(world);

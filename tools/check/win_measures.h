@@ -19,6 +19,8 @@ inline constexpr int kOtherSeeds = 8;
 inline constexpr std::array kReactionDelays{0, 5, 10, 15};
 /// Game frames without an end after the last key event, until a run counts as lost.
 inline constexpr int kPatience = 60 * 25;
+/// Game frames, an hour, behind which key events come too late for a run.
+inline constexpr int kLongestRun = 60 * 60 * 25;
 
 /// Where a win goes, as far as it makes it another win.
 struct WinWay {
