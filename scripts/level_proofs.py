@@ -21,7 +21,7 @@ MEANT = {
     "jelezo/level08": 2, "jelezo/level09": 3, "jelezo/level12": 1, "jelezo/level13": 15, "jelezo/level14": 2,
     "jelezo/level10": 1, "jelezo/level15": 10,
     "podval/level02": 14, "podval/level06": 1, "podval/level07": 1, "podval/level09": 2, "podval/level12": 4,
-    "podval/level15": 2, "podval/level14": 4, "podval/level13": 3,
+    "podval/level15": 2, "podval/level14": 4, "podval/level13": 5,
 }
 HEADING = """# What the levels need: answers of the solver
 
