@@ -80,6 +80,7 @@ TEST_F(SolveCommand, SearchesInAPartAndOverCellsOfAWay) {
         {{"--part", "0,2 6,2", "--from", "6,2"}, "", "won: 0 of 0 keys"},
         {{"--way", "0,2 6,2"}, "", "won in game frame 216"},
         {{"--way", "source"}, "way 0 2  6 2\n", "won in game frame 216"},
+        {{"--way", "0,2", "--no-dig"}, "base ladder 3 1\nbase none 3 2\n", "won"},
         {{"--way", "1,3"}, "", "exhausted"},
     };
     for (const Row& row : rows) EXPECT_THAT(solve(hall, row.options, row.below).out, HasSubstr(row.answer));

@@ -120,13 +120,16 @@ std::size_t Tour::passedAt(const World& world, std::size_t before) const {
 
 int Tour::lengthFrom(const World& world, std::size_t passed) const {
     std::size_t cell = cellOf({world.hero().cellX(), world.hero().cellY()});
-    if (!way_.empty() && lengthOverKeys(world.map(), cell) == kNoWay) return kNoWay;
+    const int overKeys = lengthOverKeys(world.map(), cell);
+    if (passed >= way_.size() || overKeys == kNoWay) return overKeys;
     int length = 0;
     for (; passed < way_.size(); ++passed) {
         length = std::min(kNoWay, length + toWay_[passed][cell]);
         cell = way_[passed];
     }
-    return std::min(kNoWay, length + lengthOverKeys(world.map(), cell));
+    // Keys that lie along a way without return cannot be fetched behind it; then they count as if from here.
+    const int behind = lengthOverKeys(world.map(), cell);
+    return std::min(kNoWay, length + (behind < kNoWay ? behind : overKeys));
 }
 
 int Tour::lengthOverKeys(const LevelMap& map, std::size_t cell) const {
