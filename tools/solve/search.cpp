@@ -34,7 +34,9 @@ Search::Search(const World& start, Tour tour, const SearchRules& rules, const Se
     if (shape_.keyOrder != 0) tour_.preferChanceOrder(shape_.keyOrder);
     const int length = tour_.lengthFrom(start);
     if (length >= kNoWay) return;
-    slices_[0].push_back({.group = 0, .world = pool_.copy(start), .node = kNoNode, .tour = length, .deeds = {}});
+    const std::uint32_t first = pool_.copy(start);
+    pool_[first].cacheDistances(distances_);
+    slices_[0].push_back({.group = 0, .world = first, .node = kNoNode, .tour = length, .deeds = {}});
 }
 
 SearchResult Search::run(const Watch& watch) {
@@ -155,7 +157,8 @@ void Search::keep(std::uint32_t world, const Entry& from, Move move, int tour, D
 }
 
 bool Search::isOverLimit() const {
-    const std::size_t bytes = pool_.size() * bytesOf(pool_[0]) + nodes_.size() * sizeof(Node) + known_.bytes();
+    const std::size_t bytes =
+        pool_.size() * bytesOf(pool_[0]) + nodes_.size() * sizeof(Node) + known_.bytes() + distances_.bytes();
     const bool isStuck = result_.reached.frame - shortestFrame_ > shape_.patience;
     return isStuck || bytes > shape_.mostBytes || result_.reached.states > shape_.mostStates;
 }

@@ -82,6 +82,8 @@ public:
 
     /// `start` is a settled world, `tour` was made for it.
     Search(const World& start, Tour tour, const SearchRules& rules, const SearchShape& shape);
+    Search(const Search&) = delete;  // the worlds of the pool know where the distances are
+    Search& operator=(const Search&) = delete;
 
     /// Searches until a win, the end of all states or a limit. Once.
     [[nodiscard]] SearchResult run(const Watch& watch);
@@ -127,6 +129,7 @@ private:
     SearchShape shape_;
     int startScore_;
     bool keysAreEnough_;
+    DistanceCache distances_;  // from each cell of the hero, with each set of risen ladders
     WorldPool pool_;
     std::vector<Node> nodes_;
     KeySet known_;

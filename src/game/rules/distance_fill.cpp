@@ -6,6 +6,7 @@
 #include <cassert>
 
 #include "rules.h"
+#include "state_hash.h"
 
 namespace grub {
 
@@ -89,6 +90,9 @@ void DistanceField::setSteps(int x, int y, unsigned steps) { steps_[indexOf(x, y
 void DistanceField::stepsAreSet() {
     throughSteps_ = steps_;
     deadEnds_ = cutDeadEnds(throughSteps_, static_cast<std::size_t>(stride_));
+    StateHash hash;
+    for (const std::uint8_t steps : steps_) hash.add(steps);
+    routes_ = hash.value();
 }
 
 void DistanceField::reset() {
@@ -101,15 +105,25 @@ int DistanceField::at(int x, int y) const {
     return distance == kFar ? kUnreached : distance;
 }
 
+void DistanceField::fill(int x, int y, int distance) {
+    assert(distance >= 0 && distance <= kLargestStart);
+    const std::size_t cell = indexOf(x, y);
+    const auto length = static_cast<std::uint32_t>(distance);
+    if (!isFresh_) return fillAlong(steps_, cell, length);
+    isFresh_ = false;
+    if (cache_.cache == nullptr || distance != 0) return fillFresh(cell, length);
+    if (const auto* const known = cache_.cache->find(routes_, cell)) {
+        distances_ = *known;
+    } else {
+        fillFresh(cell, length);
+        cache_.cache->add(routes_, cell, distances_);
+    }
+}
+
 // Most cells of a level are dead ends, and the recursion enters them again with every better way to their entrance.
 // They are left out and written once in the end, from their entrances on. In a field that has distances already they
 // may keep others than those, so there they take part.
-void DistanceField::fill(int x, int y, int distance) {
-    assert(distance >= 0 && distance <= kLargestStart);
-    std::size_t cell = indexOf(x, y);
-    auto length = static_cast<std::uint32_t>(distance);
-    if (!isFresh_) return fillAlong(steps_, cell, length);
-    isFresh_ = false;
+void DistanceField::fillFresh(std::size_t cell, std::uint32_t length) {
     if (leaveDeadEnds(cell, length)) fillAlong(throughSteps_, cell, length);
     fillDeadEnds();
 }

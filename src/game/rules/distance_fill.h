@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "distance_cache.h"
+
 namespace grub {
 
 /// Steps that lead out of a cell, as bits. The order of the bits is the order in which the fill takes them, and that
@@ -44,6 +46,9 @@ public:
     void setSteps(int x, int y, unsigned steps);
     /// Looks at all steps, to make fills short.
     void stepsAreSet();
+    /// Takes fills of a fresh field from a cache, and adds to it those that it lacks. The cache must outlive this field
+    /// and its copies, which use it too.
+    void useCache(DistanceCache& cache) { cache_.cache = &cache; }
     /// Makes every cell unreached.
     void reset();
     /// Fills from a cell that then has distance `distance` (0 to kLargestStart), as far as steps lead. Cells that have
@@ -56,12 +61,15 @@ public:
 
 private:
     [[nodiscard]] std::size_t indexOf(int x, int y) const;
+    void fillFresh(std::size_t cell, std::uint32_t length);
     void fillAlong(const std::vector<std::uint8_t>& allSteps, std::size_t start, std::uint32_t length);
     bool leaveDeadEnds(std::size_t& cell, std::uint32_t& length);
     void fillDeadEnds();
 
     int stride_;
     bool isFresh_ = true;  // no cell has a distance
+    DistanceCachePointer cache_;
+    std::uint64_t routes_ = 0;  // hash of the steps
     // With a border of one cell on each side, so that all four neighbours of a cell can be read without a test.
     std::vector<std::uint8_t> steps_;
     std::vector<std::uint8_t> throughSteps_;  // without those of dead ends

@@ -78,6 +78,8 @@ public:
 
     /// Forgets all distances from the hero.
     void resetDistances() { distances_.reset(); }
+    /// Takes distances from a cache, and adds to it (DistanceField::useCache). Copies of the map use it too.
+    void cacheDistances(DistanceCache& cache) { distances_.useCache(cache); }
     /// Adds the distances from (x, y), which gets `distance`. Nothing when no route can pass through that cell.
     void fillDistances(int x, int y, int distance);
     /// DistanceField::kUnreached for a cell that no fill has reached.

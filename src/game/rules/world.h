@@ -59,6 +59,9 @@ public:
     /// Ends the attempt from outside, as a closed window does. The rules of a later step may name another cause.
     void end(LossCause cause) { attempt_.end(cause); }
 
+    /// Takes the distances from the hero out of a cache, which must outlive this world and its copies: for searches.
+    void cacheDistances(DistanceCache& cache) { attempt_.map.cacheDistances(cache); }
+
     /// Cells and actors as they are after the last step, to be drawn.
     [[nodiscard]] const LevelMap& map() const { return attempt_.map; }
     [[nodiscard]] const Hero& hero() const { return hero_; }
