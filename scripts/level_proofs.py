@@ -18,7 +18,7 @@ MEANT = {
     "turma/level05": 2, "turma/level04": 1, "turma/level03": 1, "turma/level06": 9, "turma/level08": 3, "turma/level13": 3,
     "turma/level14": 2, "turma/level16": 1, "turma/level17": 2, "turma/level20": 2, "turma/level22": 2,
     "jelezo/level02": 3, "jelezo/level03": 2, "jelezo/level04": 16, "jelezo/level06": 2, "jelezo/level07": 1,
-    "jelezo/level08": 2, "jelezo/level09": 3, "jelezo/level12": 1, "jelezo/level13": 15, "jelezo/level14": 2,
+    "jelezo/level08": 1, "jelezo/level09": 3, "jelezo/level12": 1, "jelezo/level13": 15, "jelezo/level14": 2,
     "jelezo/level10": 1, "jelezo/level15": 10,
     "podval/level02": 14, "podval/level06": 1, "podval/level07": 1, "podval/level09": 2, "podval/level12": 4,
     "podval/level15": 2, "podval/level14": 4, "podval/level13": 5,
