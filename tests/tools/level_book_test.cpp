@@ -12,10 +12,11 @@ namespace {
 TEST(LevelBook, FollowsAWinOverItsDigsAndKeys) {
     TableSource table(*readWholeFile(GRUB_CONTENT_DIR "/levels/typeblok.ini"));
     const auto counts = AnimationFrameCounts::all(8);
-    TextError error;
-    const auto level = openForChecks("world turma\nfield\n@k..\n####\n..kE\nXXXX\nend\n", table, counts, error);
-    ASSERT_TRUE(level) << error.in("");
+    std::vector<TextError> errors;
+    const auto level = openForChecks("world turma\nfield\n@k..\n####\n..kE\nXXXX\nend\n", table, counts, errors);
+    ASSERT_TRUE(level) << errors.front().in("");
     RecordedGame game;
+    TextError error;
     game.events = *readKeyFile("1 down X\n2 up X\n11 down Right\n", error);
     const WinPath path = pathOfWin(game, level->map, counts);
     const auto expectAt = [](Point at, int column, int row) {

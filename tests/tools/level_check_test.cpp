@@ -26,10 +26,11 @@ const std::string kGood = "X....H..RX\nX@.k.H..EX\nX#####XXXX\nXXXXXXXXXX\n";
 std::string faultsIn(const std::string& field, const std::string& below,
                      const AnimationFrameCounts& counts = AnimationFrameCounts::all(8)) {
     TableSource table(*readWholeFile(kLevels + "typeblok.ini"));
-    TextError error;
-    const auto level = openForChecks("world jelezo\nfield\n" + field + "end\n" + below, table, counts, error);
-    if (!level) return error.in("") + "\n";
+    std::vector<TextError> errors;
+    const auto level = openForChecks("world jelezo\nfield\n" + field + "end\n" + below, table, counts, errors);
     std::string all;
+    for (const TextError& error : errors) all += error.in("") + "\n";
+    if (!level) return all;
     for (const LevelFault& fault : faultsOf(*level)) all += faultInSource(fault, level->source).in("") + "\n";
     return all;
 }
@@ -42,7 +43,7 @@ struct DamagedLevel {
 };
 
 const DamagedLevel kDamaged[] = {
-    {"no door", "X@k.X\nXX#XX\n", "", ":2: wanted at least 1 door"},
+    {"two heroes, and no door", "X@k@X\nXX#XX\n", "", ":2: wanted at least 1 door"},
     {"a block placed below makes a wall", kGood, "base solid 2 0\n", ":3:3: a block below the field"},
     {"a thing on the wall makes a wall", kGood, "layer2 solid 2 0\n", ":3:3: a block below the field"},
     {"a floor as a thing on the wall", kGood, "layer2 floor 4 1\n", ":4:5: a floor without pictures"},

@@ -32,9 +32,9 @@ std::optional<std::vector<BookLevel>> openBook(const std::string& folder, const 
         const auto source = sourceOf(folder, kLevelNames[index]);
         const auto text = readWholeText(source);
         if (!text) continue;
-        TextError fault;
-        auto level = openForChecks(*text, table, counts, fault);
-        if (!level) error = fault.in(source.string());
+        std::vector<TextError> faults;
+        auto level = openForChecks(*text, table, counts, faults);
+        if (!level) error = faults.front().in(source.string());
         if (!level) return std::nullopt;
         auto wins = openWins(source, *level, error);
         if (!wins) return std::nullopt;

@@ -19,12 +19,10 @@ void tell(const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str());
 /// Whether one source is good; tells of its faults, and prints its measures.
 bool checkSource(const std::string& path, const std::string& blocks, const AnimationFrameCounts& counts) {
     TableSource table(inputBytes(blocks));
-    TextError error;
-    const auto level = openForChecks(inputText(path), table, counts, error);
-    if (!level) {
-        tell(error.in(path));
-        return false;
-    }
+    std::vector<TextError> errors;
+    const auto level = openForChecks(inputText(path), table, counts, errors);
+    for (const TextError& error : errors) tell(error.in(path));
+    if (!level) return false;
     const auto faults = faultsOf(*level);
     for (const LevelFault& fault : faults) tell(faultInSource(fault, level->source).in(path));
     std::string reason;

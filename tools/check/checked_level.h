@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "animation_frames.h"
 #include "block_table.h"
@@ -23,9 +24,11 @@ struct CheckedLevel {
 };
 
 /// Takes a source apart and builds its map. Nothing when the source cannot be read or the game refuses the level; then
-/// `error` says why. A level that only the compiler refuses comes through: the checks tell of all its faults.
+/// `errors` says why: the first line that cannot be read, or all that the game cannot play. A level that only the
+/// compiler refuses comes through: the checks tell of all its faults.
 [[nodiscard]] std::optional<CheckedLevel> openForChecks(std::string_view text, TableSource& table,
-                                                        const AnimationFrameCounts& counts, TextError& error);
+                                                        const AnimationFrameCounts& counts,
+                                                        std::vector<TextError>& errors);
 
 /// Calls `action(cell)` for the position of each cell of a map, row by row.
 template <class Action>
