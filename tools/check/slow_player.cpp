@@ -27,7 +27,8 @@ public:
     }
     /// Whether nothing more will come of this world.
     [[nodiscard]] bool hasGivenUp(const World& world) const {
-        return next_ == events_.size() && world.frame() > last_ + kPatience;
+        const int lastKey = next_ == events_.size() ? last_ : kLongestRun;
+        return world.frame() > lastKey + kPatience;
     }
 
 private:
