@@ -1,5 +1,8 @@
 #include "win_path.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "rules.h"
 #include "win_measures.h"
 
@@ -15,17 +18,14 @@ Point centreOfCell(CellPosition cell) { return centreOf(cell.x * kCellSize, cell
 WinPath pathOfWin(const RecordedGame& game, const LevelMap& map, const AnimationFrameCounts& counts) {
     WinPath path;
     path.places.push_back(centreOfCell(map.heroStart()));
-    bool wasDigging = false;
+    WayWatcher watcher;
     const auto look = [&](const World& world) {
-        const Hero& hero = world.hero();
-        path.places.push_back(centreOf(hero.x, hero.y));
-        const int side = hero.facing() == Facing::Left ? -1 : 1;
-        if (hero.isDigging() && !wasDigging) path.digs.push_back(centreOfCell({hero.cellX() + side, hero.cellY() + 1}));
-        wasDigging = hero.isDigging();
-        for (std::size_t i = path.keys.size(); i < world.collectedKeys().size(); ++i)
-            path.keys.push_back(centreOfCell(world.collectedKeys()[i]));
+        path.places.push_back(centreOf(world.hero().x, world.hero().y));
+        watcher.look(world);
     };
     (void)watchWin(game, map, counts, look);
+    std::ranges::transform(watcher.way().digs, std::back_inserter(path.digs), centreOfCell);
+    std::ranges::transform(watcher.way().keys, std::back_inserter(path.keys), centreOfCell);
     return path;
 }
 

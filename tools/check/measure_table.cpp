@@ -64,7 +64,7 @@ const std::array kColumns{
     Column{"keys", 5, false, [](const Facts& f) { return std::to_string(f.level.map.keysRemaining()); }},
     Column{"enemies", 8, false, [](const Facts& f) { return std::to_string(enemiesOf(f.level.map)); }},
     Column{"in reach", 9, false, [](const Facts& f) { return percent(cellsInReach(f.level.map), f.open); }},
-    Column{"wins", 5, true, [](const Facts& f) { return std::to_string(f.win->ways); }},
+    Column{"wins", 5, true, [](const Facts& f) { return std::to_string(f.win->recordedWins); }},
     Column{"win s", 7, true, [](const Facts& f) { return seconds(f.win->frames); }},
     Column{"digs", 5, true, [](const Facts& f) { return std::to_string(f.win->digs); }},
     Column{"visited", 8, true, [](const Facts& f) { return percent(f.win->cellsVisited, f.open); }},

@@ -12,7 +12,7 @@ namespace {
 
 /// A slow player may take either way.
 void addSecond(WinMeasures& first, const WinMeasures& second) {
-    first.ways = 2;
+    first.recordedWins = 2;
     for (std::size_t i = 0; i < first.winsSlowly.size(); ++i)
         first.winsSlowly[i] = first.winsSlowly[i] || second.winsSlowly[i];
 }
@@ -32,10 +32,12 @@ std::optional<RecordedWins> openWins(const std::filesystem::path& source, const 
         error = path.string() + ": its keys do not win the level";
         if (!measures) return std::nullopt;
         error = path.string() + ": takes the same keys in the same order as the first win, and digs the same cells";
-        if (wins.measures && wins.measures->way == measures->way) return std::nullopt;
+        if (wins.measures && isSameWay(wins.measures->way, measures->way)) return std::nullopt;
         wins.games.push_back(std::move(*game));
-        if (wins.measures) addSecond(*wins.measures, *measures);
-        if (!wins.measures) wins.measures = std::move(measures);
+        if (wins.measures)
+            addSecond(*wins.measures, *measures);
+        else
+            wins.measures = std::move(measures);
     }
     return wins;
 }

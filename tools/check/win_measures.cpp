@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 #include "key_events.h"
 #include "relaxed_ways.h"
@@ -33,36 +32,31 @@ public:
 
     void look(const World& world) {
         const Hero& hero = world.hero();
-        measures.frames = world.frame();
-        if (hero.isDigging() && !wasDigging_) noteDig(hero);
-        wasDigging_ = hero.isDigging();
-        // A world that is won has forgotten its keys.
-        const auto taken = world.collectedKeys();
-        if (!world.ended()) measures.way.keys.assign(taken.begin(), taken.end());
-        measures.cellsVisited += visited_.add({hero.cellX(), hero.cellY()}) ? 1 : 0;
+        measures_.frames = world.frame();
+        way_.look(world);
+        measures_.cellsVisited += visited_.add({hero.cellX(), hero.cellY()}) ? 1 : 0;
         for (const Enemy& enemy : world.enemies()) approach(hero, enemy);
     }
 
-    WinMeasures measures{};
+    /// What has been counted.
+    [[nodiscard]] WinMeasures measures() const {
+        WinMeasures measures = measures_;
+        measures.way = way_.way();
+        measures.digs = static_cast<int>(measures.way.digs.size());
+        return measures;
+    }
 
 private:
-    void noteDig(const Hero& hero) {
-        ++measures.digs;
-        const CellPosition dug{hero.cellX() + (hero.facing() == Facing::Left ? -1 : 1), hero.cellY() + 1};
-        auto& digs = measures.way.digs;
-        const auto isBefore = [](CellPosition a, CellPosition b) { return std::pair(a.y, a.x) < std::pair(b.y, b.x); };
-        const auto place = std::ranges::lower_bound(digs, dug, isBefore);
-        if (place == digs.end() || *place != dug) digs.insert(place, dug);
-    }
     /// An enemy in a hole is walked over; it is no danger.
     void approach(const Hero& hero, const Enemy& enemy) {
         if (enemy.state() == EnemyState::Dead || enemy.state() == EnemyState::Trapped) return;
         const int distance = std::max(std::abs(hero.x - enemy.x), std::abs(hero.y - enemy.y));
-        measures.closestEnemy = std::min(measures.closestEnemy.value_or(distance), distance);
+        measures_.closestEnemy = std::min(measures_.closestEnemy.value_or(distance), distance);
     }
 
+    WinMeasures measures_{};
+    WayWatcher way_;
     CellSet visited_;
-    bool wasDigging_ = false;
 };
 
 }  // namespace
@@ -84,7 +78,7 @@ std::optional<WinMeasures> measureWin(const RecordedGame& game, const LevelMap& 
                                       const AnimationFrameCounts& counts) {
     Watcher watcher(map);
     if (!watchWin(game, map, counts, [&](const World& world) { watcher.look(world); })) return std::nullopt;
-    WinMeasures measures = watcher.measures;
+    WinMeasures measures = watcher.measures();
     for (std::size_t i = 0; i < kLateStarts.size(); ++i)
         measures.winsLate[i] = wins(later(game, kLateStarts[i]), map, counts);
     for (std::uint32_t i = 1; i <= kOtherSeeds; ++i)

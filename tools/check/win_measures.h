@@ -3,9 +3,9 @@
 #include <array>
 #include <functional>
 #include <optional>
-#include <vector>
 
 #include "recorded_game.h"
+#include "win_way.h"
 #include "world.h"
 
 namespace grub {
@@ -22,18 +22,10 @@ inline constexpr int kPatience = 60 * 25;
 /// Game frames, an hour, behind which key events come too late for a run.
 inline constexpr int kLongestRun = 60 * 60 * 25;
 
-/// Where a win goes, as far as it makes it another win.
-struct WinWay {
-    std::vector<CellPosition> keys;  ///< in the order in which he takes them
-    std::vector<CellPosition> digs;  ///< different cells, row by row
-
-    friend bool operator==(const WinWay&, const WinWay&) = default;
-};
-
 /// What a recorded win tells of its level.
 struct WinMeasures {
     WinWay way;
-    int ways = 1;  ///< recorded wins, each of another way
+    int recordedWins = 1;  ///< recorded wins, each of another way
 
     int frames = 0;                                 ///< game frames until the win
     int digs = 0;                                   ///< floors that he breaks
